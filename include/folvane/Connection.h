@@ -1,0 +1,78 @@
+#pragma once
+
+#include <folvane/Export.h>
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+namespace folvane {
+
+class Driver;
+class Translator;
+struct TableInfo;
+struct FetchedRows;
+
+/// The host's open database connection. Made by AdoptSqlite or AdoptOdbc; it never opens or closes the handle behind it,
+/// and the host keeps that handle open for as long as a window of the library is shown.
+///
+/// Statements are written in the T-SQL flavour and put into the database's own dialect on the way. One statement a call.
+class FOLVANE_EXPORT Connection {
+ public:
+  explicit Connection(std::unique_ptr<Driver> driver);
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  /// Runs one statement and gives the number of rows it changed; -1 when the database does not tell.
+  /// @throws DataError
+  qint64 Execute(const QString& statement);
+
+  /// Starts a transaction. One at a time: a second one inside the first is an error.
+  void BeginTrans();
+  void CommitTrans();
+  void RollbackTrans();
+  bool InTransaction() const;
+
+  /// Has every statement told to the observer, as it was composed and before any dialect, whether it is executed or
+  /// opened as a record set. The batch writes of a record set are not told. An empty function ends the telling.
+  void OnStatement(std::function<void(const QString&)> observer);
+
+  // What the record set needs of a connection.
+
+  /// Runs a statement that gives rows and keeps them all. @throws DataError
+  FetchedRows Fetch(const QString& statement);
+  /// The columns and the key of a table, nullptr when the database has no such table. Kept until RefreshSchema.
+  const TableInfo* Table(const QString& name);
+  /// Forgets what is known of the tables; called when a statement fails over a table or a column.
+  void RefreshSchema();
+  /// The table that a statement of the form Select ... From t ... reads alone; "" for joins and anything else.
+  QString BaseTable(const QString& statement);
+  Driver& NativeDriver() { return *driver_; }
+
+ private:
+  template <typename Work>
+  auto Run(const QString& statement, Work work);
+
+  std::unique_ptr<Driver> driver_;
+  std::unique_ptr<Translator> translator_;
+  std::function<void(const QString&)> observer_;
+  bool inTransaction_ = false;
+};
+
+/// A transaction as a scope: rolls back when it is left without Commit.
+class FOLVANE_EXPORT Transaction {
+ public:
+  explicit Transaction(Connection& connection);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void Commit();
+  void Rollback();
+
+ private:
+  Connection& connection_;
+  bool open_ = true;
+};
+
+}  // namespace folvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <folvane/Export.h>
+
+#include <QByteArray>
+#include <QString>
+#include <exception>
+
+namespace folvane {
+
+/// What went wrong, told the same way for every database.
+enum class DataErrorKind {
+  Statement,       ///< the server refused the statement: syntax, missing table or column, bad value
+  Untranslatable,  ///< a form of the statement has no counterpart in this database's dialect
+  Conversion,      ///< a value cannot be turned into the type that it is compared with or stored as
+  Constraint,      ///< a key, null or check constraint refused the row
+  TooLong,         ///< a value is longer than its column
+  Conflict,        ///< the row was changed or deleted by someone else since it was read
+  Locked,          ///< another process holds the lock for longer than the driver waits
+  Lost,            ///< the connection or the database file is gone
+  Usage,           ///< the caller asked a record set for something it cannot give (no row, unknown field, closed)
+};
+
+/// The error of the data layer. Never crosses the event loop; an entry operation of the library may throw it to the host.
+class FOLVANE_EXPORT DataError : public std::exception {
+ public:
+  /// @param message   the server's text, or ours, in words for the user
+  /// @param statement the statement as it was composed, "" when none was running
+  /// @param nativeCode the driver's own code (SQLite extended result code, ODBC SQLSTATE and native number)
+  DataError(DataErrorKind kind, const QString& message, const QString& statement = {}, const QString& nativeCode = {});
+
+  DataErrorKind Kind() const { return kind_; }
+  const QString& Message() const { return message_; }
+  const QString& Statement() const { return statement_; }
+  const QString& NativeCode() const { return nativeCode_; }
+  /// The message in UTF-8, for hosts that catch std::exception.
+  const char* what() const noexcept override { return utf8_.constData(); }
+
+ private:
+  DataErrorKind kind_;
+  QString message_, statement_, nativeCode_;
+  QByteArray utf8_;
+};
+
+}  // namespace folvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <folvane/Export.h>
+#include <folvane/RegistryStore.h>
+
+#include <QDateTime>
+#include <QString>
+#include <functional>
+#include <memory>
+
+namespace folvane {
+
+/// A message box that a window wants shown. Flags are the sum of the buttons (0 OK, 1 OK/Cancel, 3 Yes/No/Cancel,
+/// 4 Yes/No) and the icon (16 critical, 32 question, 48 warning, 64 information); odd given sums are kept as they are.
+struct MessageRequest {
+  QString text;
+  int flags = 0;
+  QString title;
+};
+
+/// A file dialog that a window wants shown. The filter has the form "text|pattern|text|pattern".
+struct FileRequest {
+  bool save = false;
+  QString title, directory, filter;
+};
+
+/// What the library takes from its surroundings. Each member has a working default; a host or a test replaces what it
+/// wants before it opens a window.
+struct HostServices {
+  std::function<int(const MessageRequest&)> messageBox;  ///< answers 1 OK, 2 Cancel, 6 Yes, 7 No
+  std::function<QString(const FileRequest&)> fileDialog;  ///< answers the path, "" when cancelled
+  std::function<QDateTime()> now;                         ///< the clock
+  std::function<double()> random;                         ///< in [0, 1)
+  QString programDirectory;                               ///< INI files, Data folder, help; without trailing separator
+  std::shared_ptr<RegistryStore> registry;                ///< default: a file of the user's
+};
+
+/// The one instance of the process.
+FOLVANE_EXPORT HostServices& Services();
+
+}  // namespace folvane

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <folvane/Connection.h>
+
+namespace folvane {
+
+/// Takes over a connected ODBC handle (SQLHDBC) for use, not for ownership. The dialect follows from SQL_DBMS_NAME:
+/// PostgreSQL is translated, SQL Server and Sybase get the statements as they stand, any other name is refused.
+/// Connect with the ANSI calls and a UTF-8 client encoding.
+FOLVANE_EXPORT std::shared_ptr<Connection> AdoptOdbc(void* connection);
+
+}  // namespace folvane

@@ -1,0 +1,152 @@
+#pragma once
+
+#include <folvane/Connection.h>
+
+#include "data/Schema.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <memory>
+#include <vector>
+
+namespace folvane {
+
+enum class CursorLocation { Server = 2, Client = 3 };
+enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
+enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimistic = 4 };
+enum class EditModeKind { None = 0, InProgress = 1, Add = 2, Delete = 4 };
+enum class AffectKind { Current = 1, Group = 2, All = 3, AllChapters = 4 };
+enum class SearchDirection { Backward = -1, Forward = 1 };
+enum class MoveFrom { Current = 0, First = 1, Last = 2 };
+
+class Recordset;
+class RecordsetState;
+
+/// A column of a record set, seen at its current row. Cheap to make and to copy; valid while the record set is open.
+class Field {
+ public:
+  const QString& Name() const;
+  int Type() const;         ///< ADO type number
+  int DefinedSize() const;  ///< as ColumnInfo::definedSize
+
+  /// The value in the current row: invalid for null, else QString, qlonglong, double, QByteArray, QDate or QDateTime.
+  /// @throws DataError Usage when there is no current row
+  QVariant Value() const;
+  /// The value as text, "" for null; a date as YYYY-MM-DD.
+  QString Text() const;
+  bool IsNull() const { return !Value().isValid(); }
+  /// The value as it was read from the database, before any change that is still pending.
+  QVariant OriginalValue() const;
+  /// Puts a value into the current row and begins an edit of it. Text given to a number column is turned into a number.
+  /// @throws DataError Conversion, Usage
+  void SetValue(const QVariant& value);
+
+ private:
+  friend class Recordset;
+  Field(RecordsetState* state, int column) : state_(state), column_(column) {}
+  RecordsetState* state_;
+  int column_;
+};
+
+/// The columns of a record set.
+class FieldList {
+ public:
+  int Count() const;
+  Field Item(int index) const;
+  /// By name without regard to case. @throws DataError Usage for a name that is not there
+  Field Item(const QString& name) const;
+  /// -1 when there is no such name.
+  int IndexOf(const QString& name) const;
+
+ private:
+  friend class Recordset;
+  explicit FieldList(RecordsetState* state) : state_(state) {}
+  RecordsetState* state_;
+};
+
+/// The result of a statement, held whole on the client and edited there, as ADO's client-side record set is: a position,
+/// bookmarks, filter, sort and find; changes that wait in the row until they are written with the original values as
+/// their condition.
+///
+/// Rows count from 1. Without a row under the position BOF or EOF is true, and reading a field is an error. After a
+/// failed operation the record set stands where it stood and pending changes are kept.
+class Recordset {
+ public:
+  Recordset();
+  ~Recordset();
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+
+  /// Runs the statement and stands on the first row. A failed Open leaves the record set closed.
+  /// With BatchOptimistic changes wait for UpdateBatch; with Optimistic and Pessimistic Update writes at once.
+  void Open(const QString& source, std::shared_ptr<Connection> connection, CursorType type = CursorType::Static,
+            LockType lock = LockType::BatchOptimistic, CursorLocation location = CursorLocation::Client);
+  void Close();
+  bool IsOpen() const;
+  /// The text that Open was given.
+  QString Source() const;
+
+  bool BOF() const;
+  bool EOF_() const;
+  /// Rows under the filter.
+  qint64 RecordCount() const;
+  /// 1 to RecordCount; -1 on a row just deleted, -2 at BOF, -3 at EOF.
+  qint64 AbsolutePosition() const;
+  void SetAbsolutePosition(qint64 position);
+  /// Names the current row for as long as the record set is open, whatever filter and sort say; 1 for the first row read.
+  qint64 Bookmark() const;
+  void SetBookmark(qint64 bookmark);
+
+  void MoveFirst();
+  void MoveLast();
+  void MoveNext();      ///< @throws DataError Usage at EOF
+  void MovePrevious();  ///< @throws DataError Usage at BOF
+  /// Moves by count rows, counted from the given place; stops at BOF and EOF.
+  void Move(qint64 count, MoveFrom from = MoveFrom::Current);
+
+  /// Stands on the first row from the current one on that meets one condition such as "ArchiveID = 'x'"; at EOF
+  /// (backward: BOF) when there is none. The first `skip` rows are passed over. Searching a column for equal values
+  /// builds an index of it on first use.
+  void Find(const QString& criterion, qint64 skip = 0, SearchDirection direction = SearchDirection::Forward);
+  /// Limits the rows to those that meet the conditions joined by And and Or; "" for all rows. Stands on the first.
+  void SetFilter(const QString& criteria);
+  QString Filter() const;
+  /// Orders the rows by "field [Asc|Desc], ..."; "" for the order read. Stands on the first row.
+  void SetSort(const QString& order);
+  QString Sort() const;
+
+  FieldList Fields() const;
+  Field operator[](const QString& name) const { return Fields().Item(name); }
+
+  EditModeKind EditMode() const;
+  /// Appends an empty row and stands on it.
+  void AddNew();
+  /// Ends the edit of the current row. Moving off an edited row does the same.
+  void Update();
+  /// Writes pending rows to the database, each by key with the original values of the changed columns: with Current the
+  /// row under the position, otherwise all. All rows are written or none. @throws DataError Conflict when a row was
+  /// changed or deleted by someone else: it stays pending.
+  void UpdateBatch(AffectKind affect = AffectKind::All);
+  /// Undoes the edit in progress; a row that was being added goes.
+  void CancelUpdate();
+  /// Undoes all pending changes of the current row or of all rows.
+  void CancelBatch(AffectKind affect = AffectKind::All);
+  /// Deletes the current row: at once, or with BatchOptimistic at the next UpdateBatch. The position stays where the row
+  /// was, so that MoveNext stands on the row that followed it.
+  void Delete(AffectKind affect = AffectKind::Current);
+
+  /// Runs the statement again, drops changes that wait for UpdateBatch and stands on the first row.
+  /// An error leaves the rows as they were. @throws DataError Usage while a row is being edited
+  void Requery();
+  /// Reads rows again by key, the current one or all, dropping their pending changes.
+  void Resync(AffectKind affect = AffectKind::Current);
+
+  /// Rows with changes that are not yet written.
+  qint64 PendingCount() const;
+
+ private:
+  std::unique_ptr<RecordsetState> state_;
+};
+
+}  // namespace folvane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+namespace folvane {
+
+/// The ADO type numbers that the drivers give to columns.
+namespace AdoType {
+enum : int {
+  SmallInt = 2,
+  Integer = 3,
+  Single = 4,
+  Double = 5,
+  Currency = 6,
+  Date = 7,
+  Boolean = 11,
+  Decimal = 14,
+  TinyInt = 16,
+  UnsignedTinyInt = 17,
+  BigInt = 20,
+  Binary = 128,
+  Char = 129,
+  WChar = 130,
+  Numeric = 131,
+  DbDate = 133,
+  DbTime = 134,
+  DbTimeStamp = 135,
+  VarChar = 200,
+  LongVarChar = 201,
+  VarWChar = 202,
+  LongVarWChar = 203,
+  VarBinary = 204,
+  LongVarBinary = 205,
+};
+}  // namespace AdoType
+
+/// The four groups of types that comparisons and rewrites treat alike.
+enum class TypeGroup { Text, Number, Date, Binary };
+
+TypeGroup GroupOfType(int adoType);
+
+/// One column of a table or of a result.
+struct ColumnInfo {
+  QString name;                    ///< as the database spells it
+  int type = AdoType::VarChar;     ///< ADO type number
+  int definedSize = 0;             ///< characters of a text column, bytes of the others; 2147483647 for long columns
+  bool nullable = true;
+  bool autoNumber = false;         ///< the database gives the value of a new row
+};
+
+/// One table of the database.
+struct TableInfo {
+  QString name;                    ///< as the database spells it
+  std::vector<ColumnInfo> columns;
+  std::vector<int> key;            ///< indexes of the primary key's columns, or of a unique index; empty when none
+
+  /// The column of that name without regard to case, -1 when there is none.
+  int IndexOf(const QString& column) const;
+};
+
+}  // namespace folvane
