@@ -9,6 +9,7 @@
 namespace folvane {
 
 class Driver;
+class TableCatalogue;
 class Translator;
 struct TableInfo;
 struct FetchedRows;
@@ -55,6 +56,7 @@ class FOLVANE_EXPORT Connection {
   auto Run(const QString& statement, Work work);
 
   std::unique_ptr<Driver> driver_;
+  std::unique_ptr<TableCatalogue> tables_;
   std::unique_ptr<Translator> translator_;
   std::function<void(const QString&)> observer_;
   bool inTransaction_ = false;

@@ -1,12 +1,14 @@
 #pragma once
 
-#include <folvane/Export.h>
-#include <folvane/RegistryStore.h>
-
 #include <QDateTime>
 #include <QString>
 #include <functional>
 #include <memory>
+
+#include <folvane/Export.h>
+#include <folvane/RegistryStore.h>
+
+class QWidget;
 
 namespace folvane {
 
@@ -25,14 +27,21 @@ struct FileRequest {
 };
 
 /// What the library takes from its surroundings. Each member has a working default; a host or a test replaces what it
-/// wants before it opens a window.
+/// wants before it opens a window. An empty messageBox, fileDialog or beep stands for the library's own.
 struct HostServices {
-  std::function<int(const MessageRequest&)> messageBox;  ///< answers 1 OK, 2 Cancel, 6 Yes, 7 No
+  std::function<int(const MessageRequest&)> messageBox;   ///< answers 1 OK, 2 Cancel, 6 Yes, 7 No
   std::function<QString(const FileRequest&)> fileDialog;  ///< answers the path, "" when cancelled
+  std::function<void()> beep;                             ///< sounds when a field refuses a key
   std::function<QDateTime()> now;                         ///< the clock
-  std::function<double()> random;                         ///< in [0, 1)
+  std::function<double()> random;                         ///< in [0, 1), seeded from the clock for each number
   QString programDirectory;                               ///< INI files, Data folder, help; without trailing separator
   std::shared_ptr<RegistryStore> registry;                ///< default: a file of the user's
+
+  // Outside components.
+
+  /// Shows a topic such as "文件登记.htm" of a help file beside the window that asks for it. The default is the
+  /// library's own viewer.
+  std::function<void(QWidget* owner, const QString& file, const QString& topic)> showHelp;
 };
 
 /// The one instance of the process.

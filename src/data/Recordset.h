@@ -1,14 +1,14 @@
 #pragma once
 
-#include <folvane/Connection.h>
-
-#include "data/Schema.h"
-
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 #include <memory>
 #include <vector>
+
+#include <folvane/Connection.h>
+
+#include "data/Schema.h"
 
 namespace folvane {
 
@@ -20,7 +20,7 @@ enum class AffectKind { Current = 1, Group = 2, All = 3, AllChapters = 4 };
 enum class SearchDirection { Backward = -1, Forward = 1 };
 enum class MoveFrom { Current = 0, First = 1, Last = 2 };
 
-class Recordset;
+class FieldList;
 class RecordsetState;
 
 /// A column of a record set, seen at its current row. Cheap to make and to copy; valid while the record set is open.
@@ -43,7 +43,7 @@ class Field {
   void SetValue(const QVariant& value);
 
  private:
-  friend class Recordset;
+  friend class FieldList;
   Field(RecordsetState* state, int column) : state_(state), column_(column) {}
   RecordsetState* state_;
   int column_;
@@ -65,9 +65,9 @@ class FieldList {
   RecordsetState* state_;
 };
 
-/// The result of a statement, held whole on the client and edited there, as ADO's client-side record set is: a position,
-/// bookmarks, filter, sort and find; changes that wait in the row until they are written with the original values as
-/// their condition.
+/// The result of a statement, held whole on the client and edited there, as ADO's client-side record set is: a
+/// position, bookmarks, filter, sort and find; changes that wait in the row until they are written with the original
+/// values as their condition.
 ///
 /// Rows count from 1. Without a row under the position BOF or EOF is true, and reading a field is an error. After a
 /// failed operation the record set stands where it stood and pending changes are kept.
@@ -94,7 +94,8 @@ class Recordset {
   /// 1 to RecordCount; -1 on a row just deleted, -2 at BOF, -3 at EOF.
   qint64 AbsolutePosition() const;
   void SetAbsolutePosition(qint64 position);
-  /// Names the current row for as long as the record set is open, whatever filter and sort say; 1 for the first row read.
+  /// Names the current row for as long as the record set is open, whatever filter and sort say; 1 for the first row
+  /// read.
   qint64 Bookmark() const;
   void SetBookmark(qint64 bookmark);
 
@@ -132,8 +133,8 @@ class Recordset {
   void CancelUpdate();
   /// Undoes all pending changes of the current row or of all rows.
   void CancelBatch(AffectKind affect = AffectKind::All);
-  /// Deletes the current row: at once, or with BatchOptimistic at the next UpdateBatch. The position stays where the row
-  /// was, so that MoveNext stands on the row that followed it.
+  /// Deletes the current row: at once, or with BatchOptimistic at the next UpdateBatch. The position stays where the
+  /// row was, so that MoveNext stands on the row that followed it.
   void Delete(AffectKind affect = AffectKind::Current);
 
   /// Runs the statement again, drops changes that wait for UpdateBatch and stands on the first row.

@@ -20,8 +20,8 @@ struct Cell {
   QVariant ToVariant() const;
 };
 
-/// The rows of a result, appended once and then read in any order. Rows lie packed in chunks of 1 MiB that never move, so
-/// that a million rows cost what their bytes cost; a value is decoded when it is asked for.
+/// The rows of a result, appended once and then read in any order. Rows lie packed in chunks of 1 MiB that never move,
+/// so that a million rows cost what their bytes cost; a value is decoded when it is asked for.
 class RowStore {
  public:
   static constexpr std::size_t kChunkSize = std::size_t(1) << 20;

@@ -42,18 +42,18 @@ TypeGroup GroupOfType(int adoType);
 
 /// One column of a table or of a result.
 struct ColumnInfo {
-  QString name;                    ///< as the database spells it
-  int type = AdoType::VarChar;     ///< ADO type number
-  int definedSize = 0;             ///< characters of a text column, bytes of the others; 2147483647 for long columns
+  QString name;                 ///< as the database spells it
+  int type = AdoType::VarChar;  ///< ADO type number
+  int definedSize = 0;          ///< characters of a text column, bytes of the others; 2147483647 for long columns
   bool nullable = true;
-  bool autoNumber = false;         ///< the database gives the value of a new row
+  bool autoNumber = false;  ///< the database gives the value of a new row
 };
 
 /// One table of the database.
 struct TableInfo {
-  QString name;                    ///< as the database spells it
+  QString name;  ///< as the database spells it
   std::vector<ColumnInfo> columns;
-  std::vector<int> key;            ///< indexes of the primary key's columns, or of a unique index; empty when none
+  std::vector<int> key;  ///< indexes of the primary key's columns, or of a unique index; empty when none
 
   /// The column of that name without regard to case, -1 when there is none.
   int IndexOf(const QString& column) const;

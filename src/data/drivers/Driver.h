@@ -1,10 +1,10 @@
 #pragma once
 
-#include "data/NativeStatement.h"
-#include "data/Schema.h"
-
 #include <QString>
 #include <optional>
+
+#include "data/NativeStatement.h"
+#include "data/Schema.h"
 
 namespace folvane {
 

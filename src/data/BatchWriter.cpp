@@ -1,0 +1,228 @@
+#include "data/BatchWriter.h"
+
+#include <optional>
+
+#include <folvane/DataError.h>
+
+#include "base/CodePage.h"
+#include "data/FetchedRows.h"
+#include "data/ValueText.h"
+#include "data/drivers/Driver.h"
+
+namespace folvane {
+
+namespace {
+
+bool IsLong(const ColumnInfo& column) {
+  return column.type == AdoType::LongVarChar || column.type == AdoType::LongVarWChar ||
+         GroupOfType(column.type) == TypeGroup::Binary;
+}
+
+bool IsInexact(const ColumnInfo& column) { return column.type == AdoType::Single || column.type == AdoType::Double; }
+
+// Values go to the driver as text, numbers and bytes.
+QVariant ForDriver(const QVariant& value) {
+  return value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime ? QVariant(ValueText(value))
+                                                                                      : value;
+}
+
+}  // namespace
+
+BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& rows)
+    : connection_(connection), rows_(rows) {
+  const QString name = connection.BaseTable(source);
+  const TableInfo* table = name.isEmpty() ? nullptr : connection.Table(name);
+  if (!table)
+    throw DataError(DataErrorKind::Usage, QStringLiteral("该记录集不是由一个表直接读出的，不能写回数据库。"), source);
+  table_ = std::make_shared<const TableInfo>(*table);
+  for (const ColumnInfo& column : rows.Columns()) tableColumn_.push_back(table_->IndexOf(column.name));
+
+  for (const int keyColumn : table_->key) {
+    const int column = rows.IndexOf(table_->columns[static_cast<std::size_t>(keyColumn)].name);
+    if (column < 0) {
+      key_.clear();
+      break;
+    }
+    key_.push_back(column);
+  }
+  if (!key_.empty()) return;
+  for (int i = 0; i < static_cast<int>(tableColumn_.size()); ++i) {
+    const ColumnInfo& column = rows.Columns()[static_cast<std::size_t>(i)];
+    if (tableColumn_[static_cast<std::size_t>(i)] >= 0 && !IsLong(column) && !IsInexact(column)) key_.push_back(i);
+  }
+}
+
+QByteArray BatchWriter::Quoted(const QString& name) const {
+  QString inner = name;
+  if (connection_.NativeDriver().Dialect() == DialectKind::TransactSql)
+    return '[' + inner.replace(QLatin1Char(']'), QLatin1String("]]")).toUtf8() + ']';
+  return '"' + inner.replace(QLatin1Char('"'), QLatin1String("\"\"")).toUtf8() + '"';
+}
+
+void BatchWriter::Write(const std::vector<RowId>& pending) {
+  std::optional<Transaction> transaction;
+  if (pending.size() > 1 && !connection_.InTransaction()) transaction.emplace(connection_);
+  std::vector<Written> written;
+  written.reserve(pending.size());
+  for (const RowId row : pending) {
+    const RowChange* change = rows_.Change(row);
+    if (change && Rows::IsPending(*change)) written.push_back(WriteOne(row));
+  }
+  if (transaction) transaction->Commit();
+  for (const Written& done : written) {
+    for (const auto& [column, value] : done.given) rows_.SetValue(done.row, column, value);
+    rows_.MarkWritten(done.row);
+  }
+}
+
+BatchWriter::Written BatchWriter::WriteOne(RowId row) {
+  CheckLengths(row);
+  switch (rows_.Change(row)->state) {
+    case RowChange::Added:
+      return Insert(row);
+    case RowChange::Deleted:
+      Delete(row);
+      break;
+    default:
+      Update(row);
+  }
+  return {row, {}};
+}
+
+// SQLite takes a text of any length into a column of a declared one; the other databases refuse it by themselves.
+void BatchWriter::CheckLengths(RowId row) const {
+  const RowChange& change = *rows_.Change(row);
+  if (connection_.NativeDriver().Dialect() != DialectKind::Sqlite || change.state == RowChange::Deleted) return;
+  for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
+    if (tableColumn_[i] < 0 || change.current[i].typeId() != QMetaType::QString) continue;
+    if (change.state == RowChange::Modified && change.current[i] == change.original[i]) continue;
+    const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
+    if (ByteLength(change.current[i].toString()) > column.definedSize)
+      throw DataError(DataErrorKind::TooLong,
+                      QStringLiteral("字段“%1”的值超过了长度 %2。").arg(column.name).arg(column.definedSize));
+  }
+}
+
+BatchWriter::Written BatchWriter::Insert(RowId row) {
+  const RowChange& change = *rows_.Change(row);
+  NativeStatement statement;
+  QByteArray names, marks, given;
+  std::vector<int> givenColumns;
+  for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
+    if (tableColumn_[i] < 0) continue;
+    const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
+    if (change.current[i].isValid()) {
+      names += (names.isEmpty() ? "" : ",") + Quoted(column.name);
+      marks += marks.isEmpty() ? "?" : ",?";
+      statement.parameters.push_back(ForDriver(change.current[i]));
+    } else if (column.autoNumber) {
+      given += (given.isEmpty() ? "" : ",") + Quoted(column.name);
+      givenColumns.push_back(static_cast<int>(i));
+    }
+  }
+  const bool outputFirst = connection_.NativeDriver().Dialect() == DialectKind::TransactSql;
+  QByteArray output;
+  if (!given.isEmpty()) output = outputFirst ? " OUTPUT INSERTED." + given : " RETURNING " + given;
+  statement.text = "INSERT INTO " + TableText();
+  if (!names.isEmpty()) statement.text += " (" + names + ")";
+  if (outputFirst) statement.text += output;
+  statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
+  if (!outputFirst) statement.text += output;
+
+  Written written{row, {}};
+  if (givenColumns.empty()) {
+    connection_.NativeDriver().Execute(statement);
+    return written;
+  }
+  FetchedRows fetched;
+  RowStore store;
+  connection_.NativeDriver().Query(statement, fetched.columns, store);
+  for (std::size_t i = 0; i < givenColumns.size() && store.RowCount(); ++i)
+    written.given.emplace_back(givenColumns[i], DecodeCell(store.At(0, static_cast<int>(i)),
+                                                           rows_.Columns()[static_cast<std::size_t>(givenColumns[i])]));
+  return written;
+}
+
+void BatchWriter::Update(RowId row) {
+  const RowChange& change = *rows_.Change(row);
+  NativeStatement statement;
+  QByteArray assignments;
+  for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
+    if (tableColumn_[i] < 0 || change.current[i] == change.original[i]) continue;
+    assignments += (assignments.isEmpty() ? "" : ",") +
+                   Quoted(table_->columns[static_cast<std::size_t>(tableColumn_[i])].name) + "=?";
+    statement.parameters.push_back(ForDriver(change.current[i]));
+  }
+  if (assignments.isEmpty()) return;
+  statement.text = "UPDATE " + TableText() + " SET " + assignments;
+  AddCondition(statement, row, true);
+  RunOnOneRow(statement);
+}
+
+void BatchWriter::Delete(RowId row) {
+  NativeStatement statement;
+  statement.text = "DELETE FROM " + TableText();
+  AddCondition(statement, row, false);
+  RunOnOneRow(statement);
+}
+
+void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withChanges) const {
+  const RowChange* change = rows_.Change(row);
+  QByteArray condition;
+  const auto add = [&](int column) {
+    const QVariant value = rows_.Original(row, column);
+    condition += condition.isEmpty() ? " WHERE " : " AND ";
+    condition += Quoted(rows_.Columns()[static_cast<std::size_t>(column)].name);
+    condition += value.isValid() ? "=?" : " IS NULL";
+    if (value.isValid()) statement.parameters.push_back(ForDriver(value));
+  };
+  for (const int column : key_) add(column);
+  for (int i = 0; withChanges && i < static_cast<int>(tableColumn_.size()); ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    const ColumnInfo& column = rows_.Columns()[at];
+    const bool changed = tableColumn_[at] >= 0 && change->current[at] != change->original[at];
+    // Binary and inexact values do not compare reliably; the key still names the row.
+    if (!changed || GroupOfType(column.type) == TypeGroup::Binary || IsInexact(column)) continue;
+    if (std::find(key_.begin(), key_.end(), i) == key_.end()) add(i);
+  }
+  statement.text += condition;
+}
+
+void BatchWriter::RunOnOneRow(const NativeStatement& statement) {
+  // Without a key the values may fit several rows, which one statement must not change together.
+  std::optional<Transaction> transaction;
+  const bool keyed = !table_->key.empty();
+  if (!keyed && !connection_.InTransaction()) transaction.emplace(connection_);
+  const qint64 count = connection_.NativeDriver().Execute(statement);
+  if (count == 0)
+    throw DataError(DataErrorKind::Conflict, QStringLiteral("该记录已被其他用户修改或删除，未能保存。"),
+                    QString::fromUtf8(statement.text));
+  if (count > 1)
+    throw DataError(
+        DataErrorKind::Conflict,
+        QStringLiteral("表“%1”没有主键，有 %2 条相同的记录，不能确定要修改的是哪一条。").arg(table_->name).arg(count));
+  if (transaction) transaction->Commit();
+}
+
+std::vector<QVariant> BatchWriter::Read(RowId row) {
+  NativeStatement statement;
+  for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
+    statement.text += i ? "," : "SELECT ";
+    statement.text += tableColumn_[i] < 0 ? QByteArray("NULL") : Quoted(rows_.Columns()[i].name);
+  }
+  statement.text += " FROM " + TableText();
+  AddCondition(statement, row, false);
+  std::vector<ColumnInfo> columns;
+  RowStore store;
+  connection_.NativeDriver().Query(statement, columns, store);
+  if (store.RowCount() == 0)
+    throw DataError(DataErrorKind::Conflict, QStringLiteral("该记录已被其他用户删除。"),
+                    QString::fromUtf8(statement.text));
+  std::vector<QVariant> values;
+  for (std::size_t i = 0; i < tableColumn_.size(); ++i)
+    values.push_back(tableColumn_[i] < 0 ? rows_.Value(row, static_cast<int>(i))
+                                         : DecodeCell(store.At(0, static_cast<int>(i)), rows_.Columns()[i]));
+  return values;
+}
+
+}  // namespace folvane

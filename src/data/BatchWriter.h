@@ -1,0 +1,46 @@
+#pragma once
+
+#include <folvane/Connection.h>
+
+#include "data/NativeStatement.h"
+#include "data/Rows.h"
+
+namespace folvane {
+
+/// Writes the pending rows of a record set to the table that it was read from: parameterised statements in the
+/// database's own words, by key, with the original values of the changed columns in the Where part.
+class BatchWriter {
+ public:
+  /// @throws DataError Usage when the source does not read one table
+  BatchWriter(Connection& connection, const QString& source, Rows& rows);
+
+  /// Writes all of these rows or none, and marks them written. @throws DataError, Conflict for a row that someone else
+  /// has changed or deleted
+  void Write(const std::vector<RowId>& pending);
+  /// Reads a row again by its key. @throws DataError Conflict when it is gone
+  std::vector<QVariant> Read(RowId row);
+
+ private:
+  struct Written {
+    RowId row;
+    std::vector<std::pair<int, QVariant>> given;  ///< values that the database gave: column of the record set, value
+  };
+
+  Written WriteOne(RowId row);
+  Written Insert(RowId row);
+  void Update(RowId row);
+  void Delete(RowId row);
+  void RunOnOneRow(const NativeStatement& statement);
+  void AddCondition(NativeStatement& statement, RowId row, bool withChanges) const;
+  void CheckLengths(RowId row) const;
+  QByteArray Quoted(const QString& name) const;
+  QByteArray TableText() const { return Quoted(table_->name); }
+
+  Connection& connection_;
+  Rows& rows_;
+  std::shared_ptr<const TableInfo> table_;
+  std::vector<int> tableColumn_;  ///< by column of the record set; -1 for one that the table lacks
+  std::vector<int> key_;          ///< columns of the record set; all comparable ones when the table has no key
+};
+
+}  // namespace folvane

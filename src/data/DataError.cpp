@@ -1,0 +1,8 @@
+#include <folvane/DataError.h>
+
+namespace folvane {
+
+DataError::DataError(DataErrorKind kind, const QString& message, const QString& statement, const QString& nativeCode)
+    : kind_(kind), message_(message), statement_(statement), nativeCode_(nativeCode), utf8_(message.toUtf8()) {}
+
+}  // namespace folvane

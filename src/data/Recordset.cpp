@@ -1,0 +1,292 @@
+#include "data/Recordset.h"
+
+#include <folvane/DataError.h>
+
+#include "data/BatchWriter.h"
+#include "data/RecordsetState.h"
+#include "data/ValueText.h"
+
+namespace folvane {
+
+using Place = RecordsetState::Place;
+
+const QString& Field::Name() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].name; }
+int Field::Type() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].type; }
+int Field::DefinedSize() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].definedSize; }
+QVariant Field::Value() const { return state_->rows.Value(state_->CurrentRow(), column_); }
+QString Field::Text() const { return ValueText(Value()); }
+QVariant Field::OriginalValue() const { return state_->rows.Original(state_->CurrentRow(), column_); }
+
+void Field::SetValue(const QVariant& value) {
+  const QVariant fitted = FitToColumn(value, state_->rows.Columns()[static_cast<std::size_t>(column_)]);
+  state_->BeginEdit();
+  state_->rows.SetValue(state_->CurrentRow(), column_, fitted);
+}
+
+int FieldList::Count() const { return static_cast<int>(state_->rows.Columns().size()); }
+int FieldList::IndexOf(const QString& name) const { return state_->rows.IndexOf(name); }
+
+Field FieldList::Item(int index) const {
+  if (index < 0 || index >= Count())
+    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有第 %1 个字段。").arg(index));
+  return Field(state_, index);
+}
+
+Field FieldList::Item(const QString& name) const {
+  const int index = IndexOf(name);
+  if (index < 0)
+    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有字段“%1”。").arg(name), state_->source);
+  return Field(state_, index);
+}
+
+namespace {
+
+RecordsetState& Opened(const std::unique_ptr<RecordsetState>& state) {
+  if (!state) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集没有打开，不能进行该操作。"));
+  return *state;
+}
+
+}  // namespace
+
+Recordset::Recordset() = default;
+Recordset::~Recordset() = default;
+
+void Recordset::Open(const QString& source, std::shared_ptr<Connection> connection, CursorType, LockType lock,
+                     CursorLocation) {
+  if (state_) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集已经打开。"), source);
+  if (!connection) throw DataError(DataErrorKind::Usage, QStringLiteral("没有数据库连接。"), source);
+  FetchedRows fetched = connection->Fetch(source);
+  state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
+}
+
+void Recordset::Close() {
+  Opened(state_);
+  state_.reset();
+}
+
+bool Recordset::IsOpen() const { return state_ != nullptr; }
+QString Recordset::Source() const { return Opened(state_).source; }
+
+bool Recordset::BOF() const {
+  const Place place = Opened(state_).place_;
+  return place == Place::Bof || place == Place::Empty;
+}
+
+bool Recordset::EOF_() const {
+  const Place place = Opened(state_).place_;
+  return place == Place::Eof || place == Place::Empty;
+}
+
+qint64 Recordset::RecordCount() const { return Opened(state_).view.Count(); }
+
+qint64 Recordset::AbsolutePosition() const {
+  const RecordsetState& state = Opened(state_);
+  switch (state.place_) {
+    case Place::Row:
+      return state.position_ + 1;
+    case Place::Bof:
+      return -2;
+    case Place::Eof:
+      return -3;
+    default:
+      return -1;
+  }
+}
+
+void Recordset::SetAbsolutePosition(qint64 position) {
+  RecordsetState& state = Opened(state_);
+  if (position < 1 || position > state.view.Count())
+    throw DataError(DataErrorKind::Usage, QStringLiteral("没有第 %1 条记录。").arg(position));
+  state.GoTo(position - 1);
+}
+
+qint64 Recordset::Bookmark() const { return static_cast<qint64>(Opened(state_).CurrentRow()) + 1; }
+
+void Recordset::SetBookmark(qint64 bookmark) {
+  RecordsetState& state = Opened(state_);
+  if (bookmark < 1 || bookmark > static_cast<qint64>(state.rows.EndId()))
+    throw DataError(DataErrorKind::Usage, QStringLiteral("书签所指的记录已不存在。"));
+  state.GoToRow(static_cast<RowId>(bookmark - 1));
+}
+
+namespace {
+
+void RequireRows(const RecordsetState& state) {
+  if (state.place_ == Place::Empty) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有记录。"));
+}
+
+}  // namespace
+
+void Recordset::MoveFirst() {
+  RecordsetState& state = Opened(state_);
+  RequireRows(state);
+  state.GoFirst();
+}
+
+void Recordset::MoveLast() {
+  RecordsetState& state = Opened(state_);
+  RequireRows(state);
+  state.view.Count() ? state.GoTo(state.view.Count() - 1) : state.GoEnd();
+}
+
+void Recordset::MoveNext() {
+  RecordsetState& state = Opened(state_);
+  if (EOF_()) throw DataError(DataErrorKind::Usage, QStringLiteral("已在最后一条记录之后，不能再向后移动。"));
+  state.Step(1);
+}
+
+void Recordset::MovePrevious() {
+  RecordsetState& state = Opened(state_);
+  if (BOF()) throw DataError(DataErrorKind::Usage, QStringLiteral("已在第一条记录之前，不能再向前移动。"));
+  state.Step(-1);
+}
+
+void Recordset::Move(qint64 count, MoveFrom from) {
+  RecordsetState& state = Opened(state_);
+  if (from != MoveFrom::Current) {
+    RequireRows(state);
+    from == MoveFrom::First ? MoveFirst() : MoveLast();
+  }
+  if ((count > 0 && EOF_()) || (count < 0 && BOF()))
+    throw DataError(DataErrorKind::Usage, QStringLiteral("没有当前记录，不能移动。"));
+  state.Step(count);
+}
+
+void Recordset::Find(const QString& criterion, qint64 skip, SearchDirection direction) {
+  RecordsetState& state = Opened(state_);
+  const Criteria criteria = Criteria::Parse(criterion, state.rows);
+  const Condition* condition = criteria.Single();
+  if (!condition) throw DataError(DataErrorKind::Usage, QStringLiteral("查找只能用一个条件：%1").arg(criterion));
+  const bool forward = direction == SearchDirection::Forward;
+  qint64 from = state.position_;
+  if (state.place_ == Place::Hole && !forward) --from;
+  from += forward ? skip : -skip;
+  const qint64 found = from < 0 || from >= state.view.Count() ? -1 : state.Find(*condition, from, direction);
+  if (found >= 0)
+    state.GoTo(found);
+  else
+    forward ? state.GoEnd() : state.GoBeforeStart();
+}
+
+void Recordset::SetFilter(const QString& criteria) {
+  RecordsetState& state = Opened(state_);
+  if (state.edit) state.EndEdit();
+  const QString before = std::exchange(state.filter, criteria.trimmed());
+  try {
+    state.Reshow();
+  } catch (const DataError&) {
+    state.filter = before;
+    throw;
+  }
+  state.GoFirst();
+}
+
+QString Recordset::Filter() const { return Opened(state_).filter; }
+
+void Recordset::SetSort(const QString& order) {
+  RecordsetState& state = Opened(state_);
+  if (state.edit) state.EndEdit();
+  const QString before = std::exchange(state.sort, order.trimmed());
+  try {
+    state.Reshow();
+  } catch (const DataError&) {
+    state.sort = before;
+    throw;
+  }
+  state.GoFirst();
+}
+
+QString Recordset::Sort() const { return Opened(state_).sort; }
+
+FieldList Recordset::Fields() const { return FieldList(&Opened(state_)); }
+
+EditModeKind Recordset::EditMode() const {
+  const RecordsetState& state = Opened(state_);
+  if (state.place_ == Place::Hole) return EditModeKind::Delete;
+  if (!state.edit) return EditModeKind::None;
+  return state.edit->adding ? EditModeKind::Add : EditModeKind::InProgress;
+}
+
+void Recordset::AddNew() { Opened(state_).AddRow(); }
+
+void Recordset::Update() {
+  RecordsetState& state = Opened(state_);
+  state.CurrentRow();
+  state.EndEdit();
+}
+
+void Recordset::UpdateBatch(AffectKind affect) {
+  RecordsetState& state = Opened(state_);
+  state.RequireWritable();
+  // The edit in progress is written too, and is still in progress when the database refuses it.
+  const std::optional<RecordsetState::Edit> editing = std::exchange(state.edit, std::nullopt);
+  try {
+    if (affect != AffectKind::Current)
+      state.Write(state.rows.PendingRows());
+    else if (state.HasRow())
+      state.Write({state.CurrentRow()});
+  } catch (const DataError&) {
+    state.edit = editing;
+    throw;
+  }
+}
+
+void Recordset::CancelUpdate() { Opened(state_).DropEdit(); }
+
+void Recordset::CancelBatch(AffectKind affect) {
+  RecordsetState& state = Opened(state_);
+  const std::optional<RowId> current = state.HasRow() ? std::optional(state.CurrentRow()) : std::nullopt;
+  state.edit.reset();
+  std::vector<RowId> cancelled = state.rows.PendingRows();
+  if (affect == AffectKind::Current) cancelled = current ? std::vector{*current} : std::vector<RowId>();
+  for (const RowId row : cancelled) state.rows.Restore(row);
+  const qint64 position = state.position_;
+  state.Reshow();
+  if (current && state.rows.IsLive(*current) && state.view.PositionOf(*current) >= 0)
+    state.GoToRow(*current);
+  else if (position < 0)
+    state.GoBeforeStart();
+  else if (state.view.Count() == 0)
+    state.GoEnd();
+  else
+    state.GoTo(std::min(position, state.view.Count() - 1));
+}
+
+void Recordset::Delete(AffectKind affect) {
+  if (affect != AffectKind::Current)
+    throw DataError(DataErrorKind::Usage, QStringLiteral("一次只能删除当前的一条记录。"));
+  Opened(state_).DeleteCurrentRow();
+}
+
+void Recordset::Requery() {
+  RecordsetState& state = Opened(state_);
+  if (state.edit) throw DataError(DataErrorKind::Usage, QStringLiteral("当前记录正在编辑，请先保存或取消。"));
+  FetchedRows fetched = state.connection->Fetch(state.source);
+  auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
+  fresh->filter = state.filter;
+  fresh->sort = state.sort;
+  fresh->Reshow();
+  fresh->GoFirst();
+  state_ = std::move(fresh);
+}
+
+void Recordset::Resync(AffectKind affect) {
+  RecordsetState& state = Opened(state_);
+  std::vector<RowId> wanted;
+  if (affect == AffectKind::Current) {
+    wanted.push_back(state.CurrentRow());
+  } else {
+    for (qint64 p = 0; p < state.view.Count(); ++p) wanted.push_back(state.view.At(p));
+  }
+  BatchWriter reader(*state.connection, state.source, state.rows);
+  for (const RowId row : wanted) {
+    const RowChange* change = state.rows.Change(row);
+    if (change && change->state == RowChange::Added) continue;  // not in the database yet
+    state.rows.Refresh(row, reader.Read(row));
+    if (state.edit && state.edit->row == row) state.edit.reset();
+  }
+}
+
+qint64 Recordset::PendingCount() const { return static_cast<qint64>(Opened(state_).rows.PendingRows().size()); }
+
+}  // namespace folvane

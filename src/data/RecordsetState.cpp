@@ -1,0 +1,196 @@
+#include "data/RecordsetState.h"
+
+#include <algorithm>
+
+#include <folvane/DataError.h>
+
+#include "data/BatchWriter.h"
+
+namespace folvane {
+
+RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock,
+                               FetchedRows fetched)
+    : source(std::move(source)), connection(std::move(connection)), lock(lock), rows(std::move(fetched)) {
+  GoFirst();
+}
+
+RowId RecordsetState::CurrentRow() const {
+  if (place_ == Place::Row) return view.At(position_);
+  throw DataError(DataErrorKind::Usage, place_ == Place::Hole
+                                            ? QStringLiteral("当前记录已被删除。")
+                                            : QStringLiteral("没有当前记录：位置在第一条记录之前或最后一条记录之后。"));
+}
+
+void RecordsetState::GoTo(qint64 position) {
+  if (edit) EndEdit();
+  position_ = position;
+  place_ = Place::Row;
+}
+
+void RecordsetState::GoEnd() {
+  if (edit) EndEdit();
+  position_ = view.Count();
+  place_ = view.Count() ? Place::Eof : Place::Empty;
+}
+
+void RecordsetState::GoBeforeStart() {
+  if (edit) EndEdit();
+  position_ = -1;
+  place_ = view.Count() ? Place::Bof : Place::Empty;
+}
+
+void RecordsetState::GoToRow(RowId row) {
+  const qint64 position = view.PositionOf(row);
+  if (position < 0 || position >= view.Count())
+    throw DataError(DataErrorKind::Usage, QStringLiteral("书签所指的记录已不存在。"));
+  GoTo(position);
+}
+
+void RecordsetState::Step(qint64 count) {
+  if (count == 0) {
+    if (edit) EndEdit();
+    return;
+  }
+  // From a hole the next row is the one that has moved up into it.
+  const qint64 target = place_ == Place::Hole && count > 0 ? position_ + count - 1 : position_ + count;
+  if (target < 0)
+    GoBeforeStart();
+  else if (target >= view.Count())
+    GoEnd();
+  else
+    GoTo(target);
+}
+
+const ColumnIndex& RecordsetState::IndexOf(int column) {
+  const auto known = indexes_.find(column);
+  return known != indexes_.end() ? known->second : indexes_.try_emplace(column, rows, column).first->second;
+}
+
+// The index knows the rows as they were read: rows changed since are left to a look at each.
+qint64 RecordsetState::Find(const Condition& condition, qint64 from, SearchDirection direction) {
+  const bool forward = direction == SearchDirection::Forward;
+  const auto holdsAt = [&](RowId row) { return condition.Holds(rows.Value(row, condition.Column())); };
+  const auto key = condition.IndexKey();
+  if (!key) {
+    for (qint64 p = from; p >= 0 && p < view.Count(); p += forward ? 1 : -1)
+      if (holdsAt(view.At(p))) return p;
+    return -1;
+  }
+  qint64 best = -1;
+  const auto consider = [&](RowId row) {
+    const qint64 p = view.PositionOf(row);
+    if (p < 0 || (forward ? p < from : p > from)) return false;
+    if (best >= 0 && (forward ? p >= best : p <= best)) return false;
+    if (!rows.IsLive(row) || !holdsAt(row)) return false;
+    best = p;
+    // In the order read the first hit forwards is the nearest.
+    return forward && !view.List();
+  };
+  IndexOf(condition.Column()).Each(*key, consider);
+  for (const auto& change : rows.Changes()) consider(change.first);
+  return best;
+}
+
+std::vector<RowId> RecordsetState::RowsMeeting(const Criteria& criteria) {
+  std::vector<RowId> meeting;
+  const auto consider = [&](RowId row) {
+    if (rows.IsLive(row) && criteria.Holds(rows, row)) meeting.push_back(row);
+    return false;
+  };
+  if (const Condition* anchor = criteria.Anchor()) {
+    IndexOf(anchor->Column()).Each(*anchor->IndexKey(), consider);
+    for (const auto& change : rows.Changes()) consider(change.first);
+    std::sort(meeting.begin(), meeting.end());
+    meeting.erase(std::unique(meeting.begin(), meeting.end()), meeting.end());
+    return meeting;
+  }
+  for (RowId row = 0; row < rows.EndId(); ++row) consider(row);
+  return meeting;
+}
+
+void RecordsetState::Reshow() {
+  std::optional<std::vector<RowId>> list;
+  if (!filter.isEmpty()) list = RowsMeeting(Criteria::Parse(filter, rows));
+  if (!sort.isEmpty()) {
+    if (!list) {
+      list.emplace();
+      for (RowId row = 0; row < rows.EndId(); ++row)
+        if (rows.IsLive(row)) list->push_back(row);
+    }
+    SortRows(rows, sort, *list);
+  }
+  view.Show(std::move(list));
+}
+
+void RecordsetState::RequireWritable() const {
+  if (lock == LockType::ReadOnly)
+    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集以只读方式打开，不能修改。"));
+}
+
+void RecordsetState::BeginEdit() {
+  RequireWritable();
+  const RowId row = CurrentRow();
+  if (!edit) edit = Edit{row, false, rows.Snapshot(row)};
+}
+
+void RecordsetState::EndEdit() {
+  if (!edit) return;
+  const Edit ending = *edit;
+  edit.reset();
+  if (lock == LockType::BatchOptimistic) return;
+  try {
+    Write({ending.row});
+  } catch (const DataError&) {
+    edit = ending;
+    throw;
+  }
+}
+
+void RecordsetState::DropEdit() {
+  if (!edit) return;
+  const Edit dropped = *edit;
+  edit.reset();
+  if (!dropped.adding) {
+    rows.PutBack(dropped.row, dropped.before);
+    return;
+  }
+  const qint64 position = view.PositionOf(dropped.row);
+  rows.Restore(dropped.row);
+  view.RemoveAt(position);
+  view.Count() ? GoTo(view.Count() - 1) : GoEnd();
+}
+
+void RecordsetState::AddRow() {
+  RequireWritable();
+  if (edit) EndEdit();
+  const RowId row = rows.Append();
+  view.Append(row);
+  GoTo(view.Count() - 1);
+  edit = Edit{row, true, std::nullopt};
+}
+
+void RecordsetState::DeleteCurrentRow() {
+  RequireWritable();
+  const RowId row = CurrentRow();
+  if (edit && edit->adding) {
+    DropEdit();
+    return;
+  }
+  if (edit) DropEdit();
+  const auto before = rows.Snapshot(row);
+  rows.MarkDeleted(row);
+  if (lock != LockType::BatchOptimistic) {
+    try {
+      Write({row});
+    } catch (const DataError&) {
+      rows.PutBack(row, before);
+      throw;
+    }
+  }
+  view.RemoveAt(position_);
+  place_ = Place::Hole;
+}
+
+void RecordsetState::Write(const std::vector<RowId>& pending) { BatchWriter(*connection, source, rows).Write(pending); }
+
+}  // namespace folvane

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <map>
+#include <optional>
+
+#include "data/ColumnIndex.h"
+#include "data/Criteria.h"
+#include "data/Recordset.h"
+#include "data/Rows.h"
+#include "data/View.h"
+
+namespace folvane {
+
+/// What an open record set consists of: its rows, the view of them, the place in the view and the edit in progress.
+class RecordsetState {
+ public:
+  RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock, FetchedRows fetched);
+
+  // Place. Either a row is under the position, or a hole where a deleted row was, or BOF or EOF is true.
+  bool HasRow() const { return place_ == Place::Row; }
+  RowId CurrentRow() const;  ///< @throws DataError Usage without a row
+  void GoTo(qint64 position);
+  void GoToRow(RowId row);
+  void GoFirst() { view.Count() ? GoTo(0) : GoEnd(); }
+  void GoEnd();
+  void GoBeforeStart();
+  void Step(qint64 count);
+
+  qint64 Find(const Condition& condition, qint64 from, SearchDirection direction);
+  void Reshow();  ///< builds the view anew from filter and sort
+
+  // Editing.
+  void BeginEdit();
+  void EndEdit();
+  void DropEdit();
+  void RequireWritable() const;
+  void AddRow();
+  void DeleteCurrentRow();
+  void Write(const std::vector<RowId>& pending);
+
+  enum class Place { Row, Hole, Bof, Eof, Empty };
+  struct Edit {
+    RowId row;
+    bool adding;
+    std::optional<RowChange> before;
+  };
+
+  QString source;
+  std::shared_ptr<Connection> connection;
+  LockType lock;
+  Rows rows;
+  View view{rows};
+  QString filter, sort;
+  std::optional<Edit> edit;
+
+  Place place_ = Place::Empty;
+  qint64 position_ = 0;  ///< of the row or of the hole, from 0
+
+ private:
+  const ColumnIndex& IndexOf(int column);
+  std::vector<RowId> RowsMeeting(const Criteria& criteria);
+
+  std::map<int, ColumnIndex> indexes_;
+};
+
+}  // namespace folvane

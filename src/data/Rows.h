@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QVariant>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "data/FetchedRows.h"
+
+namespace folvane {
+
+/// Names a row for as long as its rows are kept: the rows read count from 0, added ones follow.
+using RowId = std::uint32_t;
+
+/// What waits to be written for a row, or was written since it was read.
+struct RowChange {
+  enum State { Clean, Modified, Added, Deleted, Gone };
+  State state = Clean;
+  std::vector<QVariant> current;
+  std::vector<QVariant> original;  ///< as the database has it; empty for an added row
+};
+
+/// The rows of a record set: those read, as the store holds them, under the changes made since.
+class Rows {
+ public:
+  explicit Rows(FetchedRows fetched);
+
+  const std::vector<ColumnInfo>& Columns() const { return columns_; }
+  int IndexOf(const QString& column) const;
+  const RowStore& Store() const { return *store_; }
+
+  RowId StoredCount() const { return static_cast<RowId>(store_->RowCount()); }
+  /// One past the last id in use.
+  RowId EndId() const { return StoredCount() + added_; }
+  /// False for rows deleted or taken back.
+  bool IsLive(RowId row) const;
+  /// True while every id below EndId is live.
+  bool AllLive() const { return dead_ == 0; }
+
+  QVariant Value(RowId row, int column) const;
+  QVariant Original(RowId row, int column) const;
+  const RowChange* Change(RowId row) const;
+  const std::unordered_map<RowId, RowChange>& Changes() const { return changes_; }
+
+  RowId Append();
+  void SetValue(RowId row, int column, const QVariant& value);
+  void MarkDeleted(RowId row);
+  /// Undoes all changes of a row that are not written.
+  void Restore(RowId row);
+  /// Puts a row's values and state back to what they were before an edit.
+  void PutBack(RowId row, const std::optional<RowChange>& before);
+  std::optional<RowChange> Snapshot(RowId row) const;
+  /// The row's pending change stands in the database now.
+  void MarkWritten(RowId row);
+  /// The row as it was just read again.
+  void Refresh(RowId row, std::vector<QVariant> values);
+
+  static bool IsPending(const RowChange& change);
+  std::vector<RowId> PendingRows() const;
+
+ private:
+  RowChange& Touch(RowId row);
+  void SetState(RowChange& change, RowChange::State state);
+
+  std::vector<ColumnInfo> columns_;
+  std::unique_ptr<RowStore> store_;
+  std::unordered_map<RowId, RowChange> changes_;
+  RowId added_ = 0;
+  RowId dead_ = 0;
+};
+
+}  // namespace folvane

@@ -1,0 +1,121 @@
+#include "data/ValueText.h"
+
+#include <QDateTime>
+#include <QRegularExpression>
+
+#include <folvane/DataError.h>
+
+namespace folvane {
+
+namespace {
+
+QVariant NumberFromText(const QString& text) {
+  const QString trimmed = text.trimmed();
+  bool whole = false;
+  const qint64 integer = trimmed.toLongLong(&whole);
+  if (whole) return integer;
+  // Digits beyond 64 bits stay text: a double would lose the last ones.
+  static const QRegularExpression digits(QStringLiteral("^-?\\d{17,}$"));
+  if (digits.match(trimmed).hasMatch()) return trimmed;
+  bool real = false;
+  const double number = trimmed.toDouble(&real);
+  return real ? QVariant(number) : QVariant();
+}
+
+QVariant DateFromText(const QString& text, int type) {
+  const QDateTime moment = ReadDateTime(text);
+  if (!moment.isValid()) return {};
+  return type == AdoType::DbDate ? QVariant(moment.date()) : QVariant(moment);
+}
+
+[[noreturn]] void ThrowUnfit(const QVariant& value, const ColumnInfo& column, const QString& wanted) {
+  throw DataError(
+      DataErrorKind::Conversion,
+      QStringLiteral("“%1”不能作为字段“%2”的值：该字段要求%3。").arg(ValueText(value), column.name, wanted));
+}
+
+}  // namespace
+
+QString ValueText(const QVariant& value) {
+  switch (value.typeId()) {
+    case QMetaType::UnknownType:
+      return {};
+    case QMetaType::Double:
+      return QString::number(value.toDouble(), 'g', 15);
+    case QMetaType::QDate:
+      return value.toDate().toString(QStringLiteral("yyyy-MM-dd"));
+    case QMetaType::QDateTime: {
+      const QDateTime moment = value.toDateTime();
+      const bool midnight = moment.time() == QTime(0, 0);
+      return moment.toString(midnight ? QStringLiteral("yyyy-MM-dd") : QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    }
+    case QMetaType::QByteArray:
+      return QString::fromUtf8(value.toByteArray());
+    default:
+      return value.toString();
+  }
+}
+
+QDateTime ReadDateTime(const QString& text) {
+  static const QRegularExpression shape(QStringLiteral(
+      "^\\s*(\\d{4})([-/.]?)(\\d{1,2})\\2(\\d{1,2})(?:[ T](\\d{1,2}):(\\d{2})(?::(\\d{2})(?:\\.\\d+)?)?)?\\s*$"));
+  const QRegularExpressionMatch match = shape.match(text);
+  if (!match.hasMatch()) return {};
+  if (match.capturedView(2).isEmpty() && (match.capturedLength(3) != 2 || match.capturedLength(4) != 2)) return {};
+  const auto part = [&](int group) { return match.capturedView(group).toInt(); };
+  const QDate date(part(1), part(3), part(4));
+  const QTime time(part(5), part(6), part(7));
+  return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
+}
+
+QVariant DecodeCell(const Cell& cell, const ColumnInfo& column) {
+  if (cell.kind == Cell::Null) return {};
+  switch (GroupOfType(column.type)) {
+    case TypeGroup::Number:
+      if (cell.kind == Cell::Text) {
+        const QVariant number = NumberFromText(QString::fromUtf8(cell.bytes));
+        return number.isValid() ? number : QVariant(QString::fromUtf8(cell.bytes));
+      }
+      return cell.ToVariant();
+    case TypeGroup::Date:
+      if (cell.kind == Cell::Text) {
+        const QVariant date = DateFromText(QString::fromUtf8(cell.bytes), column.type);
+        return date.isValid() ? date : QVariant(QString::fromUtf8(cell.bytes));
+      }
+      return ValueText(cell.ToVariant());
+    case TypeGroup::Text:
+      return cell.kind == Cell::Text ? QVariant(QString::fromUtf8(cell.bytes)) : QVariant(ValueText(cell.ToVariant()));
+    case TypeGroup::Binary:
+      return cell.ToVariant();
+  }
+  return {};
+}
+
+QVariant FitToColumn(const QVariant& value, const ColumnInfo& column) {
+  if (!value.isValid() || value.isNull()) return {};
+  const TypeGroup group = GroupOfType(column.type);
+  const bool isText = value.typeId() == QMetaType::QString;
+  switch (group) {
+    case TypeGroup::Number: {
+      if (isText && value.toString().trimmed().isEmpty()) return {};
+      if (!isText) return value.typeId() == QMetaType::Double ? value : QVariant(value.toLongLong());
+      const QVariant number = NumberFromText(value.toString());
+      if (!number.isValid()) ThrowUnfit(value, column, QStringLiteral("数字"));
+      return number;
+    }
+    case TypeGroup::Date: {
+      if (value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime) return value;
+      if (value.toString().trimmed().isEmpty()) return {};
+      const QVariant date = DateFromText(value.toString(), column.type);
+      if (!date.isValid()) ThrowUnfit(value, column, QStringLiteral("日期"));
+      return date;
+    }
+    case TypeGroup::Text:
+      return ValueText(value);
+    case TypeGroup::Binary:
+      return value.typeId() == QMetaType::QByteArray ? value : QVariant(value.toString().toUtf8());
+  }
+  return {};
+}
+
+}  // namespace folvane

@@ -1,0 +1,120 @@
+#include "data/View.h"
+
+#include <QDateTime>
+#include <QStringList>
+#include <algorithm>
+#include <numeric>
+
+#include <folvane/DataError.h>
+
+#include "data/TextFold.h"
+#include "data/ValueText.h"
+
+namespace folvane {
+
+qint64 View::Count() const { return list_ ? static_cast<qint64>(list_->size()) : static_cast<qint64>(rows_.EndId()); }
+
+RowId View::At(qint64 position) const {
+  return list_ ? (*list_)[static_cast<std::size_t>(position)] : static_cast<RowId>(position);
+}
+
+qint64 View::PositionOf(RowId row) const {
+  if (!list_) return row < rows_.EndId() ? row : -1;
+  if (positions_.empty() && !list_->empty()) {
+    positions_.assign(rows_.EndId(), -1);
+    for (std::size_t i = 0; i < list_->size(); ++i) positions_[(*list_)[i]] = static_cast<qint64>(i);
+  }
+  return row < positions_.size() ? positions_[row] : -1;
+}
+
+void View::Show(std::optional<std::vector<RowId>> rows) {
+  positions_.clear();
+  list_ = std::move(rows);
+  if (list_ || rows_.AllLive()) return;
+  list_.emplace();
+  for (RowId row = 0; row < rows_.EndId(); ++row)
+    if (rows_.IsLive(row)) list_->push_back(row);
+}
+
+void View::Append(RowId row) {
+  positions_.clear();
+  if (list_) list_->push_back(row);
+}
+
+void View::RemoveAt(qint64 position) {
+  positions_.clear();
+  if (!list_) {
+    list_.emplace(rows_.EndId());
+    std::iota(list_->begin(), list_->end(), RowId(0));
+  }
+  list_->erase(list_->begin() + position);
+}
+
+namespace {
+
+// A column's values in a form that compares fast, gathered once before the sort.
+struct SortKey {
+  enum Rank : char { Null, Number, Text };
+  Rank rank = Null;
+  double number = 0;
+  QByteArray text;
+
+  explicit SortKey(const QVariant& value, TypeGroup group) {
+    if (!value.isValid()) return;
+    bool isNumber = false;
+    if (group == TypeGroup::Number) number = value.toDouble(&isNumber);
+    rank = isNumber ? Number : Text;
+    if (!isNumber) text = FoldText(ValueText(value));
+  }
+
+  int Compare(const SortKey& other) const {
+    if (rank != other.rank) return rank < other.rank ? -1 : 1;
+    if (rank == Number) return number < other.number ? -1 : number > other.number;
+    return text.compare(other.text);
+  }
+};
+
+struct SortColumn {
+  int column;
+  bool descending;
+};
+
+std::vector<SortColumn> ReadOrder(const Rows& rows, const QString& order) {
+  std::vector<SortColumn> columns;
+  for (const QString& item : order.split(QLatin1Char(','))) {
+    QStringList words = item.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QString direction = words.size() > 1 ? words.takeLast().toLower() : QStringLiteral("asc");
+    QString name = words.join(QLatin1Char(' '));
+    if (name.startsWith(QLatin1Char('[')) && name.endsWith(QLatin1Char(']'))) name = name.mid(1, name.size() - 2);
+    const int column = rows.IndexOf(name);
+    if (column < 0 || (direction != QLatin1String("asc") && direction != QLatin1String("desc")))
+      throw DataError(DataErrorKind::Usage, QStringLiteral("不能识别的排序：%1").arg(order));
+    columns.push_back({column, direction == QLatin1String("desc")});
+  }
+  return columns;
+}
+
+}  // namespace
+
+void SortRows(const Rows& rows, const QString& order, std::vector<RowId>& list) {
+  const std::vector<SortColumn> columns = ReadOrder(rows, order);
+  std::vector<std::vector<SortKey>> keys(columns.size());
+  for (std::size_t k = 0; k < columns.size(); ++k) {
+    const TypeGroup group = GroupOfType(rows.Columns()[static_cast<std::size_t>(columns[k].column)].type);
+    keys[k].reserve(list.size());
+    for (const RowId row : list) keys[k].emplace_back(rows.Value(row, columns[k].column), group);
+  }
+  std::vector<std::size_t> places(list.size());
+  std::iota(places.begin(), places.end(), std::size_t(0));
+  std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
+    for (std::size_t k = 0; k < columns.size(); ++k)
+      if (const int sign = keys[k][a].Compare(keys[k][b]); sign != 0)
+        return columns[k].descending ? sign > 0 : sign < 0;
+    return false;
+  });
+  std::vector<RowId> sorted(list.size());
+  for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = list[places[i]];
+  list = std::move(sorted);
+}
+
+}  // namespace folvane

@@ -1,0 +1,155 @@
+#include "data/drivers/sqlite/SqliteDriver.h"
+
+#include <sqlite3.h>
+
+#include <folvane/SqliteConnection.h>
+
+#include "data/RowStore.h"
+#include "data/drivers/sqlite/SqliteErrors.h"
+#include "data/drivers/sqlite/SqliteFunctions.h"
+#include "data/drivers/sqlite/SqliteSchema.h"
+#include "data/drivers/sqlite/SqliteStatement.h"
+
+namespace folvane {
+
+namespace {
+
+constexpr int kMostPrepared = 64;
+
+std::vector<ColumnInfo> ColumnsOf(sqlite3_stmt* statement) {
+  std::vector<ColumnInfo> columns(static_cast<std::size_t>(sqlite3_column_count(statement)));
+  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+    ColumnInfo& column = columns[static_cast<std::size_t>(i)];
+    column.name = QString::fromUtf8(sqlite3_column_name(statement, i));
+    const char* declared = sqlite3_column_decltype(statement, i);
+    ReadDeclaredType(QString::fromUtf8(declared), column);
+    if (!declared) column.type = 0;  // an expression: its first value decides
+  }
+  return columns;
+}
+
+void AppendValue(sqlite3_stmt* statement, int column, RowStore& rows) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+      return rows.AddNull();
+    case SQLITE_INTEGER:
+      return rows.AddInteger(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+      return rows.AddReal(sqlite3_column_double(statement, column));
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+      return rows.AddBytes(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+    }
+    default: {
+      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+      return rows.AddText(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+    }
+  }
+}
+
+int TypeOfValue(int sqliteType) {
+  switch (sqliteType) {
+    case SQLITE_INTEGER:
+      return AdoType::BigInt;
+    case SQLITE_FLOAT:
+      return AdoType::Double;
+    case SQLITE_BLOB:
+      return AdoType::LongVarBinary;
+    default:
+      return AdoType::LongVarChar;
+  }
+}
+
+// An expression has no declared type; it takes that of its first value that is not null.
+void TypeExpressions(sqlite3_stmt* statement, std::vector<ColumnInfo>& columns, int& untyped) {
+  untyped = 0;
+  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+    ColumnInfo& column = columns[static_cast<std::size_t>(i)];
+    if (column.type != 0) continue;
+    if (const int type = sqlite3_column_type(statement, i); type != SQLITE_NULL)
+      column.type = TypeOfValue(type);
+    else
+      ++untyped;
+  }
+}
+
+// Puts a statement of the transaction's back to its start, whatever happened meanwhile.
+struct ResetOnLeave {
+  SqliteStatement& statement;
+  ~ResetOnLeave() { statement.Reset(); }
+};
+
+}  // namespace
+
+SqliteDriver::SqliteDriver(sqlite3* database) : database_(database) {
+  RegisterSqliteFunctions(database);
+  // "x" is always a name: a misspelt column must not turn into a text.
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+}
+
+SqliteDriver::~SqliteDriver() = default;
+
+std::shared_ptr<SqliteStatement> SqliteDriver::Prepare(const QByteArray& text) {
+  if (!inTransaction_) return std::make_shared<SqliteStatement>(database_, text);
+  if (const auto known = prepared_.constFind(text); known != prepared_.constEnd()) return *known;
+  if (prepared_.size() >= kMostPrepared) prepared_.clear();
+  auto statement = std::make_shared<SqliteStatement>(database_, text);
+  prepared_.insert(text, statement);
+  return statement;
+}
+
+qint64 SqliteDriver::Execute(const NativeStatement& native) {
+  const auto statement = Prepare(native.text);
+  const ResetOnLeave reset{*statement};
+  statement->Bind(native.parameters);
+  while (statement->Step()) {
+  }
+  return sqlite3_changes64(database_);
+}
+
+void SqliteDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows) {
+  const auto statement = Prepare(native.text);
+  const ResetOnLeave reset{*statement};
+  statement->Bind(native.parameters);
+  sqlite3_stmt* handle = statement->Handle();
+  columns = ColumnsOf(handle);
+  const int count = static_cast<int>(columns.size());
+  rows.SetColumnCount(count);
+  int untyped = count;
+  while (statement->Step()) {
+    if (untyped) TypeExpressions(handle, columns, untyped);
+    for (int i = 0; i < count; ++i) AppendValue(handle, i, rows);
+    rows.EndRow();
+  }
+  for (ColumnInfo& column : columns)
+    if (column.type == 0) column.type = AdoType::LongVarChar;
+}
+
+std::optional<TableInfo> SqliteDriver::Describe(const QString& table) { return DescribeSqliteTable(database_, table); }
+
+void SqliteDriver::Begin() {
+  // The write lock is taken at once: a transaction that starts by reading cannot be refused at its first write.
+  SqliteStatement(database_, "BEGIN IMMEDIATE").Step();
+  inTransaction_ = true;
+}
+
+void SqliteDriver::Commit() {
+  SqliteStatement(database_, "COMMIT").Step();
+  prepared_.clear();
+  inTransaction_ = false;
+}
+
+void SqliteDriver::Rollback() {
+  prepared_.clear();
+  inTransaction_ = false;
+  // Some errors roll back by themselves: https://www.sqlite.org/lang_transaction.html
+  if (!sqlite3_get_autocommit(database_)) SqliteStatement(database_, "ROLLBACK").Step();
+}
+
+std::shared_ptr<Connection> AdoptSqlite(sqlite3* database) {
+  if (!database) throw DataError(DataErrorKind::Usage, QStringLiteral("没有打开的 SQLite 数据库。"));
+  return std::make_shared<Connection>(std::make_unique<SqliteDriver>(database));
+}
+
+}  // namespace folvane

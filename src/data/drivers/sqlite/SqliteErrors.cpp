@@ -1,0 +1,41 @@
+#include "data/drivers/sqlite/SqliteErrors.h"
+
+#include <sqlite3.h>
+
+namespace folvane {
+
+namespace {
+
+// The low byte of an extended result code is the primary code: https://www.sqlite.org/rescode.html
+DataErrorKind KindOf(int result) {
+  switch (result & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return DataErrorKind::Locked;
+    case SQLITE_CONSTRAINT:
+      return DataErrorKind::Constraint;
+    case SQLITE_TOOBIG:
+      return DataErrorKind::TooLong;
+    case SQLITE_MISMATCH:
+      return DataErrorKind::Conversion;
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+    case SQLITE_MISUSE:
+      return DataErrorKind::Lost;
+    default:
+      return DataErrorKind::Statement;
+  }
+}
+
+}  // namespace
+
+void ThrowSqliteError(sqlite3* database, int result) {
+  const int code = sqlite3_extended_errcode(database);
+  // The handle's code belongs to its last call; where that one was another, the result in hand says more.
+  const int shown = (code & 0xff) == (result & 0xff) ? code : result;
+  throw DataError(KindOf(shown), QString::fromUtf8(sqlite3_errmsg(database)), {}, QString::number(shown));
+}
+
+}  // namespace folvane
