@@ -45,7 +45,8 @@ endfunction()
 
 # folvane_test(NAME [WIDGETS] [DEPENDS target...])
 #
-# Makes the GoogleTest program test_NAME of all sources in the calling folder and hands its cases to ctest.
+# Makes the GoogleTest program test_NAME of all sources in the calling folder and the test NAME, which runs it beside a
+# PostgreSQL server.
 function(folvane_test name)
   cmake_parse_arguments(arg "WIDGETS" "" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -55,6 +56,6 @@ function(folvane_test name)
   if(arg_WIDGETS)
     target_precompile_headers(test_${name} PRIVATE <QtWidgets/QtWidgets> <QtTest/QtTest> <gtest/gtest.h>)
   endif()
-  add_test(NAME ${name} COMMAND test_${name})
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-postgres $<TARGET_FILE:test_${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()

@@ -1,0 +1,38 @@
+// The main of every test program: the same screen, font, locale and clock zone on every machine, and nothing of the
+// user's own settings.
+#include <QApplication>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+
+#include "support/HostDoubles.h"
+#include "support/WindowDriver.h"
+
+namespace {
+
+void PinSurroundings(const QString& home) {
+  const QByteArray surroundings = TEST_SURROUNDINGS;
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + surroundings + "/screen.json");
+  qputenv("FONTCONFIG_FILE", surroundings + "/fonts.conf");
+  qputenv("QT_STYLE_OVERRIDE", "Fusion");
+  qputenv("LC_ALL", "C.UTF-8");
+  qputenv("TZ", "UTC");
+  for (const char* unwanted : {"QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_QPA_PLATFORMTHEME", "QT_PLUGIN_PATH"})
+    qunsetenv(unwanted);
+  for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) qputenv(folder, home.toUtf8());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QTemporaryDir home;
+  PinSurroundings(home.path());
+  testing::InitGoogleMock(&argc, argv);
+  QApplication application(argc, argv);
+  // The defaults of Qt's own platform differ from machine to machine; the pinned font has this size everywhere.
+  QApplication::setFont(QFont(QStringLiteral("WenQuanYi Micro Hei"), 9));
+  QApplication::setQuitOnLastWindowClosed(false);
+  auto& listeners = testing::UnitTest::GetInstance()->listeners();
+  listeners.Append(new folvane::test::HostDoublesListener);
+  listeners.Append(new folvane::test::WindowDriverListener);
+  return RUN_ALL_TESTS();
+}
