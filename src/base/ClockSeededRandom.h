@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtGlobal>
+#include <random>
+#include <unordered_set>
+
+namespace folvane {
+
+/// Random numbers for keys: seeded from the clock anew for each number. Record keys are made of the second and of six
+/// random digits, and an archive transfer makes hundreds in a second; so a number whose first six digits were given in
+/// this second or the one before is not given again.
+class ClockSeededRandom {
+ public:
+  ClockSeededRandom();
+  /// In [0, 1).
+  double Next();
+
+ private:
+  double Draw();
+  void ForgetOldDraws();
+
+  std::mt19937_64 generator_;
+  qint64 second_ = 0;
+  std::unordered_set<int> drawn_, drawnBefore_;
+};
+
+}  // namespace folvane

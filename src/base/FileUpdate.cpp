@@ -1,0 +1,51 @@
+#include "base/FileUpdate.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+
+#include "base/FileError.h"
+
+namespace folvane {
+namespace {
+
+constexpr int kLockWait = 5000;  // milliseconds; an update takes a few
+
+FileError Unreadable(const QFileDevice& file) {
+  return FileError(QStringLiteral("文件 %1 无法读取：%2").arg(file.fileName(), file.errorString()));
+}
+
+FileError Unwritable(const QString& path, const QString& reason) {
+  return FileError(QStringLiteral("文件 %1 无法写入：%2").arg(path, reason));
+}
+
+void SaveFile(const QString& path, const QByteArray& content) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) throw Unwritable(path, file.errorString());
+  file.write(content);
+  if (!file.commit()) throw Unwritable(path, file.errorString());
+}
+
+}  // namespace
+
+QByteArray ReadFile(const QString& path) {
+  QFile file(path);
+  if (!file.exists()) return {};
+  if (!file.open(QIODevice::ReadOnly)) throw Unreadable(file);
+  const QByteArray content = file.readAll();
+  if (file.error() != QFileDevice::NoError) throw Unreadable(file);
+  return content;
+}
+
+void UpdateFile(const QString& path, const std::function<QByteArray(const QByteArray&)>& change) {
+  QDir().mkpath(QFileInfo(path).absolutePath());  // a failure shows at the lock
+  QLockFile lock(path + QStringLiteral(".lock"));
+  if (!lock.tryLock(kLockWait)) throw Unwritable(path, QStringLiteral("文件被占用，或所在目录不可写。"));
+  const QByteArray before = ReadFile(path);
+  const QByteArray after = change(before);
+  if (after != before || !QFile::exists(path)) SaveFile(path, after);
+}
+
+}  // namespace folvane

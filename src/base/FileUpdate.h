@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+
+namespace folvane {
+
+/// The whole content of a file, "" when it does not exist. @throws FileError
+QByteArray ReadFile(const QString& path);
+
+/// Gives a file new content made from its present one, "" when it does not exist. Whoever reads meanwhile sees the old
+/// file or the new one, and of two processes that update at a time neither loses the other's change.
+/// @throws FileError when the file cannot be read, locked or written; it then stays as it was
+void UpdateFile(const QString& path, const std::function<QByteArray(const QByteArray&)>& change);
+
+}  // namespace folvane

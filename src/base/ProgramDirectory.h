@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace folvane {
+
+/// The directory of the program: INI files, the Data folder and the help file lie there. Without trailing separator.
+QString ProgramDirectory();
+
+/// The path of a file in the program's directory. See ExistingPath.
+QString ProgramFile(const QString& name);
+
+/// The path as the file's name is spelt on the disk: the configuration files' names are written in several ways, and
+/// a file is found whatever the case of its name. The path unchanged when no such file exists.
+QString ExistingPath(const QString& path);
+
+}  // namespace folvane
