@@ -1,0 +1,111 @@
+#include "records/ClassTreeBuilder.h"
+
+#include <vector>
+
+#include "records/TableRights.h"
+#include "records/YearFormula.h"
+#include "shell/CommonRoutines.h"
+#include "shell/SharedState.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+const QString kRootKey = u"*\\"_s;
+constexpr int kRootClass = 1;
+
+QString ClassKey(const QString& classId) { return u"C"_s + classId + u"\\"_s; }
+
+QString TablesStatement(const QString& classId, const QString& parentTable) {
+  return u"Select TableName,ChnTableName,RelationField From Design_TableRelation Where ClassId = "_s + classId +
+         (parentTable.isEmpty() ? u" And (Table_Parent = '' Or Table_Parent is null)"_s
+                                : u" And Table_Parent = '"_s + parentTable + u"'"_s);
+}
+
+}  // namespace
+
+void ClassTreeBuilder::BuildRoot() {
+  transfers_.Open(u"Select * From DataTransfer_Ini"_s, SharedConnection());
+  tree_.Clear();
+  parameters_.Clear();
+  AddClassNodes(tree_.AddNode(0, kRootKey, u"公文总库"_s, NodeImage::Close), QString::number(kRootClass));
+}
+
+void ClassTreeBuilder::AddClassNodes(int parent, const QString& classParent) {
+  Recordset classes;
+  classes.Open(u"Select ClassId,ClassName From Design_ClassRelation Where Class_Parent = "_s + classParent,
+               SharedConnection());
+  for (; !classes.EOF_(); classes.MoveNext()) {
+    const QString id = classes[u"ClassId"_s].Text();
+    if (id.isEmpty() || tree_.StandsOnPath(parent, ClassKey(id))) continue;
+    AddClassNodes(tree_.AddNode(parent, ClassKey(id), classes[u"ClassName"_s].Text(), NodeImage::Close, id), id);
+  }
+}
+
+void ClassTreeBuilder::AddTableNodes(int parent, const QString& classId, const QString& parentTable) {
+  Recordset tables;
+  tables.Open(TablesStatement(classId, parentTable), SharedConnection());
+  for (; !tables.EOF_(); tables.MoveNext()) {
+    const QString key = tables[u"TableName"_s].Text();
+    if (key.isEmpty() || tree_.StandsOnPath(parent, key)) continue;
+    AddTable(parent, classId, parentTable, tables);
+  }
+}
+
+void ClassTreeBuilder::AddTable(int parent, const QString& classId, const QString& parentTable,
+                                const Recordset& table) {
+  const QString key = table[u"TableName"_s].Text();
+  const QString relation = table[u"RelationField"_s].Text();
+  const int node = tree_.AddNode(parent, key, table[u"ChnTableName"_s].Text(), NodeImage::Table);
+  const int row = parameters_.Add(key);
+  ReadTableRights(parameters_, row, key);
+  parameters_.Set(row, Parameter::Order, ReadDefaultOrder(key));
+  parameters_.Set(row, Parameter::Parent, parentTable);
+  parameters_.Set(row, Parameter::Relation, relation);
+  parameters_.Set(row, Parameter::Node, QString::number(node));
+  parameters_.Set(row, Parameter::Target, TargetOf(key));
+  tree_.SetTag(node, row);
+  GroupTable(node);
+  if (const int above = parentTable.isEmpty() ? 0 : tree_.Node(parent).tag.toInt(); above != 0) {
+    parameters_.Set(above, Parameter::Child, key);
+    parameters_.Set(above, Parameter::ChildRelation, relation);
+  }
+  AddTableNodes(node, classId, key);
+}
+
+void ClassTreeBuilder::OpenClass(int node) {
+  const QString key = tree_.Node(node).key;
+  if (key == kRootKey || !tree_.Node(node).children.empty()) return;
+  AddTableNodes(node, key.mid(1, key.size() - 2), QString());
+}
+
+void ClassTreeBuilder::GroupTable(int node) {
+  const QString table = tree_.Node(node).key;
+  const QString field = ReadYearFormula(table).trimmed();
+  if (field == u"0"_s || !TableHasField(table, field)) return;
+  AddSecondLevelNodes(node, table, field);
+  tree_.SetImage(node, NodeImage::Cent1);
+}
+
+void ClassTreeBuilder::AddSecondLevelNodes(int parent, const QString& table, const QString& field) {
+  Recordset values;
+  values.Open(SecondLevelStatement(table, field), SharedConnection());
+  const QVariant row = tree_.Node(parent).tag;
+  for (; !values.EOF_(); values.MoveNext()) {
+    const Field value = values.Fields().Item(0);
+    if (value.IsNull()) continue;
+    const QString text = value.Text().trimmed();
+    tree_.AddNode(parent, table + u"-"_s + text, text, NodeImage::Cent, row);
+  }
+}
+
+QString ClassTreeBuilder::TargetOf(const QString& table) {
+  transfers_.SetFilter(u"SourceTbl='"_s + table + u"'"_s);
+  return transfers_.EOF_() ? QString() : transfers_[u"DesTbl"_s].Text();
+}
+
+QString TableOfNode(const ClassTreeNode& node) {
+  return node.image == NodeImage::Cent ? node.key.section(u'-', 0, 0) : node.key;
+}
+
+}  // namespace folvane

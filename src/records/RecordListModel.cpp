@@ -1,0 +1,97 @@
+#include "records/RecordListModel.h"
+
+#include <algorithm>
+
+namespace folvane {
+
+void RecordListModel::SetColumns(std::vector<ListColumn> columns) {
+  beginResetModel();
+  rows_.clear();
+  columns_ = std::move(columns);
+  endResetModel();
+}
+
+int RecordListModel::FindColumn(const QString& key) const {
+  const auto found = std::find_if(columns_.begin(), columns_.end(), [&](const ListColumn& column) {
+    return column.key.compare(key, Qt::CaseInsensitive) == 0;
+  });
+  return found == columns_.end() ? -1 : int(found - columns_.begin());
+}
+
+void RecordListModel::SetCaption(int column, const QString& caption) {
+  columns_.at(size_t(column)).caption = caption;
+  Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+}
+
+void RecordListModel::ClearRows() {
+  if (rows_.empty()) return;
+  // Removed rather than reset: a reset would have the header start over with its widths.
+  beginRemoveRows({}, 0, Count() - 1);
+  rows_.clear();
+  endRemoveRows();
+}
+
+void RecordListModel::InsertRow(int at, ListRow row) {
+  beginInsertRows({}, at, at);
+  rows_.insert(rows_.begin() + at, std::move(row));
+  endInsertRows();
+}
+
+QString RecordListModel::KeyOf(int row) const {
+  return row >= 0 && row < Count() && !Row(row).cells.isEmpty() ? Row(row).cells.last() : QString();
+}
+
+int RecordListModel::FindRow(const QString& key) const {
+  for (int row = 0; row < Count(); ++row) {
+    if (KeyOf(row) == key) return row;
+  }
+  return -1;
+}
+
+void RecordListModel::SetIcon(int row, int icon) {
+  rows_.at(size_t(row)).icon = icon;
+  Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1), {Qt::DecorationRole, Qt::UserRole + 1});
+}
+
+int RecordListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Count(); }
+
+int RecordListModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : int(columns_.size());
+}
+
+QVariant RecordListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const ListRow& row = Row(index.row());
+  switch (role) {
+    case Qt::DisplayRole:
+      return row.cells.value(index.column());
+    case Qt::DecorationRole:
+      return index.column() == 0 && decoration_ ? decoration_(row.icon) : QVariant();
+    case Qt::UserRole:
+      return KeyOf(index.row());
+    case Qt::UserRole + 1:
+      return row.icon;
+    default:
+      return {};
+  }
+}
+
+QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+  const ListColumn& column = columns_[size_t(section)];
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+      return column.caption;
+    case Qt::TextAlignmentRole:
+      return int(Qt::AlignLeft | Qt::AlignVCenter);
+    case Qt::UserRole:
+      return column.key;
+    case Qt::UserRole + 2:
+      return column.tag;
+    default:
+      return {};
+  }
+}
+
+}  // namespace folvane

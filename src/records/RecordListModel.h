@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QString>
+#include <QStringList>
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace folvane {
+
+/// A column of a record list; its key is the field it shows.
+struct ListColumn {
+  QString key, caption;
+  int width = 0;  ///< in list units, as the design gives it
+  QString tag;
+};
+
+/// A row of a record list: one text per column, and the number of its icon.
+struct ListRow {
+  QStringList cells;
+  int icon = 0;
+};
+
+/// The rows of a record list that have been loaded so far. The last column always holds the record's key.
+///
+/// Rows and columns count from 0 here, as in any item model. Display role is the text; Qt::UserRole of a header is the
+/// column's key and + 2 its tag; of a row Qt::UserRole is the record's key and + 1 the icon number.
+class RecordListModel : public QAbstractTableModel {
+ public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  void SetColumns(std::vector<ListColumn> columns);
+  const std::vector<ListColumn>& Columns() const { return columns_; }
+  /// The column of that key without regard to case, -1 when there is none.
+  int FindColumn(const QString& key) const;
+  void SetCaption(int column, const QString& caption);
+  void SetColumnTag(int column, const QString& tag) { columns_.at(size_t(column)).tag = tag; }
+
+  void ClearRows();
+  void InsertRow(int at, ListRow row);
+  int Count() const { return int(rows_.size()); }
+  const ListRow& Row(int row) const { return rows_.at(size_t(row)); }
+  /// The key of a row's record; "" for a row that is not there.
+  QString KeyOf(int row) const;
+  /// The row of a record, -1 when it is not loaded.
+  int FindRow(const QString& key) const;
+  void SetIcon(int row, int icon);
+  /// What the decoration role shows for an icon number.
+  void SetDecoration(std::function<QVariant(int icon)> decoration) { decoration_ = std::move(decoration); }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  std::vector<ListColumn> columns_;
+  std::deque<ListRow> rows_;
+  std::function<QVariant(int)> decoration_;
+};
+
+}  // namespace folvane
