@@ -13,9 +13,10 @@ ColumnIndex::ColumnIndex(const Rows& rows, int column)
   const TypeGroup group = GroupOfType(rows.Columns()[static_cast<std::size_t>(column)].type);
   // From the last row to the first, so that each slot's chain ascends.
   for (RowId row = rows.StoredCount(); row-- > 0;) {
-    const auto key = IndexKeyOf(rows.Store().At(row, column), group);
-    if (!key) continue;
-    RowId& head = heads_[Slot(*key)];
+    const Cell cell = rows.Store().At(row, column);
+    if (cell.kind == Cell::Null) continue;
+    const bool isText = group == TypeGroup::Text && cell.kind == Cell::Text;
+    RowId& head = heads_[isText ? Slot(cell.bytes) : Slot(IndexKeyOf(cell, group))];
     links_[row] = head;
     head = row + 1;
   }

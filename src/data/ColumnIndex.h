@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "data/Rows.h"
+#include "data/TextFold.h"
 
 namespace folvane {
 
@@ -15,13 +16,13 @@ class ColumnIndex {
   /// Calls visit(row) for the rows, ascending, whose stored value may equal the key; the caller tests it. Ends when
   /// visit gives true.
   template <typename Visit>
-  void Each(const QByteArray& key, Visit visit) const {
+  void Each(QByteArrayView key, Visit visit) const {
     for (RowId next = heads_[Slot(key)]; next != 0; next = links_[next - 1])
       if (visit(next - 1)) return;
   }
 
  private:
-  std::size_t Slot(QByteArrayView key) const { return qHash(key, 0) & mask_; }
+  std::size_t Slot(QByteArrayView key) const { return FoldedHash(key) & mask_; }
 
   std::size_t mask_;
   std::vector<RowId> heads_;  ///< row + 1; 0 for none

@@ -107,8 +107,7 @@ std::optional<QByteArray> Condition::IndexKey() const {
   return std::nullopt;
 }
 
-std::optional<QByteArray> IndexKeyOf(const Cell& cell, TypeGroup group) {
-  if (cell.kind == Cell::Null) return std::nullopt;
+QByteArray IndexKeyOf(const Cell& cell, TypeGroup group) {
   if (group == TypeGroup::Text && cell.kind == Cell::Text) return FoldText(cell.bytes);
   const QVariant value = cell.ToVariant();
   return group == TypeGroup::Number ? NumberKey(value.toDouble()) : FoldText(ValueText(value));

@@ -34,8 +34,8 @@ class Condition {
   QByteArray folded_;  ///< of a text literal
 };
 
-/// The form that equal values of an index share; nothing for null.
-std::optional<QByteArray> IndexKeyOf(const Cell& cell, TypeGroup group);
+/// The form that equal values of an index share, of a value that is not null.
+QByteArray IndexKeyOf(const Cell& cell, TypeGroup group);
 
 /// A Filter text: conditions joined by And within Or, with brackets.
 class Criteria {

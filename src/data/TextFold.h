@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <cstdint>
 
 namespace folvane {
 
@@ -20,6 +21,14 @@ inline QByteArray FoldText(QByteArrayView utf8) {
   QByteArray folded = WithoutTrailingBlanks(utf8).toByteArray();
   for (char& c : folded) c = FoldAscii(c);
   return folded;
+}
+
+/// A hash that texts of one folded form share, without making that form.
+inline std::size_t FoldedHash(QByteArrayView utf8) {
+  std::uint64_t hash = 0xcbf29ce484222325u;  // FNV-1a, http://www.isthe.com/chongo/tech/comp/fnv/
+  for (const char c : WithoutTrailingBlanks(utf8))
+    hash = (hash ^ static_cast<unsigned char>(FoldAscii(c))) * 0x100000001b3u;
+  return static_cast<std::size_t>(hash ^ (hash >> 32));
 }
 
 inline QByteArray FoldText(const QString& text) { return FoldText(QByteArrayView(text.toUtf8())); }
