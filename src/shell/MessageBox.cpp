@@ -1,0 +1,112 @@
+#include "shell/MessageBox.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <vector>
+
+#include "shell/Messages.h"
+
+namespace folvane {
+namespace {
+
+constexpr char kAnswer[] = "Answer";
+
+std::vector<int> AnswersOf(int flags) {
+  switch (flags & 15) {
+    case MessageFlag::OkCancel:
+      return {Answer::Ok, Answer::Cancel};
+    case MessageFlag::YesNoCancel:
+      return {Answer::Yes, Answer::No, Answer::Cancel};
+    case MessageFlag::YesNo:
+      return {Answer::Yes, Answer::No};
+    default:
+      return {Answer::Ok};
+  }
+}
+
+QMessageBox::Icon IconOf(int flags) {
+  switch (flags & 0x70) {
+    case MessageFlag::Critical:
+      return QMessageBox::Critical;
+    case MessageFlag::Question:
+      return QMessageBox::Question;
+    case MessageFlag::Warning:
+      return QMessageBox::Warning;
+    case MessageFlag::Information:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
+  }
+}
+
+std::size_t DefaultKeyOf(int flags, std::size_t count) {
+  const std::size_t place = flags & MessageFlag::ThirdIsDefault ? 2 : flags & MessageFlag::SecondIsDefault ? 1 : 0;
+  return place < count ? place : 0;
+}
+
+int EscapeAnswerOf(const std::vector<int>& answers) {
+  if (answers.back() == Answer::Cancel) return Answer::Cancel;
+  return answers.size() == 1 ? answers.front() : 0;
+}
+
+// Line breaks come in every spelling: CR LF, LF CR and either alone.
+QString WithPlainLineBreaks(QString text) {
+  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+      .replace(QStringLiteral("\n\r"), QStringLiteral("\n"))
+      .replace(u'\r', u'\n');
+}
+
+}  // namespace
+
+MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessageBox(parent) {
+  setWindowTitle(request.title);
+  setTextFormat(Qt::PlainText);  // what stands in a record is never markup
+  setText(WithPlainLineBreaks(request.text));
+  setIcon(IconOf(request.flags));
+  const std::vector<int> answers = AnswersOf(request.flags);
+  escapeAnswer_ = EscapeAnswerOf(answers);
+  for (const int answer : answers) AddKey(answer);
+  setDefaultButton(qobject_cast<QPushButton*>(buttons().at(int(DefaultKeyOf(request.flags, answers.size())))));
+}
+
+void MessageBox::AddKey(int answer) {
+  struct Look {
+    int answer;
+    QString text;
+    ButtonRole role;
+    Qt::Key shortcut;
+  };
+  static const Look looks[] = {
+      {Answer::Ok, QStringLiteral("确定"), AcceptRole, Qt::Key_unknown},
+      {Answer::Cancel, QStringLiteral("取消"), RejectRole, Qt::Key_unknown},
+      {Answer::Yes, QStringLiteral("是"), YesRole, Qt::Key_Y},
+      {Answer::No, QStringLiteral("否"), NoRole, Qt::Key_N},
+  };
+  for (const Look& look : looks) {
+    if (look.answer != answer) continue;
+    QPushButton* key = addButton(look.text, look.role);
+    key->setProperty(kAnswer, answer);
+    if (look.shortcut != Qt::Key_unknown) key->setShortcut(QKeySequence(look.shortcut));
+  }
+}
+
+int MessageBox::GivenAnswer() const {
+  if (const QAbstractButton* key = clickedButton()) return key->property(kAnswer).toInt();
+  return escapeAnswer_ != 0 ? escapeAnswer_ : int(Answer::No);  // the application ended the box
+}
+
+void MessageBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && escapeAnswer_ == 0) return;
+  QMessageBox::keyPressEvent(event);
+}
+
+void MessageBox::closeEvent(QCloseEvent* event) {
+  if (escapeAnswer_ == 0) {
+    event->ignore();
+  } else {
+    QMessageBox::closeEvent(event);
+  }
+}
+
+}  // namespace folvane

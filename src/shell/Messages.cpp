@@ -1,0 +1,56 @@
+#include "shell/Messages.h"
+
+#include <QApplication>
+#include <QFileDialog>
+
+#include "shell/MessageBox.h"
+
+namespace folvane {
+namespace {
+
+int ShowMessageBox(const MessageRequest& request) {
+  MessageBox box(request, QApplication::activeWindow());
+  box.exec();
+  return box.GivenAnswer();
+}
+
+// "Text|*.a;*.b|Text|*.*" as Qt writes it: "Text (*.a *.b);;Text (*)".
+QString QtFilter(const QString& filter) {
+  const QStringList parts = filter.split(u'|');
+  QStringList filters;
+  for (qsizetype index = 0; index + 1 < parts.size(); index += 2) {
+    QString patterns = parts[index + 1];
+    patterns.replace(QStringLiteral("*.*"), QStringLiteral("*")).replace(u';', u' ');
+    const QString bare = parts[index].section(u'(', 0, 0).trimmed();  // the patterns may stand in the text already
+    filters << QStringLiteral("%1 (%2)").arg(bare, patterns);
+  }
+  return filters.join(QStringLiteral(";;"));
+}
+
+// "dat" of "Text|*.dat;*.txt".
+QString FirstSuffix(const QString& filter) {
+  const QString pattern = filter.section(u'|', 1, 1).section(u';', 0, 0);
+  const QString suffix = pattern.section(u'.', 1);
+  return suffix.contains(u'*') ? QString() : suffix;
+}
+
+QString ShowFileDialog(const FileRequest& request) {
+  QFileDialog dialog(QApplication::activeWindow(), request.title, request.directory, QtFilter(request.filter));
+  dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (request.save) dialog.setDefaultSuffix(FirstSuffix(request.filter));
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+int ShowMessage(const QString& text, int flags, const QString& title) {
+  const MessageRequest request{text, flags, title};
+  return Services().messageBox ? Services().messageBox(request) : ShowMessageBox(request);
+}
+
+QString AskForFile(const FileRequest& request) {
+  return Services().fileDialog ? Services().fileDialog(request) : ShowFileDialog(request);
+}
+
+}  // namespace folvane

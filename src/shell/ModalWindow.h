@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+
+class QWidget;
+
+namespace folvane {
+
+/// Shows a window modally over the active one and returns when it is hidden, closed or deleted. The object stays and
+/// can be shown again. The window's size and place are remembered for the user under its object name.
+///
+/// `opening` runs once inside the event loop, right after the window is shown. An exception there ends the window and
+/// is thrown again from here.
+void ShowModal(QWidget& window, std::function<void()> opening = {});
+
+}  // namespace folvane

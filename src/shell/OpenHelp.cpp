@@ -1,0 +1,42 @@
+#include <QFile>
+
+#include <folvane/HostServices.h>
+
+#include "base/FileError.h"
+#include "base/IgnoreErrors.h"
+#include "base/ProgramDirectory.h"
+#include "shell/CommonRoutines.h"
+#include "shell/EventGuard.h"
+#include "shell/Messages.h"
+
+namespace folvane {
+namespace {
+
+void SayFileIsMissing() {
+  const QString directory = ProgramDirectory();
+  ShowMessage(QStringLiteral("帮助文件 ") + directory +
+                  QStringLiteral("\\\\help.chm 不存在\r\n请将 help.chm 文件拷贝到 ") + directory +
+                  QStringLiteral(" 路径下。"),
+              MessageFlag::Information, kSystemTitle);
+}
+
+void ShowTopic(QWidget* window, const QString& file, const QString& topic) {
+  if (!Services().showHelp) throw FileError(QStringLiteral("没有可以显示帮助文件的程序。"));
+  Services().showHelp(window, file, topic);
+}
+
+}  // namespace
+
+void OpenHelp(QWidget* window, const QString& topic) {
+  IgnoreErrors([&] {
+    const QString file = ProgramFile(QStringLiteral("help.chm"));
+    if (!QFile::exists(file)) return SayFileIsMissing();
+    try {
+      ShowTopic(window, file, topic);
+    } catch (const std::exception& error) {
+      ShowMessage(ErrorText(error));
+    }
+  });
+}
+
+}  // namespace folvane

@@ -1,0 +1,12 @@
+#pragma once
+
+class QWidget;
+
+namespace folvane {
+
+/// Gives a window the size and place that the user left it with, or else its own size in the middle of the screen. It
+/// never reaches beyond the screen. A window without an object name is not remembered.
+void RestorePlacement(QWidget& window);
+void RememberPlacement(const QWidget& window);
+
+}  // namespace folvane
