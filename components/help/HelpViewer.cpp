@@ -1,0 +1,91 @@
+#include "components/help/HelpViewer.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QFontMetrics>
+#include <QPointer>
+#include <QResource>
+#include <QScreen>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace folvane {
+namespace {
+
+const QString kRoot = QStringLiteral("/folvane/help");
+
+QString Notice(const QString& text) { return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()); }
+
+}  // namespace
+
+HelpViewer::HelpViewer(QWidget* owner, const QString& file)
+    : QWidget(owner, Qt::Window),
+      file_(file),
+      registered_(QResource::registerResource(file, kRoot)),
+      browser_(new QTextBrowser(this)) {
+  setObjectName(QStringLiteral("HelpViewer"));
+  setWindowTitle(QStringLiteral("帮助"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  setAttribute(Qt::WA_QuitOnClose, false);
+  if (owner) owner->installEventFilter(this);
+  LayOut();
+  connect(browser_, &QTextBrowser::sourceChanged, this, [this] {
+    const QString title = browser_->documentTitle();
+    setWindowTitle(title.isEmpty() ? QStringLiteral("帮助") : QStringLiteral("帮助 - ") + title);
+  });
+}
+
+HelpViewer::~HelpViewer() {
+  if (registered_) QResource::unregisterResource(file_, kRoot);
+}
+
+void HelpViewer::LayOut() {
+  auto* bar = new QToolBar(this);
+  QAction* back = bar->addAction(QStringLiteral("后退"), browser_, &QTextBrowser::backward);
+  QAction* forward = bar->addAction(QStringLiteral("前进"), browser_, &QTextBrowser::forward);
+  for (QAction* action : {back, forward}) action->setEnabled(false);
+  back->setShortcut(QKeySequence::Back);
+  forward->setShortcut(QKeySequence::Forward);
+  connect(browser_, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+  connect(browser_, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(bar);
+  column->addWidget(browser_);
+  const QFontMetrics metrics(font());
+  resize(QSize(metrics.averageCharWidth() * 90, metrics.lineSpacing() * 36).boundedTo(screen()->availableSize()));
+}
+
+void HelpViewer::ShowTopic(const QString& topic) {
+  if (!registered_) {
+    browser_->setHtml(Notice(QStringLiteral("文件 %1 不是本系统的帮助文件，无法显示。").arg(file_)));
+  } else if (!QFile::exists(u':' + kRoot + u'/' + topic)) {
+    browser_->setHtml(Notice(QStringLiteral("帮助文件中没有“%1”这一主题。").arg(topic)));
+  } else {
+    QUrl page;
+    page.setScheme(QStringLiteral("qrc"));
+    page.setPath(kRoot + u'/' + topic);
+    browser_->setSource(page, QTextDocument::HtmlResource);
+  }
+}
+
+bool HelpViewer::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous()) close();
+  return false;
+}
+
+void ShowHelp(QWidget* owner, const QString& file, const QString& topic) {
+  static QPointer<HelpViewer> viewer;
+  delete viewer;  // it may belong to another window, or show another file
+  viewer = new HelpViewer(owner ? owner->window() : nullptr, file);
+  viewer->ShowTopic(topic);
+  viewer->show();
+  viewer->raise();
+  viewer->activateWindow();
+}
+
+}  // namespace folvane
