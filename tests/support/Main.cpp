@@ -2,6 +2,7 @@
 // user's own settings.
 #include <QApplication>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <gmock/gmock.h>
 
 #include "support/HostDoubles.h"
@@ -18,7 +19,14 @@ void PinSurroundings(const QString& home) {
   qputenv("TZ", "UTC");
   for (const char* unwanted : {"QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_QPA_PLATFORMTHEME", "QT_PLUGIN_PATH"})
     qunsetenv(unwanted);
-  for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) qputenv(folder, home.toUtf8());
+  for (const char* folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+    qputenv(folder, home.toUtf8());
+}
+
+/// Passes on what Qt has to say, less what the offscreen platform says of itself at every window.
+void TellMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (text.startsWith(QLatin1String("This plugin does not support"))) return;
+  std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
 }  // namespace
@@ -26,6 +34,7 @@ void PinSurroundings(const QString& home) {
 int main(int argc, char** argv) {
   const QTemporaryDir home;
   PinSurroundings(home.path());
+  qInstallMessageHandler(TellMessage);
   testing::InitGoogleMock(&argc, argv);
   QApplication application(argc, argv);
   // The defaults of Qt's own platform differ from machine to machine; the pinned font has this size everywhere.
