@@ -1,0 +1,193 @@
+#include "data/drivers/odbc/OdbcDriver.h"
+
+#include <array>
+#include <sqlext.h>
+
+#include <folvane/OdbcConnection.h>
+
+#include "data/RowStore.h"
+#include "data/drivers/odbc/OdbcErrors.h"
+#include "data/drivers/odbc/OdbcRows.h"
+#include "data/drivers/odbc/OdbcSchema.h"
+#include "data/drivers/odbc/OdbcStatement.h"
+#include "data/drivers/odbc/OdbcTypes.h"
+
+namespace folvane {
+
+namespace {
+
+constexpr int kMostPrepared = 64;
+// The width with which PostgreSQL's ODBC driver describes a varchar without a length.
+constexpr int kWidthOfNoLength = 255;
+
+QString ServerName(SQLHDBC connection) {
+  std::array<char, 256> name{};
+  const SQLRETURN outcome = SQLGetInfo(connection, SQL_DBMS_NAME, name.data(), SQLSMALLINT(name.size()), nullptr);
+  if (!SQL_SUCCEEDED(outcome)) ThrowOdbcError(SQL_HANDLE_DBC, connection, connection);
+  return QString::fromUtf8(name.data());
+}
+
+QByteArray BaseName(OdbcStatement& statement, std::size_t column, SQLUSMALLINT attribute) {
+  std::array<char, 256> name{};
+  statement.Check(SQLColAttribute(statement.Handle(), static_cast<SQLUSMALLINT>(column + 1), attribute, name.data(),
+                                  SQLSMALLINT(name.size()), nullptr, nullptr));
+  return name.data();
+}
+
+}  // namespace
+
+DialectKind DialectOfServer(const QString& name) {
+  if (name.startsWith(QLatin1String("PostgreSQL"), Qt::CaseInsensitive)) return DialectKind::PostgreSql;
+  for (const char* known : {"Microsoft SQL Server", "SQL Server", "Adaptive Server", "Sybase", "ASE", "FreeTDS"})
+    if (name.contains(QLatin1String(known), Qt::CaseInsensitive)) return DialectKind::TransactSql;
+  throw DataError(DataErrorKind::Usage,
+                  QStringLiteral("不支持的数据库“%1”：只能使用 PostgreSQL、SQL Server 或 Sybase。").arg(name));
+}
+
+OdbcDriver::OdbcDriver(SQLHDBC connection)
+    : connection_(connection), dialect_(DialectOfServer(ServerName(connection))) {
+  CheckEncoding();
+}
+
+OdbcDriver::~OdbcDriver() = default;
+
+// A connection that was opened with the wide calls, or with a client encoding of its own, would put question marks in
+// the place of Chinese text without a word.
+void OdbcDriver::CheckEncoding() {
+  if (dialect_ != DialectKind::PostgreSql) return;
+  const QString sample = QStringLiteral("档案");
+  std::vector<ColumnInfo> columns;
+  RowStore rows;
+  Query({"SELECT '" + sample.toUtf8() + "', length('" + sample.toUtf8() + "')", {}}, columns, rows);
+  const bool kept = rows.RowCount() == 1 && rows.At(0, 0).ToVariant().toString() == sample &&
+                    rows.At(0, 1).ToVariant().toInt() == sample.size();
+  if (!kept)
+    throw DataError(
+        DataErrorKind::Usage,
+        QStringLiteral("数据库连接的字符编码不是 UTF-8，汉字会丢失。请用 ANSI 方式连接，并将 client_encoding "
+                       "设为 UTF8。"));
+}
+
+// Notes a failure inside a transaction, which may have ended it on the server.
+template <typename Work>
+auto OdbcDriver::Run(Work work) {
+  try {
+    return work();
+  } catch (const DataError&) {
+    failedInTransaction_ = inTransaction_;
+    throw;
+  }
+}
+
+OdbcStatement& OdbcDriver::Prepared(const QByteArray& text) {
+  if (const auto known = prepared_.constFind(text); known != prepared_.constEnd()) return **known;
+  if (prepared_.size() >= kMostPrepared) prepared_.clear();
+  auto statement = std::make_shared<OdbcStatement>(connection_);
+  statement->Prepare(text);
+  return **prepared_.insert(text, statement);
+}
+
+qint64 OdbcDriver::Execute(const NativeStatement& native) {
+  return Run([&] {
+    if (inTransaction_ && !native.parameters.empty()) {
+      OdbcStatement& statement = Prepared(native.text);
+      statement.Execute(native.parameters);
+      return statement.ChangedRows();
+    }
+    OdbcStatement statement(connection_);
+    statement.ExecuteDirect(native);
+    return statement.ChangedRows();
+  });
+}
+
+void OdbcDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows) {
+  Run([&] {
+    OdbcStatement statement(connection_);
+    statement.ExecuteDirect(native);
+    std::vector<OdbcColumn> described = DescribeResult(dialect_, statement);
+    ReadRows(statement, described, rows);
+    FindWidths(statement, described);
+    columns.clear();
+    for (const OdbcColumn& column : described) columns.push_back(column.info);
+  });
+}
+
+// A varchar without a length cannot be told from varchar(255) by its description; the table's own columns can.
+void OdbcDriver::FindWidths(OdbcStatement& statement, std::vector<OdbcColumn>& columns) {
+  if (dialect_ != DialectKind::PostgreSql) return;
+  QHash<QByteArray, std::optional<TableInfo>> tables;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    ColumnInfo& column = columns[i].info;
+    if (column.type != AdoType::VarChar || column.definedSize != kWidthOfNoLength) continue;
+    column.definedSize = 2147483647;
+    const QByteArray table = BaseName(statement, i, SQL_DESC_BASE_TABLE_NAME);
+    if (table.isEmpty()) continue;
+    if (!tables.contains(table)) tables.insert(table, DescribePostgresTable(*this, QString::fromUtf8(table)));
+    const std::optional<TableInfo>& info = tables[table];
+    const int index = info ? info->IndexOf(QString::fromUtf8(BaseName(statement, i, SQL_DESC_BASE_COLUMN_NAME))) : -1;
+    if (index >= 0) column.definedSize = info->columns[static_cast<std::size_t>(index)].definedSize;
+  }
+}
+
+std::optional<TableInfo> OdbcDriver::Describe(const QString& table) {
+  if (dialect_ == DialectKind::PostgreSql) return DescribePostgresTable(*this, table);
+  return Run([&] { return DescribeOdbcTable(connection_, table); });
+}
+
+void OdbcDriver::ExecuteOnce(const char* text) { OdbcStatement(connection_).ExecuteDirect({text, {}}); }
+
+namespace {
+
+void SetAutocommit(SQLHDBC connection, SQLULEN how) {
+  // The manager wants the number in the place of the address.
+  const auto value = reinterpret_cast<SQLPOINTER>(how);  // NOLINT(performance-no-int-to-ptr)
+  if (!SQL_SUCCEEDED(SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, value, 0)))
+    ThrowOdbcError(SQL_HANDLE_DBC, connection, connection);
+}
+
+}  // namespace
+
+void OdbcDriver::Begin() {
+  SQLUINTEGER autocommit = SQL_AUTOCOMMIT_ON;
+  if (!SQL_SUCCEEDED(SQLGetConnectAttr(connection_, SQL_ATTR_AUTOCOMMIT, &autocommit, 0, nullptr)))
+    ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
+  autocommitWasOn_ = autocommit == SQL_AUTOCOMMIT_ON;
+  if (autocommitWasOn_) SetAutocommit(connection_, SQL_AUTOCOMMIT_OFF);
+  inTransaction_ = true;
+  failedInTransaction_ = false;
+  if (dialect_ != DialectKind::PostgreSql) return;
+  try {
+    ExecuteOnce("SAVEPOINT folvane_begin");
+  } catch (const DataError&) {
+    EndTransaction(SQL_ROLLBACK);
+    throw;
+  }
+}
+
+void OdbcDriver::Commit() {
+  prepared_.clear();
+  // After an error PostgreSQL, or its driver, may have thrown away what was done so far, and a commit would report
+  // success all the same. The savepoint of the beginning is still there only if nothing was lost.
+  if (failedInTransaction_ && dialect_ == DialectKind::PostgreSql) ExecuteOnce("RELEASE SAVEPOINT folvane_begin");
+  EndTransaction(SQL_COMMIT);
+}
+
+void OdbcDriver::Rollback() {
+  prepared_.clear();
+  EndTransaction(SQL_ROLLBACK);
+}
+
+void OdbcDriver::EndTransaction(SQLSMALLINT how) {
+  const SQLRETURN outcome = SQLEndTran(SQL_HANDLE_DBC, connection_, how);
+  if (!SQL_SUCCEEDED(outcome) && how == SQL_COMMIT) ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
+  inTransaction_ = false;
+  if (autocommitWasOn_) SetAutocommit(connection_, SQL_AUTOCOMMIT_ON);
+  if (!SQL_SUCCEEDED(outcome)) ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
+}
+
+std::shared_ptr<Connection> AdoptOdbc(void* connection) {
+  if (!connection) throw DataError(DataErrorKind::Usage, QStringLiteral("没有已连接的 ODBC 句柄。"));
+  return std::make_shared<Connection>(std::make_unique<OdbcDriver>(connection));
+}
+
+}  // namespace folvane

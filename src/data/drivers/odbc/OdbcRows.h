@@ -1,0 +1,14 @@
+#pragma once
+
+#include <vector>
+
+namespace folvane {
+
+class OdbcStatement;
+class RowStore;
+struct OdbcColumn;
+
+/// Appends all rows of a result to the store, every value whole. @throws DataError
+void ReadRows(OdbcStatement& statement, const std::vector<OdbcColumn>& columns, RowStore& rows);
+
+}  // namespace folvane

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <sql.h>
+
+#include "data/Schema.h"
+
+namespace folvane {
+
+class Driver;
+
+/// The columns and the key of a table or view on the search path, from PostgreSQL's own catalogue.
+std::optional<TableInfo> DescribePostgresTable(Driver& driver, const QString& table);
+
+/// The same by ODBC's catalogue functions, for any other server.
+std::optional<TableInfo> DescribeOdbcTable(SQLHDBC connection, const QString& table);
+
+}  // namespace folvane
