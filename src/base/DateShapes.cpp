@@ -1,0 +1,107 @@
+// The half of the text tests that judges dates.
+#include <QDate>
+#include <QRegularExpression>
+#include <vector>
+
+#include "base/HalfWidth.h"
+#include "base/TextTests.h"
+
+namespace folvane {
+namespace {
+
+/// A number of a date as it was written: how many digits it has tells a year from a month or a day.
+struct Part {
+  int value = 0;
+  bool isLong = false;
+
+  static Part Of(QStringView digits) { return {digits.toInt(), digits.size() > 2}; }
+  bool CanBeYear() const { return isLong ? value >= 100 : true; }
+  bool CanOnlyBeYear() const { return isLong || value > 31; }
+  bool CanBeMonth() const { return !isLong && value >= 1 && value <= 12; }
+  /// Two digits are of this century up to 29.
+  int Year() const { return isLong ? value : value + (value < 30 ? 2000 : 1900); }
+};
+
+bool Exists(const Part& year, const Part& month, const Part& day) {
+  return year.CanBeYear() && !month.isLong && !day.isLong && QDate::isValid(year.Year(), month.value, day.value);
+}
+
+bool IsDayMonthOrMonthYear(const Part& first, const Part& second) {
+  return (first.CanBeMonth() && second.CanBeYear()) || (second.CanBeMonth() && first.CanBeYear());
+}
+
+bool IsDateOfThree(const Part& first, const Part& second, const Part& third) {
+  if (Exists(first, second, third)) return true;
+  return !first.CanOnlyBeYear() && (Exists(third, first, second) || Exists(third, second, first));
+}
+
+QRegularExpression Whole(const QString& shape) {
+  return QRegularExpression(QRegularExpression::anchoredPattern(shape));
+}
+
+bool IsNumericDate(const QString& text) {
+  static const QRegularExpression shape =
+      Whole(QStringLiteral(R"((\d{1,4})(?:\s*[-/,]\s*|\s+)(\d{1,4})(?:(?:\s*[-/,]\s*|\s+)(\d{1,4}))?)"));
+  const QRegularExpressionMatch match = shape.match(text);
+  if (!match.hasMatch()) return false;
+  const auto part = [&](int group) { return Part::Of(match.capturedView(group)); };
+  return match.hasCaptured(3) ? IsDateOfThree(part(1), part(2), part(3)) : IsDayMonthOrMonthYear(part(1), part(2));
+}
+
+bool IsChineseDate(const QString& text) {
+  static const QRegularExpression shape =
+      Whole(QStringLiteral(R"((?:(\d{1,4})\s*年\s*)?(\d{1,2})\s*月(?:\s*(\d{1,2})\s*日?)?)"));
+  const QRegularExpressionMatch match = shape.match(text);
+  if (!match.hasMatch() || !(match.hasCaptured(1) || match.hasCaptured(3))) return false;
+  // Without a year the year is the current one, which may be a leap year.
+  const Part year = match.hasCaptured(1) ? Part::Of(match.capturedView(1)) : Part{2000, true};
+  const Part day = match.hasCaptured(3) ? Part::Of(match.capturedView(3)) : Part{1, false};
+  return Exists(year, Part::Of(match.capturedView(2)), day);
+}
+
+bool IsEnglishDate(const QString& text) {
+  static const QRegularExpression shape =
+      Whole(QStringLiteral(R"((?:(\d{1,4})[-/,\s]*)?(jan(?:uary)?|feb(?:ruary)?|mar(?:ch)?|apr(?:il)?|may|june?|july?)"
+                           R"(|aug(?:ust)?|sep(?:tember)?|oct(?:ober)?|nov(?:ember)?|dec(?:ember)?))"
+                           R"((?:[-/,\s]*(\d{1,4})(?:[-/,\s]+(\d{1,4}))?)?)"));
+  const QRegularExpressionMatch match = shape.match(text);
+  if (!match.hasMatch()) return false;
+  static const QString months = QStringLiteral("janfebmaraprmayjunjulaugsepoctnovdec");
+  const Part month{int(months.indexOf(match.capturedView(2).left(3)) / 3) + 1, false};
+  std::vector<Part> others;
+  for (const int group : {1, 3, 4}) {
+    if (match.capturedLength(group)) others.push_back(Part::Of(match.capturedView(group)));
+  }
+  if (others.size() == 1) return others[0].CanBeYear();
+  return others.size() == 2 && (Exists(others[0], month, others[1]) || Exists(others[1], month, others[0]));
+}
+
+/// Takes one time of day out of the text, at its start or its end. False when there is a time that no clock shows.
+bool TakeTime(QString& text, bool& taken) {
+  static const QRegularExpression shape(QStringLiteral(
+      R"((?<![\d.:/-])(上午|下午|am|pm|a|p)?\s*(\d{1,2})\s*)"
+      R"((?:[:.]\s*(\d{1,2})(?:\s*[:.]\s*(\d{1,2}))?|[时点](?:\s*(\d{1,2})\s*分(?:\s*(\d{1,2})\s*秒)?)?|(?=[ap]m?\b)))"
+      R"(\s*([ap]m?\b)?(?![\d.:/-]))"));
+  const QRegularExpressionMatch match = shape.match(text);
+  taken = match.hasMatch();
+  if (!taken) return true;
+  const auto number = [&](int group) { return match.capturedView(group).toInt(); };
+  const bool halves = match.capturedLength(1) || match.capturedLength(7);
+  const bool both = match.capturedLength(1) && match.capturedLength(7);
+  const int minute = qMax(number(3), number(5)), second = qMax(number(4), number(6));
+  const bool atEdge = match.capturedStart() == 0 || match.capturedEnd() == text.size();
+  text = text.remove(match.capturedStart(), match.capturedLength()).trimmed();
+  return atEdge && !both && number(2) <= (halves ? 12 : 23) && minute < 60 && second < 60;
+}
+
+}  // namespace
+
+bool IsDate(const QString& text) {
+  QString rest = ToHalfWidth(text).trimmed().toLower();
+  bool hasTime = false;
+  if (!TakeTime(rest, hasTime)) return false;
+  if (rest.isEmpty()) return hasTime;
+  return IsNumericDate(rest) || IsChineseDate(rest) || IsEnglishDate(rest);
+}
+
+}  // namespace folvane

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <exception>
+#include <optional>
+
+namespace folvane {
+
+/// A text that was to become a number is none, or one that the number's type cannot hold.
+class NumberError : public std::exception {
+ public:
+  explicit NumberError(const QString& message) : utf8_(message.toUtf8()) {}
+  /// The message in UTF-8, in words for the user.
+  const char* what() const noexcept override { return utf8_.constData(); }
+
+ private:
+  QByteArray utf8_;
+};
+
+// How the platform of the Chinese locale reads what people type: half-width and full-width characters alike.
+
+/// The number that the text stands for, none when it is no number. Blanks around it, one sign before or behind it,
+/// brackets for a negative one, the currency sign, commas between the digits before the point, an exponent by E or D,
+/// and whole numbers as &HFF or &O17 are read; nothing else is.
+std::optional<double> ReadNumber(const QString& text);
+
+bool IsNumeric(const QString& text);
+
+/// The text as a 32-bit integer, a half rounded to the even neighbour. @throws NumberError
+int ToInteger(const QString& text);
+
+/// Whether the text is a date, a time of day, or both in either order. With the year first it is year, month, day;
+/// otherwise month, day, year or day, month, year, whichever exists. Two numbers are a month and a day, or a year and a
+/// month.
+bool IsDate(const QString& text);
+
+}  // namespace folvane

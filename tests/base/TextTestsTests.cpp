@@ -1,0 +1,165 @@
+#include <gtest/gtest.h>
+
+#include "base/TextTests.h"
+#include "support/QtPrinting.h"
+
+namespace folvane {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+struct Case {
+  QString text;
+  bool accepted;
+};
+
+void PrintTo(const Case& c, std::ostream* out) { *out << '"' << c.text.toStdString() << '"'; }
+
+class Number : public testing::TestWithParam<Case> {};
+
+TEST_P(Number, IsJudgedAsThePlatformDoes) { EXPECT_EQ(IsNumeric(GetParam().text), GetParam().accepted); }
+
+const Case kNumbers[] = {
+    {u"0"_s, true},    {u"17"_s, true},     {u"017"_s, true},         {u"10.5"_s, true}, {u".5"_s, true},
+    {u"5."_s, true},   {u""_s, false},      {u" "_s, false},          {u"."_s, false},   {u"abc"_s, false},
+    {u"12a"_s, false}, {u"1.2.3"_s, false}, {u"2002-01-01"_s, false}, {u"12%"_s, false}, {u"True"_s, false},
+};
+INSTANTIATE_TEST_SUITE_P(Plain, Number, testing::ValuesIn(kNumbers));
+
+const Case kSigned[] = {
+    {u"-5"_s, true},    {u"+5"_s, true},   {u"- 5"_s, true},
+    {u"5-"_s, true},                       // a sign may stand behind, as in ledgers
+    {u"5+"_s, true},    {u"(5)"_s, true},  // a ledger's negative number
+    {u"-"_s, false},    {u"--5"_s, false}, {u"+-5"_s, false},
+    {u"-5-"_s, false},  // one sign is enough
+    {u"(-5)"_s, false}, {u"(5"_s, false},  {u"5)"_s, false},
+};
+INSTANTIATE_TEST_SUITE_P(Signed, Number, testing::ValuesIn(kSigned));
+
+const Case kForms[] = {
+    {u" 17 "_s, true},     {u"\t17"_s, true},  {u"1 7"_s, false},
+    {u"1,000"_s, true},    {u"1,0,0"_s, true},  // the place of the commas is not looked at
+    {u"1,000.50"_s, true}, {u",1"_s, false},    // a comma groups digits: there has to be one before it
+    {u"1.000,5"_s, false},                      // and none groups decimals
+    {u"￥100"_s, true},                         // both forms of the sign were the locale's own at some time
+    {u"¥100"_s, true},     {u"-¥100"_s, true}, {u"¥-100"_s, true},
+    {u"100￥"_s, false},                                             // the locale puts it in front
+    {u"$100"_s, false},                                              // and knows no other
+    {u"1e5"_s, true},      {u"1E-5"_s, true},  {u"1D5"_s, true},     // the exponent of double precision
+    {u"1e"_s, false},      {u"e5"_s, false},   {u"1e400"_s, false},  // more than a double holds
+    {u"&HFF"_s, true},     {u"&hff"_s, true},  {u"&O17"_s, true},
+    {u"&HFG"_s, false},    {u"&O8"_s, false},  {u"&H"_s, false},
+    {u"0xFF"_s, false},    {u"１７"_s, true},  // the East Asian platform reads full-width forms
+    {u"－１．５"_s, true}, {u"一七"_s, false},
+};
+INSTANTIATE_TEST_SUITE_P(Forms, Number, testing::ValuesIn(kForms));
+
+TEST(ReadNumber, GivesTheValue) {
+  EXPECT_EQ(ReadNumber(u"1,000.5"_s), 1000.5);
+  EXPECT_EQ(ReadNumber(u"5-"_s), -5.0);
+  EXPECT_EQ(ReadNumber(u"(5)"_s), -5.0);
+  EXPECT_EQ(ReadNumber(u"￥-2"_s), -2.0);
+  EXPECT_EQ(ReadNumber(u"1.5d3"_s), 1500.0);
+  EXPECT_EQ(ReadNumber(u"&H1F"_s), 31.0);
+  EXPECT_EQ(ReadNumber(u"abc"_s), std::nullopt);
+}
+
+TEST(ToInteger, RoundsAHalfToTheEvenNeighbour) {
+  EXPECT_EQ(ToInteger(u"10.5"_s), 10);
+  EXPECT_EQ(ToInteger(u"11.5"_s), 12);
+  EXPECT_EQ(ToInteger(u"-0.5"_s), 0);
+  EXPECT_EQ(ToInteger(u"-1.5"_s), -2);
+  EXPECT_EQ(ToInteger(u"10.4"_s), 10);
+  EXPECT_EQ(ToInteger(u"10.6"_s), 11);
+  EXPECT_EQ(ToInteger(u"-10.6"_s), -11);
+}
+
+TEST(ToInteger, ReadsEightHexadecimalDigitsAsASignedWord) { EXPECT_EQ(ToInteger(u"&HFFFFFFFF"_s), -1); }
+
+TEST(ToInteger, RefusesWhatAWordCannotHold) {
+  EXPECT_EQ(ToInteger(u"2147483647.4"_s), 2147483647);
+  EXPECT_THROW(ToInteger(u"2147483648"_s), NumberError);
+  EXPECT_THROW(ToInteger(u"&H100000000"_s), NumberError);
+}
+
+TEST(ToInteger, SaysThatATextIsNoNumber) {
+  try {
+    ToInteger(u"甲"_s);
+    FAIL() << "the text was taken";
+  } catch (const NumberError& error) {
+    EXPECT_EQ(QString::fromUtf8(error.what()), u"“甲”不是数字。"_s);
+  }
+}
+
+class Date : public testing::TestWithParam<Case> {};
+
+TEST_P(Date, IsJudgedAsThePlatformDoes) { EXPECT_EQ(IsDate(GetParam().text), GetParam().accepted); }
+
+const Case kDates[] = {
+    {u"2002-01-01"_s, true},   {u"2002-1-1"_s, true},   {u"2002/1/1"_s, true},
+    {u" 2002-01-01 "_s, true}, {u"2002 1 1"_s, true},   {u"2002-1/1"_s, true},
+    {u"2000-2-29"_s, true},    {u"2002-2-29"_s, false}, {u"2002-02-00"_s, false},
+    {u"2002-13-01"_s, false},                           // with the year first nothing but year, month, day
+    {u"2002-00-01"_s, false},  {u"20020101"_s, false},  // a number
+    {u"2002"_s, false},        {u""_s, false},          {u"文件"_s, false},
+    {u"2002--1"_s, false},     {u"2002-1-"_s, false},   {u"1-1-1-1"_s, false},
+    {u"10000-1-1"_s, false},   {u"0099-1-1"_s, false},  // calendars of the platform begin with the year 100
+};
+INSTANTIATE_TEST_SUITE_P(YearFirst, Date, testing::ValuesIn(kDates));
+
+const Case kOtherOrders[] = {
+    {u"1-2-2002"_s, true},   // month, day, year
+    {u"13-2-2002"_s, true},  // day, month, year, where the other does not exist
+    {u"13-13-2002"_s, false},    {u"02-1-1"_s, true},       {u"99-12-31"_s, true},
+    {u"2002-1"_s, true},                                                             // year and month
+    {u"1-2002"_s, true},         {u"12-31"_s, true},                                 // of the current year
+    {u"31-12"_s, true},          {u"13-50"_s, false},       {u"2002.1.1"_s, false},  // points join the parts of a time
+    {u"1.2.2002"_s, false},      {u"Jan 1, 2002"_s, true},  {u"1-Jan-2002"_s, true},
+    {u"1 january 2002"_s, true}, {u"30-Feb-2002"_s, false}, {u"Jan"_s, false},
+    {u"Foo 1, 2002"_s, false},
+};
+INSTANTIATE_TEST_SUITE_P(OtherOrders, Date, testing::ValuesIn(kOtherOrders));
+
+const Case kChinese[] = {
+    {u"2002年1月1日"_s, true},
+    {u"2002 年 1 月 1 日"_s, true},
+    {u"2002年1月"_s, true},
+    {u"1月1日"_s, true},
+    {u"2月29日"_s, true},  // some current years have it
+    {u"2月30日"_s, false},
+    {u"2002年"_s, false},  // one number is no date
+    {u"1月"_s, false},
+    {u"2002年13月1日"_s, false},
+    {u"２００２－０１－０１"_s, true},
+    {u"二〇〇二年一月一日"_s, false},
+};
+INSTANTIATE_TEST_SUITE_P(Chinese, Date, testing::ValuesIn(kChinese));
+
+const Case kTimes[] = {
+    {u"12:30"_s, true},  // a time of day is a date of the first day of the calendar
+    {u"23:59:59"_s, true},
+    {u"24:00"_s, false},
+    {u"12:60"_s, false},
+    {u"12:"_s, false},
+    {u"12"_s, false},
+    {u"13.50"_s, true},  // so the platform says, though it is a number as well
+    {u"13.70"_s, false},
+    {u"1:30 PM"_s, true},
+    {u"1pm"_s, true},
+    {u"13:30 PM"_s, false},
+    {u"下午3:05"_s, true},
+    {u"上午10时30分"_s, true},
+    {u"10时"_s, true},
+    {u"2002-1-1 12:30"_s, true},
+    {u"12:30 2002-1-1"_s, true},
+    {u"2002年1月1日 12时30分15秒"_s, true},
+    {u"2002-01-01T12:30"_s, false},
+    {u"2002-1-1 25:00"_s, false},
+    {u"2002-13-1 12:30"_s, false},
+    {u"12:30 13:30"_s, false},
+    {u"12:30:15:10"_s, false},
+};
+INSTANTIATE_TEST_SUITE_P(Times, Date, testing::ValuesIn(kTimes));
+
+}  // namespace
+}  // namespace folvane
