@@ -19,39 +19,80 @@ class Number : public testing::TestWithParam<Case> {};
 
 TEST_P(Number, IsJudgedAsThePlatformDoes) { EXPECT_EQ(IsNumeric(GetParam().text), GetParam().accepted); }
 
+// clang-format off
 const Case kNumbers[] = {
-    {u"0"_s, true},    {u"17"_s, true},     {u"017"_s, true},         {u"10.5"_s, true}, {u".5"_s, true},
-    {u"5."_s, true},   {u""_s, false},      {u" "_s, false},          {u"."_s, false},   {u"abc"_s, false},
-    {u"12a"_s, false}, {u"1.2.3"_s, false}, {u"2002-01-01"_s, false}, {u"12%"_s, false}, {u"True"_s, false},
+    {u"0"_s, true},
+    {u"17"_s, true},
+    {u"017"_s, true},
+    {u"10.5"_s, true},
+    {u".5"_s, true},
+    {u"5."_s, true},
+    {u""_s, false},
+    {u" "_s, false},
+    {u"."_s, false},
+    {u"abc"_s, false},
+    {u"12a"_s, false},
+    {u"1.2.3"_s, false},
+    {u"2002-01-01"_s, false},
+    {u"12%"_s, false},
+    {u"True"_s, false},
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(Plain, Number, testing::ValuesIn(kNumbers));
 
+// clang-format off
 const Case kSigned[] = {
-    {u"-5"_s, true},    {u"+5"_s, true},   {u"- 5"_s, true},
-    {u"5-"_s, true},                       // a sign may stand behind, as in ledgers
-    {u"5+"_s, true},    {u"(5)"_s, true},  // a ledger's negative number
-    {u"-"_s, false},    {u"--5"_s, false}, {u"+-5"_s, false},
-    {u"-5-"_s, false},  // one sign is enough
-    {u"(-5)"_s, false}, {u"(5"_s, false},  {u"5)"_s, false},
+    {u"-5"_s, true},
+    {u"+5"_s, true},
+    {u"- 5"_s, true},
+    {u"5-"_s, true},     // a sign may stand behind, as in ledgers
+    {u"5+"_s, true},
+    {u"(5)"_s, true},    // a ledger's negative number
+    {u"-"_s, false},
+    {u"--5"_s, false},
+    {u"+-5"_s, false},
+    {u"-5-"_s, false},   // one sign is enough
+    {u"(-5)"_s, false},
+    {u"(5"_s, false},
+    {u"5)"_s, false},
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(Signed, Number, testing::ValuesIn(kSigned));
 
+// clang-format off
 const Case kForms[] = {
-    {u" 17 "_s, true},     {u"\t17"_s, true},  {u"1 7"_s, false},
-    {u"1,000"_s, true},    {u"1,0,0"_s, true},  // the place of the commas is not looked at
-    {u"1,000.50"_s, true}, {u",1"_s, false},    // a comma groups digits: there has to be one before it
-    {u"1.000,5"_s, false},                      // and none groups decimals
-    {u"￥100"_s, true},                         // both forms of the sign were the locale's own at some time
-    {u"¥100"_s, true},     {u"-¥100"_s, true}, {u"¥-100"_s, true},
-    {u"100￥"_s, false},                                             // the locale puts it in front
-    {u"$100"_s, false},                                              // and knows no other
-    {u"1e5"_s, true},      {u"1E-5"_s, true},  {u"1D5"_s, true},     // the exponent of double precision
-    {u"1e"_s, false},      {u"e5"_s, false},   {u"1e400"_s, false},  // more than a double holds
-    {u"&HFF"_s, true},     {u"&hff"_s, true},  {u"&O17"_s, true},
-    {u"&HFG"_s, false},    {u"&O8"_s, false},  {u"&H"_s, false},
-    {u"0xFF"_s, false},    {u"１７"_s, true},  // the East Asian platform reads full-width forms
-    {u"－１．５"_s, true}, {u"一七"_s, false},
+    {u" 17 "_s, true},
+    {u"\t17"_s, true},
+    {u"1 7"_s, false},
+    {u"1,000"_s, true},
+    {u"1,0,0"_s, true},     // the place of the commas is not looked at
+    {u"1,000.50"_s, true},
+    {u",1"_s, false},       // a comma groups digits: there has to be one before it
+    {u"1.000,5"_s, false},  // and none groups decimals
+    {u"￥100"_s, true},     // both forms of the sign were the locale's own at some time
+    {u"¥100"_s, true},
+    {u"-¥100"_s, true},
+    {u"¥-100"_s, true},
+    {u"100￥"_s, false},    // the locale puts it in front
+    {u"$100"_s, false},     // and knows no other
+    {u"1e5"_s, true},
+    {u"1E-5"_s, true},
+    {u"1D5"_s, true},       // the exponent of double precision
+    {u"1e"_s, false},
+    {u"e5"_s, false},
+    {u"1e400"_s, false},    // more than a double holds
+    {u"&HFF"_s, true},
+    {u"&hff"_s, true},
+    {u"&O17"_s, true},
+    {u"&HFG"_s, false},
+    {u"&O8"_s, false},
+    {u"&H"_s, false},
+    {u"0xFF"_s, false},
+    {u"１７"_s, true},      // the East Asian platform reads full-width forms
+    {u"－１．５"_s, true},
+    {u"一七"_s, false},
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(Forms, Number, testing::ValuesIn(kForms));
 
 TEST(ReadNumber, GivesTheValue) {
@@ -95,54 +136,82 @@ class Date : public testing::TestWithParam<Case> {};
 
 TEST_P(Date, IsJudgedAsThePlatformDoes) { EXPECT_EQ(IsDate(GetParam().text), GetParam().accepted); }
 
+// clang-format off
 const Case kDates[] = {
-    {u"2002-01-01"_s, true},   {u"2002-1-1"_s, true},   {u"2002/1/1"_s, true},
-    {u" 2002-01-01 "_s, true}, {u"2002 1 1"_s, true},   {u"2002-1/1"_s, true},
-    {u"2000-2-29"_s, true},    {u"2002-2-29"_s, false}, {u"2002-02-00"_s, false},
-    {u"2002-13-01"_s, false},                           // with the year first nothing but year, month, day
-    {u"2002-00-01"_s, false},  {u"20020101"_s, false},  // a number
-    {u"2002"_s, false},        {u""_s, false},          {u"文件"_s, false},
-    {u"2002--1"_s, false},     {u"2002-1-"_s, false},   {u"1-1-1-1"_s, false},
-    {u"10000-1-1"_s, false},   {u"0099-1-1"_s, false},  // calendars of the platform begin with the year 100
+    {u"2002-01-01"_s, true},
+    {u"2002-1-1"_s, true},
+    {u"2002/1/1"_s, true},
+    {u" 2002-01-01 "_s, true},
+    {u"2002 1 1"_s, true},
+    {u"2002-1/1"_s, true},
+    {u"2000-2-29"_s, true},
+    {u"2002-2-29"_s, false},
+    {u"2002-02-00"_s, false},
+    {u"2002-13-01"_s, false},   // with the year first nothing but year, month, day
+    {u"2002-00-01"_s, false},
+    {u"20020101"_s, false},     // a number
+    {u"2002"_s, false},
+    {u""_s, false},
+    {u"文件"_s, false},
+    {u"2002--1"_s, false},
+    {u"2002-1-"_s, false},
+    {u"1-1-1-1"_s, false},
+    {u"10000-1-1"_s, false},
+    {u"0099-1-1"_s, false},     // calendars of the platform begin with the year 100
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(YearFirst, Date, testing::ValuesIn(kDates));
 
+// clang-format off
 const Case kOtherOrders[] = {
-    {u"1-2-2002"_s, true},   // month, day, year
-    {u"13-2-2002"_s, true},  // day, month, year, where the other does not exist
-    {u"13-13-2002"_s, false},    {u"02-1-1"_s, true},       {u"99-12-31"_s, true},
-    {u"2002-1"_s, true},                                                             // year and month
-    {u"1-2002"_s, true},         {u"12-31"_s, true},                                 // of the current year
-    {u"31-12"_s, true},          {u"13-50"_s, false},       {u"2002.1.1"_s, false},  // points join the parts of a time
-    {u"1.2.2002"_s, false},      {u"Jan 1, 2002"_s, true},  {u"1-Jan-2002"_s, true},
-    {u"1 january 2002"_s, true}, {u"30-Feb-2002"_s, false}, {u"Jan"_s, false},
+    {u"1-2-2002"_s, true},        // month, day, year
+    {u"13-2-2002"_s, true},       // day, month, year, where the other does not exist
+    {u"13-13-2002"_s, false},
+    {u"02-1-1"_s, true},
+    {u"99-12-31"_s, true},
+    {u"2002-1"_s, true},          // year and month
+    {u"1-2002"_s, true},
+    {u"12-31"_s, true},           // of the current year
+    {u"31-12"_s, true},
+    {u"13-50"_s, false},
+    {u"2002.1.1"_s, false},       // points join the parts of a time
+    {u"1.2.2002"_s, false},
+    {u"Jan 1, 2002"_s, true},
+    {u"1-Jan-2002"_s, true},
+    {u"1 january 2002"_s, true},
+    {u"30-Feb-2002"_s, false},
+    {u"Jan"_s, false},
     {u"Foo 1, 2002"_s, false},
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(OtherOrders, Date, testing::ValuesIn(kOtherOrders));
 
+// clang-format off
 const Case kChinese[] = {
     {u"2002年1月1日"_s, true},
     {u"2002 年 1 月 1 日"_s, true},
     {u"2002年1月"_s, true},
     {u"1月1日"_s, true},
-    {u"2月29日"_s, true},  // some current years have it
+    {u"2月29日"_s, true},               // some current years have it
     {u"2月30日"_s, false},
-    {u"2002年"_s, false},  // one number is no date
+    {u"2002年"_s, false},               // one number is no date
     {u"1月"_s, false},
     {u"2002年13月1日"_s, false},
     {u"２００２－０１－０１"_s, true},
     {u"二〇〇二年一月一日"_s, false},
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(Chinese, Date, testing::ValuesIn(kChinese));
 
+// clang-format off
 const Case kTimes[] = {
-    {u"12:30"_s, true},  // a time of day is a date of the first day of the calendar
+    {u"12:30"_s, true},                      // a time of day is a date of the first day of the calendar
     {u"23:59:59"_s, true},
     {u"24:00"_s, false},
     {u"12:60"_s, false},
     {u"12:"_s, false},
     {u"12"_s, false},
-    {u"13.50"_s, true},  // so the platform says, though it is a number as well
+    {u"13.50"_s, true},                      // so the platform says, though it is a number as well
     {u"13.70"_s, false},
     {u"1:30 PM"_s, true},
     {u"1pm"_s, true},
@@ -159,6 +228,7 @@ const Case kTimes[] = {
     {u"12:30 13:30"_s, false},
     {u"12:30:15:10"_s, false},
 };
+// clang-format on
 INSTANTIATE_TEST_SUITE_P(Times, Date, testing::ValuesIn(kTimes));
 
 }  // namespace
