@@ -1,0 +1,42 @@
+#include "browser/ColumnWidths.h"
+
+#include <QStringList>
+#include <algorithm>
+
+#include "shell/RegistryValues.h"
+#include "shell/SharedState.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kUnitsPerPixel = 15;
+constexpr int kNarrowest = 24;  // enough to take hold of and pull
+
+QString UserPath() { return u"Software\\Norvex\\Folvane\\Columns\\"_s + Shared().UserId; }
+
+}  // namespace
+
+int PixelsOfListUnits(int listUnits) {
+  return listUnits <= kUnitsPerPixel ? 1 : std::max(listUnits / kUnitsPerPixel, kNarrowest);
+}
+
+QHash<QString, int> ReadColumnWidths(const QString& table) {
+  QHash<QString, int> widths;
+  for (const QString& item : QueryValue(kCurrentUser, UserPath(), table).split(u',', Qt::SkipEmptyParts)) {
+    const int width = item.section(u'=', 1).toInt();
+    if (width > 0) widths.insert(item.section(u'=', 0, 0), width);
+  }
+  return widths;
+}
+
+void SaveColumnWidths(const QString& table, const QHash<QString, int>& widths) {
+  QStringList items;
+  for (auto width = widths.begin(); width != widths.end(); ++width) {
+    items.append(width.key() + u'=' + QString::number(width.value()));
+  }
+  items.sort();
+  SaveValue(kCurrentUser, UserPath(), table, items.join(u','));
+}
+
+}  // namespace folvane

@@ -1,0 +1,98 @@
+#include "browser/FrmMain.h"
+
+#include <QCloseEvent>
+#include <QSplitter>
+#include <QTreeView>
+
+#include "browser/BrowserCommands.h"
+#include "browser/BrowserStatus.h"
+#include "browser/ClassTreePart.h"
+#include "browser/OriginalsView.h"
+#include "browser/RecordListPart.h"
+#include "browser/RelatedRecords.h"
+#include "browser/SearchBar.h"
+#include "shell/CommonRoutines.h"
+#include "shell/EventGuard.h"
+#include "shell/SharedState.h"
+#include "widgets/RecordListView.h"
+
+namespace folvane {
+
+using namespace Qt::Literals::StringLiterals;
+
+FrmMain::FrmMain() {
+  setObjectName(u"FrmMain"_s);
+  setWindowTitle(u"文件登记"_s);
+  LayOut();
+  const BrowserParts parts{state_, *commands_, *status_, *search_, *treeView_, *listView_, *originals_};
+  list_ = std::make_unique<RecordListPart>(parts);
+  tree_ = std::make_unique<ClassTreePart>(parts, *list_);
+  related_ = std::make_unique<RelatedRecords>(parts, *tree_, *list_);
+  Connect();
+  status_->ShowUser(Shared().UserName);
+  search_->setEnabled(false);
+  commands_->ShowReports({});
+  list_->DisableCommands();
+}
+
+// The views go first: they look at the models of the state.
+FrmMain::~FrmMain() {
+  for (QTreeView* view : findChildren<QTreeView*>()) view->setModel(nullptr);
+}
+
+void FrmMain::Connect() {
+  commands_->OnEntry(u"mnu_File6_Exit"_s, [this] { close(); });
+  commands_->OnEntry(u"mnu_Goto1_UClass"_s, [this] { related_->OpenParent(); });
+  commands_->OnEntry(u"mnu_Goto5_FPage"_s, [this] { list_->FirstRecord(); });
+  commands_->OnEntry(u"mnu_Goto2_PPage"_s, [this] { list_->PreviousPage(); });
+  commands_->OnEntry(u"mnu_Goto3_NPage"_s, [this] { list_->NextPage(); });
+  commands_->OnEntry(u"mnu_Goto6_LPage"_s, [this] { list_->LastRecord(); });
+  commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, u"文件登记.htm"_s); });
+  commands_->OnKey(u"Refresh"_s, [this] { Refresh(); });
+  search_->OnSearch([this] { Search(); });
+  ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { related_->OpenChildren(); });
+  ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
+}
+
+void FrmMain::Start() {
+  if (status_->IsStarted()) return;
+  tree_->Start();
+  status_->SetStarted(true);
+}
+
+void FrmMain::Search() {
+  const std::optional<QString> condition = search_->Condition();
+  if (!condition) return;
+  state_.Parameters.Set(state_.Parameters.SelectedRow(), Parameter::Filter, *condition);
+  search_->RememberValue(state_.CurrTable);
+  list_->ShowFromStart();
+}
+
+void FrmMain::Refresh() {
+  if (state_.CurrTable.isEmpty()) return;
+  state_.Parameters.SetTag(QString());
+  state_.Parameters.Set(state_.Parameters.SelectedRow(), Parameter::Filter, QString());
+  list_->EnableCommands();
+  list_->ShowFromStart();
+}
+
+void FrmMain::ShowOriginalsMenu(const QPoint& at) {
+  if (listView_->CurrentRow() == 0 || state_.Parameters.Selected(Parameter::LookFile) != u"1"_s) return;
+  commands_->OriginalsMenu().popup(originals_->viewport()->mapToGlobal(at));
+}
+
+void FrmMain::closeEvent(QCloseEvent* event) {
+  RunGuarded([this] { End(); });
+  event->accept();
+}
+
+void FrmMain::End() {
+  KeepSplitters();
+  if (!status_->IsStarted()) return;
+  list_->KeepColumnWidths();
+  status_->SetStarted(false);
+  tree_->End();
+  if (Shared().CurrentRecords.IsOpen()) Shared().CurrentRecords.Close();
+}
+
+}  // namespace folvane

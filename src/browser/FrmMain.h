@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "browser/BrowserState.h"
+
+class QSplitter;
+class QTreeView;
+
+namespace folvane {
+
+class BrowserCommands;
+class BrowserStatus;
+class ClassTreePart;
+class OriginalsView;
+class RecordListPart;
+class RecordListView;
+class RelatedRecords;
+class SearchBar;
+
+/// The record browser: the class tree on the left, the records of the chosen table on the right with the originals of
+/// the selected one beneath.
+class FrmMain : public QMainWindow {
+ public:
+  FrmMain();
+  ~FrmMain() override;
+
+  /// The work of the first activation; later ones do nothing. @throws DataError
+  void Start();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void LayOut();
+  void AddTreeView();
+  void AddListViews();
+  void AddParameterView();
+  void Connect();
+  void RestoreSplitters();
+  void KeepSplitters() const;
+  void ShowOriginalsMenu(const QPoint& at);
+  void Search();
+  void Refresh();
+  void End();
+
+  BrowserState state_;
+  BrowserCommands* commands_;
+  BrowserStatus* status_;
+  SearchBar* search_;
+  QTreeView* treeView_;
+  RecordListView* listView_;
+  OriginalsView* originals_;
+  QSplitter *columns_, *rows_;
+  std::unique_ptr<RecordListPart> list_;
+  std::unique_ptr<ClassTreePart> tree_;
+  std::unique_ptr<RelatedRecords> related_;
+};
+
+}  // namespace folvane

@@ -1,0 +1,108 @@
+#include <QHeaderView>
+#include <QSplitter>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include "browser/BrowserCommands.h"
+#include "browser/BrowserStatus.h"
+#include "browser/FrmMain.h"
+#include "browser/OriginalsView.h"
+#include "browser/SearchBar.h"
+#include "records/RowIcon.h"
+#include "shell/RegistryValues.h"
+#include "widgets/Icons.h"
+#include "widgets/RecordListView.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+const QString kPlaces = u"Software\\Norvex\\Folvane\\Windows"_s;
+const QString kColumnsPlace = u"FrmMain.Columns"_s;
+const QString kRowsPlace = u"FrmMain.Rows"_s;
+
+void RestoreSizes(QSplitter& splitter, const QString& name, const QList<int>& usual) {
+  QList<int> sizes;
+  for (const QString& size : QueryValue(kCurrentUser, kPlaces, name).split(u',', Qt::SkipEmptyParts)) {
+    sizes.append(size.toInt());
+  }
+  splitter.setSizes(sizes.size() == usual.size() ? sizes : usual);
+}
+
+void KeepSizes(const QSplitter& splitter, const QString& name) {
+  QStringList sizes;
+  for (const int size : splitter.sizes()) sizes.append(QString::number(size));
+  SaveValue(kCurrentUser, kPlaces, name, sizes.join(u','));
+}
+
+}  // namespace
+
+void FrmMain::LayOut() {
+  resize(1180, 680);
+  commands_ = new BrowserCommands(*this);
+  status_ = new BrowserStatus(this);
+  setStatusBar(status_);
+  columns_ = new QSplitter(Qt::Horizontal, this);
+  columns_->setObjectName(u"VSplitter"_s);
+  columns_->setChildrenCollapsible(false);
+  AddTreeView();
+  AddListViews();
+  AddParameterView();
+  columns_->setStretchFactor(1, 1);
+  setCentralWidget(columns_);
+  RestoreSplitters();
+}
+
+void FrmMain::AddTreeView() {
+  treeView_ = new QTreeView(columns_);
+  treeView_->setObjectName(u"TV_File"_s);
+  treeView_->setHeaderHidden(true);
+  treeView_->setUniformRowHeights(true);
+  treeView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  treeView_->setMinimumWidth(140);
+  state_.Tree.SetDecoration([](const QString& image) { return Icon(image); });
+  treeView_->setModel(&state_.Tree);
+}
+
+void FrmMain::AddListViews() {
+  auto* right = new QWidget(columns_);
+  auto* column = new QVBoxLayout(right);
+  column->setContentsMargins(0, 0, 0, 0);
+  search_ = new SearchBar(right);
+  rows_ = new QSplitter(Qt::Vertical, right);
+  rows_->setChildrenCollapsible(false);
+  listView_ = new RecordListView(rows_);
+  listView_->setObjectName(u"LVData"_s);
+  listView_->header()->setSectionsClickable(true);
+  state_.List.SetDecoration([](int icon) { return Icon(u"row%1"_s.arg(icon)); });
+  listView_->setModel(&state_.List);
+  originals_ = new OriginalsView(rows_);
+  rows_->setStretchFactor(0, 1);
+  column->addWidget(search_);
+  column->addWidget(rows_, 1);
+}
+
+// Nobody sees it: the parameters of the tables, for those who look for them by name.
+void FrmMain::AddParameterView() {
+  auto* view = new QTreeView(this);
+  view->setObjectName(u"LV_Para"_s);
+  view->hide();
+  view->setModel(&state_.Parameters);
+  connect(&state_.Parameters, &TableParameters::TagChanged, view,
+          [view](const QString& tag) { view->setProperty("Tag", tag); });
+  connect(&state_.Parameters, &TableParameters::SelectedRowChanged, view, [this, view](int row) {
+    view->setCurrentIndex(row == 0 ? QModelIndex() : state_.Parameters.index(row - 1, 0));
+  });
+}
+
+void FrmMain::RestoreSplitters() {
+  RestoreSizes(*columns_, kColumnsPlace, {250, 930});
+  RestoreSizes(*rows_, kRowsPlace, {420, 130});
+}
+
+void FrmMain::KeepSplitters() const {
+  KeepSizes(*columns_, kColumnsPlace);
+  KeepSizes(*rows_, kRowsPlace);
+}
+
+}  // namespace folvane

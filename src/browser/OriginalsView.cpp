@@ -1,0 +1,47 @@
+#include "browser/OriginalsView.h"
+
+#include <QHeaderView>
+
+#include "records/RowIcon.h"
+#include "widgets/Icons.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kNameWidth = 360;
+
+QStandardItem* NewItem(const QString& text) {
+  auto* item = new QStandardItem(text);
+  item->setEditable(false);
+  return item;
+}
+
+}  // namespace
+
+OriginalsView::OriginalsView(QWidget* parent) : QTreeView(parent) {
+  setObjectName(u"LVFile"_s);
+  setRootIsDecorated(false);
+  setUniformRowHeights(true);
+  setAllColumnsShowFocus(true);
+  setContextMenuPolicy(Qt::CustomContextMenu);
+  model_.setHorizontalHeaderLabels({u"原文名称"_s, u"类型"_s, u"大小"_s});
+  setModel(&model_);
+  header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  header()->resizeSection(0, kNameWidth);
+}
+
+void OriginalsView::Clear() { model_.removeRows(0, model_.rowCount()); }
+
+void OriginalsView::ShowOriginals(const std::vector<OriginalEntry>& originals) {
+  Clear();
+  for (const OriginalEntry& original : originals) {
+    QStandardItem* name = NewItem(original.name);
+    name->setIcon(Icon(u"original"_s));
+    name->setData(RowIcon::Original, Qt::UserRole + 1);
+    name->setData(original.id, Qt::UserRole + 2);
+    model_.appendRow({name, NewItem(original.type), NewItem(original.size)});
+  }
+}
+
+}  // namespace folvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QStandardItemModel>
+#include <QTreeView>
+#include <vector>
+
+#include "records/OriginalsOfRecord.h"
+
+namespace folvane {
+
+/// The originals of a record: name, type and size; a row's tag is the original's id.
+class OriginalsView : public QTreeView {
+ public:
+  explicit OriginalsView(QWidget* parent = nullptr);
+
+  void Clear();
+  void ShowOriginals(const std::vector<OriginalEntry>& originals);
+
+ private:
+  QStandardItemModel model_;
+};
+
+}  // namespace folvane

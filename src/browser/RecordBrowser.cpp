@@ -1,0 +1,15 @@
+#include "browser/RecordBrowser.h"
+
+#include "browser/FrmMain.h"
+#include "shell/DefaultInstance.h"
+#include "shell/ModalWindow.h"
+
+namespace folvane {
+
+void ShowRecordBrowser() {
+  DefaultInstance<FrmMain>::Unload();
+  FrmMain& window = DefaultInstance<FrmMain>::Get();
+  ShowModal(window, [&window] { window.Start(); });
+}
+
+}  // namespace folvane

@@ -1,0 +1,82 @@
+#include "browser/BrowserCommands.h"
+#include "browser/BrowserState.h"
+#include "browser/BrowserStatus.h"
+#include "browser/OriginalsView.h"
+#include "browser/RecordListPart.h"
+#include "shell/SharedState.h"
+#include "widgets/RecordListView.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+const QString kGranted = u"1"_s;
+
+}  // namespace
+
+void RecordListPart::DisableCommands() {
+  parts_.Commands.SetBrowseCommands(false, false);
+  parts_.Commands.SetEditCommands(false, false);
+  parts_.Commands.SetPrintCommands(false);
+  SetLookFileCommands(false);
+}
+
+void RecordListPart::EnableCommands() {
+  const TableParameters& parameters = parts_.State.Parameters;
+  parts_.Commands.SetBrowseCommands(true, HasParentTable());
+  if (parameters.Selected(Parameter::LookFile) == kGranted) SetLookFileCommands(true);
+  if (parameters.Selected(Parameter::Print) == kGranted) parts_.Commands.SetPrintCommands(true);
+  if (parameters.Selected(Parameter::Edit) == kGranted) {
+    parts_.Commands.SetEditCommands(true, !parameters.Selected(Parameter::Target).isEmpty());
+  }
+}
+
+void RecordListPart::SetLookFileCommands(bool on) {
+  parts_.Originals.setEnabled(on);
+  parts_.Commands.EnableKeys({u"LookFiles"_s}, on);
+}
+
+bool RecordListPart::HasParentTable() const {
+  const ClassTreeModel& tree = parts_.State.Tree;
+  const int node = parts_.State.Parameters.Selected(Parameter::Node).toInt();
+  return node != 0 && tree.Node(tree.Node(node).parent).image != NodeImage::Close;
+}
+
+void RecordListPart::UpdateCommands() {
+  BrowserCommands& commands = parts_.Commands;
+  commands.EnableEntries(
+      {u"mnu_Goto5_FPage"_s, u"mnu_Goto2_PPage"_s, u"mnu_Goto6_LPage"_s, u"mnu_Goto3_NPage"_s, u"mnu_Goto4_Location"_s,
+       u"mnu_Goto4A_Location"_s, u"mnu_File3_Del"_s, u"mnu_File4_Property"_s, u"mnu_Manager"_s},
+      false);
+  commands.EnableKeys({u"Mod"_s, u"PrePage"_s, u"NextPage"_s, u"Del"_s, u"LookFiles"_s, u"Archive"_s}, false);
+  if (parts_.State.List.Count() == 0) {
+    parts_.Status.ShowNoRecords();
+    return;
+  }
+  const bool selected = parts_.List.CurrentRow() > 0;
+  const qint64 position = Shared().CurrentRecords.IsOpen() ? Shared().CurrentRecords.AbsolutePosition() : 0;
+  if (selected) parts_.Status.ShowPosition(position, parts_.State.RecordCount);
+  if (parts_.State.Parameters.Selected(Parameter::Edit) == kGranted) {
+    commands.EnableEntries({u"mnu_File4_Property"_s, u"mnu_File3_Del"_s, u"mnu_Manager"_s}, true);
+    commands.EnableKeys({u"Del"_s, u"Mod"_s, u"Archive"_s}, true);
+  }
+  if (parts_.State.Parameters.Selected(Parameter::LookFile) == kGranted) {
+    commands.EnableKeys({u"LookFiles"_s}, true);
+  }
+  if (selected) EnableMoves(position, parts_.State.RecordCount);
+}
+
+void RecordListPart::EnableMoves(qint64 position, qint64 count) {
+  if (count < 2) return;
+  parts_.Commands.EnableEntries({u"mnu_Goto4_Location"_s, u"mnu_Goto4A_Location"_s}, true);
+  if (position > 1) {
+    parts_.Commands.EnableEntries({u"mnu_Goto2_PPage"_s, u"mnu_Goto5_FPage"_s}, true);
+    parts_.Commands.EnableKeys({u"PrePage"_s}, true);
+  }
+  if (position < count) {
+    parts_.Commands.EnableEntries({u"mnu_Goto3_NPage"_s, u"mnu_Goto6_LPage"_s}, true);
+    parts_.Commands.EnableKeys({u"NextPage"_s}, true);
+  }
+}
+
+}  // namespace folvane

@@ -1,0 +1,190 @@
+#include "browser/RecordListPart.h"
+
+#include <QHeaderView>
+#include <algorithm>
+
+#include "browser/BrowserCommands.h"
+#include "browser/BrowserState.h"
+#include "browser/BrowserStatus.h"
+#include "browser/ColumnWidths.h"
+#include "browser/OriginalsView.h"
+#include "records/ColumnSort.h"
+#include "records/ListColumns.h"
+#include "records/RecordStatement.h"
+#include "records/TableRights.h"
+#include "shell/EventGuard.h"
+#include "shell/SharedState.h"
+#include "widgets/BusyPointer.h"
+#include "widgets/ChoiceRelay.h"
+#include "widgets/RecordListView.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+Recordset& Records() { return Shared().CurrentRecords; }
+
+}  // namespace
+
+RecordListPart::RecordListPart(const BrowserParts& parts)
+    : parts_(parts), pages_(Records(), parts.State.List, [&status = parts.Status](int done, int maximum) {
+        status.ShowProgress(done, maximum);
+      }) {
+  choice_ = new ChoiceRelay(&parts_.List, [this](const QModelIndex& index) { ChooseRow(index.row() + 1); });
+  parts_.List.SetKeyHandler([this](int key) { return HandleKey(key); });
+  ConnectGuarded(parts_.List.header(), &QHeaderView::sectionClicked, &parts_.List,
+                 [this](int column) { SortBy(column); });
+}
+
+void RecordListPart::Clear() {
+  parts_.Originals.Clear();
+  KeepColumnWidths();
+  parts_.State.List.SetColumns({});
+}
+
+void RecordListPart::ShowColumns() {
+  BuildColumns(parts_.State.List, parts_.State.CurrTable);
+  const QHash<QString, int> kept = ReadColumnWidths(parts_.State.CurrTable);
+  const std::vector<ListColumn>& columns = parts_.State.List.Columns();
+  QHeaderView& header = *parts_.List.header();
+  for (size_t at = 0; at < columns.size(); ++at) {
+    header.resizeSection(int(at), kept.value(columns[at].key.toUpper(), PixelsOfListUnits(columns[at].width)));
+  }
+  const int last = int(columns.size()) - 1;
+  header.setSectionResizeMode(QHeaderView::Interactive);
+  header.resizeSection(last, 1);
+  header.setSectionResizeMode(last, QHeaderView::Fixed);
+  widthsOf_ = parts_.State.CurrTable;
+}
+
+void RecordListPart::KeepColumnWidths() {
+  if (widthsOf_.isEmpty()) return;
+  const std::vector<ListColumn>& columns = parts_.State.List.Columns();
+  QHash<QString, int> widths;
+  for (size_t at = 0; at + 1 < columns.size(); ++at) {
+    const int width = parts_.List.header()->sectionSize(int(at));
+    if (width != PixelsOfListUnits(columns[at].width)) widths.insert(columns[at].key.toUpper(), width);
+  }
+  if (widths != ReadColumnWidths(widthsOf_)) SaveColumnWidths(widthsOf_, widths);
+  widthsOf_.clear();
+}
+
+void RecordListPart::OpenRecords() {
+  const TableParameters& parameters = parts_.State.Parameters;
+  const QString condition =
+      JoinConditions(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter));
+  if (Records().IsOpen()) Records().Close();
+  parts_.State.RecordCount = 0;
+  Records().Open(RecordStatement(parts_.State.CurrTable, condition, parameters.Selected(Parameter::Order)),
+                 SharedConnection());
+  parts_.State.RecordCount = Records().RecordCount();
+}
+
+void RecordListPart::ShowFromStart() {
+  const BusyPointer busy;
+  parts_.State.List.ClearRows();
+  try {
+    OpenRecords();
+  } catch (const std::exception&) {
+    ShowEmpty();
+    throw;
+  }
+  ShowFromCursor();
+}
+
+void RecordListPart::ShowEmpty() {
+  parts_.State.List.ClearRows();
+  parts_.Originals.Clear();
+  UpdateCommands();
+}
+
+void RecordListPart::ShowFromCursor() {
+  pages_.Refill();
+  if (parts_.State.List.Count() > 0) {
+    SelectRow(1);
+    return;
+  }
+  ShowEmpty();
+}
+
+QString RecordListPart::SelectedKey() const { return parts_.State.List.KeyOf(parts_.List.CurrentRow() - 1); }
+
+void RecordListPart::SelectRow(int row) {
+  choice_->SelectSilently(parts_.State.List.index(row - 1, 0));
+  ChooseRow(row);
+}
+
+void RecordListPart::ChooseRow(int row) {
+  pages_.PositionOn(parts_.State.List.KeyOf(row - 1));
+  ShowOriginals();
+  UpdateCommands();
+}
+
+void RecordListPart::ShowOriginals() {
+  parts_.Originals.Clear();
+  if (parts_.List.CurrentRow() > 0) parts_.Originals.ShowOriginals(ReadOriginals(SelectedKey()));
+}
+
+void RecordListPart::GoToRecord(qint64 position) {
+  if (parts_.List.CurrentRow() == 0) return;
+  const BusyPointer busy;
+  const int row = pages_.GoTo(position, parts_.List.CurrentRow());
+  if (row > 0) {
+    SelectRow(row);
+  } else if (parts_.State.List.Count() == 0) {
+    UpdateCommands();
+  }
+}
+
+void RecordListPart::NextPage() { GoToRecord(Records().AbsolutePosition() + kPageSize); }
+
+void RecordListPart::PreviousPage() { GoToRecord(std::max<qint64>(Records().AbsolutePosition() - kPageSize, 1)); }
+
+void RecordListPart::LastRecord() { GoToRecord(parts_.State.RecordCount); }
+
+bool RecordListPart::HandleKey(int key) {
+  const int row = parts_.List.CurrentRow();
+  if (row == 0 || !Records().IsOpen()) return false;
+  const int step = key == Qt::Key_PageUp || key == Qt::Key_PageDown ? kPageSize : 1;
+  const bool back = key == Qt::Key_Up || key == Qt::Key_PageUp;
+  const bool forward = key == Qt::Key_Down || key == Qt::Key_PageDown;
+  const qint64 position = Records().AbsolutePosition();
+  if (back && row == 1 && parts_.Commands.IsEntryEnabled(u"mnu_Goto2_PPage"_s)) {
+    GoToRecord(std::max<qint64>(position - step, 1));
+    return true;
+  }
+  if (forward && row + step > parts_.State.List.Count()) {
+    GoToRecord(position + step);
+    return true;
+  }
+  return false;
+}
+
+// A click that cannot be carried out ends without a word; the list then shows what still stands behind it.
+void RecordListPart::SortBy(int column) {
+  TableParameters& parameters = parts_.State.Parameters;
+  if (parts_.State.List.Count() == 0) return;
+  const BusyPointer busy;
+  const QString key = SelectedKey();
+  try {
+    const QString order = ClickColumn(parts_.State.List, column, parameters.Selected(Parameter::Order));
+    parameters.Set(parameters.SelectedRow(), Parameter::Order, order);
+    OpenRecords();
+    ShowSorted(key);
+    SaveOrder(parts_.State.CurrTable, order);
+  } catch (const std::exception&) {
+    if (!Records().IsOpen()) ShowEmpty();
+  }
+}
+
+void RecordListPart::ShowSorted(const QString& key) {
+  pages_.PositionOnOrFirst(key);
+  const qint64 position = Records().AbsolutePosition();
+  ShowFromCursor();
+  const int before = pages_.FillUpBefore(position);
+  if (before == 0) return;
+  choice_->SelectSilently(parts_.State.List.index(before, 0));
+  pages_.PositionOn(SelectedKey());
+}
+
+}  // namespace folvane

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+#include "browser/BrowserParts.h"
+#include "records/PagedRecordList.h"
+
+namespace folvane {
+
+class ChoiceRelay;
+
+/// The record list of the browser: opens the records of the current table, fills the list, moves in it and keeps the
+/// commands and the status in step with the selected row.
+class RecordListPart {
+ public:
+  explicit RecordListPart(const BrowserParts& parts);
+
+  /// Empties the list and what belongs to its selected row.
+  void Clear();
+  /// Gives the list the columns of the current table, as wide as the user left them.
+  void ShowColumns();
+  void KeepColumnWidths();
+
+  /// Opens the current records by the table's rights, condition and order. @throws DataError
+  void OpenRecords();
+  /// Opens the records and shows them from the first.
+  void ShowFromStart();
+  /// Fills the list from the record that the cursor is on and selects it.
+  void ShowFromCursor();
+
+  /// The key of the selected row's record, "" when none is selected.
+  QString SelectedKey() const;
+  void GoToRecord(qint64 position);
+  void NextPage();
+  void PreviousPage();
+  void FirstRecord() { GoToRecord(1); }
+  void LastRecord();
+
+  void UpdateCommands();
+  /// Enables the command groups that a table in view and the user's rights allow.
+  void EnableCommands();
+  void DisableCommands();
+
+ private:
+  void ShowEmpty();
+  void ChooseRow(int row);
+  void SelectRow(int row);
+  void ShowOriginals();
+  bool HandleKey(int key);
+  void SortBy(int column);
+  void ShowSorted(const QString& key);
+  void SetLookFileCommands(bool on);
+  void EnableMoves(qint64 position, qint64 count);
+  bool HasParentTable() const;
+
+  BrowserParts parts_;
+  PagedRecordList pages_;
+  ChoiceRelay* choice_;
+  QString widthsOf_;  ///< the table whose column widths stand in the list
+};
+
+}  // namespace folvane

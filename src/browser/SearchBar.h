@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QGroupBox>
+#include <functional>
+#include <optional>
+
+namespace folvane {
+
+class TextCombo;
+
+/// The quick search bar: one condition on one of the fields that the design offers for a table, with a memory of the
+/// values that were searched for.
+class SearchBar : public QGroupBox {
+ public:
+  explicit SearchBar(QWidget* parent = nullptr);
+
+  /// Reads the fields of a table and chooses the first.
+  void Fill(const QString& table);
+  /// The condition as entered; says what is missing and gives nothing when it is not complete.
+  std::optional<QString> Condition();
+  /// Puts the value at the top of the field's history and stores that.
+  void RememberValue(const QString& table);
+  /// What a press of the search key runs.
+  void OnSearch(std::function<void()> handler);
+
+ private:
+  TextCombo* AddHiddenCombo(const QString& name);
+  void LayOut();
+  void ChooseField(int index);
+  std::optional<QString> Missing(QWidget* control, const QString& message);
+  QString FieldName() const;
+
+  TextCombo *captions_, *relation_, *value_;
+  // Hidden and parallel to the captions.
+  TextCombo *fields_, *types_, *histories_;
+  class QPushButton* search_;
+};
+
+}  // namespace folvane
