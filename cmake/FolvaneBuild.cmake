@@ -18,6 +18,9 @@ endif()
 
 add_library(folvane_options INTERFACE)
 target_compile_options(folvane_options INTERFACE -Wall -Wextra -Werror -Wnon-virtual-dtor -Woverloaded-virtual)
+# Where it optimises, this compiler takes values of std::optional that were tested for unset ones.
+target_compile_options(folvane_options INTERFACE
+                       $<$<OR:$<CONFIG:Release>,$<BOOL:${FOLVANE_SANITIZE}>>:-Wno-maybe-uninitialized>)
 target_compile_definitions(folvane_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 if(FOLVANE_SANITIZE)
   target_compile_options(folvane_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
