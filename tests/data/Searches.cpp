@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include "data/DataSuite.h"
+
+namespace folvane::test {
+
+namespace {
+
+class Searches : public DataSuite {
+ protected:
+  void SetUp() override {
+    DataSuite::SetUp();
+    records_ = Open();
+  }
+  QStringList Filtered(const char* criteria) {
+    records_->SetFilter(QString::fromUtf8(criteria));
+    return Ids();
+  }
+  QStringList Sorted(const char* order) {
+    records_->SetSort(QString::fromUtf8(order));
+    return Ids();
+  }
+  QStringList Ids() { return Texts(*records_, QStringLiteral("id")); }
+  static QStringList Of(const char* ids) { return QString::fromLatin1(ids).split(QLatin1Char(' ')); }
+  /// The number of the file that a search ends on, "EOF" or "BOF".
+  QString Found(const char* criterion, qint64 skip = 0, SearchDirection direction = SearchDirection::Forward) {
+    records_->Find(QString::fromUtf8(criterion), skip, direction);
+    if (records_->EOF_()) return QStringLiteral("EOF");
+    return records_->BOF() ? QStringLiteral("BOF") : (*records_)[QStringLiteral("id")].Text();
+  }
+  std::unique_ptr<Recordset> records_;
+};
+FOLVANE_ON_EACH_DATABASE(Searches);
+
+TEST_P(Searches, AFindStartsAtTheCurrentRow) {
+  EXPECT_EQ(Found("pages = 25"), QStringLiteral("2"));
+  EXPECT_EQ(Found("pages = 25"), QStringLiteral("2"));
+  EXPECT_EQ(Found("pages = 25", 1), QStringLiteral("5"));
+  EXPECT_EQ(Found("pages = 25", 1), QStringLiteral("EOF"));
+}
+
+TEST_P(Searches, AFindBackwardsEndsBeforeTheFirstRow) {
+  records_->MoveLast();
+  EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), QStringLiteral("2"));
+  EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), QStringLiteral("BOF"));
+}
+
+TEST_P(Searches, AFindForAKeyStandsOnItsRow) {
+  EXPECT_EQ(Found("code = 'B-002'"), QStringLiteral("4"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("code = 'b-002'"), QStringLiteral("4"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("code = 'nothing'"), QStringLiteral("EOF"));
+}
+
+TEST_P(Searches, AFindComparesChineseQuotesNumbersAndDates) {
+  EXPECT_EQ(Found("title Like '%报表%'"), QStringLiteral("4"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("remark = 'it''s'"), QStringLiteral("4"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("pages < 10"), QStringLiteral("3"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("filed > #2002-06-01#"), QStringLiteral("5"));
+}
+
+TEST_P(Searches, AFindSeesWhatWasTypedAndNotYetWritten) {
+  StandOn(*records_, 3);
+  (*records_)[QStringLiteral("code")].SetValue(QStringLiteral("NEW"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("code = 'NEW'"), QStringLiteral("3"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("code = 'B-001'"), QStringLiteral("EOF"));
+}
+
+TEST_P(Searches, AFindKeepsWithinFilterAndSort) {
+  records_->SetFilter(QStringLiteral("pages = 25"));
+  records_->SetSort(QStringLiteral("id Desc"));
+  EXPECT_EQ(Found("id < 9"), QStringLiteral("5"));
+  EXPECT_EQ(Found("id < 9", 1), QStringLiteral("2"));
+  records_->MoveFirst();
+  EXPECT_EQ(Found("code = 'B-001'"), QStringLiteral("EOF"));
+}
+
+TEST_P(Searches, AFindTakesOneConditionOnly) {
+  EXPECT_EQ(FailureOf([&] { Found("pages = 25 And id = 2"); }).Kind(), DataErrorKind::Usage);
+  EXPECT_EQ(records_->AbsolutePosition(), 1);
+}
+
+TEST_P(Searches, AFilterComparesByEverySign) {
+  EXPECT_EQ(Filtered("pages = 25"), Of("2 5"));
+  EXPECT_EQ(Filtered("pages <> 25"), Of("1 3"));
+  EXPECT_EQ(Filtered("pages >= 10"), Of("1 2 5"));
+  EXPECT_EQ(Filtered("pages > 10"), Of("2 5"));
+  EXPECT_EQ(Filtered("pages <= 10"), Of("1 3"));
+  EXPECT_EQ(Filtered("pages < 10"), Of("3"));
+}
+
+TEST_P(Searches, AFilterComparesTextWithoutRegardToCase) {
+  EXPECT_EQ(Filtered("code = 'A-003'"), Of("5"));
+  EXPECT_EQ(Filtered("code >= 'A-002' And code < 'b-002'"), Of("2 3 5"));
+}
+
+TEST_P(Searches, AFilterWithLikeTakesStarAndPercent) {
+  EXPECT_EQ(Filtered("code Like 'A*'"), Of("1 2 5"));
+  EXPECT_EQ(Filtered("code Like 'a-%'"), Of("1 2 5"));
+  EXPECT_EQ(Filtered("title Like '%报表%'"), Of("4"));
+  EXPECT_EQ(Filtered("code Like '*2'"), Of("2 4"));
+}
+
+TEST_P(Searches, AFilterJoinsConditionsByAndAndOr) {
+  EXPECT_EQ(Filtered("code Like 'A%' And pages = 25"), Of("2 5"));
+  EXPECT_EQ(Filtered("id = 1 Or id = 4"), Of("1 4"));
+  EXPECT_EQ(Filtered("(id = 1 And pages = 10) Or (id = 2 And pages = 25)"), Of("1 2"));
+}
+
+TEST_P(Searches, AFilterKnowsNullQuotesAndDates) {
+  EXPECT_EQ(Filtered("pages = Null"), Of("4"));
+  EXPECT_EQ(Filtered("pages <> Null"), Of("1 2 3 5"));
+  EXPECT_EQ(Filtered("remark = ''"), Of("3"));
+  EXPECT_EQ(Filtered("remark = 'it''s'"), Of("4"));
+  EXPECT_EQ(Filtered("filed >= #2002-03-04# And filed <= #2002-03-05#"), Of("1 2"));
+  EXPECT_EQ(Filtered("filed = '2002-03-04'"), Of("1"));
+}
+
+TEST_P(Searches, AFilterStandsOnTheFirstRowItShows) {
+  records_->MoveLast();
+  records_->SetFilter(QStringLiteral("code Like 'B*'"));
+  EXPECT_EQ(records_->RecordCount(), 2);
+  EXPECT_EQ(records_->AbsolutePosition(), 1);
+  EXPECT_EQ((*records_)[QStringLiteral("code")].Text(), QStringLiteral("B-001"));
+  EXPECT_EQ(records_->Filter(), QStringLiteral("code Like 'B*'"));
+}
+
+TEST_P(Searches, AFilterThatMeetsNothingShowsAnEmptyRecordSet) {
+  records_->SetFilter(QStringLiteral("id = 99"));
+  EXPECT_EQ(records_->RecordCount(), 0);
+  EXPECT_TRUE(records_->BOF() && records_->EOF_());
+  records_->SetFilter(QString());
+  EXPECT_EQ(records_->RecordCount(), 5);
+  EXPECT_EQ(records_->AbsolutePosition(), 1);
+}
+
+TEST_P(Searches, AFilterThatCannotBeReadLeavesTheOldOne) {
+  records_->SetFilter(QStringLiteral("pages = 25"));
+  for (const char* wrong : {"nothing = 1", "pages =", "pages = 25 And", "= 3", "pages = 'x", "(pages = 1"})
+    EXPECT_EQ(FailureOf([&] { records_->SetFilter(QString::fromUtf8(wrong)); }).Kind(), DataErrorKind::Usage) << wrong;
+  EXPECT_EQ(records_->Filter(), QStringLiteral("pages = 25"));
+  EXPECT_EQ(Ids(), Of("2 5"));
+}
+
+TEST_P(Searches, ASortOrdersByNumbersTextsAndDates) {
+  EXPECT_EQ(Sorted("pages Desc, id Desc"), Of("5 2 1 3 4"));
+  EXPECT_EQ(Sorted("code"), Of("1 2 5 3 4"));
+  EXPECT_EQ(Sorted("code Desc"), Of("4 3 5 2 1"));
+  EXPECT_EQ(Sorted("filed Asc"), Of("3 4 1 2 5"));
+  EXPECT_EQ(Sorted(""), Of("1 2 3 4 5"));
+}
+
+TEST_P(Searches, ASortPutsNullBeforeEverythingAndKeepsTheOrderOfEquals) {
+  EXPECT_EQ(Sorted("pages"), Of("4 3 1 2 5"));
+  EXPECT_EQ(Sorted("remark").first(), QStringLiteral("2"));
+}
+
+TEST_P(Searches, ASortAndAFilterHoldTogether) {
+  records_->SetFilter(QStringLiteral("code Like 'A%'"));
+  EXPECT_EQ(Sorted("id Desc"), Of("5 2 1"));
+  records_->SetFilter(QString());
+  EXPECT_EQ(Ids(), Of("5 4 3 2 1"));
+}
+
+TEST_P(Searches, ASortByAFieldThatIsNotThereIsRefusedAndTheOrderStays) {
+  records_->SetSort(QStringLiteral("id Desc"));
+  EXPECT_EQ(FailureOf([&] { records_->SetSort(QStringLiteral("nothing")); }).Kind(), DataErrorKind::Usage);
+  EXPECT_EQ(records_->Sort(), QStringLiteral("id Desc"));
+  EXPECT_EQ(Ids(), Of("5 4 3 2 1"));
+}
+
+}  // namespace
+
+}  // namespace folvane::test
