@@ -113,11 +113,11 @@ void SqliteDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>&
   const ResetOnLeave reset{*statement};
   statement->Bind(native.parameters);
   sqlite3_stmt* handle = statement->Handle();
-  columns = ColumnsOf(handle);
+  bool hasRow = statement->Step();
+  columns = ColumnsOf(handle);  // now: the first step compiles anew over tables that others have changed
   const int count = static_cast<int>(columns.size());
   rows.SetColumnCount(count);
-  int untyped = count;
-  while (statement->Step()) {
+  for (int untyped = count; hasRow; hasRow = statement->Step()) {
     if (untyped) TypeExpressions(handle, columns, untyped);
     for (int i = 0; i < count; ++i) AppendValue(handle, i, rows);
     rows.EndRow();
