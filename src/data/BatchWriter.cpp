@@ -1,5 +1,6 @@
 #include "data/BatchWriter.h"
 
+#include <QDateTime>
 #include <optional>
 
 #include <folvane/DataError.h>
@@ -20,8 +21,14 @@ bool IsLong(const ColumnInfo& column) {
 
 bool IsInexact(const ColumnInfo& column) { return column.type == AdoType::Single || column.type == AdoType::Double; }
 
-// Values go to the driver as text, numbers and bytes.
-QVariant ForDriver(const QVariant& value) {
+// A moment is kept to the millisecond; whether one with a fraction of a second is that of the database is past telling.
+bool IsRounded(const QVariant& value) {
+  return value.typeId() == QMetaType::QDateTime && value.toDateTime().time().msec() != 0;
+}
+
+// Values go to the driver as text, numbers, truth values and bytes. A number is no truth value to every database.
+QVariant ForDriver(const QVariant& value, const ColumnInfo& column) {
+  if (column.type == AdoType::Boolean && value.isValid()) return value.toBool();
   return value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime ? QVariant(ValueText(value))
                                                                                       : value;
 }
@@ -114,7 +121,7 @@ BatchWriter::Written BatchWriter::Insert(RowId row) {
     if (change.current[i].isValid()) {
       names += (names.isEmpty() ? "" : ",") + Quoted(column.name);
       marks += marks.isEmpty() ? "?" : ",?";
-      statement.parameters.push_back(ForDriver(change.current[i]));
+      statement.parameters.push_back(ForDriver(change.current[i], column));
     } else if (column.autoNumber) {
       given += (given.isEmpty() ? "" : ",") + Quoted(column.name);
       givenColumns.push_back(static_cast<int>(i));
@@ -149,9 +156,9 @@ void BatchWriter::Update(RowId row) {
   QByteArray assignments;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     if (tableColumn_[i] < 0 || change.current[i] == change.original[i]) continue;
-    assignments += (assignments.isEmpty() ? "" : ",") +
-                   Quoted(table_->columns[static_cast<std::size_t>(tableColumn_[i])].name) + "=?";
-    statement.parameters.push_back(ForDriver(change.current[i]));
+    const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
+    assignments += (assignments.isEmpty() ? "" : ",") + Quoted(column.name) + "=?";
+    statement.parameters.push_back(ForDriver(change.current[i], column));
   }
   if (assignments.isEmpty()) return;
   statement.text = "UPDATE " + TableText() + " SET " + assignments;
@@ -169,20 +176,24 @@ void BatchWriter::Delete(RowId row) {
 void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withChanges) const {
   const RowChange* change = rows_.Change(row);
   QByteArray condition;
-  const auto add = [&](int column) {
-    const QVariant value = rows_.Original(row, column);
+  const auto add = [&](int index) {
+    const QVariant value = rows_.Original(row, index);
+    const ColumnInfo& column = rows_.Columns()[static_cast<std::size_t>(index)];
     condition += condition.isEmpty() ? " WHERE " : " AND ";
-    condition += Quoted(rows_.Columns()[static_cast<std::size_t>(column)].name);
+    condition += Quoted(column.name);
     condition += value.isValid() ? "=?" : " IS NULL";
-    if (value.isValid()) statement.parameters.push_back(ForDriver(value));
+    if (value.isValid()) statement.parameters.push_back(ForDriver(value, column));
   };
-  for (const int column : key_) add(column);
+  // Without a key of the table's own the other columns still name the row.
+  for (const int column : key_)
+    if (!table_->key.empty() || !IsRounded(rows_.Original(row, column))) add(column);
   for (int i = 0; withChanges && i < static_cast<int>(tableColumn_.size()); ++i) {
     const auto at = static_cast<std::size_t>(i);
     const ColumnInfo& column = rows_.Columns()[at];
     const bool changed = tableColumn_[at] >= 0 && change->current[at] != change->original[at];
     // Binary and inexact values do not compare reliably; the key still names the row.
     if (!changed || GroupOfType(column.type) == TypeGroup::Binary || IsInexact(column)) continue;
+    if (IsRounded(change->original[at])) continue;
     if (std::find(key_.begin(), key_.end(), i) == key_.end()) add(i);
   }
   statement.text += condition;

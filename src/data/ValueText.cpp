@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 #include <QRegularExpression>
+#include <algorithm>
+#include <cmath>
 
 #include <folvane/DataError.h>
 
@@ -26,6 +28,11 @@ QVariant DateFromText(const QString& text, int type) {
   const QDateTime moment = ReadDateTime(text);
   if (!moment.isValid()) return {};
   return type == AdoType::DbDate ? QVariant(moment.date()) : QVariant(moment);
+}
+
+// Rounded up, so that a fraction of a second is never taken for none.
+int Milliseconds(QStringView fraction) {
+  return std::min(999, static_cast<int>(std::ceil(fraction.toDouble() * 1000)));
 }
 
 [[noreturn]] void ThrowUnfit(const QVariant& value, const ColumnInfo& column, const QString& wanted) {
@@ -58,13 +65,13 @@ QString ValueText(const QVariant& value) {
 
 QDateTime ReadDateTime(const QString& text) {
   static const QRegularExpression shape(QStringLiteral(
-      "^\\s*(\\d{4})([-/.]?)(\\d{1,2})\\2(\\d{1,2})(?:[ T](\\d{1,2}):(\\d{2})(?::(\\d{2})(?:\\.\\d+)?)?)?\\s*$"));
+      "^\\s*(\\d{4})([-/.]?)(\\d{1,2})\\2(\\d{1,2})(?:[ T](\\d{1,2}):(\\d{2})(?::(\\d{2})(\\.\\d+)?)?)?\\s*$"));
   const QRegularExpressionMatch match = shape.match(text);
   if (!match.hasMatch()) return {};
   if (match.capturedView(2).isEmpty() && (match.capturedLength(3) != 2 || match.capturedLength(4) != 2)) return {};
   const auto part = [&](int group) { return match.capturedView(group).toInt(); };
   const QDate date(part(1), part(3), part(4));
-  const QTime time(part(5), part(6), part(7));
+  const QTime time(part(5), part(6), part(7), Milliseconds(match.capturedView(8)));
   return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
 }
 

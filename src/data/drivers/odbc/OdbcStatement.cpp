@@ -19,6 +19,8 @@ QByteArray TextBytes(const QVariant& value) {
   return bytes;
 }
 
+SQLSMALLINT IntegerType(qint64 value) { return static_cast<SQLINTEGER>(value) == value ? SQL_INTEGER : SQL_BIGINT; }
+
 SQLSMALLINT DigitsAfterPoint(const QByteArray& number) {
   const qsizetype point = number.indexOf('.');
   return static_cast<SQLSMALLINT>(point < 0 ? 0 : number.size() - point - 1);
@@ -87,9 +89,8 @@ void OdbcStatement::BindValue(SQLUSMALLINT number, const QVariant& value, Bound&
     case QMetaType::Int:
     case QMetaType::Bool: {
       bound.integer = value.toLongLong();
-      const auto narrow = static_cast<SQLINTEGER>(bound.integer);
       inMemory = SQL_C_SBIGINT;
-      inStatement = narrow == bound.integer ? SQL_INTEGER : SQL_BIGINT;
+      inStatement = value.typeId() == QMetaType::Bool ? SQL_BIT : IntegerType(bound.integer);
       address = &bound.integer;
       bound.length = sizeof bound.integer;
       break;
