@@ -1,12 +1,12 @@
 #pragma once
 
-#include "data/NativeStatement.h"
-#include "data/Schema.h"
-#include "data/drivers/Driver.h"
-
 #include <QString>
 #include <functional>
 #include <memory>
+
+#include "data/NativeStatement.h"
+#include "data/Schema.h"
+#include "data/drivers/Driver.h"
 
 namespace folvane {
 
@@ -20,8 +20,8 @@ struct Plan {
   NativeStatement condition, otherwise;
 };
 
-/// Puts statements of the T-SQL flavour into a database's own dialect. What it has translated it keeps by the statement's
-/// shape (the text less its literals), so that a repeated statement costs a scan and a look-up.
+/// Puts statements of the T-SQL flavour into a database's own dialect. What it has translated it keeps by the
+/// statement's shape (the text less its literals), so that a repeated statement costs a scan and a look-up.
 class Translator {
  public:
   using TableLookup = std::function<const TableInfo*(const QString&)>;
@@ -29,8 +29,8 @@ class Translator {
   Translator(DialectKind dialect, TableLookup tables);
   ~Translator();
 
-  /// @throws DataError Untranslatable naming the form that has no counterpart, or Conversion for a literal that cannot be
-  /// compared with its column
+  /// @throws DataError Untranslatable naming the form that has no counterpart, or Conversion for a literal that cannot
+  /// be compared with its column
   Plan Translate(const QString& statement);
   /// Forgets the kept translations, which depend on the columns of the tables.
   void Forget();
