@@ -12,7 +12,7 @@ class TextCombo : public QComboBox {
 
  public:
   using QComboBox::QComboBox;
-  void SetText(const QString& text);
+  virtual void SetText(const QString& text);
 };
 
 }  // namespace folvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "forms/EntryLayout.h"
+#include "forms/RecordBinding.h"
+#include "forms/ScrolledFields.h"
+
+class QLabel;
+
+namespace folvane {
+
+/// The entry form of a table, built from its design and bound to a record set.
+class EntryForm : public ScrolledFields {
+  Q_OBJECT
+
+ public:
+  using ScrolledFields::ScrolledFields;
+
+  /// Builds the form of a table anew. An error ends the building and is shown; what was built so far stays.
+  void BuildEntryControls(const QString& table, Recordset& records);
+  void ClearEntryControls();
+
+  /// The lists of the form that was built last.
+  const EntryLayout& Layout() const { return layout_; }
+  /// In the order of the design.
+  const std::vector<std::unique_ptr<EntryField>>& Fields() const { return fields_; }
+  /// The field of a kind and number, null when there is none.
+  EntryField* FieldOf(const ControlId& control) const;
+  /// The picker of the record's fonds number, null when the form has none.
+  EntryField* FondsControl() const { return fondsControl_; }
+  /// The text in the control that shows the column of exactly that name, "" when there is none. Where a column is shown
+  /// twice the kinds are searched in their order, and multi-line boxes last.
+  QString ValueOfField(const QString& fieldName) const;
+  RecordBinding& Binding() { return binding_; }
+
+ private:
+  void Build(const QString& table, Recordset& records);
+  void BuildField(const LayoutRow& row, Recordset& records);
+  void BuildLabel(const LayoutRow& row, int number);
+
+  EntryLayout layout_;
+  std::vector<std::unique_ptr<EntryField>> fields_;
+  std::vector<std::unique_ptr<QLabel>> labels_;
+  EntryField* fondsControl_ = nullptr;
+  RecordBinding binding_;
+};
+
+}  // namespace folvane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include <folvane/Connection.h>
+
+#include "forms/CarryFields.h"
+
+namespace folvane {
+
+/// The kinds of control of an entry form, by their numbers in the design.
+namespace ControlKind {
+enum : int {
+  Txt = 1,
+  Cmb = 2,
+  DTP = 4,
+  F_FondsNo = 6,
+  F_Aec = 7,
+  F_Organ = 8,
+  DTP_Arch = 9,
+  Txt_MLine = 10,
+};
+}  // namespace ControlKind
+
+/// Names a control: its kind and its number within the kind. 0, 0 names none.
+struct ControlId {
+  int type = 0;
+  int index = 0;
+
+  bool operator==(const ControlId&) const = default;
+};
+
+/// One field of an entry form as the design has it. Places and sizes are in twips.
+struct LayoutRow {
+  ControlId control;
+  QString dataField, fieldType, caption;
+  QString fieldLong;   ///< the length of the value, as text
+  QString dictionary;  ///< that fills a combo box
+  int left = 0, top = 0, width = 0, height = 0;
+};
+
+/// The entry form of a table. The lists count from 1; at 0 stands the empty pair, or the field "<无>".
+struct EntryLayout {
+  std::vector<LayoutRow> rows;             ///< in the order of the cursor, from 0
+  std::vector<ControlId> KeyList;          ///< all fields in the order of the cursor
+  std::vector<ControlId> RequiredList;     ///< that may not be empty
+  std::vector<ControlId> FixedLengthList;  ///< whose entry must fill the length exactly
+  std::vector<CarryField> FieldList;       ///< all fields with their types, for copying a whole record
+};
+
+/// Reads the design of a table's entry form. @throws DataError, NumberError
+EntryLayout ReadEntryLayout(const std::shared_ptr<Connection>& connection, const QString& table);
+
+}  // namespace folvane

@@ -1,0 +1,67 @@
+#include "forms/LengthGuard.h"
+
+#include <QKeyEvent>
+
+#include "base/CodePage.h"
+#include "forms/EntryLayout.h"
+#include "forms/LimitText.h"
+
+namespace folvane {
+namespace {
+
+bool IsPassedOver(int key) {
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_Print:
+    case Qt::Key_Insert:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Pause:
+    case Qt::Key_CapsLock:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+      return true;
+    default:
+      return key >= Qt::Key_F1 && key <= Qt::Key_F10;
+  }
+}
+
+}  // namespace
+
+LengthGuard::LengthGuard(EntryField& field) : QObject(&field), field_(field) {
+  field.Widget().installEventFilter(this);
+  connect(&field, &EntryField::TextCommitted, this, &LengthGuard::Cut);
+}
+
+void LengthGuard::Cut() {
+  const std::optional<int> limit = LimitIn(field_.LimitText());
+  if (!limit || field_.IsComposing()) return;
+  const QString text = field_.Text();
+  const QString cut = LimitByteLength(text, *limit);
+  if (cut == text) return;
+  field_.SetText(cut);
+  field_.CaretToEnd();
+}
+
+bool LengthGuard::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyRelease) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool inCombo = field_.ControlType() == ControlKind::Cmb;
+    if (!IsPassedOver(key->key()) && !(inCombo && key->modifiers() & Qt::ControlModifier)) Cut();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+}  // namespace folvane

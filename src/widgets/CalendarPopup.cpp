@@ -1,0 +1,78 @@
+#include "widgets/CalendarPopup.h"
+
+#include <QCalendarWidget>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QPushButton>
+#include <QTextCharFormat>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "base/Today.h"
+
+namespace folvane {
+
+CalendarPopup::CalendarPopup(QWidget* owner)
+    : QFrame(owner, Qt::Popup), calendar_(new QCalendarWidget), choices_(new QHBoxLayout) {
+  setObjectName(QStringLiteral("CalendarPopup"));
+  setFrameShape(QFrame::StyledPanel);
+  // The click beside the pop-up only closes it: passed on to the box's own button it would open it again.
+  setAttribute(Qt::WA_NoMouseReplay);
+  calendar_->setLocale(QLocale(QLocale::Chinese, QLocale::China));
+  calendar_->setFirstDayOfWeek(Qt::Monday);
+  calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar_->setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+  calendar_->setMinimumDate(QDate(100, 1, 1));
+  calendar_->setMaximumDate(QDate(9999, 12, 31));
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(4, 4, 4, 4);
+  layout->setSpacing(4);
+  layout->addWidget(calendar_);
+  layout->addLayout(choices_);
+  choices_->setSpacing(2);
+  choices_->addStretch();
+
+  const auto pick = [this](const QDate& date) {
+    hide();
+    Q_EMIT Picked(date);
+  };
+  // A click tells of itself; the Enter key only activates.
+  connect(calendar_, &QCalendarWidget::clicked, this, pick);
+  connect(calendar_, &QCalendarWidget::activated, this, [this, pick](const QDate& date) {
+    if (isVisible()) pick(date);
+  });
+}
+
+void CalendarPopup::Mark(const QDate& date) {
+  const QDate today = Today();
+  QTextCharFormat bold;
+  bold.setFontWeight(QFont::Bold);
+  calendar_->setDateTextFormat(QDate(), {});
+  calendar_->setDateTextFormat(today, bold);
+  calendar_->setSelectedDate(date.isValid() ? date : today);
+}
+
+void CalendarPopup::AddChoice(const QString& caption, std::function<void(int, int)> choice) {
+  auto* button = new QToolButton;
+  button->setText(caption);
+  button->setAutoRaise(true);
+  connect(button, &QToolButton::clicked, this, [this, choice = std::move(choice)] {
+    hide();
+    choice(calendar_->yearShown(), calendar_->monthShown());
+  });
+  choices_->addWidget(button);
+}
+
+void CalendarPopup::showEvent(QShowEvent* event) {
+  QFrame::showEvent(event);
+  calendar_->setFocus(Qt::PopupFocusReason);
+}
+
+void CalendarPopup::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_F4) return hide();
+  QFrame::keyPressEvent(event);
+}
+
+}  // namespace folvane

@@ -1,0 +1,116 @@
+#include "widgets/DateBox.h"
+
+#include <QKeyEvent>
+
+#include "base/HalfWidth.h"
+#include "base/Today.h"
+#include "data/ValueText.h"
+
+namespace folvane {
+namespace {
+
+constexpr int kFullLength = 10;  // YYYY-mm-DD
+
+QString AdmitDateSigns(const QString& typed) {
+  QString admitted;
+  for (const QChar sign : ToHalfWidth(typed)) {
+    if ((sign >= u'0' && sign <= u'9') || sign == u'-' || sign == u'/' || sign == u'.') admitted += sign;
+  }
+  return admitted;
+}
+
+QDate ReadDate(const QString& text) { return ReadDateTime(text).date(); }
+
+bool IsComplete(const QString& text) {
+  return text.size() == kFullLength || (text.size() == 8 && text.toULongLong() > 0);
+}
+
+}  // namespace
+
+DateBox::DateBox(QWidget* parent) : CalendarCombo(parent) {
+  Box().setMaxLength(kFullLength);
+  Box().SetAdmission(AdmitDateSigns);
+}
+
+QString DateBox::Text() const { return date_.toString(QStringLiteral("yyyy-MM-dd")); }
+
+void DateBox::SetText(const QString& text) {
+  date_ = ReadDate(text);
+  Show();
+}
+
+void DateBox::Show() {
+  if (currentText() != Text()) setEditText(Text());
+}
+
+void DateBox::TakeTyping() {
+  const QString typed = currentText();
+  if (typed.isEmpty()) return TakeDate({});
+  const QDate date = IsComplete(typed) ? ReadDate(typed) : QDate();
+  if (date.isValid()) TakeDate(date);
+}
+
+void DateBox::Commit() {
+  const QDate typed = ReadDate(currentText());
+  typed.isValid() ? TakeDate(typed) : Show();
+}
+
+void DateBox::TakeDate(const QDate& date) {
+  const bool differs = date != date_;
+  date_ = date;
+  Show();
+  if (differs) Q_EMIT Changed();
+}
+
+void DateBox::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Delete:
+    case Qt::Key_Clear:
+      return TakeDate({});
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Commit();
+      break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (event->modifiers() & Qt::AltModifier) break;
+      return StepSection(event->key() == Qt::Key_Up ? 1 : -1);
+    default:
+      if (const QString typed = ToHalfWidth(event->text()); !typed.isEmpty() && typed.front().isDigit())
+        MakeRoomForDigit();
+  }
+  CalendarCombo::keyPressEvent(event);
+}
+
+// In a complete date a digit takes the place of the one under the caret; behind the last one it begins a new date.
+void DateBox::MakeRoomForDigit() {
+  if (Box().text().size() < kFullLength || Box().hasSelectedText()) return;
+  int place = Box().cursorPosition();
+  if (place >= kFullLength) return Box().selectAll();
+  if (!Box().text()[place].isDigit()) ++place;
+  Box().setSelection(place, 1);
+}
+
+void DateBox::StepSection(int count) {
+  const int place = Box().cursorPosition();
+  if (!date_.isValid()) return TakeDate(Today());
+  TakeDate(place <= 4 ? date_.addYears(count) : place <= 7 ? date_.addMonths(count) : date_.addDays(count));
+  Box().setCursorPosition(place);
+}
+
+void DateBox::focusInEvent(QFocusEvent* event) {
+  CalendarCombo::focusInEvent(event);
+  if (event->reason() == Qt::OtherFocusReason) Box().selectAll();
+}
+
+void DateBox::focusOutEvent(QFocusEvent* event) {
+  Commit();
+  CalendarCombo::focusOutEvent(event);
+}
+
+void DateBox::AddChoices(CalendarPopup& popup) {
+  popup.AddChoice(QStringLiteral("今天"), [this](int, int) { TakeDate(Today()); });
+  popup.AddChoice(QStringLiteral("清空"), [this](int, int) { TakeDate({}); });
+}
+
+}  // namespace folvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+#include "widgets/TypingGate.h"
+
+namespace folvane {
+
+/// A text box of several lines that takes no line break from the Enter key: lines come from wrapping, and from what a
+/// text already holds. Its property `text` and its signals are those of TextBox.
+class MemoBox : public QPlainTextEdit {
+  Q_OBJECT
+  Q_PROPERTY(QString text READ Text WRITE SetText)
+
+ public:
+  explicit MemoBox(QWidget* parent = nullptr);
+
+  QString Text() const { return toPlainText(); }
+  /// Sets the text silently. The same text leaves caret and selection alone.
+  void SetText(const QString& text);
+  void SetAdmission(TypingGate::Admission admission) { gate_.SetAdmission(std::move(admission)); }
+  bool IsComposing() const { return gate_.IsComposing(); }
+
+ Q_SIGNALS:
+  void Changed();
+  void TextCommitted();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+
+ private:
+  void TellChange();
+
+  TypingGate gate_;
+  QString known_;
+};
+
+}  // namespace folvane
