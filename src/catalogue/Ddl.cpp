@@ -1,0 +1,81 @@
+#include "catalogue/Ddl.h"
+
+#include <folvane/DataError.h>
+
+#include "catalogue/Catalogue.h"
+
+namespace folvane {
+namespace {
+
+/// The words of one database for the column types; %1 is the length.
+struct TypeWords {
+  QString text, longText, integer, date, blob;
+
+  QString Of(const Column& column) const {
+    switch (column.type) {
+      case ColumnType::Text:
+        return text.arg(column.length);
+      case ColumnType::LongText:
+        return longText;
+      case ColumnType::Integer:
+        return integer;
+      case ColumnType::Date:
+        return date;
+      case ColumnType::Blob:
+        return blob;
+    }
+    return {};
+  }
+};
+
+// SQLite would turn '20020304' in a column declared as a date into a number; as text it stays what was written.
+TypeWords WordsOf(DialectKind dialect) {
+  const QString text = QStringLiteral("varchar(%1)");
+  const QString longText = QStringLiteral("text");
+  const QString integer = QStringLiteral("integer");
+  if (dialect == DialectKind::Sqlite)
+    return {text, longText, integer, QStringLiteral("varchar(10)"), QStringLiteral("blob")};
+  if (dialect == DialectKind::PostgreSql)
+    return {text, longText, integer, QStringLiteral("date"), QStringLiteral("bytea")};
+  throw DataError(DataErrorKind::Untranslatable, QStringLiteral("该数据库中的表由其管理工具建立，不能在此建立"));
+}
+
+QString CreateTableText(const TypeWords& words, const Table& table) {
+  QStringList parts;
+  for (const Column& column : table.columns) {
+    const bool inKey = table.key.contains(column.name, Qt::CaseInsensitive);
+    parts << column.name + QLatin1Char(' ') + words.Of(column) + (inKey ? QStringLiteral(" NOT NULL") : QString());
+  }
+  if (!table.key.isEmpty()) parts << QStringLiteral("PRIMARY KEY (%1)").arg(table.key.join(QLatin1Char(',')));
+  return QStringLiteral("CREATE TABLE %1 (%2)").arg(table.name, parts.join(QStringLiteral(", ")));
+}
+
+QString CreateIndexText(const QString& table, const QStringList& columns) {
+  return QStringLiteral("CREATE INDEX IX_%1_%2 ON %1 (%3)")
+      .arg(table, columns.join(QLatin1Char('_')), columns.join(QLatin1Char(',')));
+}
+
+}  // namespace
+
+QByteArrayList CreateStatements(DialectKind dialect, const Table& table) {
+  QByteArrayList statements{CreateTableText(WordsOf(dialect), table).toUtf8()};
+  for (const QStringList& columns : table.indexes) statements << CreateIndexText(table.name, columns).toUtf8();
+  return statements;
+}
+
+void CreateTable(Connection& connection, const Table& table) {
+  Driver& driver = connection.NativeDriver();
+  for (const QByteArray& statement : CreateStatements(driver.Dialect(), table)) driver.Execute({statement, {}});
+  connection.RefreshSchema();
+}
+
+void DropTable(Connection& connection, const QString& name) {
+  connection.NativeDriver().Execute({"DROP TABLE IF EXISTS " + name.toUtf8(), {}});
+  connection.RefreshSchema();
+}
+
+void CreateCatalogue(Connection& connection) {
+  for (const Table& table : CatalogueTables()) CreateTable(connection, table);
+}
+
+}  // namespace folvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArrayList>
+
+#include <folvane/Connection.h>
+
+#include "catalogue/Table.h"
+#include "data/drivers/Driver.h"
+
+namespace folvane {
+
+/// The statements that make a table and its indexes in a database's own words.
+/// @throws DataError Untranslatable for a database whose tables are not ours to make
+QByteArrayList CreateStatements(DialectKind dialect, const Table& table);
+
+/// Makes a table with its key and indexes. @throws DataError
+void CreateTable(Connection& connection, const Table& table);
+
+/// Removes a table if it is there. @throws DataError
+void DropTable(Connection& connection, const QString& name);
+
+/// Makes all design, flow and rights tables on an empty database. @throws DataError
+void CreateCatalogue(Connection& connection);
+
+}  // namespace folvane
