@@ -216,8 +216,9 @@ class Emitter {
     if (group != TypeGroup::Text) return joined(As(group, left), As(group, right));
     if (op == QLatin1String("=") && left.column && IsKeyLike(right)) return KeyEquals(left, right);
     if (op == QLatin1String("=") && right.column && IsKeyLike(left)) return KeyEquals(right, left);
-    // A collation goes with the left side of the comparison; both are folded where it is a function.
-    return joined(AsFolded(left), postgres_ || !IsLiteral(right) ? AsFolded(right) : AsText(right));
+    // A collation goes with the left side of the comparison, unless that is a literal.
+    const bool byCollation = !postgres_ && !IsLiteral(left) && IsLiteral(right);
+    return joined(AsFolded(left), byCollation ? AsText(right) : AsFolded(right));
   }
 
   // A text without letters needs no folding, and the column's index serves. Trailing blanks sort right behind the bare

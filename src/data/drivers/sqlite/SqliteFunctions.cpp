@@ -134,6 +134,7 @@ void Like(sqlite3_context* context, int count, sqlite3_value** values) {
 void Fail(sqlite3_context* context, const QString& message) {
   const QByteArray utf8 = message.toUtf8();
   sqlite3_result_error(context, utf8.constData(), static_cast<int>(utf8.size()));
+  sqlite3_result_error_code(context, SQLITE_MISMATCH);
 }
 
 void Number(sqlite3_context* context, int count, sqlite3_value** values) {

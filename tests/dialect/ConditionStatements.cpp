@@ -1,0 +1,83 @@
+#include "StatementCase.h"
+
+namespace folvane::test {
+
+// Fragments as administrators write them into the rights of a user.
+#define WHERE(condition) "Select RegID From Lwdj Where " condition " Order By RegID"
+
+const std::vector<StatementCase> kConditionStatements{
+    {"a quoted name", WHERE("[Lwdj].[FondsNo]='F1'"), {"1", "2"}},
+    {"a name in double quotes", WHERE("\"FondsNo\"='F1'"), {"1", "2"}},
+    {"a national literal", WHERE("FileStatus=N'需归档'"), {"1", "10"}},
+    {"trailing blanks", WHERE("FondsNo='F1   '"), {"1", "2"}},
+    {"a list of texts", WHERE("FondsNo In ('f1','f9')"), {"1", "2"}},
+    {"a list of numbers for a number", WHERE("RegID In (1,'10')"), {"1", "10"}},
+    {"not in a list", WHERE("RegID Not In (1,2)"), {"10"}},
+    {"in a selection", WHERE("FondsNo In (Select FondsNo From FondsDefine)"), {"1", "2"}},
+    {"exists", WHERE("Exists (Select * From Original_Text Where RecordID=Lwdj.ArchiveID)"), {"1"}},
+    {"a class", WHERE("Amaintitle Like '%[a-c][_]b'"), {"10"}},
+    {"a negated class", WHERE("DocNo Like '[^a]%'"), {"1"}},
+    {"an underscore", WHERE("DocNo Like 'ABC__'"), {"2", "10"}},
+    {"an escape", WHERE("Amaintitle Like '%100!%%' Escape '!'"), {"2"}},
+    {"a percent sign in brackets", WHERE("Amaintitle Like '%100[%]%'"), {"2"}},
+    {"a number under like", WHERE("RegID Like '1%'"), {"1", "10"}},
+    {"IsNull", WHERE("IsNull(Note,'无')='无'"), {"2"}},
+    {"Len", WHERE("Len(FondsNo+'  ')=2"), {"1", "2", "10"}},
+    {"Right", WHERE("Right(DocNo,1)='3'"), {"10"}},
+    {"SubString", WHERE("SubString(CreatedDate,6,2)='03'"), {"1", "2"}},
+    {"CharIndex", WHERE("CharIndex('C-',DocNo)=3"), {"2", "10"}},
+    {"Upper", WHERE("Upper(DocNo)='abc-3'"), {"10"}},
+    {"Replace", WHERE("Replace(DocNo,'ABC','x')='X-2'"), {"2"}},
+    {"Year of a date", WHERE("Year(FileDate)=2002"), {"1", "2"}},
+    {"Convert to text", WHERE("Convert(varchar(7),CreatedDate)='2002-03'"), {"1", "2"}},
+    {"Convert a date with a style", WHERE("Convert(char(8),FileDate,112)='20020301'"), {"1"}},
+    {"Cast to a number", WHERE("Cast(Left(CreatedDate,4) As int)>2002"), {"10"}},
+    {"a text and a literal in the other order", WHERE("'ABC-3 '=DocNo"), {"10"}},
+    {"a date not after today", WHERE("FileDate<=GetDate()"), {"1", "2"}},
+    {"DateDiff", WHERE("DateDiff(day,FileDate,'2002-03-03')=2"), {"1"}},
+    {"Case", WHERE("Case When FondsNo='f2' Then 1 Else 0 End=1"), {"10"}},
+    {"a simple Case", WHERE("Case FondsNo When 'f2' Then 1 Else 0 End=1"), {"10"}},
+    {"Not over And", WHERE("Not (FondsNo='F1' And RegID=1)"), {"2", "10"}},
+    {"plus on texts", WHERE("FondsNo+'-'+FileStatus='F1-需归档'"), {"1"}},
+    {"plus on numbers", WHERE("RegID+1=3"), {"2"}},
+    {"a text compared with a number", WHERE("Left(CreatedDate,4)=2003"), {"10"}},
+    {"a text that is no number", WHERE("FileStatus=1"), {"error: Conversion"}},
+    {"whole division", WHERE("RegID/3=3"), {"10"}},
+    {"a remainder", WHERE("RegID%2=0"), {"2", "10"}},
+    {"not equal, the other sign", WHERE("RegID!=1"), {"2", "10"}},
+    {"not between", WHERE("RegID Not Between 1 And '2'"), {"10"}},
+    {"a comment", WHERE("RegID=1 /* one */"), {"1"}},
+    {"the first rows", "Select Top 2 RegID From Lwdj Order By RegID Desc", {"10", "2"}},
+    {"nulls come first", "Select FileDate From Lwdj Order By FileDate", {"<null>", "2002-03-01", "2002-03-02"}},
+    {"nulls come last", "Select FileDate From Lwdj Order By FileDate Desc", {"2002-03-02", "2002-03-01", "<null>"}},
+    {"an alias of a table",
+     "Select a.RegID From Lwdj a Inner Join Original_Text As o On o.RecordID=a.ArchiveID "
+     "Where o.FileOrder=1",
+     {"1"}},
+    {"an outer join",
+     "Select a.RegID,o.ID From Lwdj a Left Join Original_Text o On o.RecordID=a.ArchiveID And "
+     "o.FileOrder=1 Order By a.RegID",
+     {"1|o1", "2|<null>", "10|<null>"}},
+    {"a union", "Select FondsNo From Lwdj Union Select FondsNo From Ajml Order By FondsNo", {"F1", "F2"}},
+    {"a trailing semicolon", "Select RegID From Lwdj Where RegID=1;", {"1"}},
+    {"a named expression", "Select Years=Left(CreatedDate,4) From Lwdj Where RegID=1", {"2002"}},
+    {"a group with a condition", "Select FondsNo,Count(*) From Lwdj Group By FondsNo Having Count(*)>1", {"F1|2"}},
+    {"a number stored from text",
+     "Update Lwdj Set Quantity='12' Where RegID=1",
+     {"12"},
+     "Select Quantity From Lwdj Where RegID=1"},
+    {"no number stored",
+     "Update Lwdj Set Quantity='多' Where RegID=1",
+     {"error: Conversion"},
+     "Select Quantity From Lwdj Where RegID=1"},
+    {"a text stored from a number",
+     "Update Lwdj Set Note=12 Where RegID=1",
+     {"12"},
+     "Select Note From Lwdj Where RegID=1"},
+    {"a missing column", "Select * From Lwdj Where Missing='1'", {"error: Statement"}},
+    {"a missing table", "Select * From Nowhere", {"error: Statement"}},
+};
+
+#undef WHERE
+
+}  // namespace folvane::test

@@ -1,0 +1,95 @@
+#include "StatementCase.h"
+
+namespace folvane::test {
+
+const std::vector<StatementCase> kTreeAndListStatements{
+    {"the user's name", "Select UserName From UserPopedom Where UserID = '7'", {"张三"}},
+    {"classes below the root",
+     "Select ClassId,ClassName From Design_ClassRelation Where Class_Parent = 1",
+     {"2|文书档案"}},
+    {"top tables of a class",
+     "Select TableName,ChnTableName,RelationField From Design_TableRelation Where ClassId = 2 And (Table_Parent = '' "
+     "Or "
+     "Table_Parent is null)",
+     {"Lwdj|收文登记|", "Ajml|案卷目录|<null>"}},
+    {"child tables",
+     "Select TableName,ChnTableName,RelationField From Design_TableRelation Where ClassId = 2 And Table_Parent = "
+     "'ajml'",
+     {"Jnml|卷内目录|ArchiveNo"}},
+    {"the class of a table", "Select ClassID From Design_TableRelation Where TableName = 'LWDJ'", {"2"}},
+    {"the targets", "Select * From DataTransfer_Ini", {"1|Lwdj|Ajml"}},
+    {"rights",
+     "Select PopStrChn,PopEditData,PopPrintData,PopLookFile,PopCondition From UserPopedomScope Where UserID = '7' And "
+     "PopTableName = 'Lwdj'",
+     {"本处|1|0|1|Lwdj.FondsNo='F1'"}},
+    {"the default order",
+     "Select OrderStr From FindCirOrder Where TableName = 'Lwdj' and UserID=7",
+     {"ArchiveId Desc"}},
+    {"the default order made",
+     "Insert into FindCirOrder(TableName,OrderStr,UserID) Values('Fwdj','ArchiveId Desc',7)",
+     {"Fwdj|7", "Lwdj|7"},
+     "Select TableName,UserID From FindCirOrder Order By TableName"},
+    {"the order changed",
+     "Update FindCirOrder Set OrderStr = 'RegID Asc' Where TableName = 'Lwdj' and UserID=7",
+     {"RegID Asc"},
+     "Select OrderStr From FindCirOrder"},
+    {"a field tested by an alias",
+     "select fieldname='CreatedDate' from DynamicWindows where tablename='Ajml'",
+     {"CreatedDate"}},
+    {"years", "select DISTINCT left(Createddate,4)  from Lwdj order by 1 desc", {"2003", "2002"}},
+    {"agency words",
+     "select DISTINCT name from AssistantDicKey where DicID=(select Dicid from AssistantDictionary where "
+     "name='机关代字') Order By name",
+     {"沪府", "沪政发"}},
+    {"values of a field", "select DISTINCT FileStatus  from Lwdj order by 1 desc", {"需归档", "已归档"}},
+    {"a year's records by rights",
+     "Select * From Ajml Where (Ajml.FondsNo='f1') And Left(CreatedDate,4) = '2002' Order By ArchiveId Desc",
+     {"30000000000000000002|F1|2002|2|2|F1-2002-0002|5|<null>|2002-05-06",
+      "30000000000000000001|F1|2002|1|1|F1-2002-0001|1|4|2002-01-02"}},
+    {"no rights", "Select * From Lwdj Where 1 = 2 Order By ArchiveId Desc", {}},
+    {"a document word", "Select RegID From Lwdj Where DOCNO like '沪政发%' Order By ArchiveId Desc", {"1"}},
+    {"two order fields", "Select RegID From Lwdj Order By FileStatus Asc,RegID Desc", {"2", "10", "1"}},
+    {"list columns",
+     "Select FieldName,ChnFieldName,ColumnWidth from ListViewFormat where Tablename='Lwdj' Order By OrderNo",
+     {"Amaintitle|题名|3000", "RegID|登记号|800"}},
+    {"originals of a row",
+     "Select * From Original_Text Where RecordID = '20020304101112000001'",
+     {"o1|正文|.txt|20020304101112000001|10|1|2002", "o2|附件|.pdf|20020304101112000001|20|2|"}},
+    {"originals in order",
+     "Select * from Original_Text Where RecordId='20020304101112000001'  Order By FileOrder",
+     {"o1|正文|.txt|20020304101112000001|10|1|2002", "o2|附件|.pdf|20020304101112000001|20|2|"}},
+    {"the order row", "Select * From FindCirOrder Where TableName = 'lwdj' and UserID=7", {"Lwdj|ArchiveId Desc|7"}},
+    {"the id of a report",
+     "select report_id from report_index where report_group_id ='Lwdj'and report_name ='收文目录'",
+     {"r1"}},
+    {"reports of a table",
+     "Select Report_Name,Report_ID From Report_Index where Report_Group_Id ='Lwdj' and report_type = '1'",
+     {"收文目录|r1"}},
+    {"reports by a number",
+     "select report_name from  report_index where report_group_id ='Lwdj' and report_type=2",
+     {"年报"}},
+    {"the caption of a field",
+     "Select ChnFieldName from DynamicWindows Where TableName='Lwdj' and FieldName='AMAINTITLE'",
+     {"题名"}},
+    {"search fields",
+     "Select DynamicWindows.FieldName,DynamicWindows.ChnFieldName,DynamicWindows.FieldType,SimSearch.FieldValue From "
+     "DynamicWindows,SimSearch Where DynamicWindows.TableName=SimSearch.TableName And DynamicWindows.FieldName "
+     "=SimSearch.DataField And DynamicWindows.TableName = 'Lwdj' Order By SimSearch.OrderNo",
+     {"Amaintitle|题名|文本型|@通知@"}},
+    {"a dictionary",
+     "Select Name From AssistantDicKey Where DicID in (Select DicId from AssistantDictionary where Name='机关代字') "
+     "Order "
+     "By Note",
+     {"沪府", "沪政发"}},
+    {"a dictionary by the design",
+     "Select Name From AssistantDicKey Where DicID in (Select DicId from AssistantDictionary where Name=(Select "
+     "AuxiDictDetails From DynamicWindows Where TableName='Lwdj' And FieldName = 'Amaintitle')) Order By Note",
+     {"通知"}},
+    {"the greatest number", "Select Max(RegID) From Lwdj", {"10"}},
+    {"the greatest of none", "Select Max(RegID) From Lwdj Where 1 = 2", {"<null>"}},
+    {"a fonds", "Select FondsName from FondsDefine Where FondsNo='F1'", {"市政府"}},
+    {"a class", "Select ClassName from EntityClass  Where ClassNo='C1' and FondsNo = 'F1'", {"文书"}},
+    {"a keeping period", "Select Code from RetentionYear Where Name='永久'", {"Y"}},
+};
+
+}  // namespace folvane::test
