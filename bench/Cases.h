@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <map>
+
+#include "bench/Meter.h"
+
+namespace folvane::bench {
+
+struct Setting {
+  qint64 rows = 0;
+  QString database;  ///< the file of SQLite
+};
+
+/// Does one thing once, with the meter set around what counts.
+using Case = std::function<void(const Setting&, Meter&)>;
+using Cases = std::map<QString, Case>;
+
+Cases ReadingCases();
+Cases WritingCases();
+Cases PostgresCases();
+
+}  // namespace folvane::bench

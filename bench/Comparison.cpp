@@ -1,0 +1,82 @@
+#include "bench/Comparison.h"
+
+#include <algorithm>
+
+namespace folvane::bench {
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kRounds = 5, kRoundsOfMany = 3;
+
+Sample Better(const Sample& one, const Sample& other) {
+  return {std::min(one.milliseconds, other.milliseconds), std::min(one.mebibytes, other.mebibytes)};
+}
+
+QString Figure(const Sample& sample, const QString& words) {
+  return u"  %1 %2 ms %3 MiB"_s.arg(words, -44)
+      .arg(sample.milliseconds, 10, 'f', sample.milliseconds < 10 ? 3 : 0)
+      .arg(sample.mebibytes, 7, 'f', 0);
+}
+
+QString Ratio(double subject, double rival, double aim, const QString& of) {
+  const double ratio = subject / rival;
+  if (aim == 0) return u"   %1 x %2"_s.arg(ratio, 0, 'f', 2).arg(of);
+  return u"   %1 x %2 (aim %3%4)"_s.arg(ratio, 0, 'f', 2).arg(of).arg(aim).arg(ratio > aim ? u", MISSED"_s : QString());
+}
+
+}  // namespace
+
+std::vector<Comparison> Comparisons() {
+  std::vector<Comparison> all;
+  for (const qint64 rows : {10'000, 100'000, 1'000'000}) {
+    // A small result costs the process its first chunk, which says nothing of what a row costs.
+    const double memoryAim = rows < 100'000 ? 0 : 1.2;
+    all.push_back({u"All rows of a table in the order of its key, SQLite"_s,
+                   rows,
+                   u"read-recordset"_s,
+                   u"record set opened"_s,
+                   {{u"read-raw"_s, u"sqlite3_step, all columns copied"_s, 1.15, memoryAim},
+                    {u"read-sqltablemodel"_s, u"QSqlTableModel, all rows fetched"_s, 1.0 / 3, 1.0 / 3}}});
+    all.push_back({u"A record by its key among the rows of a record set"_s,
+                   rows,
+                   u"find-again"_s,
+                   u"Find, after the first"_s,
+                   {{u"find-first"_s, u"Find, the first (builds the index)"_s},
+                    {u"find-raw"_s, u"the database's own index, prepared"_s}}});
+  }
+  all.push_back({u"One statement a row in one transaction, SQLite"_s,
+                 10'000,
+                 u"insert-literals"_s,
+                 u"Connection::Execute, literals"_s,
+                 {{u"insert-raw"_s, u"prepared statement, values bound"_s, 1.3},
+                  {u"insert-literals-raw"_s, u"the same texts given to sqlite3_exec"_s}}});
+  all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
+                 100'000,
+                 u"odbc-recordset"_s,
+                 u"record set over ODBC"_s,
+                 {{u"psql-copy"_s, u"psql, COPY ... TO STDOUT"_s, 1.8}}});
+  return all;
+}
+
+void Compare(const Comparison& comparison, const std::function<Sample(const QString&, qint64)>& run, QTextStream& out) {
+  std::vector<QString> names{comparison.subject};
+  for (const Rival& rival : comparison.rivals) names.push_back(rival.name);
+  std::vector<Sample> best(names.size(), {1e300, 1e300});
+  const int rounds = comparison.rows >= 1'000'000 ? kRoundsOfMany : kRounds;
+  for (int round = 0; round < rounds; ++round)
+    for (std::size_t i = 0; i < names.size(); ++i) best[i] = Better(best[i], run(names[i], comparison.rows));
+
+  out << Qt::endl << comparison.title << u", %L1 rows"_s.arg(comparison.rows) << Qt::endl;
+  const Sample& subject = best.front();
+  out << Figure(subject, comparison.words) << Qt::endl;
+  for (std::size_t i = 1; i < names.size(); ++i) {
+    const Rival& rival = comparison.rivals[i - 1];
+    out << Figure(best[i], rival.words) << Ratio(subject.milliseconds, best[i].milliseconds, rival.timeAim, u"time"_s);
+    if (rival.memoryAim > 0) out << Ratio(subject.mebibytes, best[i].mebibytes, rival.memoryAim, u"memory"_s);
+    out << Qt::endl;
+  }
+}
+
+}  // namespace folvane::bench

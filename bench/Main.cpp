@@ -1,0 +1,64 @@
+// folvane-bench                              measures everything and prints the table
+// folvane-bench --case NAME ROWS DATABASE    measures one case in this process: milliseconds and MiB
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include "bench/Cases.h"
+#include "bench/Comparison.h"
+#include "bench/SampleTable.h"
+
+namespace {
+
+using namespace folvane::bench;
+using namespace Qt::Literals::StringLiterals;
+
+int MeasureHere(const QString& name, const Setting& setting) {
+  Cases cases = ReadingCases();
+  cases.merge(WritingCases());
+  cases.merge(PostgresCases());
+  const auto found = cases.find(name);
+  if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
+  Meter meter;
+  found->second(setting, meter);
+  QTextStream(stdout) << meter.Result().milliseconds << ' ' << meter.Result().mebibytes << Qt::endl;
+  return 0;
+}
+
+/// A process of its own for each measurement, so that memory starts from the same place.
+Sample MeasureApart(const QString& name, qint64 rows, const QString& database) {
+  QProcess child;
+  child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  child.start(QCoreApplication::applicationFilePath(), {u"--case"_s, name, QString::number(rows), database});
+  if (!child.waitForFinished(-1) || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
+    qFatal("the case %s failed", qPrintable(name));
+  const QByteArrayList figures = child.readAllStandardOutput().trimmed().split(' ');
+  return {figures.value(0).toDouble(), figures.value(1).toDouble()};
+}
+
+int MeasureAll() {
+  const QTemporaryDir folder;
+  QTextStream out(stdout);
+  const auto run = [&](const QString& name, qint64 rows) {
+    const QString database = folder.filePath(u"%1.db"_s.arg(rows));
+    if (!QFile::exists(database)) {
+      MakeSqliteTable(database, rows);
+      if (rows == 100'000) MakePostgresTable(rows);
+    }
+    return MeasureApart(name, rows, database);
+  };
+  for (const Comparison& comparison : Comparisons()) Compare(comparison, run, out);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  const QStringList arguments = QCoreApplication::arguments();
+  if (arguments.size() == 5 && arguments[1] == u"--case"_s)
+    return MeasureHere(arguments[2], {arguments[3].toLongLong(), arguments[4]});
+  return MeasureAll();
+}

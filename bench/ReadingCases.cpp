@@ -1,0 +1,127 @@
+// Reading a whole table in the order of its key.
+#include <QSqlDatabase>
+#include <QSqlTableModel>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <sqlite3.h>
+#include <vector>
+
+#include <folvane/SqliteConnection.h>
+
+#include "bench/Cases.h"
+#include "bench/SampleTable.h"
+#include "data/Recordset.h"
+
+namespace folvane::bench {
+
+namespace {
+
+/// What a careful program without a record set would do: keep the bytes of all columns in chunks that never move.
+class Chunks {
+ public:
+  void Append(const void* bytes, std::uint32_t length) {
+    if (chunks_.empty() || used_ + length + sizeof length > kSize) {
+      chunks_.push_back(std::make_unique_for_overwrite<char[]>(kSize));
+      used_ = 0;
+    }
+    char* at = chunks_.back().get() + used_;
+    std::memcpy(at, &length, sizeof length);
+    std::memcpy(at + sizeof length, bytes, length);
+    used_ += sizeof length + length;
+  }
+
+ private:
+  static constexpr std::size_t kSize = std::size_t(1) << 20;
+  std::vector<std::unique_ptr<char[]>> chunks_;
+  std::size_t used_ = 0;
+};
+
+void ReadRaw(const Setting& setting, Meter& meter) {
+  sqlite3* database = OpenSqlite(setting.database);
+  Chunks chunks;
+  meter.Start();
+  sqlite3_stmt* statement = nullptr;
+  Check(sqlite3_prepare_v2(database, "SELECT * FROM Records ORDER BY ArchiveID", -1, &statement, nullptr), SQLITE_OK,
+        database);
+  while (sqlite3_step(statement) == SQLITE_ROW) {
+    for (int column = 0; column < kColumns; ++column) {
+      const void* bytes = sqlite3_column_text(statement, column);
+      chunks.Append(bytes, std::uint32_t(sqlite3_column_bytes(statement, column)));
+    }
+  }
+  sqlite3_finalize(statement);
+  meter.Stop();
+  sqlite3_close(database);
+}
+
+void ReadRecordset(const Setting& setting, Meter& meter) {
+  sqlite3* database = OpenSqlite(setting.database);
+  const std::shared_ptr<Connection> connection = AdoptSqlite(database);
+  Recordset records;
+  meter.Start();
+  records.Open(QStringLiteral("Select * From Records Order By ArchiveID"), connection);
+  meter.Stop();
+  if (records.RecordCount() != setting.rows) qFatal("the record set has %lld rows", records.RecordCount());
+}
+
+void ReadSqlTableModel(const Setting& setting, Meter& meter) {
+  QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+  database.setDatabaseName(setting.database);
+  if (!database.open()) qFatal("Qt's driver for SQLite does not open the file");
+  QSqlTableModel model;
+  meter.Start();
+  model.setTable(QStringLiteral("Records"));
+  model.setSort(0, Qt::AscendingOrder);
+  model.select();
+  while (model.canFetchMore()) model.fetchMore();
+  meter.Stop();
+  if (model.rowCount() != setting.rows) qFatal("the model has %d rows", model.rowCount());
+}
+
+/// Finds a key in the middle of the table by the given number of searches beforehand.
+void FindKey(const Setting& setting, Meter& meter, int searchesBefore) {
+  sqlite3* database = OpenSqlite(setting.database);
+  Recordset records;
+  records.Open(QStringLiteral("Select * From Records Order By ArchiveID"), AdoptSqlite(database));
+  const auto find = [&](qint64 row) {
+    records.MoveFirst();
+    records.Find(QStringLiteral("ArchiveID = '%1'").arg(QString::fromUtf8(SampleRow(row).front())));
+    if (records.AbsolutePosition() != row + 1) qFatal("the key of row %lld was not found", row);
+  };
+  for (int search = 0; search < searchesBefore; ++search) find(setting.rows / 3);
+  meter.Start();
+  find(setting.rows - 1);
+  meter.Stop();
+}
+
+/// The same search as the database does it, with a statement that is already prepared.
+void FindKeyRaw(const Setting& setting, Meter& meter) {
+  sqlite3* database = OpenSqlite(setting.database);
+  sqlite3_stmt* statement = nullptr;
+  Check(sqlite3_prepare_v2(database, "SELECT rowid FROM Records WHERE ArchiveID = ?", -1, &statement, nullptr),
+        SQLITE_OK, database);
+  const QByteArray key = SampleRow(setting.rows - 1).front();
+  sqlite3_bind_text(statement, 1, key.constData(), -1, SQLITE_STATIC);
+  sqlite3_step(statement);
+  sqlite3_reset(statement);
+  meter.Start();
+  Check(sqlite3_step(statement), SQLITE_ROW, database);
+  meter.Stop();
+  sqlite3_finalize(statement);
+}
+
+}  // namespace
+
+Cases ReadingCases() {
+  return {
+      {QStringLiteral("read-raw"), ReadRaw},
+      {QStringLiteral("read-recordset"), ReadRecordset},
+      {QStringLiteral("read-sqltablemodel"), ReadSqlTableModel},
+      {QStringLiteral("find-first"), [](const Setting& setting, Meter& meter) { FindKey(setting, meter, 0); }},
+      {QStringLiteral("find-again"), [](const Setting& setting, Meter& meter) { FindKey(setting, meter, 1); }},
+      {QStringLiteral("find-raw"), FindKeyRaw},
+  };
+}
+
+}  // namespace folvane::bench

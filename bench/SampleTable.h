@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArrayList>
+#include <QString>
+
+struct sqlite3;
+
+namespace folvane::bench {
+
+/// The table that everything is measured on: 20 columns, about 335 bytes a row, keyed by ArchiveID.
+constexpr int kColumns = 20;
+QByteArray CreateTableText();
+/// The values of row i (from 0), in UTF-8.
+QByteArrayList SampleRow(qint64 i);
+QByteArray InsertText();
+
+/// Makes the file with that many rows.
+void MakeSqliteTable(const QString& path, qint64 rows);
+/// Makes the table with that many rows on the server of FOLVANE_TEST_PG, in place of one that is there.
+void MakePostgresTable(qint64 rows);
+
+/// Runs a file or an input through psql on that server; gives what came out of it to nobody.
+void RunPsql(const QString& command, const QByteArray& input = {});
+
+/// Opens a file of SQLite or ends the process.
+sqlite3* OpenSqlite(const QString& path);
+/// Ends the process, telling why, when an answer of SQLite is not the wanted one.
+void Check(int answer, int wanted, sqlite3* database);
+
+}  // namespace folvane::bench
