@@ -128,32 +128,6 @@ TEST_P(Failures, ARecordSetWhoseDatabaseIsLostKeepsItsRowsAndItsPendingRow) {
   EXPECT_EQ(records->RecordCount(), 5);
 }
 
-TEST_P(Failures, ATransactionWhoseDatabaseIsLostEnds) {
-  {
-    Transaction transaction(*Connected());
-    Connected()->Execute(QStringLiteral("Update files Set remark = 'x' Where id = 1"));
-    if (OnSqlite()) return;  // the lock that the transaction holds keeps its file from being taken away
-    TakeDatabaseAway();
-    EXPECT_EQ(KindOf([&] { transaction.Commit(); }), DataErrorKind::Lost);
-  }
-  EXPECT_FALSE(Connected()->InTransaction());
-  EXPECT_EQ(Stored(1, QStringLiteral("remark")), QStringLiteral("甲"));
-}
-
-TEST_P(Failures, ARollbackAfterTheDatabaseIsLostDoesNotHang) {
-  if (OnSqlite()) GTEST_SKIP() << "a transaction keeps its file from being taken away";
-  Connected()->BeginTrans();
-  Connected()->NativeDriver().Execute({"UPDATE files SET remark = ? WHERE id = ?", {QStringLiteral("x"), 1LL}});
-  TakeDatabaseAway();
-  EXPECT_EQ(KindOf([&] { Connected()->Execute(QStringLiteral("Delete From files")); }), DataErrorKind::Lost);
-  try {
-    Connected()->RollbackTrans();
-  } catch (const DataError& error) {
-    EXPECT_EQ(error.Kind(), DataErrorKind::Lost);
-  }
-  EXPECT_FALSE(Connected()->InTransaction());
-}
-
 }  // namespace
 
 }  // namespace folvane::test

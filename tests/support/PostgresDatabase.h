@@ -6,6 +6,8 @@
 
 namespace folvane::test {
 
+class OdbcHandle;
+
 /// A schema of its own on the server that FOLVANE_TEST_PG names by an ODBC connection string.
 class PostgresDatabase : public TestDatabase {
  public:
@@ -16,14 +18,11 @@ class PostgresDatabase : public TestDatabase {
   std::vector<QStringList> Rows(const QString& sql) override;
   std::string Kind() const override { return "PostgreSQL"; }
 
-  /// A connected ODBC handle; disconnected and freed with the object.
-  class Handle;
-
  private:
-  std::unique_ptr<Handle> Open() const;
+  std::unique_ptr<OdbcHandle> Open() const;
 
   QString schema_;
-  std::unique_ptr<Handle> own_;
+  std::unique_ptr<OdbcHandle> own_;
 };
 
 }  // namespace folvane::test

@@ -68,13 +68,15 @@ void OdbcDriver::CheckEncoding() {
                        "设为 UTF8。"));
 }
 
-// Notes a failure inside a transaction, which may have ended it on the server.
+// Notes a failure inside a transaction, which may have ended it on the server. Once the server is gone nothing more is
+// kept on the handle, which the host may then free at any time.
 template <typename Work>
 auto OdbcDriver::Run(Work work) {
   try {
     return work();
-  } catch (const DataError&) {
+  } catch (const DataError& error) {
     failedInTransaction_ = inTransaction_;
+    if (error.Kind() == DataErrorKind::Lost) prepared_.clear();
     throw;
   }
 }
@@ -136,30 +138,29 @@ std::optional<TableInfo> OdbcDriver::Describe(const QString& table) {
 
 void OdbcDriver::ExecuteOnce(const char* text) { OdbcStatement(connection_).ExecuteDirect({text, {}}); }
 
-namespace {
-
-void SetAutocommit(SQLHDBC connection, SQLULEN how) {
-  // The manager wants the number in the place of the address.
-  const auto value = reinterpret_cast<SQLPOINTER>(how);  // NOLINT(performance-no-int-to-ptr)
-  if (!SQL_SUCCEEDED(SQLSetConnectAttr(connection, SQL_ATTR_AUTOCOMMIT, value, 0)))
-    ThrowOdbcError(SQL_HANDLE_DBC, connection, connection);
+void OdbcDriver::CheckConnection(SQLRETURN outcome) {
+  if (!SQL_SUCCEEDED(outcome)) ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
 }
 
-}  // namespace
+SQLRETURN OdbcDriver::SetAutocommit(SQLULEN how) {
+  // The manager wants the number in the place of the address.
+  const auto value = reinterpret_cast<SQLPOINTER>(how);  // NOLINT(performance-no-int-to-ptr)
+  return SQLSetConnectAttr(connection_, SQL_ATTR_AUTOCOMMIT, value, 0);
+}
 
 void OdbcDriver::Begin() {
   SQLUINTEGER autocommit = SQL_AUTOCOMMIT_ON;
-  if (!SQL_SUCCEEDED(SQLGetConnectAttr(connection_, SQL_ATTR_AUTOCOMMIT, &autocommit, 0, nullptr)))
-    ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
+  CheckConnection(SQLGetConnectAttr(connection_, SQL_ATTR_AUTOCOMMIT, &autocommit, 0, nullptr));
   autocommitWasOn_ = autocommit == SQL_AUTOCOMMIT_ON;
-  if (autocommitWasOn_) SetAutocommit(connection_, SQL_AUTOCOMMIT_OFF);
+  if (autocommitWasOn_) CheckConnection(SetAutocommit(SQL_AUTOCOMMIT_OFF));
   inTransaction_ = true;
   failedInTransaction_ = false;
   if (dialect_ != DialectKind::PostgreSql) return;
   try {
     ExecuteOnce("SAVEPOINT folvane_begin");
   } catch (const DataError&) {
-    EndTransaction(SQL_ROLLBACK);
+    SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK);
+    LeaveTransaction();
     throw;
   }
 }
@@ -169,20 +170,23 @@ void OdbcDriver::Commit() {
   // After an error PostgreSQL, or its driver, may have thrown away what was done so far, and a commit would report
   // success all the same. The savepoint of the beginning is still there only if nothing was lost.
   if (failedInTransaction_ && dialect_ == DialectKind::PostgreSql) ExecuteOnce("RELEASE SAVEPOINT folvane_begin");
-  EndTransaction(SQL_COMMIT);
+  CheckConnection(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_COMMIT));
+  LeaveTransaction();
 }
 
 void OdbcDriver::Rollback() {
   prepared_.clear();
-  EndTransaction(SQL_ROLLBACK);
+  const struct Leaving {
+    OdbcDriver& driver;
+    ~Leaving() { driver.LeaveTransaction(); }
+  } leaving{*this};
+  CheckConnection(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK));
 }
 
-void OdbcDriver::EndTransaction(SQLSMALLINT how) {
-  const SQLRETURN outcome = SQLEndTran(SQL_HANDLE_DBC, connection_, how);
-  if (!SQL_SUCCEEDED(outcome) && how == SQL_COMMIT) ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
+// Puts the host's setting back, which fails only where the connection is gone.
+void OdbcDriver::LeaveTransaction() {
   inTransaction_ = false;
-  if (autocommitWasOn_) SetAutocommit(connection_, SQL_AUTOCOMMIT_ON);
-  if (!SQL_SUCCEEDED(outcome)) ThrowOdbcError(SQL_HANDLE_DBC, connection_, connection_);
+  if (autocommitWasOn_) SetAutocommit(SQL_AUTOCOMMIT_ON);
 }
 
 std::shared_ptr<Connection> AdoptOdbc(void* connection) {

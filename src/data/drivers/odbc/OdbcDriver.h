@@ -36,7 +36,9 @@ class OdbcDriver final : public Driver {
   void ExecuteOnce(const char* text);
   void FindWidths(OdbcStatement& statement, std::vector<OdbcColumn>& columns);
   void CheckEncoding();
-  void EndTransaction(SQLSMALLINT how);
+  void LeaveTransaction();
+  void CheckConnection(SQLRETURN outcome);
+  SQLRETURN SetAutocommit(SQLULEN how);
 
   SQLHDBC connection_;
   DialectKind dialect_;

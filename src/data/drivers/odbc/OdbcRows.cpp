@@ -171,18 +171,6 @@ class BlockReader {
   std::string whole_;
 };
 
-// The rows one by one, each value asked for in the order of the columns: what every driver can do.
-void ReadOneByOne(OdbcStatement& statement, const std::vector<OdbcColumn>& columns, RowStore& rows) {
-  std::string value;
-  while (statement.Check(SQLFetch(statement.Handle())) != SQL_NO_DATA) {
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      const SQLLEN length = GetWhole(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].kind, value);
-      Append(rows, columns[i].kind, value.data(), length);
-    }
-    rows.EndRow();
-  }
-}
-
 // Whether a bound value of any row of a block can be read again.
 bool CanReadAgain(SQLHDBC connection) {
   SQLUINTEGER extensions = 0;
@@ -201,11 +189,21 @@ bool AllFit(const std::vector<OdbcColumn>& columns) {
 }  // namespace
 
 void ReadRows(OdbcStatement& statement, const std::vector<OdbcColumn>& columns, RowStore& rows) {
+  if (!AllFit(columns) && !CanReadAgain(statement.Connection())) return ReadRowsOneByOne(statement, columns, rows);
   rows.SetColumnCount(static_cast<int>(columns.size()));
-  if (AllFit(columns) || CanReadAgain(statement.Connection()))
-    BlockReader(statement, columns, rows).Read();
-  else
-    ReadOneByOne(statement, columns, rows);
+  BlockReader(statement, columns, rows).Read();
+}
+
+void ReadRowsOneByOne(OdbcStatement& statement, const std::vector<OdbcColumn>& columns, RowStore& rows) {
+  rows.SetColumnCount(static_cast<int>(columns.size()));
+  std::string value;
+  while (statement.Check(SQLFetch(statement.Handle())) != SQL_NO_DATA) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      const SQLLEN length = GetWhole(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].kind, value);
+      Append(rows, columns[i].kind, value.data(), length);
+    }
+    rows.EndRow();
+  }
 }
 
 }  // namespace folvane
