@@ -21,9 +21,9 @@ class OdbcConnections : public testing::Test {
  protected:
   void SetUp() override { MakeFiles(database_); }
 
-  /// @param settings keywords of a connection string that come before those of the test run
+  /// @param settings keywords of a connection string, over those of the test run
   void Connect(const QByteArray& settings = {}) {
-    handle_ = std::make_unique<OdbcHandle>(settings + qgetenv("FOLVANE_TEST_PG"));
+    handle_ = std::make_unique<OdbcHandle>(qgetenv("FOLVANE_TEST_PG") + settings);
     handle_->Rows(QStringLiteral("SET search_path TO ") + database_.Value(QStringLiteral("SELECT current_schema()")));
     connection_ = AdoptOdbc(handle_->Connection());
   }
@@ -71,7 +71,8 @@ TEST_F(OdbcConnections, OneThatDoesNotTalkUtf8IsRefused) {
 }
 
 TEST_F(OdbcConnections, OneThatAWideCallHasMadeUnfitForChineseIsRefused) {
-  OdbcHandle handle("Driver={PostgreSQL Unicode};" + qgetenv("FOLVANE_TEST_PG"), OdbcHandle::Calls::Wide);
+  const QByteArray unicode = qgetenv("FOLVANE_TEST_PG").replace("PostgreSQL ANSI", "PostgreSQL Unicode");
+  OdbcHandle handle(unicode, OdbcHandle::Calls::Wide);
   EXPECT_EQ(FailureOf([&] { AdoptOdbc(handle.Connection()); }).Kind(), DataErrorKind::Usage);
 }
 

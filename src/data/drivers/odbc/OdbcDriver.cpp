@@ -51,16 +51,17 @@ OdbcDriver::OdbcDriver(SQLHDBC connection)
 
 OdbcDriver::~OdbcDriver() = default;
 
-// A connection that was opened with the wide calls, or with a client encoding of its own, would put question marks in
-// the place of Chinese text without a word.
+// A connection that was opened with the wide calls, or has another client encoding, puts something else in the place of
+// characters without a word; some do so only beyond the first 65,536 characters, to which the last of the sample
+// belongs.
 void OdbcDriver::CheckEncoding() {
   if (dialect_ != DialectKind::PostgreSql) return;
-  const QString sample = QStringLiteral("档案");
+  const QString sample = QString::fromUtf8("档案𠀀");
   std::vector<ColumnInfo> columns;
   RowStore rows;
   Query({"SELECT '" + sample.toUtf8() + "', length('" + sample.toUtf8() + "')", {}}, columns, rows);
   const bool kept = rows.RowCount() == 1 && rows.At(0, 0).ToVariant().toString() == sample &&
-                    rows.At(0, 1).ToVariant().toInt() == sample.size();
+                    rows.At(0, 1).ToVariant().toInt() == sample.toUcs4().size();
   if (!kept)
     throw DataError(
         DataErrorKind::Usage,
