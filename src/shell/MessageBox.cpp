@@ -1,6 +1,7 @@
 #include "shell/MessageBox.h"
 
 #include <QCloseEvent>
+#include <QHash>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <vector>
@@ -66,29 +67,30 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
   setIcon(IconOf(request.flags));
   const std::vector<int> answers = AnswersOf(request.flags);
   escapeAnswer_ = EscapeAnswerOf(answers);
-  for (const int answer : answers) AddKey(answer);
-  setDefaultButton(qobject_cast<QPushButton*>(buttons().at(int(DefaultKeyOf(request.flags, answers.size())))));
+  const std::size_t defaultKey = DefaultKeyOf(request.flags, answers.size());
+  for (std::size_t place = 0; place < answers.size(); ++place) {
+    QPushButton* key = AddKey(answers[place]);
+    if (place == defaultKey) setDefaultButton(key);
+  }
 }
 
-void MessageBox::AddKey(int answer) {
+QPushButton* MessageBox::AddKey(int answer) {
   struct Look {
-    int answer;
     QString text;
     ButtonRole role;
-    Qt::Key shortcut;
+    QKeySequence shortcut;
   };
-  static const Look looks[] = {
-      {Answer::Ok, QStringLiteral("确定"), AcceptRole, Qt::Key_unknown},
-      {Answer::Cancel, QStringLiteral("取消"), RejectRole, Qt::Key_unknown},
-      {Answer::Yes, QStringLiteral("是"), YesRole, Qt::Key_Y},
-      {Answer::No, QStringLiteral("否"), NoRole, Qt::Key_N},
+  static const QHash<int, Look> looks = {
+      {Answer::Ok, {QStringLiteral("确定"), AcceptRole, {}}},
+      {Answer::Cancel, {QStringLiteral("取消"), RejectRole, {}}},
+      {Answer::Yes, {QStringLiteral("是"), YesRole, Qt::Key_Y}},
+      {Answer::No, {QStringLiteral("否"), NoRole, Qt::Key_N}},
   };
-  for (const Look& look : looks) {
-    if (look.answer != answer) continue;
-    QPushButton* key = addButton(look.text, look.role);
-    key->setProperty(kAnswer, answer);
-    if (look.shortcut != Qt::Key_unknown) key->setShortcut(QKeySequence(look.shortcut));
-  }
+  const Look look = looks[answer];
+  QPushButton* key = addButton(look.text, look.role);
+  key->setShortcut(look.shortcut);
+  key->setProperty(kAnswer, answer);
+  return key;
 }
 
 int MessageBox::GivenAnswer() const {

@@ -19,7 +19,7 @@ class MessageBox : public QMessageBox {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void AddKey(int answer);
+  QPushButton* AddKey(int answer);
 
   int escapeAnswer_ = 0;  ///< what Escape and the window's own button answer; 0 when they are not an answer
 };

@@ -1,15 +1,33 @@
 #include "shell/Messages.h"
 
-#include <QApplication>
 #include <QFileDialog>
+#include <QGuiApplication>
 
+#include "shell/CurrentWindow.h"
 #include "shell/MessageBox.h"
 
 namespace folvane {
 namespace {
 
+// The box is answered with the plain pointer, even when the routine that shows it has the busy one up.
+class PlainPointer {
+ public:
+  PlainPointer() : busy_(QGuiApplication::overrideCursor() != nullptr) {
+    if (busy_) QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  ~PlainPointer() {
+    if (busy_) QGuiApplication::restoreOverrideCursor();
+  }
+  PlainPointer(const PlainPointer&) = delete;
+  PlainPointer& operator=(const PlainPointer&) = delete;
+
+ private:
+  bool busy_;
+};
+
 int ShowMessageBox(const MessageRequest& request) {
-  MessageBox box(request, QApplication::activeWindow());
+  const PlainPointer pointer;
+  MessageBox box(request, CurrentWindow());
   box.exec();
   return box.GivenAnswer();
 }
@@ -35,7 +53,7 @@ QString FirstSuffix(const QString& filter) {
 }
 
 QString ShowFileDialog(const FileRequest& request) {
-  QFileDialog dialog(QApplication::activeWindow(), request.title, request.directory, QtFilter(request.filter));
+  QFileDialog dialog(CurrentWindow(), request.title, request.directory, QtFilter(request.filter));
   dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   if (request.save) dialog.setDefaultSuffix(FirstSuffix(request.filter));

@@ -1,6 +1,6 @@
 #include "shell/ModalWindow.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
 #include <QPointer>
@@ -10,6 +10,7 @@
 
 #include <folvane/DataError.h>
 
+#include "shell/CurrentWindow.h"
 #include "shell/WindowPlacement.h"
 
 namespace folvane {
@@ -37,6 +38,33 @@ class EndOfWindow : public QObject {
   QEventLoop& loop_;
 };
 
+/// Runs a window's opening inside its loop, and keeps what it threw. The first thing to run there: whoever queued
+/// something before is to find the window opened.
+class Opening : public QObject {
+ public:
+  Opening(QWidget& window, std::function<void()> steps) : window_(&window), steps_(std::move(steps)) {
+    if (steps_) QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::HighEventPriority);
+  }
+  void RethrowFailure() const {
+    if (failure_) std::rethrow_exception(failure_);
+  }
+
+ protected:
+  void customEvent(QEvent*) override {
+    try {
+      steps_();
+    } catch (...) {
+      failure_ = std::current_exception();
+      if (window_) window_->hide();
+    }
+  }
+
+ private:
+  QPointer<QWidget> window_;
+  std::function<void()> steps_;
+  std::exception_ptr failure_;
+};
+
 // Puts the window over its parent without making it the parent's property.
 void SetTransientParent(QWidget& window, const QWidget* parent) {
   window.winId();  // makes the native window
@@ -59,21 +87,10 @@ void ShowModal(QWidget& window, std::function<void()> opening) {
   if (window.isVisible()) {
     throw DataError(DataErrorKind::Usage, QStringLiteral("窗口“%1”已经打开。").arg(window.windowTitle()));
   }
-  const QPointer<QWidget> shown(&window), parent(QApplication::activeWindow());
+  const QPointer<QWidget> shown(&window), parent(CurrentWindow());
   QEventLoop loop;
   EndOfWindow end(window, loop);
-  std::exception_ptr failure;
-  QObject opener;  // a window gone before its opening takes the pending call with it
-  const auto open = [&] {
-    try {
-      opening();
-    } catch (...) {
-      failure = std::current_exception();
-      if (shown) shown->hide();
-    }
-  };
-  // Queued before the window is shown, so that it comes before whatever the showing sets off.
-  if (opening) QMetaObject::invokeMethod(&opener, open, Qt::QueuedConnection);
+  Opening opened(window, std::move(opening));
 
   ShowOver(window, parent);
   loop.exec(QEventLoop::DialogExec);
@@ -83,7 +100,7 @@ void ShowModal(QWidget& window, std::function<void()> opening) {
     SetTransientParent(*shown, nullptr);
   }
   if (parent && parent->isVisible()) parent->activateWindow();
-  if (failure) std::rethrow_exception(failure);
+  opened.RethrowFailure();
 }
 
 }  // namespace folvane

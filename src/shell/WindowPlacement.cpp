@@ -1,10 +1,11 @@
 #include "shell/WindowPlacement.h"
 
-#include <QApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 #include "base/IgnoreErrors.h"
+#include "shell/CurrentWindow.h"
 #include "shell/RegistryValues.h"
 
 namespace folvane {
@@ -21,26 +22,42 @@ bool RestoreStored(QWidget& window) {
   return !stored.isEmpty() && window.restoreGeometry(QByteArray::fromBase64(stored.toLatin1()));
 }
 
-void MoveInto(QRect& place, const QRect& screen) {
-  place.moveRight(qMin(place.right(), screen.right()));
-  place.moveBottom(qMin(place.bottom(), screen.bottom()));
-  place.moveLeft(qMax(place.left(), screen.left()));
-  place.moveTop(qMax(place.top(), screen.top()));
+// Where a window's inside may lie, so that its frame is on the screen as well.
+QRect RoomFor(const QWidget& window) {
+  const auto measure = [&window](QStyle::PixelMetric metric) {
+    return window.style()->pixelMetric(metric, nullptr, &window);
+  };
+  const int title = measure(QStyle::PM_TitleBarHeight), frame = measure(QStyle::PM_MdiSubWindowFrameWidth);
+  return window.screen()->availableGeometry().adjusted(frame, title, -frame, -frame);
+}
+
+QRect FittedInto(const QRect& room, QRect place) {
+  place.setSize(place.size().boundedTo(room.size()));
+  place.moveRight(qMin(place.right(), room.right()));
+  place.moveBottom(qMin(place.bottom(), room.bottom()));
+  place.moveLeft(qMax(place.left(), room.left()));
+  place.moveTop(qMax(place.top(), room.top()));
+  return place;
+}
+
+void PutInTheMiddle(QWidget& window) {
+  if (!window.testAttribute(Qt::WA_Resized)) window.adjustSize();
+  const QWidget* over = CurrentWindow();
+  if (over) window.setScreen(over->screen());
+  const QRect room = RoomFor(window);
+  QRect place(QPoint(), window.size().boundedTo(room.size()));
+  place.moveCenter(over ? over->geometry().center() : room.center());
+  window.setGeometry(FittedInto(room, place));
 }
 
 }  // namespace
 
 void RestorePlacement(QWidget& window) {
-  const bool restored = RestoreStored(window);
-  if (window.isMaximized() || window.isFullScreen()) return;
-  if (!restored && !window.testAttribute(Qt::WA_Resized)) window.adjustSize();
-  const QWidget* active = QApplication::activeWindow();
-  const QRect screen = (active && !restored ? active : &window)->screen()->availableGeometry();
-  QRect place(window.pos(), window.size().boundedTo(screen.size()));
-  if (!restored) place.moveCenter(active ? active->frameGeometry().center() : screen.center());
-  MoveInto(place, screen);
-  window.resize(place.size());
-  window.move(place.topLeft());
+  if (!RestoreStored(window)) {
+    PutInTheMiddle(window);
+  } else if (!window.isMaximized() && !window.isFullScreen()) {
+    window.setGeometry(FittedInto(RoomFor(window), window.geometry()));
+  }
 }
 
 void RememberPlacement(const QWidget& window) {
