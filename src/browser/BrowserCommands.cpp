@@ -128,8 +128,8 @@ void BrowserCommands::EnableKeys(const QStringList& keys, bool on) {
   for (const QString& key : keys) Enable(*keys_.value(key), on);
 }
 
-void BrowserCommands::ShowReports(const std::vector<ReportEntry>& reports) {
-  const std::vector<ReportEntry> shown = reports.empty() ? std::vector{NoReports()} : reports;
+void BrowserCommands::ShowReports(const std::vector<ReportRow>& reports) {
+  const std::vector<ReportRow> shown = reports.empty() ? std::vector{NoReports()} : reports;
   QList<QAction*> entries = reportMenu_->actions();
   while (entries.size() > qsizetype(shown.size())) delete entries.takeLast();
   while (entries.size() < qsizetype(shown.size())) {
@@ -139,10 +139,10 @@ void BrowserCommands::ShowReports(const std::vector<ReportEntry>& reports) {
   for (qsizetype at = 0; at < entries.size(); ++at) ShowReport(*entries[at], shown[size_t(at)]);
 }
 
-void BrowserCommands::ShowReport(QAction& entry, const ReportEntry& report) {
-  entry.setText(report.name);
-  entry.setToolTip(report.name);
-  entry.setProperty("Tag", report.id);
+void BrowserCommands::ShowReport(QAction& entry, const ReportRow& report) {
+  entry.setText(report.reportName);
+  entry.setToolTip(report.reportName);
+  entry.setProperty("Tag", report.reportId);
   entry.setVisible(true);
 }
 

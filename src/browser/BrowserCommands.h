@@ -38,7 +38,7 @@ class BrowserCommands : public QObject {
   void EnableKeys(const QStringList& keys, bool on);
 
   /// Shows the reports of a table as entries of the report menu; without any the one entry that says so.
-  void ShowReports(const std::vector<ReportEntry>& reports);
+  void ShowReports(const std::vector<ReportRow>& reports);
 
   QMenu& OriginalsMenu() const { return *originalsMenu_; }
 
@@ -46,7 +46,7 @@ class BrowserCommands : public QObject {
   QMenu* AddMenu(QWidget& window, const MenuDesign& design);
   void AddKeys(QToolBar& toolbar);
   void AddArchiveMenu(QToolBar& toolbar);
-  void ShowReport(QAction& entry, const ReportEntry& report);
+  void ShowReport(QAction& entry, const ReportRow& report);
 
   QHash<QString, QAction*> entries_;
   QHash<QString, QAction*> keys_;

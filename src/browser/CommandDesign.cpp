@@ -92,7 +92,7 @@ const QSet<QString>& AvailableCommands() {
       u"mnu_Report"_s,       u"mnu_Help"_s,     u"mnu_File6_Exit"_s,  u"EXIT"_s,
       u"mnu_Goto1_UClass"_s, u"ToParent"_s,     u"mnu_Goto2_PPage"_s, u"PrePage"_s,
       u"mnu_Goto3_NPage"_s,  u"NextPage"_s,     u"mnu_Goto5_FPage"_s, u"mnu_Goto6_LPage"_s,
-      u"Refresh"_s,          u"mnuHelpTitle"_s,
+      u"Refresh"_s,          u"mnuHelpTitle"_s, u"mnuAbout"_s,
   };
   return available;
 }

@@ -7,12 +7,14 @@
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
 #include "browser/ClassTreePart.h"
+#include "browser/FrmAbout.h"
 #include "browser/OriginalsView.h"
 #include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
+#include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 #include "widgets/RecordListView.h"
 
@@ -48,6 +50,10 @@ void FrmMain::Connect() {
   commands_->OnEntry(u"mnu_Goto3_NPage"_s, [this] { list_->NextPage(); });
   commands_->OnEntry(u"mnu_Goto6_LPage"_s, [this] { list_->LastRecord(); });
   commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, u"文件登记.htm"_s); });
+  commands_->OnEntry(u"mnuAbout"_s, [] {
+    FrmAbout about;
+    ShowModal(about);
+  });
   commands_->OnKey(u"Refresh"_s, [this] { Refresh(); });
   search_->OnSearch([this] { Search(); });
   ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { related_->OpenChildren(); });
@@ -58,6 +64,7 @@ void FrmMain::Start() {
   if (status_->IsStarted()) return;
   tree_->Start();
   status_->SetStarted(true);
+  listView_->setFocus();
 }
 
 void FrmMain::Search() {

@@ -33,14 +33,14 @@ OriginalsView::OriginalsView(QWidget* parent) : QTreeView(parent) {
 
 void OriginalsView::Clear() { model_.removeRows(0, model_.rowCount()); }
 
-void OriginalsView::ShowOriginals(const std::vector<OriginalEntry>& originals) {
+void OriginalsView::ShowOriginals(const std::vector<OriginalRow>& originals) {
   Clear();
-  for (const OriginalEntry& original : originals) {
-    QStandardItem* name = NewItem(original.name);
+  for (const OriginalRow& original : originals) {
+    QStandardItem* name = NewItem(original.originalName);
     name->setIcon(Icon(u"original"_s));
     name->setData(RowIcon::Original, Qt::UserRole + 1);
     name->setData(original.id, Qt::UserRole + 2);
-    model_.appendRow({name, NewItem(original.type), NewItem(original.size)});
+    model_.appendRow({name, NewItem(original.type), NewItem(QString::number(original.size))});
   }
 }
 

@@ -14,7 +14,7 @@ class OriginalsView : public QTreeView {
   explicit OriginalsView(QWidget* parent = nullptr);
 
   void Clear();
-  void ShowOriginals(const std::vector<OriginalEntry>& originals);
+  void ShowOriginals(const std::vector<OriginalRow>& originals);
 
  private:
   QStandardItemModel model_;

@@ -1,7 +1,6 @@
 #include "records/ClassTreeBuilder.h"
 
-#include <vector>
-
+#include "catalogue/ReadRows.h"
 #include "records/TableRights.h"
 #include "records/YearFormula.h"
 #include "shell/CommonRoutines.h"
@@ -32,31 +31,28 @@ void ClassTreeBuilder::BuildRoot() {
 }
 
 void ClassTreeBuilder::AddClassNodes(int parent, const QString& classParent) {
-  Recordset classes;
-  classes.Open(u"Select ClassId,ClassName From Design_ClassRelation Where Class_Parent = "_s + classParent,
-               SharedConnection());
-  for (; !classes.EOF_(); classes.MoveNext()) {
-    const QString id = classes[u"ClassId"_s].Text();
-    if (id.isEmpty() || tree_.StandsOnPath(parent, ClassKey(id))) continue;
-    AddClassNodes(tree_.AddNode(parent, ClassKey(id), classes[u"ClassName"_s].Text(), NodeImage::Close, id), id);
+  for (const ClassRelationRow& relation : ReadRows<ClassRelationRow>(
+           SharedConnection(),
+           u"Select ClassId,ClassName From Design_ClassRelation Where Class_Parent = "_s + classParent)) {
+    const QString id = QString::number(relation.classId);
+    if (tree_.StandsOnPath(parent, ClassKey(id))) continue;
+    AddClassNodes(tree_.AddNode(parent, ClassKey(id), relation.className, NodeImage::Close, id), id);
   }
 }
 
 void ClassTreeBuilder::AddTableNodes(int parent, const QString& classId, const QString& parentTable) {
-  Recordset tables;
-  tables.Open(TablesStatement(classId, parentTable), SharedConnection());
-  for (; !tables.EOF_(); tables.MoveNext()) {
-    const QString key = tables[u"TableName"_s].Text();
-    if (key.isEmpty() || tree_.StandsOnPath(parent, key)) continue;
-    AddTable(parent, classId, parentTable, tables);
+  for (const TableRelationRow& table :
+       ReadRows<TableRelationRow>(SharedConnection(), TablesStatement(classId, parentTable))) {
+    if (table.tableName.isEmpty() || tree_.StandsOnPath(parent, table.tableName)) continue;
+    AddTable(parent, classId, parentTable, table);
   }
 }
 
 void ClassTreeBuilder::AddTable(int parent, const QString& classId, const QString& parentTable,
-                                const Recordset& table) {
-  const QString key = table[u"TableName"_s].Text();
-  const QString relation = table[u"RelationField"_s].Text();
-  const int node = tree_.AddNode(parent, key, table[u"ChnTableName"_s].Text(), NodeImage::Table);
+                                const TableRelationRow& table) {
+  const QString& key = table.tableName;
+  const QString& relation = table.relationField;
+  const int node = tree_.AddNode(parent, key, table.chnTableName, NodeImage::Table);
   const int row = parameters_.Add(key);
   ReadTableRights(parameters_, row, key);
   parameters_.Set(row, Parameter::Order, ReadDefaultOrder(key));

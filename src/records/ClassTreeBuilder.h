@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "catalogue/TreeRows.h"
 #include "data/Recordset.h"
 #include "records/ClassTreeModel.h"
 #include "records/TableParameters.h"
@@ -29,7 +30,7 @@ class ClassTreeBuilder {
 
  private:
   void AddClassNodes(int parent, const QString& classParent);
-  void AddTable(int parent, const QString& classId, const QString& parentTable, const Recordset& table);
+  void AddTable(int parent, const QString& classId, const QString& parentTable, const TableRelationRow& table);
   void AddSecondLevelNodes(int parent, const QString& table, const QString& field);
   QString TargetOf(const QString& table);
 

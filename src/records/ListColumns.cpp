@@ -1,6 +1,7 @@
 #include "records/ListColumns.h"
 
-#include "data/Recordset.h"
+#include "catalogue/FieldRows.h"
+#include "catalogue/ReadRows.h"
 #include "records/RecordListModel.h"
 #include "shell/SharedState.h"
 
@@ -8,14 +9,11 @@ namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 void BuildColumns(RecordListModel& list, const QString& table) {
-  Recordset design;
-  design.Open(u"Select FieldName,ChnFieldName,ColumnWidth from ListViewFormat where Tablename='"_s + table +
-                  u"' Order By OrderNo"_s,
-              SharedConnection());
   std::vector<ListColumn> columns;
-  for (; !design.EOF_(); design.MoveNext()) {
-    columns.push_back({design[u"FieldName"_s].Text(), design[u"ChnFieldName"_s].Text(),
-                       design[u"ColumnWidth"_s].Value().toInt(), QString()});
+  for (const ListColumnFormatRow& format : ReadRows<ListColumnFormatRow>(
+           SharedConnection(), u"Select FieldName,ChnFieldName,ColumnWidth from ListViewFormat where Tablename='"_s +
+                                   table + u"' Order By OrderNo"_s)) {
+    columns.push_back({format.fieldName, format.chnFieldName, format.columnWidth, QString()});
   }
   columns.push_back({u"ArchiveId"_s, u"ID"_s, 1, QString()});
   list.SetColumns(std::move(columns));

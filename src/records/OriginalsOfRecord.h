@@ -3,15 +3,12 @@
 #include <QString>
 #include <vector>
 
+#include "catalogue/OriginalRows.h"
+
 namespace folvane {
 
-/// An original of a record as a list shows it.
-struct OriginalEntry {
-  QString id, name, type, size;
-};
-
 /// The originals of a record in their order.
-std::vector<OriginalEntry> ReadOriginals(const QString& recordKey);
+std::vector<OriginalRow> ReadOriginals(const QString& recordKey);
 
 /// Whether a record has originals.
 bool HasOriginals(const QString& recordKey);

@@ -2,7 +2,9 @@
 
 #include <folvane/DataError.h>
 
-#include "data/Recordset.h"
+#include "catalogue/QueryRows.h"
+#include "catalogue/ReadRows.h"
+#include "catalogue/RightsRows.h"
 #include "shell/SharedState.h"
 
 namespace folvane {
@@ -11,13 +13,19 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kDefaultOrder = u"ArchiveId Desc"_s;
 
-void SetRights(TableParameters& parameters, int row, const QString& limit, const QString& look, const QString& print,
-               const QString& edit, const QString& words) {
+void SetRights(TableParameters& parameters, int row, const QString& limit, const TableRightsRow& rights) {
   parameters.Set(row, Parameter::RowLimit, limit);
-  parameters.Set(row, Parameter::LookFile, look);
-  parameters.Set(row, Parameter::Print, print);
-  parameters.Set(row, Parameter::Edit, edit);
-  parameters.Set(row, Parameter::RightsText, words);
+  parameters.Set(row, Parameter::LookFile, rights.popLookFile);
+  parameters.Set(row, Parameter::Print, rights.popPrintData);
+  parameters.Set(row, Parameter::Edit, rights.popEditData);
+  parameters.Set(row, Parameter::RightsText, rights.popStrChn);
+}
+
+TableRightsRow SameRights(const QString& flag, const QString& words) {
+  TableRightsRow rights;
+  rights.popLookFile = rights.popPrintData = rights.popEditData = flag;
+  rights.popStrChn = words;
+  return rights;
 }
 
 QString OfTableAndUser(const QString& table) {
@@ -40,36 +48,33 @@ bool IsAdministrator(const QString& userId) {
 
 void ReadTableRights(TableParameters& parameters, int row, const QString& table) {
   if (IsAdministrator(Shared().UserId)) {
-    SetRights(parameters, row, QString(), u"1"_s, u"1"_s, u"1"_s, u"所有权限"_s);
+    SetRights(parameters, row, QString(), SameRights(u"1"_s, u"所有权限"_s));
     return;
   }
-  Recordset rights;
-  rights.Open(
+  const std::vector<TableRightsRow> rights = ReadRows<TableRightsRow>(
+      SharedConnection(),
       u"Select PopStrChn,PopEditData,PopPrintData,PopLookFile,PopCondition From UserPopedomScope Where UserID = '"_s +
-          Shared().UserId + u"' And PopTableName = '"_s + table + u"'"_s,
-      SharedConnection());
-  if (rights.EOF_()) {
-    SetRights(parameters, row, u"1 = 2"_s, u"0"_s, u"0"_s, u"0"_s, u"无权限"_s);
+          Shared().UserId + u"' And PopTableName = '"_s + table + u"'"_s);
+  if (rights.empty()) {
+    SetRights(parameters, row, u"1 = 2"_s, SameRights(u"0"_s, u"无权限"_s));
     return;
   }
-  const QString condition = rights[u"PopCondition"_s].Text();
-  SetRights(parameters, row, condition.isEmpty() ? QString() : u"("_s + condition + u")"_s,
-            rights[u"PopLookFile"_s].Text(), rights[u"PopPrintData"_s].Text(), rights[u"PopEditData"_s].Text(),
-            rights[u"PopStrChn"_s].Text());
+  const QString& condition = rights.front().popCondition;
+  SetRights(parameters, row, condition.isEmpty() ? QString() : u"("_s + condition + u")"_s, rights.front());
 }
 
 QString ReadDefaultOrder(const QString& table) {
-  Recordset order;
-  order.Open(u"Select OrderStr From FindCirOrder"_s + OfTableAndUser(table), SharedConnection());
-  if (!order.EOF_()) return order[u"OrderStr"_s].Text();
+  const std::vector<BrowseOrderRow> orders =
+      ReadRows<BrowseOrderRow>(SharedConnection(), u"Select OrderStr From FindCirOrder"_s + OfTableAndUser(table));
+  if (!orders.empty()) return orders.front().orderStr;
   SharedConnection()->Execute(InsertOrder(u"Insert into FindCirOrder"_s, table, kDefaultOrder));
   return kDefaultOrder;
 }
 
 void SaveOrder(const QString& table, const QString& order) {
-  Recordset stored;
-  stored.Open(u"Select * From FindCirOrder"_s + OfTableAndUser(table), SharedConnection());
-  SharedConnection()->Execute(stored.EOF_()
+  const bool isNew =
+      ReadRows<BrowseOrderRow>(SharedConnection(), u"Select * From FindCirOrder"_s + OfTableAndUser(table)).empty();
+  SharedConnection()->Execute(isNew
                                   ? InsertOrder(u"Insert Into FindCirOrder"_s, table, order)
                                   : u"Update FindCirOrder Set OrderStr = '"_s + order + u"'"_s + OfTableAndUser(table));
 }

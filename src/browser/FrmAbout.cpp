@@ -1,0 +1,37 @@
+#include "browser/FrmAbout.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "shell/CommonRoutines.h"
+#include "shell/EventGuard.h"
+#include "widgets/Icons.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kPictureSize = 96;
+
+}  // namespace
+
+FrmAbout::FrmAbout() {
+  setObjectName(u"frmAbout"_s);
+  setWindowTitle(u"关于"_s);
+  auto* column = new QVBoxLayout(this);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  column->setContentsMargins(48, 32, 48, 24);
+  column->setSpacing(16);
+  auto* picture = new QLabel(this);
+  picture->setObjectName(u"Picture1"_s);
+  picture->setPixmap(Icon(u"folvane"_s).pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatioF()));
+  picture->setAlignment(Qt::AlignCenter);
+  auto* link = new QLabel(u"<a href=\"help\">公文登记与归档系统的帮助</a>"_s, this);
+  link->setObjectName(u"LblLink"_s);
+  link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  ConnectGuarded(link, &QLabel::linkActivated, this, [this] { OpenHelp(this, u"文件登记.htm"_s); });
+  column->addWidget(picture);
+  column->addWidget(link, 0, Qt::AlignCenter);
+}
+
+}  // namespace folvane
