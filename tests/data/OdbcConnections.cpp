@@ -189,6 +189,19 @@ TEST_F(OdbcConnections, TheCatalogueFunctionsTellWhatTheServersOwnCatalogueTells
   EXPECT_FALSE(DescribeOdbcTable(handle_->Connection(), QStringLiteral("nowhere")));
 }
 
+// The ODBC driver keeps what it has once read of a table.
+TEST_F(OdbcConnections, AColumnThatTheHostHasChangedTellsItsNewTypeAndSize) {
+  Connect();
+  QueryNative(*connection_, "SELECT * FROM files");
+  database_.Native(QStringLiteral("ALTER TABLE files ALTER COLUMN title TYPE varchar(100)"));
+  database_.Native(QStringLiteral("ALTER TABLE files ALTER COLUMN pages TYPE varchar(10)"));
+  const NativeResult result = QueryNative(*connection_, "SELECT title, pages FROM files ORDER BY id");
+  EXPECT_EQ(result.columns[0].definedSize, 100);
+  EXPECT_EQ(result.columns[1].type, AdoType::VarChar);
+  EXPECT_EQ(result.columns[1].definedSize, 10);
+  EXPECT_EQ(result.rows[0][1], QVariant(QStringLiteral("10")));
+}
+
 // The settings of PostgreSQL's ODBC driver that change how it describes columns, fetches rows or sends parameters.
 class OdbcSettings : public OdbcConnections, public testing::WithParamInterface<const char*> {
  protected:
