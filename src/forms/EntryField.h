@@ -6,6 +6,8 @@
 #include <QVariant>
 #include <QWidget>
 
+#include "widgets/TypingGate.h"
+
 namespace folvane {
 
 /// What a field is made from.
@@ -46,6 +48,8 @@ class EntryField : public QObject {
   virtual void Commit() {}
   /// Whether an input method has text in hand that is not yet committed.
   virtual bool IsComposing() const = 0;
+  /// Has what is typed or committed by an input method pass through the function before it goes in.
+  virtual void SetAdmission(TypingGate::Admission admission) = 0;
   virtual void SelectAll() = 0;
   virtual void CaretToEnd() = 0;
 

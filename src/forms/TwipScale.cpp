@@ -12,7 +12,7 @@ namespace {
 constexpr double kTwipsPerInch = 1440;
 constexpr double kDesignFontTwips = 180;  // a character of 9 point
 constexpr int kDesignLine = 300;
-constexpr int kFrameAndMargins = 6;
+constexpr int kFrameAndMargins = 8;
 
 }  // namespace
 

@@ -4,7 +4,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLocale>
-#include <QPushButton>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -46,12 +45,31 @@ CalendarPopup::CalendarPopup(QWidget* owner)
 }
 
 void CalendarPopup::Mark(const QDate& date) {
+  Colour();
   const QDate today = Today();
   QTextCharFormat bold;
   bold.setFontWeight(QFont::Bold);
   calendar_->setDateTextFormat(QDate(), {});
   calendar_->setDateTextFormat(today, bold);
   calendar_->setSelectedDate(date.isValid() ? date : today);
+}
+
+// Arrows instead of the style's balls, and a red that can be read on light and dark.
+void CalendarPopup::Colour() {
+  QPalette onHeader = palette();
+  onHeader.setColor(QPalette::ButtonText, palette().color(QPalette::HighlightedText));
+  const std::pair<QString, Qt::ArrowType> arrows[] = {{QStringLiteral("qt_calendar_prevmonth"), Qt::LeftArrow},
+                                                      {QStringLiteral("qt_calendar_nextmonth"), Qt::RightArrow}};
+  for (const auto& [name, direction] : arrows) {
+    auto* button = calendar_->findChild<QToolButton*>(name);
+    if (!button) continue;
+    button->setArrowType(direction);
+    button->setPalette(onHeader);
+  }
+  QTextCharFormat weekend;
+  const bool dark = palette().color(QPalette::Base).lightness() < 128;
+  weekend.setForeground(dark ? QColor(0xff, 0x8a, 0x80) : QColor(0xc6, 0x28, 0x28));
+  for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) calendar_->setWeekdayTextFormat(day, weekend);
 }
 
 void CalendarPopup::AddChoice(const QString& caption, std::function<void(int, int)> choice) {

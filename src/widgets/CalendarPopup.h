@@ -30,6 +30,8 @@ class CalendarPopup : public QFrame {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void Colour();
+
   QCalendarWidget* calendar_;
   QHBoxLayout* choices_;
 };

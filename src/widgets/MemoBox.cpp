@@ -4,6 +4,7 @@ namespace folvane {
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
+  document()->setDocumentMargin(2);  // the text stands where that of a single-line box does
   connect(this, &QPlainTextEdit::textChanged, this, &MemoBox::TellChange);
 }
 

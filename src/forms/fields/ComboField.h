@@ -16,6 +16,7 @@ class ComboField : public EntryField {
   QString Text() const override { return combo_->Text(); }
   void SetText(const QString& text) override { combo_->SetText(text); }
   bool IsComposing() const override { return combo_->Box().IsComposing(); }
+  void SetAdmission(TypingGate::Admission admission) override { combo_->Box().SetAdmission(std::move(admission)); }
   void SelectAll() override { combo_->Box().selectAll(); }
   void CaretToEnd() override { combo_->Box().end(false); }
 

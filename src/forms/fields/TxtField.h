@@ -14,6 +14,7 @@ class TxtField : public EntryField {
   void SetText(const QString& text) override;
   void Show(const QString& stored) override;
   bool IsComposing() const override { return box_->IsComposing(); }
+  void SetAdmission(TypingGate::Admission admission) override { box_->SetAdmission(std::move(admission)); }
   void SelectAll() override { box_->selectAll(); }
   void CaretToEnd() override { box_->end(false); }
 

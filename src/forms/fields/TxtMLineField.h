@@ -16,6 +16,7 @@ class TxtMLineField : public EntryField {
   QString Text() const override { return Box().Text(); }
   void SetText(const QString& text) override { Box().SetText(text); }
   bool IsComposing() const override { return Box().IsComposing(); }
+  void SetAdmission(TypingGate::Admission admission) override { Box().SetAdmission(std::move(admission)); }
   void SelectAll() override { Box().selectAll(); }
   void CaretToEnd() override { Box().moveCursor(QTextCursor::End); }
 

@@ -1,0 +1,190 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "forms/EntryForm.h"
+#include "forms/FormsFixture.h"
+
+namespace folvane::test {
+namespace {
+
+class EntryFormTest : public FormsTest {
+ protected:
+  EntryFormTest() {
+    Native(
+        u"Create Table Lwdj(ArchiveID varchar(20) primary key, Title varchar(40), Quantity integer, FondsNo varchar(6))"_s);
+    Native(u"Insert Into Lwdj Values('1','甲',3,'J01')"_s);
+    records_.Open(u"Select * From Lwdj"_s, Shared().Connection);
+    Window().setWindowTitle(u"著录界面"_s);
+    auto* layout = new QVBoxLayout(&Window());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(form_ = new EntryForm);
+  }
+
+  /// Adds a field to the design of a table, in twips, in the order of the calls.
+  void Design(const QString& column, const QString& caption, int type, int index, int left, int top, int height = 300,
+              const QString& table = u"Lwdj"_s) {
+    Native(
+        u"Insert Into DynamicWindows(TableName,FieldName,ChnFieldName,FieldType,FieldLong) Values('%1','%2','%3','文本型',12)"_s
+            .arg(table, column, caption));
+    Native(
+        u"Insert Into "
+        u"SaveControls(DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,F_Width,F_Height)"
+        " Values('%1','%2',%3,%4,%5,%6,%7,3000,%8)"_s.arg(table, column)
+            .arg(type)
+            .arg(index)
+            .arg(++order_)
+            .arg(left)
+            .arg(top)
+            .arg(height));
+  }
+  void Build(const QString& table = u"Lwdj"_s) { form_->BuildEntryControls(table, records_); }
+  QWidget& Control(const QString& name) { return Find<QWidget>(*form_, name); }
+  QScrollBar& Bar() { return Find<QScrollBar>(*form_, u"HScroll"_s); }
+
+  Recordset records_;
+  EntryForm* form_;
+
+ private:
+  int order_ = 0;
+};
+
+TEST_F(EntryFormTest, PutsFieldsAndLabelsInTheirPlaces) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 3, 1500, 400, 450);
+  Build();
+  // 15 twips to the pixel, 500 twips under the tool bar.
+  EXPECT_EQ(Control(u"Txt(3)"_s).geometry(), QRect(100, 60, 200, 30));
+  EXPECT_EQ(Control(u"F_Lbl(1)"_s).pos(), QPoint(33, 64));
+  EXPECT_EQ(TextIn(*form_, u"F_Lbl(1)"_s), u"题名"_s);
+  EXPECT_EQ(Control(u"Txt(3)"_s).property("DesignTop").toInt(), 900);
+  EXPECT_EQ(Control(u"F_Lbl(1)"_s).property("Tag").toString(), u"960"_s);
+}
+
+TEST_F(EntryFormTest, MovesALabelOfMoreThanElevenBytesToTheLeft) {
+  Design(u"Title"_s, u"五个汉字的"_s, ControlKind::Txt, 1, 3000, 0);
+  Design(u"Quantity"_s, u"六个汉字标题"_s, ControlKind::Txt, 2, 3000, 400);
+  Build();
+  EXPECT_EQ(Control(u"F_Lbl(1)"_s).x(), 2000 / 15);
+  EXPECT_EQ(Control(u"F_Lbl(2)"_s).x(), (2000 - 90) / 15);
+}
+
+TEST_F(EntryFormTest, HintsAtTheLengthOfEachField) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"FondsNo"_s, u"全宗号"_s, ControlKind::F_FondsNo, 1, 1500, 400);
+  Design(u"ArchiveID"_s, u"标识"_s, ControlKind::DTP, 1, 1500, 800);
+  Build();
+  EXPECT_EQ(Control(u"Txt(1)"_s).toolTip(), u"限长12个字符"_s);
+  EXPECT_EQ(Control(u"F_FondsNo(1)"_s).toolTip(), u"限长6个字符"_s);
+  EXPECT_EQ(Control(u"DTP(1)"_s).toolTip(), QString());
+}
+
+TEST_F(EntryFormTest, ShowsTheRecordAndGuardsItsLengths) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Build();
+  Show();
+  EXPECT_EQ(TextIn(*form_, u"Txt(1)"_s), u"甲"_s);
+  Retype(Control(u"Txt(1)"_s), u"一二三四五六七"_s);
+  EXPECT_EQ(TextIn(*form_, u"Txt(1)"_s), u"一二三四五六"_s);
+}
+
+TEST_F(EntryFormTest, KnowsTheFieldsByKindAndByColumn) {
+  Design(u"FondsNo"_s, u"全宗"_s, ControlKind::F_FondsNo, 2, 1500, 0);
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt_MLine, 1, 1500, 400);
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 800);
+  Build();
+  EntryField* fonds = form_->FieldOf({ControlKind::F_FondsNo, 2});
+  ASSERT_TRUE(fonds);
+  EXPECT_EQ(form_->FondsControl(), fonds);
+  EXPECT_EQ(form_->FieldOf({ControlKind::F_FondsNo, 1}), nullptr);
+  form_->FieldOf({ControlKind::Txt, 1})->SetText(u"单行"_s);
+  EXPECT_EQ(form_->ValueOfField(u"Title"_s), u"单行"_s);
+  EXPECT_EQ(form_->ValueOfField(u"title"_s), QString());
+}
+
+TEST_F(EntryFormTest, LeavesALabelWithoutAFieldForAnUnknownKind) {
+  Design(u"Title"_s, u"题名"_s, 11, 1, 1500, 0);
+  Build();
+  EXPECT_TRUE(form_->Fields().empty());
+  EXPECT_EQ(TextIn(*form_, u"F_Lbl(1)"_s), u"题名"_s);
+  EXPECT_EQ(form_->Layout().KeyList.size(), 2u);
+}
+
+TEST_F(EntryFormTest, HoldsNothingOfTheTableBefore) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"FondsNo"_s, u"全宗"_s, ControlKind::F_FondsNo, 1, 1500, 0, 300, u"Fwdj"_s);
+  Build();
+  Build(u"Fwdj"_s);
+  EXPECT_TRUE(form_->findChildren<QWidget*>(u"Txt(1)"_s).isEmpty());
+  EXPECT_EQ(form_->findChildren<QLabel*>().size(), 1);
+  EXPECT_TRUE(form_->FondsControl());
+}
+
+TEST_F(EntryFormTest, EndsTheBuildingOverAColumnThatTheRecordSetLacks) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"Nowhere"_s, u"无"_s, ControlKind::Txt, 2, 1500, 400);
+  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 3, 1500, 800);
+  MessageBoxes boxes;
+  Build();
+  EXPECT_EQ(boxes.Last().title, u"著录界面"_s);
+  EXPECT_EQ(boxes.Last().flags, 16);
+  EXPECT_TRUE(
+      boxes.Last().text.startsWith(u"自定义界面数据可能有误,请检查自定义的每一步操作,或与程序供应商联系!\r\n"_s));
+  EXPECT_TRUE(boxes.Last().text.contains(u"Nowhere"_s));
+  EXPECT_TRUE(form_->FieldOf({ControlKind::Txt, 1}));
+  EXPECT_FALSE(form_->FieldOf({ControlKind::Txt, 3}));
+}
+
+TEST_F(EntryFormTest, NeedsNoBarWhereEverythingHasRoom) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Build();
+  Show();
+  EXPECT_FALSE(Bar().isVisible());
+}
+
+TEST_F(EntryFormTest, WidensTheRangeOfTheBarWithEachResizeThatNeedsIt) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 8000);
+  Build();
+  Show();
+  ASSERT_TRUE(Bar().isVisible());
+  const int height = Control(u"PicControls"_s).height() * 15;
+  const int before = Bar().maximum();
+  EXPECT_EQ((before + height - 8830) % 300, 0) << "the end of the field, and steps of 300";
+  Window().resize(500, 400);
+  EXPECT_EQ(Bar().maximum(), before + 300);
+}
+
+TEST_F(EntryFormTest, MovesFieldsAndLabelsWithTheBar) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 400);
+  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 9000);
+  Build();
+  Show();
+  Bar().setValue(300);
+  EXPECT_EQ(Control(u"Txt(1)"_s).y(), 40);
+  EXPECT_EQ(Control(u"F_Lbl(1)"_s).y(), 44);
+}
+
+TEST_F(EntryFormTest, BringsTheFocusedFieldIntoSight) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 9000);
+  Build();
+  Show();
+  const QRect area = Control(u"PicControls"_s).rect();
+  form_->FieldOf({ControlKind::Txt, 2})->Focus();
+  EXPECT_TRUE(area.contains(Control(u"Txt(2)"_s).geometry()));
+  EXPECT_EQ(Bar().value() % 300, 0);
+  form_->FieldOf({ControlKind::Txt, 1})->Focus();
+  EXPECT_TRUE(area.contains(Control(u"Txt(1)"_s).geometry()));
+}
+
+TEST_F(EntryFormTest, GrowsWithTheFont) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 400, 450);
+  Build();
+  QFont large = form_->font();
+  large.setPointSize(18);
+  form_->setFont(large);
+  EXPECT_EQ(Control(u"Txt(1)"_s).geometry(), QRect(200, 120, 400, 60));
+}
+
+}  // namespace
+}  // namespace folvane::test

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include "base/TextTests.h"
+#include "catalogue/Ddl.h"
+#include "forms/EntryLayout.h"
+#include "support/HostDoubles.h"
+#include "support/TestDatabase.h"
+
+namespace folvane {
+
+void PrintTo(const ControlId& control, std::ostream* out) { *out << control.type << '/' << control.index; }
+
+namespace test {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class DesignTest : public OnEachDatabase {
+ protected:
+  void SetUp() override {
+    OnEachDatabase::SetUp();
+    CreateCatalogue(*Connected());
+  }
+
+  void AddDictionaryField(const QString& table, const QString& name, const QString& type, const QString& flags) {
+    Database().Native(
+        u"Insert Into DynamicWindows(TableName,FieldName,ChnFieldName,FieldType,FieldLong,NullFlags,"
+        "ControlIndex,AuxiDictDetails,ControlsType,ZJCFlags) Values('%1','%2','%3','%4',30,%5)"_s.arg(
+            table, name, u"中文"_s + name, type, flags));
+  }
+};
+
+class EntryLayoutTest : public DesignTest {
+ protected:
+  void AddControl(const QString& field, int type, int index, int order) {
+    Database().Native(
+        u"Insert Into SaveControls(DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,"
+        "F_Width,F_Height) Values('Lwdj','%1',%2,%3,%4,1200,600,3000,300)"_s.arg(field)
+            .arg(type)
+            .arg(index)
+            .arg(order));
+  }
+};
+FOLVANE_ON_EACH_DATABASE(EntryLayoutTest);
+
+TEST_P(EntryLayoutTest, ComesInTheOrderOfTheCursor) {
+  AddDictionaryField(u"Lwdj"_s, u"DocNo"_s, u"文件编号型"_s, u"'','','',0,''"_s);
+  AddDictionaryField(u"Lwdj"_s, u"Amaintitle"_s, u"文本型"_s, u"'否','1','密级',0,''"_s);
+  AddControl(u"DocNo"_s, ControlKind::F_Organ, 1, 2);
+  AddControl(u"Amaintitle"_s, ControlKind::Txt_MLine, 4, 1);
+
+  const EntryLayout layout = ReadEntryLayout(Connected(), u"Lwdj"_s);
+  EXPECT_EQ(layout.KeyList, (std::vector<ControlId>{{}, {10, 4}, {8, 1}}));
+  EXPECT_EQ(layout.RequiredList, (std::vector<ControlId>{{}, {10, 4}}));
+  EXPECT_EQ(layout.FixedLengthList, (std::vector<ControlId>{{}, {10, 4}}));
+  ASSERT_EQ(layout.FieldList.size(), 3u);
+  EXPECT_EQ(layout.FieldList[0], (CarryField{u"<无>"_s, {}, {}, false}));
+  EXPECT_EQ(layout.FieldList[2], (CarryField{u"DocNo"_s, u"文件编号型"_s, {}, false}));
+
+  const LayoutRow& title = layout.rows.at(0);
+  EXPECT_EQ(title.dataField, u"Amaintitle"_s);
+  EXPECT_EQ(title.caption, u"中文Amaintitle"_s);
+  EXPECT_EQ(title.fieldLong, u"30"_s);
+  EXPECT_EQ(title.dictionary, u"密级"_s);
+  EXPECT_EQ(title.left, 1200);
+  EXPECT_EQ(title.top, 600);
+  EXPECT_EQ(title.width, 3000);
+  EXPECT_EQ(title.height, 300);
+}
+
+TEST_P(EntryLayoutTest, LeavesOutControlsThatAreNeverBuiltAndFieldsWithoutADictionaryRow) {
+  AddDictionaryField(u"Lwdj"_s, u"A"_s, u"文本型"_s, u"'','','',0,''"_s);
+  AddControl(u"A"_s, 3, 1, 1);
+  AddControl(u"A"_s, 5, 1, 2);
+  AddControl(u"Nowhere"_s, 1, 1, 3);
+  AddControl(u"A"_s, 11, 1, 4);
+  const EntryLayout layout = ReadEntryLayout(Connected(), u"Lwdj"_s);
+  EXPECT_EQ(layout.KeyList, (std::vector<ControlId>{{}, {11, 1}}));
+}
+
+TEST_P(EntryLayoutTest, IsEmptyForATableWithoutOne) {
+  const EntryLayout layout = ReadEntryLayout(Connected(), u"Lwdj"_s);
+  EXPECT_TRUE(layout.rows.empty());
+  EXPECT_EQ(layout.KeyList, std::vector<ControlId>{{}});
+  EXPECT_EQ(layout.FieldList.size(), 1u);
+}
+
+TEST_P(EntryLayoutTest, RefusesAPlaceThatIsNoNumber) {
+  AddDictionaryField(u"Lwdj"_s, u"A"_s, u"文本型"_s, u"'','','',0,''"_s);
+  AddControl(u"A"_s, 1, 1, 1);
+  Database().Native(u"Update SaveControls Set F_Left=null"_s);
+  EXPECT_THROW(ReadEntryLayout(Connected(), u"Lwdj"_s), NumberError);
+}
+
+TEST_P(EntryLayoutTest, AsksForItAsTheDesignIsAskedEverywhere) {
+  QStringList statements;
+  Connected()->OnStatement([&](const QString& statement) { statements << statement; });
+  ReadEntryLayout(Connected(), u"Lwdj"_s);
+  EXPECT_EQ(statements,
+            QStringList{u"Select SaveControls.*,DynamicWindows.FieldType,DynamicWindows.ChnFieldName,"
+                        "DynamicWindows.FieldLong,DynamicWindows.AuxiDictDetails,DynamicWindows.NullFlags,"
+                        "DynamicWindows.ControlIndex As LockFields From SaveControls,DynamicWindows Where "
+                        "DataSource='Lwdj' And SaveControls.ControlType <> 3 And SaveControls.ControlType <> 5 And "
+                        "Savecontrols.DataSource = DynamicWindows.TableName And SaveControls.DataField = "
+                        "DynamicWindows.FieldName Order By SaveControls.KeyOrder"_s});
+}
+
+class CarryFieldsTest : public DesignTest {
+ protected:
+  void SetUp() override {
+    DesignTest::SetUp();
+    Database().Native(
+        u"Create Table Volume(ArchiveID varchar(20), FondsNo varchar(10), Pages integer, Note varchar(10))"_s);
+    AddDictionaryField(u"Jn"_s, u"FondsNo"_s, u"文本型"_s, u"'','','',1,''"_s);
+    AddDictionaryField(u"Jn"_s, u"Pages"_s, u"数值型"_s, u"'','','',1,''"_s);
+    AddDictionaryField(u"Jn"_s, u"Note"_s, u"文本型"_s, u"'','','',1,''"_s);
+    AddDictionaryField(u"Jn"_s, u"Missing"_s, u"文本型"_s, u"'','','',1,''"_s);
+    AddDictionaryField(u"Jn"_s, u"DocNo"_s, u"文件编号型"_s, u"'','','',0,'是'"_s);
+  }
+  std::vector<CarryField> Load(const ParentRecord& parent) { return LoadCarryFields(Connected(), u"Jn"_s, parent); }
+};
+FOLVANE_ON_EACH_DATABASE(CarryFieldsTest);
+
+const CarryField kNone{u"<None>"_s, {}, {}, false};
+const CarryField kDocNo{u"DocNo"_s, u"文件编号型"_s, {}, false};
+
+TEST_P(CarryFieldsTest, AreThoseOfTheRecordBeforeWithoutAParent) {
+  EXPECT_EQ(Load({}), (std::vector<CarryField>{kNone, kDocNo}));
+}
+
+TEST_P(CarryFieldsTest, TakeTheValuesOfTheParentRecord) {
+  Database().Native(u"Insert Into Volume Values('1','J01',20,null)"_s);
+  EXPECT_EQ(Load({u" Volume "_s, u"ArchiveID='1'"_s}),
+            (std::vector<CarryField>{kNone,
+                                     {u"FondsNo"_s, u"文本型"_s, u"J01"_s, true},
+                                     {u"Pages"_s, u"数值型"_s, u"20"_s, true},
+                                     {u"Note"_s, u"文本型"_s, {}, true},
+                                     kDocNo}));
+}
+
+TEST_P(CarryFieldsTest, BeginNumbersWithOneWhereTheParentHasNone) {
+  Database().Native(u"Insert Into Volume Values('1',null,null,null)"_s);
+  EXPECT_EQ(Load({u"Volume"_s, u"ArchiveID='1'"_s}).at(2), (CarryField{u"Pages"_s, u"数值型"_s, u"1"_s, true}));
+}
+
+TEST_P(CarryFieldsTest, StayEmptyWithoutAParentRecord) {
+  EXPECT_EQ(Load({u"Volume"_s, u"ArchiveID='1'"_s}).at(2), (CarryField{u"Pages"_s, u"数值型"_s, {}, true}));
+}
+
+}  // namespace
+}  // namespace test
+}  // namespace folvane
