@@ -11,14 +11,21 @@ namespace folvane {
 
 namespace {
 
-QVariant NumberFromText(const QString& text) {
+// A double holds any decimal number of 15 digits; of a longer one it would lose the last.
+bool IsTooExactForDouble(const QString& number) {
+  static const QRegularExpression shape(QStringLiteral("^-?0*(\\d*)(?:\\.(\\d*?)0*)?$"));
+  const QRegularExpressionMatch match = shape.match(number);
+  return match.hasMatch() && match.capturedLength(1) + match.capturedLength(2) > 15;
+}
+
+// Exact numbers beyond 64 bits and beyond a double stay text.
+QVariant NumberFromText(const QString& text, int type) {
   const QString trimmed = text.trimmed();
   bool whole = false;
   const qint64 integer = trimmed.toLongLong(&whole);
   if (whole) return integer;
-  // Digits beyond 64 bits stay text: a double would lose the last ones.
-  static const QRegularExpression digits(QStringLiteral("^-?\\d{17,}$"));
-  if (digits.match(trimmed).hasMatch()) return trimmed;
+  const bool exact = type != AdoType::Single && type != AdoType::Double;
+  if (exact && IsTooExactForDouble(trimmed)) return trimmed;
   bool real = false;
   const double number = trimmed.toDouble(&real);
   return real ? QVariant(number) : QVariant();
@@ -80,7 +87,7 @@ QVariant DecodeCell(const Cell& cell, const ColumnInfo& column) {
   switch (GroupOfType(column.type)) {
     case TypeGroup::Number:
       if (cell.kind == Cell::Text) {
-        const QVariant number = NumberFromText(QString::fromUtf8(cell.bytes));
+        const QVariant number = NumberFromText(QString::fromUtf8(cell.bytes), column.type);
         return number.isValid() ? number : QVariant(QString::fromUtf8(cell.bytes));
       }
       return cell.ToVariant();
@@ -106,7 +113,7 @@ QVariant FitToColumn(const QVariant& value, const ColumnInfo& column) {
     case TypeGroup::Number: {
       if (isText && value.toString().trimmed().isEmpty()) return {};
       if (!isText) return value.typeId() == QMetaType::Double ? value : QVariant(value.toLongLong());
-      const QVariant number = NumberFromText(value.toString());
+      const QVariant number = NumberFromText(value.toString(), column.type);
       if (!number.isValid()) ThrowUnfit(value, column, QStringLiteral("数字"));
       return number;
     }

@@ -189,6 +189,18 @@ TEST_F(OdbcConnections, TheCatalogueFunctionsTellWhatTheServersOwnCatalogueTells
   EXPECT_FALSE(DescribeOdbcTable(handle_->Connection(), QStringLiteral("nowhere")));
 }
 
+TEST_F(OdbcConnections, AnExactNumberOfManyDigitsIsReadAndWrittenWhole) {
+  database_.Native(QStringLiteral("CREATE TABLE sums (id integer PRIMARY KEY, total numeric(24,6), note varchar(9))"));
+  database_.Native(QStringLiteral("INSERT INTO sums VALUES (1, 123456789012345678.901234, 'old')"));
+  Connect();
+  Recordset records;
+  records.Open(QStringLiteral("Select * From sums"), connection_);
+  EXPECT_EQ(records[QStringLiteral("total")].Text(), QStringLiteral("123456789012345678.901234"));
+  records[QStringLiteral("total")].SetValue(QStringLiteral("223456789012345678.901234"));
+  records.UpdateBatch();
+  EXPECT_EQ(database_.Value(QStringLiteral("SELECT total FROM sums")), QStringLiteral("223456789012345678.901234"));
+}
+
 // The ODBC driver keeps what it has once read of a table.
 TEST_F(OdbcConnections, AColumnThatTheHostHasChangedTellsItsNewTypeAndSize) {
   Connect();
