@@ -8,6 +8,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kProgressWidth = 160;
+constexpr int kPanelIndent = 6;
 
 }  // namespace
 
@@ -21,6 +22,7 @@ BrowserStatus::BrowserStatus(QWidget* parent) : QStatusBar(parent) {
   progress_->setObjectName(u"ProMain"_s);
   progress_->setMaximumWidth(kProgressWidth);
   progress_->setTextVisible(false);
+  for (QLabel* panel : {records_, user_}) panel->setIndent(kPanelIndent);
   addWidget(records_, 1);
   addPermanentWidget(progress_);
   addPermanentWidget(user_);

@@ -22,7 +22,8 @@ ChoiceRelay::ChoiceRelay(QAbstractItemView* view, std::function<void(const QMode
 
 void ChoiceRelay::SelectSilently(const QModelIndex& index) {
   const QScopedValueRollback<bool> silence(silent_, true);
-  view_->setCurrentIndex(index);
+  view_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  view_->scrollTo(index);
 }
 
 bool ChoiceRelay::eventFilter(QObject* watched, QEvent* event) {

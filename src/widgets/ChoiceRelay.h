@@ -17,7 +17,7 @@ class ChoiceRelay : public QObject {
  public:
   ChoiceRelay(QAbstractItemView* view, std::function<void(const QModelIndex&)> chosen);
 
-  /// Makes a row current without telling.
+  /// Makes a row the current and only selected one and brings it into view, without telling.
   void SelectSilently(const QModelIndex& index);
 
  private:

@@ -194,6 +194,7 @@ TEST_P(RecordListTest, SortingKeepsTheSelectedRecordAndFillsThePageBeforeIt) {
     EXPECT_EQ(browser.Cell(), u"2"_s);
     EXPECT_EQ(browser.List().model()->rowCount(), 30);
     EXPECT_EQ(browser.Row(), 29);
+    EXPECT_TRUE(browser.List().viewport()->rect().intersects(browser.List().visualRect(browser.List().currentIndex())));
     EXPECT_EQ(Shared().CurrentRecords.AbsolutePosition(), 39) << "the cursor is on the selected record";
     EXPECT_EQ(browser.Status(), u"当前记录：第39条/共40条"_s);
   });
@@ -218,6 +219,18 @@ TEST_P(RecordListTest, AColumnThatTheTableLacksGivesOneMessageAndAnEmptyList) {
     EXPECT_EQ(browser.Column(u"LVData"_s), QStringList());
     EXPECT_EQ(browser.Status(), u"当前无记录"_s);
   });
+}
+
+TEST_P(RecordListTest, AColumnClickThatTheDatabaseRefusesEndsWithoutAWord) {
+  MessageBoxes messages;
+  WithRecords(3, [&](const Browser& browser) {
+    design_->Run(u"alter table Lwdj rename column Amaintitle to Title"_s);
+    browser.ClickColumn(1);
+    EXPECT_TRUE(messages.Requests().empty());
+    EXPECT_EQ(browser.Status(), u"当前无记录"_s);
+    EXPECT_FALSE(browser.KeyOn(u"NextPage"_s));
+  });
+  EXPECT_EQ(StoredOrder(), u"RegID Asc"_s);
 }
 
 TEST_P(RecordListTest, AWidthThatTheUserGaveComesBack) {
