@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "forms/TwipScale.h"
 #include "shell/RegistryValues.h"
 #include "shell/SharedState.h"
 
@@ -10,15 +11,15 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kUnitsPerPixel = 15;
-constexpr int kNarrowest = 24;  // enough to take hold of and pull
+constexpr int kHiddenTwips = 15;  // a column this narrow is meant not to be seen
+constexpr int kNarrowest = 24;    // enough to take hold of and pull
 
 QString UserPath() { return u"Software\\Norvex\\Folvane\\Columns\\"_s + Shared().UserId; }
 
 }  // namespace
 
-int PixelsOfListUnits(int listUnits) {
-  return listUnits <= kUnitsPerPixel ? 1 : std::max(listUnits / kUnitsPerPixel, kNarrowest);
+int DesignedWidth(const QWidget& list, int twips) {
+  return twips <= kHiddenTwips ? 1 : std::max(TwipScale(list).ToPixels(twips), kNarrowest);
 }
 
 QHash<QString, int> ReadColumnWidths(const QString& table) {

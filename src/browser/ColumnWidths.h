@@ -3,10 +3,12 @@
 #include <QHash>
 #include <QString>
 
+class QWidget;
+
 namespace folvane {
 
-/// The width in pixels of a list column that the design gives in list units, 1440 to the inch of 96 pixels.
-int PixelsOfListUnits(int listUnits);
+/// The width in pixels that a list gives to a column of that many twips.
+int DesignedWidth(const QWidget& list, int twips);
 
 /// The widths that the user gave to the columns of a table's list, by field in upper case.
 QHash<QString, int> ReadColumnWidths(const QString& table);

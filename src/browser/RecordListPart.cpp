@@ -48,7 +48,7 @@ void RecordListPart::ShowColumns() {
   const std::vector<ListColumn>& columns = parts_.State.List.Columns();
   QHeaderView& header = *parts_.List.header();
   for (size_t at = 0; at < columns.size(); ++at) {
-    header.resizeSection(int(at), kept.value(columns[at].key.toUpper(), PixelsOfListUnits(columns[at].width)));
+    header.resizeSection(int(at), kept.value(columns[at].key.toUpper(), DesignedWidth(parts_.List, columns[at].width)));
   }
   const int last = int(columns.size()) - 1;
   header.setSectionResizeMode(QHeaderView::Interactive);
@@ -63,7 +63,7 @@ void RecordListPart::KeepColumnWidths() {
   QHash<QString, int> widths;
   for (size_t at = 0; at + 1 < columns.size(); ++at) {
     const int width = parts_.List.header()->sectionSize(int(at));
-    if (width != PixelsOfListUnits(columns[at].width)) widths.insert(columns[at].key.toUpper(), width);
+    if (width != DesignedWidth(parts_.List, columns[at].width)) widths.insert(columns[at].key.toUpper(), width);
   }
   if (widths != ReadColumnWidths(widthsOf_)) SaveColumnWidths(widthsOf_, widths);
   widthsOf_.clear();

@@ -12,7 +12,7 @@ namespace folvane {
 /// A column of a record list; its key is the field it shows.
 struct ListColumn {
   QString key, caption;
-  int width = 0;  ///< in list units, as the design gives it
+  int width = 0;  ///< in twips, as the design gives it
   QString tag;
 };
 
