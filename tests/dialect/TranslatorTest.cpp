@@ -92,8 +92,8 @@ TEST_F(TranslatorTest, TheOrderOfTheKeyIsThatOfItsIndex) {
 
 TEST_F(TranslatorTest, PostgreSqlGetsLiteralsInTheTextWithTheirQuotesDoubled) {
   const QString text = Text(DialectKind::PostgreSql, QStringLiteral("Update files Set Title='a''b\\' Where RegID='7'"));
-  EXPECT_TRUE(text.contains(QLatin1String("\"Title\" = 'a''b\\'"))) << text.toStdString();
-  EXPECT_TRUE(text.endsWith(QLatin1String("\"RegID\" = 7"))) << text.toStdString();
+  EXPECT_TRUE(text.contains(QLatin1String("\"Title\" = E'a''b\\\\'"))) << text.toStdString();
+  EXPECT_TRUE(text.endsWith(QLatin1String("\"RegID\" = 7)"))) << text.toStdString();
 }
 
 TEST_F(TranslatorTest, ARefusalNamesTheForm) {

@@ -1,50 +1,36 @@
 #pragma once
 
-#include <QString>
+#include <QByteArray>
 #include <vector>
 
-#include "data/dialect/Literals.h"
+#include "data/dialect/Dialect.h"
 #include "data/dialect/SyntaxTree.h"
-#include "data/drivers/Driver.h"
 
 namespace folvane::sql {
 
-/// How a dialect says what the others say otherwise. In the forms %1, %2 stand for values already put into the dialect.
-struct DialectWords {
-  DialectKind kind;
-  bool bindsLiterals;       ///< literals go as parameters, not as text
-  const char* asText;       ///< a value as text
-  const char* asNumber;     ///< a text as a number; an error when it is none
-  const char* asDate;       ///< a text as a date
-  const char* folded;       ///< a text column or expression as it is compared
-  const char* grouped;      ///< a text as Distinct and Group By compare it
-  const char* sorted;       ///< a text as Order By compares it
-  const char* like;         ///< value, pattern without classes
-  const char* likeClasses;  ///< value, pattern
-  const char* dateText;     ///< a date under Like
-  const char* nullsFirst;   ///< behind an ascending item of Order By
-  const char* nullsLast;    ///< behind a descending one
-};
-
-const DialectWords& WordsOf(DialectKind kind);
-
-/// Where a bound value comes from.
-struct Binding {
+/// A place in a translated text where a literal goes.
+struct Slot {
+  qsizetype at;
   int literal;
   Transform transform;
-  bool operator==(const Binding&) const = default;
+  int limit;
+
+  bool IsSameValue(const Slot& other) const {
+    return literal == other.literal && transform == other.transform && limit == other.limit;
+  }
 };
 
-/// A statement put together in a dialect.
-struct Emitted {
-  QString text;
-  std::vector<Binding> bindings;  ///< of the markers ?1, ?2 ...
-  bool cacheable = true;          ///< false when a literal's value stands in the text
+/// A statement in a dialect, for every statement of its shape. Where the dialect binds literals, the text has the
+/// marker ?n for the nth slot; where not, the literals are put in at the slots' places.
+struct Translation {
+  QByteArray text;
+  std::vector<Slot> slots;
 };
 
-Emitted EmitStatement(const Statement& statement, DialectKind dialect);
-Emitted EmitQuery(const Query& query, DialectKind dialect);
+/// Writes a rewritten statement in a dialect.
+Translation Emit(const Statement& statement, const Dialect& dialect);
+Translation Emit(const Query& query, const Dialect& dialect);
 /// A query of one row: 1 when the condition is true, otherwise 0.
-Emitted EmitCondition(const Expression& condition, DialectKind dialect);
+Translation EmitCondition(const Expression& condition, const Dialect& dialect);
 
 }  // namespace folvane::sql

@@ -1,171 +1,137 @@
 #include "data/dialect/Functions.h"
 
-#include <QHash>
 #include <array>
 
 namespace folvane::sql {
 
 namespace {
 
-constexpr auto kText = TypeGroup::Text;
-constexpr auto kNumber = TypeGroup::Number;
-constexpr auto kDate = TypeGroup::Date;
-constexpr std::nullopt_t kOfArgument = std::nullopt;
+using F = Function;
+using V = ValueType;
 
-// PostgreSQL's text functions take text alone; $1 of those comes cast when it is anything else.
-const std::array kFunctions{
-    Function{"count", 1, 1, kNumber, false, "count($*)", "count($*)"},
-    Function{"sum", 1, 1, kNumber, false, "sum($*)", "sum($*)"},
-    Function{"avg", 1, 1, kNumber, false, "avg($*)", "avg($*)"},
-    Function{"max", 1, 1, kOfArgument, false, "max($*)", "max($*)"},
-    Function{"min", 1, 1, kOfArgument, false, "min($*)", "min($*)"},
-    Function{"isnull", 2, 2, kOfArgument, false, "coalesce($1,$2)", "coalesce($1,$2)"},
-    Function{"coalesce", 2, -1, kOfArgument, false, "coalesce($*)", "coalesce($*)"},
-    Function{"nullif", 2, 2, kOfArgument, false, "nullif($1,$2)", "nullif($1,$2)"},
-    Function{"len", 1, 1, kNumber, true, "length(rtrim($1,' '))", "length(rtrim($1,' '))"},
-    Function{"datalength", 1, 1, kNumber, true, "length(CAST($1 AS BLOB))", "octet_length($1)"},
-    Function{"left", 2, 2, kText, true, "substr($1,1,$2)", "left($1,$2)"},
-    Function{"right", 2, 2, kText, true, "substr($1,max(length($1)-($2),0)+1)", "right($1,$2)"},
-    Function{"substring", 3, 3, kText, true, "substr($1,$2,$3)", "substr($1,$2,$3)"},
-    Function{"charindex", 2, 2, kNumber, true, "instr(lower($2),lower($1))", "strpos(lower(($2)::text),lower($1))"},
-    Function{"replace", 3, 3, kText, true, "folvane_replace($1,$2,$3)",
-             "regexp_replace($1,regexp_replace(($2)::text,'([^[:alnum:][:space:]])','\\\\\\1','g'),replace(($3)::text,'"
-             "\\','\\\\'),'gi')"},
-    Function{"ltrim", 1, 1, kText, true, "ltrim($1,' ')", "ltrim($1,' ')"},
-    Function{"rtrim", 1, 1, kText, true, "rtrim($1,' ')", "rtrim($1,' ')"},
-    Function{"upper", 1, 1, kText, true, "upper($1)", "upper($1)"},
-    Function{"lower", 1, 1, kText, true, "lower($1)", "lower($1)"},
-    Function{"replicate", 2, 2, kText, true, "replace(hex(zeroblob($2)),'00',$1)", "repeat($1,$2)"},
-    Function{"space", 1, 1, kText, false, "replace(hex(zeroblob($1)),'00',' ')", "repeat(' ',$1)"},
-    Function{"str", 1, 1, kText, false, "printf('%10d',CAST(round($1) AS INTEGER))",
-             "lpad(round(($1)::numeric)::text,10)"},
-    Function{"str", 2, 2, kText, false, "printf('%*d',$2,CAST(round($1) AS INTEGER))",
-             "lpad(round(($1)::numeric)::text,$2)"},
-    Function{"abs", 1, 1, kNumber, false, "abs($1)", "abs($1)"},
-    Function{"round", 2, 2, kNumber, false, "round($1,$2)", "round(($1)::numeric,$2)"},
-    Function{"floor", 1, 1, kNumber, false, "(CAST($1 AS INTEGER)-($1<CAST($1 AS INTEGER)))", "floor($1)"},
-    Function{"ceiling", 1, 1, kNumber, false, "(CAST($1 AS INTEGER)+($1>CAST($1 AS INTEGER)))", "ceil($1)"},
-    Function{"year", 1, 1, kNumber, false, "CAST(strftime('%Y',folvane_date($1)) AS INTEGER)",
-             "CAST(extract(year FROM CAST($1 AS timestamp)) AS integer)"},
-    Function{"month", 1, 1, kNumber, false, "CAST(strftime('%m',folvane_date($1)) AS INTEGER)",
-             "CAST(extract(month FROM CAST($1 AS timestamp)) AS integer)"},
-    Function{"day", 1, 1, kNumber, false, "CAST(strftime('%d',folvane_date($1)) AS INTEGER)",
-             "CAST(extract(day FROM CAST($1 AS timestamp)) AS integer)"},
-    Function{"getdate", 0, 0, kDate, false, "strftime('%Y-%m-%d %H:%M:%S','now','localtime')", "localtimestamp"},
+// The functions that begin with folvane_ are registered on the SQLite handle, see SqliteFunctions.
+constexpr std::array kFunctions{
+    F{"count", 1, 1, "A", F::OfType, V::Integer, "count($*)", "count($*)"},
+    F{"sum", 1, 1, "A", F::OfFirst, V::Unknown, "sum($*)", "sum($*)"},
+    F{"avg", 1, 1, "A", F::OfFirst, V::Unknown, "avg($*)", "avg($*)"},
+    F{"max", 1, 1, "A", F::OfFirst, V::Unknown, "max($1)", "max($1)"},
+    F{"min", 1, 1, "A", F::OfFirst, V::Unknown, "min($1)", "min($1)"},
+    F{"isnull", 2, 2, "A", F::OfFirst, V::Unknown, "coalesce($*)", "coalesce($*)"},
+    F{"coalesce", 2, -1, "A", F::OfStrongest, V::Unknown, "coalesce($*)", "coalesce($*)"},
+    F{"nullif", 2, 2, "A", F::OfFirst, V::Unknown, "", ""},
+    F{"len", 1, 1, "T", F::OfType, V::Integer, "length(rtrim($1))", "length(rtrim($1))"},
+    F{"left", 2, 2, "TI", F::OfType, V::Text, "substr($1,1,max($2,0))", "left($1,greatest(CAST($2 AS integer),0))"},
+    F{"right", 2, 2, "TI", F::OfType, V::Text, "folvane_right($1,$2)", "right($1,greatest(CAST($2 AS integer),0))"},
+    F{"substring", 3, 3, "TII", F::OfType, V::Text, "folvane_substring($1,$2,$3)",
+      "substr($1,CAST($2 AS integer),CAST($3 AS integer))"},
+    F{"charindex", 2, 2, "TT", F::OfType, V::Integer, "folvane_charindex($1,$2,1)",
+      "CASE WHEN $1 = '' THEN 0 ELSE strpos(lower($2 COLLATE \"C\"),lower($1 COLLATE \"C\")) END"},
+    F{"charindex", 3, 3, "TTI", F::OfType, V::Integer, "folvane_charindex($1,$2,$3)",
+      "CASE WHEN $1 = '' OR strpos(substr(lower($2 COLLATE \"C\"),greatest(CAST($3 AS integer),1)),lower($1 COLLATE "
+      "\"C\")) = 0 THEN 0 ELSE strpos(substr(lower($2 COLLATE \"C\"),greatest(CAST($3 AS integer),1)),lower($1 COLLATE "
+      "\"C\"))+greatest(CAST($3 AS integer),1)-1 END"},
+    F{"replace", 3, 3, "TTT", F::OfType, V::Text, "folvane_replace($1,$2,$3)",
+      "CASE WHEN $2 = '' THEN $1 ELSE regexp_replace($1,'***='||$2,replace($3,chr(92),chr(92)||chr(92)),'gi') END"},
+    F{"ltrim", 1, 1, "T", F::OfType, V::Text, "ltrim($1)", "ltrim($1)"},
+    F{"rtrim", 1, 1, "T", F::OfType, V::Text, "rtrim($1)", "rtrim($1)"},
+    F{"upper", 1, 1, "T", F::OfType, V::Text, "upper($1)", "upper($1)"},
+    F{"lower", 1, 1, "T", F::OfType, V::Text, "lower($1)", "lower($1)"},
+    F{"replicate", 2, 2, "TI", F::OfType, V::Text, "folvane_replicate($1,$2)", "repeat($1,CAST($2 AS integer))"},
+    F{"space", 1, 1, "I", F::OfType, V::Text, "folvane_replicate(' ',$1)", "repeat(' ',CAST($1 AS integer))"},
+    F{"ascii", 1, 1, "T", F::OfType, V::Integer, "unicode($1)", "ascii($1)"},
+    F{"char", 1, 1, "I", F::OfType, V::Text, "char($1)", "chr(CAST($1 AS integer))"},
+    F{"isnumeric", 1, 1, "T", F::OfType, V::Integer, "folvane_isnumeric($1)",
+      "CASE WHEN btrim($1) ~ '^[-+]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][-+]?[0-9]+)?$' THEN 1 ELSE 0 END"},
+    F{"str", 1, 1, "N", F::OfType, V::Text, "folvane_str($1,10,0)",
+      "lpad(CAST(round(CAST($1 AS numeric)) AS text),10)"},
+    F{"str", 2, 2, "NI", F::OfType, V::Text, "folvane_str($1,$2,0)",
+      "CASE WHEN length(CAST(round(CAST($1 AS numeric)) AS text)) > $2 THEN repeat('*',CAST($2 AS integer)) ELSE "
+      "lpad(CAST(round(CAST($1 AS numeric)) AS text),CAST($2 AS integer)) END"},
+    F{"str", 3, 3, "NII", F::OfType, V::Text, "folvane_str($1,$2,$3)",
+      "CASE WHEN length(CAST(round(CAST($1 AS numeric)) AS text)) > $2 THEN repeat('*',CAST($2 AS integer)) ELSE "
+      "lpad(left(CAST(round(CAST($1 AS numeric),CAST($3 AS integer)) AS text),CAST($2 AS integer)),CAST($2 AS "
+      "integer)) END"},
+    F{"abs", 1, 1, "N", F::OfFirst, V::Unknown, "abs($1)", "abs($1)"},
+    F{"sign", 1, 1, "N", F::OfFirst, V::Unknown, "sign($1)", "CAST(sign($1) AS integer)"},
+    F{"round", 2, 2, "NI", F::OfFirst, V::Unknown, "folvane_round($1,$2)",
+      "round(CAST($1 AS numeric),CAST($2 AS integer))"},
+    F{"floor", 1, 1, "N", F::OfFirst, V::Unknown, "(CAST($1 AS INTEGER)-($1 < CAST($1 AS INTEGER)))", "floor($1)"},
+    F{"ceiling", 1, 1, "N", F::OfFirst, V::Unknown, "(CAST($1 AS INTEGER)+($1 > CAST($1 AS INTEGER)))", "ceil($1)"},
+    F{"year", 1, 1, "D", F::OfType, V::Integer, "folvane_datepart('year',$1)",
+      "CAST(extract(year FROM CAST($1 AS timestamp)) AS integer)"},
+    F{"month", 1, 1, "D", F::OfType, V::Integer, "folvane_datepart('month',$1)",
+      "CAST(extract(month FROM CAST($1 AS timestamp)) AS integer)"},
+    F{"day", 1, 1, "D", F::OfType, V::Integer, "folvane_datepart('day',$1)",
+      "CAST(extract(day FROM CAST($1 AS timestamp)) AS integer)"},
+    F{"getdate", 0, 0, "", F::OfType, V::Date, "strftime('%Y-%m-%d %H:%M:%S','now','localtime')", "localtimestamp(3)"},
 };
 
-struct DatePart {
-  const char* names;  ///< separated by blanks
-  const char* strftime;
-  const char* postgres;
-  const char* modifier;
+constexpr std::array kCastTypes{
+    CastType{"char", V::Text, true, false, false},          CastType{"nchar", V::Text, true, false, false},
+    CastType{"varchar", V::Text, false, false, false},      CastType{"nvarchar", V::Text, false, false, false},
+    CastType{"text", V::Text, false, true, false},          CastType{"ntext", V::Text, false, true, false},
+    CastType{"int", V::Integer, false, false, false},       CastType{"integer", V::Integer, false, false, false},
+    CastType{"smallint", V::Integer, false, false, false},  CastType{"tinyint", V::Integer, false, false, false},
+    CastType{"bigint", V::Integer, false, false, false},    CastType{"bit", V::Integer, false, false, true},
+    CastType{"float", V::Float, false, false, false},       CastType{"real", V::Float, false, false, false},
+    CastType{"decimal", V::Decimal, false, false, false},   CastType{"numeric", V::Decimal, false, false, false},
+    CastType{"money", V::Decimal, false, false, false},     CastType{"datetime", V::Date, false, false, false},
+    CastType{"smalldatetime", V::Date, false, false, false}};
+
+struct Style {
+  int number;
+  const char* form;
 };
 
-const std::array kParts{
-    DatePart{" year yy yyyy ", "%Y", "year", "years"},    DatePart{" month mm m ", "%m", "month", "months"},
-    DatePart{" day dd d ", "%d", "day", "days"},          DatePart{" hour hh ", "%H", "hour", "hours"},
-    DatePart{" minute mi n ", "%M", "minute", "minutes"}, DatePart{" second ss s ", "%S", "second", "seconds"},
-    DatePart{" dayofyear dy y ", "%j", "doy", "days"},
+constexpr std::array kStyles{
+    Style{0, "Mon dd YYYY hh:MIAM"},
+    Style{100, "Mon dd YYYY hh:MIAM"},
+    Style{1, "MM/DD/YY"},
+    Style{101, "MM/DD/YYYY"},
+    Style{2, "YY.MM.DD"},
+    Style{102, "YYYY.MM.DD"},
+    Style{3, "DD/MM/YY"},
+    Style{103, "DD/MM/YYYY"},
+    Style{4, "DD.MM.YY"},
+    Style{104, "DD.MM.YYYY"},
+    Style{5, "DD-MM-YY"},
+    Style{105, "DD-MM-YYYY"},
+    Style{8, "HH24:MI:SS"},
+    Style{108, "HH24:MI:SS"},
+    Style{10, "MM-DD-YY"},
+    Style{110, "MM-DD-YYYY"},
+    Style{11, "YY/MM/DD"},
+    Style{111, "YYYY/MM/DD"},
+    Style{12, "YYMMDD"},
+    Style{112, "YYYYMMDD"},
+    Style{20, "YYYY-MM-DD HH24:MI:SS"},
+    Style{120, "YYYY-MM-DD HH24:MI:SS"},
+    Style{21, "YYYY-MM-DD HH24:MI:SS.MS"},
+    Style{121, "YYYY-MM-DD HH24:MI:SS.MS"},
+    Style{23, "YYYY-MM-DD"},
 };
-
-const DatePart* FindPart(const QString& part) {
-  for (const DatePart& known : kParts)
-    if (QLatin1String(known.names).contains(QString(u' ' + part.toLower() + u' '))) return &known;
-  return nullptr;
-}
-
-QString DiffForm(DialectKind dialect, const DatePart& part) {
-  const QLatin1String unit(part.postgres);
-  if (dialect == DialectKind::PostgreSql) {
-    const QString a = QStringLiteral("CAST($1 AS timestamp)"), b = QStringLiteral("CAST($2 AS timestamp)");
-    if (unit == QLatin1String("year"))
-      return QStringLiteral("CAST(extract(year FROM %2)-extract(year FROM %1) AS integer)").arg(a, b);
-    if (unit == QLatin1String("month"))
-      return QStringLiteral(
-                 "CAST((extract(year FROM %2)-extract(year FROM %1))*12+extract(month FROM %2)-extract(month FROM %1) "
-                 "AS integer)")
-          .arg(a, b);
-    if (unit == QLatin1String("day")) return QStringLiteral("(CAST($2 AS date)-CAST($1 AS date))");
-    return {};
-  }
-  const QString a = QStringLiteral("folvane_date($1)"), b = QStringLiteral("folvane_date($2)");
-  if (unit == QLatin1String("year")) return QStringLiteral("(strftime('%Y',%2)-strftime('%Y',%1))").arg(a, b);
-  if (unit == QLatin1String("month"))
-    return QStringLiteral("((strftime('%Y',%2)-strftime('%Y',%1))*12+strftime('%m',%2)-strftime('%m',%1))").arg(a, b);
-  if (unit == QLatin1String("day"))
-    return QStringLiteral("CAST(julianday(date(%2))-julianday(date(%1)) AS INTEGER)").arg(a, b);
-  return {};
-}
 
 }  // namespace
 
-const Function* FindFunction(const QString& name, int arguments) {
+const Function* FindFunction(const QString& name, std::size_t arguments) {
+  const int count = static_cast<int>(arguments);
   for (const Function& function : kFunctions)
-    if (name == QLatin1String(function.name) && arguments >= function.least &&
-        (function.most < 0 || arguments <= function.most))
+    if (name == QLatin1String(function.name) && count >= function.least &&
+        (function.most < 0 || count <= function.most))
       return &function;
   return nullptr;
 }
 
-std::optional<TypeGroup> GroupOfTypeWord(const QString& word) {
-  static const QHash<QString, TypeGroup> groups{
-      {QStringLiteral("char"), kText},         {QStringLiteral("varchar"), kText},
-      {QStringLiteral("nchar"), kText},        {QStringLiteral("nvarchar"), kText},
-      {QStringLiteral("text"), kText},         {QStringLiteral("ntext"), kText},
-      {QStringLiteral("int"), kNumber},        {QStringLiteral("integer"), kNumber},
-      {QStringLiteral("smallint"), kNumber},   {QStringLiteral("tinyint"), kNumber},
-      {QStringLiteral("bigint"), kNumber},     {QStringLiteral("bit"), kNumber},
-      {QStringLiteral("float"), kNumber},      {QStringLiteral("real"), kNumber},
-      {QStringLiteral("decimal"), kNumber},    {QStringLiteral("numeric"), kNumber},
-      {QStringLiteral("money"), kNumber},      {QStringLiteral("datetime"), kDate},
-      {QStringLiteral("smalldatetime"), kDate}};
-  const auto found = groups.constFind(word);
-  return found == groups.constEnd() ? std::nullopt : std::optional(*found);
+const CastType* FindCastType(const QString& name) {
+  for (const CastType& type : kCastTypes)
+    if (name == QLatin1String(type.name)) return &type;
+  return nullptr;
 }
 
-QString DatePartForm(DialectKind dialect, const QString& function, const QString& part) {
-  const DatePart* known = FindPart(part);
-  if (!known) return {};
-  const bool sqlite = dialect == DialectKind::Sqlite;
-  if (function == QLatin1String("datediff")) return DiffForm(dialect, *known);
-  if (function == QLatin1String("datepart"))
-    return sqlite
-               ? QStringLiteral("CAST(strftime('%1',folvane_date($1)) AS INTEGER)").arg(QLatin1String(known->strftime))
-               : QStringLiteral("CAST(extract(%1 FROM CAST($1 AS timestamp)) AS integer)")
-                     .arg(QLatin1String(known->postgres));
-  if (function == QLatin1String("dateadd"))
-    return sqlite ? QStringLiteral("datetime(folvane_date($2),($1)||' %1')").arg(QLatin1String(known->modifier))
-                  : QStringLiteral("(CAST($2 AS timestamp)+($1)*interval '1 %1')")
-                        .arg(known->modifier == QLatin1String("days") ? QStringLiteral("day")
-                                                                      : QLatin1String(known->postgres));
-  return {};
-}
-
-QString DateStyleForm(DialectKind dialect, int style) {
-  struct Style {
-    int style;
-    const char* sqlite;
-    const char* postgres;
-  };
-  static constexpr std::array kStyles{
-      Style{23, "%Y-%m-%d", "YYYY-MM-DD"},
-      Style{20, "%Y-%m-%d %H:%M:%S", "YYYY-MM-DD HH24:MI:SS"},
-      Style{120, "%Y-%m-%d %H:%M:%S", "YYYY-MM-DD HH24:MI:SS"},
-      Style{21, "%Y-%m-%d %H:%M:%f", "YYYY-MM-DD HH24:MI:SS.MS"},
-      Style{121, "%Y-%m-%d %H:%M:%f", "YYYY-MM-DD HH24:MI:SS.MS"},
-      Style{111, "%Y/%m/%d", "YYYY/MM/DD"},
-      Style{102, "%Y.%m.%d", "YYYY.MM.DD"},
-      Style{112, "%Y%m%d", "YYYYMMDD"},
-      Style{101, "%m/%d/%Y", "MM/DD/YYYY"},
-      Style{103, "%d/%m/%Y", "DD/MM/YYYY"},
-      Style{108, "%H:%M:%S", "HH24:MI:SS"},
-  };
+const char* DateStyle(int style) {
   for (const Style& known : kStyles)
-    if (known.style == style)
-      return dialect == DialectKind::Sqlite
-                 ? QStringLiteral("strftime('%1',folvane_date($1))").arg(QLatin1String(known.sqlite))
-                 : QStringLiteral("to_char(CAST($1 AS timestamp),'%1')").arg(QLatin1String(known.postgres));
-  return {};
+    if (known.number == style) return known.form;
+  return nullptr;
 }
 
 }  // namespace folvane::sql

@@ -12,7 +12,7 @@ void AppendRegexSign(QString& regex, QChar c) {
 }
 
 void AppendLiteral(LikePattern& read, QChar c) {
-  if (c == u'%' || c == u'_' || c == u'\\') read.native += u'\\';
+  if (c == u'%' || c == u'_' || c == kPatternEscape) read.native += QChar(kPatternEscape);
   read.native += c;
   AppendRegexSign(read.regex, c);
 }
@@ -70,5 +70,7 @@ LikePattern ReadPattern(const QString& pattern, QChar escape) {
   }
   return read;
 }
+
+QString RegexOf(const LikePattern& pattern) { return QStringLiteral("^(?:%1) *$").arg(pattern.regex); }
 
 }  // namespace folvane::sql

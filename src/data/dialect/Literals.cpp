@@ -1,17 +1,17 @@
 #include "data/dialect/Literals.h"
 
-#include <QDateTime>
+#include <QStringList>
+#include <algorithm>
 
 #include <folvane/DataError.h>
 
-#include "data/ValueText.h"
 #include "data/dialect/LikePatterns.h"
+#include "data/dialect/Refusal.h"
+#include "data/dialect/TextValues.h"
 
 namespace folvane::sql {
 
 namespace {
-
-bool IsAsciiLetter(QChar c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); }
 
 QString Trimmed(const QString& text) {
   qsizetype length = text.size();
@@ -19,115 +19,107 @@ QString Trimmed(const QString& text) {
   return text.left(length);
 }
 
-QVariant NumberOf(const QString& text) {
-  const QString trimmed = text.trimmed();
-  if (trimmed.isEmpty()) return qlonglong(0);
-  bool ok = false;
-  const qlonglong whole = trimmed.toLongLong(&ok);
-  if (ok) return whole;
-  const double real = trimmed.toDouble(&ok);
-  if (ok) return real;
-  throw DataError(DataErrorKind::Conversion,
-                  QStringLiteral("“%1”不是数字，不能与数字字段比较或存入数字字段。").arg(text));
+QString Folded(const QString& text) {
+  QString folded = Trimmed(text);
+  for (QChar& c : folded)
+    if (c >= u'A' && c <= u'Z') c = QChar(c.unicode() + 32);
+  return folded;
 }
 
-QVariant DateOf(const QString& text) {
-  if (text.trimmed().isEmpty()) return QStringLiteral("1900-01-01");
-  const QDateTime moment = ReadDateTime(text);
-  if (!moment.isValid())
-    throw DataError(DataErrorKind::Conversion,
-                    QStringLiteral("“%1”不是日期，不能与日期字段比较或存入日期字段。").arg(text));
-  return ValueText(moment);
+// A stored text may lose trailing blanks that do not fit, but nothing else.
+QString Fitted(const QString& text, int limit) {
+  if (limit <= 0 || text.size() <= limit) return text;
+  if (Trimmed(text).size() <= limit) return text.left(limit);
+  throw DataError(DataErrorKind::TooLong, QStringLiteral("“%1”超过了字段的长度 %2。").arg(text).arg(limit));
+}
+
+template <typename Value>
+QVariant Required(const std::optional<Value>& value, const QString& text, const QString& wanted) {
+  if (!value) RejectValue(text, wanted);
+  return QVariant::fromValue(*value);
+}
+
+QString DateEnd(const QString& text) {
+  const std::optional<QString> date = DateFromText(text);
+  if (!date) RejectValue(text, DateWord());
+  return date->size() == 10 ? *date + QStringLiteral(" 00:00:00.000") : *date;
+}
+
+QVariant NumberValue(const QString& text, Transform transform) {
+  bool whole = false;
+  const qlonglong value = text.toLongLong(&whole);
+  if (transform == Transform::Text) return whole ? QString::number(value) : text;
+  if (whole) return value;
+  return text.toDouble();
 }
 
 }  // namespace
 
-LiteralClass ClassOf(QStringView text) {
-  if (text.isEmpty()) return EmptyText;
-  LiteralClass found = KeyText;
-  for (const QChar c : text) {
-    if (c == u'[' || c == u'\\' || c == u'_') return BracketText;
-    if (IsAsciiLetter(c)) found = PlainText;
-  }
-  return found;
+QString Literal::ValueIn(const QString& statement) const {
+  QString text = statement.mid(begin, length);
+  if (hasDoubledQuotes) text.replace(QLatin1String("''"), QLatin1String("'"));
+  return text;
 }
 
-QVariant Apply(Transform transform, const Literal& literal) {
-  if (!literal.quoted) return NumberOf(literal.text);
+QVariant ValueOf(const Literal& literal, const QString& statement, Transform transform, int limit) {
+  const QString text = literal.ValueIn(statement);
+  if (literal.kind != Literal::Text) return NumberValue(text, transform);
   switch (transform) {
-    case Transform::Plain:
-      return literal.text;
-    case Transform::Trimmed:
-      return Trimmed(literal.text);
-    case Transform::PastEnd:
-      return QString(Trimmed(literal.text) + u'!');
-    case Transform::Folded: {
-      QString folded = Trimmed(literal.text);
-      for (QChar& c : folded)
-        if (c >= u'A' && c <= u'Z') c = QChar(c.unicode() + 32);
-      return folded;
-    }
-    case Transform::Number:
-      return NumberOf(literal.text);
+    case Transform::Integer:
+      return Required(IntegerFromText(text), text, IntegerWord());
+    case Transform::Decimal:
+      return Required(DecimalFromText(text), text, NumberWord());
+    case Transform::Float:
+      return Required(FloatFromText(text), text, NumberWord());
     case Transform::Date:
-      return DateOf(literal.text);
+      return Required(DateFromText(text), text, DateWord());
+    case Transform::DateEnd:
+      return DateEnd(text);
+    case Transform::Trimmed:
+      return Trimmed(text);
+    case Transform::PastEnd:
+      return QString(Trimmed(text) + u'!');
+    case Transform::Folded:
+      return Folded(text);
     case Transform::Pattern:
-      return ReadPattern(literal.text).native;
+      return ReadPattern(text).native;
+    case Transform::Regex:
+      return RegexOf(ReadPattern(text));
+    default:
+      return Fitted(text, limit);
   }
-  return {};
 }
 
-void ReadShape(const QString& statement, Shape& shape) {
-  shape.key.clear();
-  shape.key.reserve(statement.size());
-  shape.literals.clear();
-  shape.cacheable = true;
-  const QChar* at = statement.constData();
-  const QChar* const end = at + statement.size();
-  bool inWord = false;
-  while (at < end) {
-    const char16_t c = at->unicode();
-    if (c == u'\'') {
-      // N'...' is a text literal too; the N before it stays in the shape.
-      QString text;
-      const QChar* start = ++at;
-      for (;;) {
-        while (at < end && *at != u'\'') ++at;
-        if (at >= end) {
-          shape.cacheable = false;
-          return;
-        }
-        if (at + 1 < end && at[1] == u'\'') {
-          text.append(start, at - start + 1);
-          start = at += 2;
-          continue;
-        }
-        text.append(start, at - start);
-        ++at;
-        break;
-      }
-      const LiteralClass found = ClassOf(text);
-      if (found == BracketText) shape.cacheable = false;
-      shape.key += QChar(found);
-      shape.literals.push_back({true, std::move(text)});
-      inWord = false;
-      continue;
-    }
-    if (!inWord && c >= u'0' && c <= u'9') {
-      const QChar* start = at;
-      while (at < end && (at->isDigit() || *at == u'.')) ++at;
-      if (at < end && (at->isLetter() || *at == u'_')) shape.cacheable = false;  // 1e5 and the like
-      shape.key += QChar(NumberLiteral);
-      shape.literals.push_back({false, QString(start, at - start)});
-      continue;
-    }
-    if (c == u'[' || c == u'"' || c == u'-' || c == u'/') {
-      // Quoted names may hold quotes, and comments may hold anything; both are rare.
-      if (c == u'[' || c == u'"' || (at + 1 < end && (at[1] == u'-' || at[1] == u'*'))) shape.cacheable = false;
-    }
-    inWord = (c >= u'0' && c <= u'9') || c == u'_' || c == u'#' || c == u'@' || c == u'$' || QChar(c).isLetter();
-    shape.key += *at++;
+namespace {
+
+// The text with no, one, two ... trailing blanks, as many as its column or the eye can hold.
+QByteArray Variants(const QString& text, int limit) {
+  constexpr int kMostBlanks = 16;
+  const QString bare = Trimmed(text);
+  const qsizetype blanks = std::clamp<qsizetype>(limit - bare.size(), 0, kMostBlanks);
+  QByteArray list;
+  for (qsizetype i = 0; i <= blanks; ++i) list += (i ? "," : "") + QuotedText(bare + QString(i, u' '));
+  return list;
+}
+
+}  // namespace
+
+QByteArray TextOf(const Literal& literal, const QString& statement, Transform transform, int limit) {
+  if (transform == Transform::Variants) return Variants(literal.ValueIn(statement), limit);
+  if (literal.kind != Literal::Text && transform != Transform::Text) return literal.ValueIn(statement).toUtf8();
+  if (literal.kind == Literal::Text && transform == Transform::Decimal) {  // keeps every digit
+    ValueOf(literal, statement, transform, limit);
+    return literal.ValueIn(statement).trimmed().toUtf8();
   }
+  const QVariant value = ValueOf(literal, statement, transform, limit);
+  return value.typeId() == QMetaType::QString ? QuotedText(value.toString()) : value.toString().toUtf8();
+}
+
+QByteArray QuotedText(const QString& text) {
+  QByteArray quoted = text.toUtf8();
+  quoted.replace("'", "''");
+  if (!quoted.contains('\\')) return '\'' + quoted + '\'';
+  return "E'" + quoted.replace("\\", "\\\\") + '\'';
 }
 
 }  // namespace folvane::sql

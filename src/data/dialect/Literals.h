@@ -4,46 +4,40 @@
 #include <QVariant>
 #include <vector>
 
+#include "data/dialect/SyntaxTree.h"
+
 namespace folvane::sql {
 
-/// What a literal turns into where it stands: the same for every literal of one class in one statement shape.
-enum class Transform {
-  Plain,
-  Trimmed,  ///< without trailing blanks
-  PastEnd,  ///< the first text after all that continue it with blanks
-  Folded,   ///< without trailing blanks, ASCII letters small
-  Number,   ///< a quoted number
-  Date,     ///< a quoted date as YYYY-MM-DD[ HH:MM:SS]
-  Pattern,  ///< a Like pattern without classes, in the native language
-};
-
+/// A literal of a statement, as a piece of its text.
 struct Literal {
-  bool quoted = false;
-  QString text;
+  enum Kind : unsigned char { Text, Integer, Decimal, Float };
+  /// What a translation may depend on; signs in the shape of a statement.
+  enum Trait : unsigned char {
+    Plain = 1,          ///< no ASCII letter: compares without folding
+    Long = 2,           ///< of 16 characters or more, as keys are
+    IsPattern = 4,      ///< stands right behind Like; the traits below are known
+    HasClass = 8,       ///< [abc], [a-f], [^x], or a bracket that is never closed
+    EndsOpen = 16,      ///< ends with "%"
+    EndsAnywhere = 32,  ///< ends with "_" or a blank, which may be one of the value's own trailing blanks
+  };
+
+  Kind kind = Text;
+  unsigned char traits = 0;
+  bool hasDoubledQuotes = false;
+  qsizetype begin = 0, length = 0;  ///< without the quotes
+
+  bool Has(Trait trait) const { return traits & trait; }
+  QString ValueIn(const QString& statement) const;
 };
 
-/// The classes of literals that a translation may depend on, as the signs that stand for them in a shape.
-enum LiteralClass : char16_t {
-  EmptyText = 0xE000,
-  KeyText,  ///< no ASCII letter: needs no folding
-  PlainText,
-  BracketText,  ///< holds "[" or an escape candidate: translated anew each time
-  NumberLiteral,
-};
+/// The value that a transformed literal stands for. @throws DataError Conversion, TooLong
+QVariant ValueOf(const Literal& literal, const QString& statement, Transform transform, int limit);
 
-LiteralClass ClassOf(QStringView text);
+/// The same as a piece of a statement, quoted for PostgreSQL.
+QByteArray TextOf(const Literal& literal, const QString& statement, Transform transform, int limit);
 
-/// The value that a transformed literal binds. @throws DataError Conversion for a text that is no number or no date
-QVariant Apply(Transform transform, const Literal& literal);
-
-/// A statement with its literals taken out, and the literals in their order.
-struct Shape {
-  QString key;
-  std::vector<Literal> literals;
-  bool cacheable = true;
-};
-
-/// One pass over the statement. A statement that holds what the pass does not understand is not cacheable.
-void ReadShape(const QString& statement, Shape& shape);
+/// A text as a literal of PostgreSQL, safe whatever standard_conforming_strings says.
+/// https://www.postgresql.org/docs/15/sql-syntax-lexical.html#SQL-SYNTAX-STRINGS
+QByteArray QuotedText(const QString& text);
 
 }  // namespace folvane::sql

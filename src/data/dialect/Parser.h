@@ -1,11 +1,20 @@
 #pragma once
 
+#include <QString>
+#include <vector>
+
 #include "data/dialect/SyntaxTree.h"
 
 namespace folvane::sql {
 
-/// Reads one statement: Select, Insert, Update, Delete or "If c Select a Else Select b".
-/// @throws DataError Untranslatable naming what cannot be read: stacked statements, other kinds, unknown forms
-Statement Parse(const QString& statement);
+struct Parsed {
+  Statement statement;
+  /// The literals whose values are part of the statement's structure: sizes of types, styles, aliases in quotes.
+  std::vector<int> structural;
+};
+
+/// Reads one statement, which a semicolon may end.
+/// @throws DataError Untranslatable for a text that is none of the language or a form without a counterpart
+Parsed Parse(const QString& statement);
 
 }  // namespace folvane::sql

@@ -8,6 +8,7 @@ namespace folvane::sql {
 
 namespace {
 
+bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 bool StartsWord(QChar c) { return c.isLetter() || c == u'_' || c == u'#' || c == u'@'; }
 bool ContinuesWord(QChar c) { return c.isLetterOrNumber() || c == u'_' || c == u'#' || c == u'@' || c == u'$'; }
 
@@ -37,7 +38,7 @@ class Scanner {
     }
     if (c == u'[') return {TokenKind::Quoted, Quoted(u'[', u']'), start};
     if (c == u'"') return {TokenKind::Quoted, Quoted(u'"', u'"'), start};
-    if (c.isDigit() || (c == u'.' && Peek(1).isDigit())) return {TokenKind::Number, Number(), start};
+    if (IsDigit(c) || (c == u'.' && IsDigit(Peek(1)))) return {TokenKind::Number, Number(), start};
     if (StartsWord(c)) {
       while (at_ < text_.size() && ContinuesWord(text_[at_])) ++at_;
       return {TokenKind::Word, text_.mid(start, at_ - start), start};
@@ -53,7 +54,7 @@ class Scanner {
         while (at_ < text_.size() && text_[at_] != u'\n') ++at_;
       } else if (Peek() == u'/' && Peek(1) == u'*') {
         const qsizetype end = text_.indexOf(QLatin1String("*/"), at_ + 2);
-        if (end < 0) Refuse(QStringLiteral("没有结束的注释"), text_);
+        if (end < 0) RejectSyntax(QStringLiteral("注释没有结束"));
         at_ = end + 2;
       } else {
         return;
@@ -62,6 +63,7 @@ class Scanner {
   }
 
   QString Quoted(QChar open, QChar close) {
+    const qsizetype start = at_;
     QString inner;
     for (++at_; at_ < text_.size(); ++at_) {
       if (text_[at_] != close) {
@@ -74,13 +76,14 @@ class Scanner {
         return inner;
       }
     }
-    Refuse(QStringLiteral("没有配对的“%1”").arg(open), text_);
+    RejectSyntax(QStringLiteral("“%1”处的%2没有配对")
+                     .arg(text_.mid(start, 20), open == u'[' ? QStringLiteral("方括号") : QStringLiteral("引号")));
   }
 
   QString Number() {
     const qsizetype start = at_;
     const auto digits = [&] {
-      while (at_ < text_.size() && text_[at_].isDigit()) ++at_;
+      while (at_ < text_.size() && IsDigit(text_[at_])) ++at_;
     };
     digits();
     if (Peek() == u'.') {
@@ -88,7 +91,7 @@ class Scanner {
       digits();
     }
     if ((Peek() == u'e' || Peek() == u'E') &&
-        (Peek(1).isDigit() || ((Peek(1) == u'-' || Peek(1) == u'+') && Peek(2).isDigit()))) {
+        (IsDigit(Peek(1)) || ((Peek(1) == u'-' || Peek(1) == u'+') && IsDigit(Peek(2))))) {
       at_ += 2;
       digits();
     }
@@ -96,15 +99,14 @@ class Scanner {
   }
 
   QString Sign() {
-    static constexpr std::array<const char*, 24> kSigns{"<>", "<=", ">=", "!=", "!<", "!>", "=", "<",
-                                                        ">",  "(",  ")",  ",",  ".",  "+",  "-", "*",
-                                                        "/",  "%",  ";",  "&",  "|",  "^",  "~", ":"};
+    static constexpr std::array kSigns{"<>", "<=", ">=", "!=", "!<", "!>", "=", "<", ">", "(", ")", ",",
+                                       ".",  "+",  "-",  "*",  "/",  "%",  ";", "&", "|", "^", "~"};
     for (const char* sign : kSigns)
       if (QStringView(text_).mid(at_).startsWith(QLatin1String(sign))) {
         at_ += qstrlen(sign);
         return QLatin1String(sign);
       }
-    Refuse(QStringLiteral("不能识别的字符“%1”").arg(text_[at_]), text_);
+    RejectSyntax(QStringLiteral("不能识别的字符“%1”").arg(text_[at_]));
   }
 
   const QString& text_;

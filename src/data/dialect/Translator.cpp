@@ -1,109 +1,140 @@
 #include "data/dialect/Translator.h"
 
-#include <QHash>
-
 #include <folvane/DataError.h>
 
 #include "data/dialect/Emitter.h"
-#include "data/dialect/Literals.h"
+#include "data/dialect/Functions.h"
 #include "data/dialect/Parser.h"
 #include "data/dialect/Refusal.h"
-#include "data/dialect/Resolver.h"
+#include "data/dialect/Rewriter.h"
+#include "data/dialect/Shape.h"
+#include "data/dialect/ShapeCache.h"
 #include "data/dialect/Tokenizer.h"
+#include "data/dialect/TypeInference.h"
 
 namespace folvane {
 
 namespace {
 
-constexpr qsizetype kMostShapes = 512;
-
-/// A translation that serves every statement of its shape.
-struct Kept {
-  QByteArray text;
-  std::vector<sql::Binding> bindings;
-  bool givesRows = false;
-};
-
-std::vector<QVariant> Bind(const std::vector<sql::Binding>& bindings, const std::vector<sql::Literal>& literals) {
-  std::vector<QVariant> values;
-  values.reserve(bindings.size());
-  for (const sql::Binding& binding : bindings)
-    values.push_back(sql::Apply(binding.transform, literals.at(static_cast<std::size_t>(binding.literal))));
-  return values;
-}
-
-// The literals in the order in which the parser numbers them.
-std::vector<sql::Literal> LiteralsOf(const QString& statement) {
-  std::vector<sql::Literal> literals;
-  for (const sql::Token& token : sql::Tokenize(statement))
-    if (token.kind == sql::TokenKind::Text || token.kind == sql::TokenKind::Number)
-      literals.push_back({token.kind == sql::TokenKind::Text, token.text});
-  return literals;
-}
-
 // Servers of the language get their statements untouched, but one at a time like the others.
 Plan Untouched(const QString& statement) {
   const std::vector<sql::Token> tokens = sql::Tokenize(statement);
   for (std::size_t i = 0; i + 2 < tokens.size(); ++i)
-    if (tokens[i].IsSign(QLatin1String(";"))) sql::Refuse(QStringLiteral("一次执行多条语句"), statement);
+    if (tokens[i].IsSign(QLatin1String(";"))) sql::Refuse(QStringLiteral("一次执行多条语句"));
   Plan plan;
   plan.statement.text = statement.toUtf8();
   plan.givesRows = tokens[0].IsWord(QLatin1String("select")) || tokens[0].IsWord(QLatin1String("if"));
   return plan;
 }
 
+// A translation with the literals of one statement.
+class Filling {
+ public:
+  Filling(const QString& statement, const std::vector<sql::Literal>& literals, bool bindsLiterals)
+      : statement_(statement), literals_(literals), bindsLiterals_(bindsLiterals) {}
+
+  NativeStatement Of(const sql::Translation& translation) const {
+    return bindsLiterals_ ? Bound(translation) : Written(translation);
+  }
+
+ private:
+  const sql::Literal& At(const sql::Slot& slot) const { return literals_[static_cast<std::size_t>(slot.literal)]; }
+
+  NativeStatement Bound(const sql::Translation& translation) const {
+    NativeStatement native{translation.text, {}};
+    native.parameters.reserve(translation.slots.size());
+    for (const sql::Slot& slot : translation.slots)
+      native.parameters.push_back(sql::ValueOf(At(slot), statement_, slot.transform, slot.limit));
+    return native;
+  }
+
+  NativeStatement Written(const sql::Translation& translation) const {
+    NativeStatement native;
+    qsizetype from = 0;
+    for (const sql::Slot& slot : translation.slots) {
+      native.text += translation.text.sliced(from, slot.at - from);
+      native.text += sql::TextOf(At(slot), statement_, slot.transform, slot.limit);
+      from = slot.at;
+    }
+    native.text += translation.text.sliced(from);
+    return native;
+  }
+
+  const QString& statement_;
+  const std::vector<sql::Literal>& literals_;
+  bool bindsLiterals_;
+};
+
+bool IsAggregated(const sql::Query& query) {
+  for (const sql::SelectItem& item : query.items) {
+    const sql::Function* function =
+        item.value->kind == sql::Expression::Call ? sql::FindFunction(item.value->text, 1) : nullptr;
+    if (function && function->arguments[0] == 'A') return true;
+  }
+  return !query.groupBy.empty();
+}
+
 }  // namespace
 
 class Translator::Impl {
  public:
-  Impl(DialectKind dialect, TableLookup tables) : dialect_(dialect), tables_(std::move(tables)) {}
+  Impl(DialectKind dialect, TableLookup tables) : kind_(dialect), tables_(std::move(tables)) {}
 
   Plan Translate(const QString& statement) {
-    if (dialect_ == DialectKind::TransactSql) return Untouched(statement);
-    if (!sql::WordsOf(dialect_).bindsLiterals) return TranslateAnew(statement, nullptr);
-    sql::ReadShape(statement, shape_);
-    if (!shape_.cacheable) return TranslateAnew(statement, nullptr);
-    if (const auto kept = kept_.constFind(shape_.key); kept != kept_.constEnd()) {
-      Plan plan;
-      plan.givesRows = kept->givesRows;
-      plan.statement = {kept->text, Bind(kept->bindings, shape_.literals)};
-      return plan;
+    try {
+      return kind_ == DialectKind::TransactSql ? Untouched(statement) : Filled(statement);
+    } catch (const DataError& error) {
+      throw DataError(error.Kind(), error.Message(), statement, error.NativeCode());
     }
-    return TranslateAnew(statement, &shape_.key);
   }
 
-  void Forget() { kept_.clear(); }
+  void Forget() { cache_.Clear(); }
 
  private:
-  Plan TranslateAnew(const QString& text, const QString* key) {
-    sql::Statement statement = sql::Parse(text);
-    sql::Resolve(statement, tables_);
-    const std::vector<sql::Literal> literals = LiteralsOf(text);
-    const auto native = [&](const sql::Emitted& emitted) {
-      return NativeStatement{emitted.text.toUtf8(), Bind(emitted.bindings, literals)};
-    };
+  Plan Filled(const QString& statement) {
+    const bool readable = shape_.Read(statement);
+    const std::vector<sql::Literal>& literals = shape_.Literals();
+    const sql::Translated* known = readable ? cache_.Find(shape_.Key(), literals, statement) : nullptr;
+    if (!known) known = &cache_.Keep(shape_.Key(), TranslateAnew(statement));
+    const Filling filling(statement, literals, sql::DialectOf(kind_).bindsLiterals);
     Plan plan;
-    if (statement.kind == sql::Statement::Conditional) {
-      plan.conditional = plan.givesRows = true;
-      plan.condition = native(sql::EmitCondition(*statement.condition, dialect_));
-      plan.statement = native(sql::EmitQuery(*statement.then, dialect_));
-      plan.otherwise = native(sql::EmitQuery(*statement.otherwise, dialect_));
-      return plan;
-    }
-    const sql::Emitted emitted = sql::EmitStatement(statement, dialect_);
-    plan.givesRows = statement.kind == sql::Statement::Select;
-    plan.statement = native(emitted);
-    if (key && emitted.cacheable) {
-      if (kept_.size() >= kMostShapes) kept_.clear();
-      kept_.insert(*key, {plan.statement.text, emitted.bindings, plan.givesRows});
-    }
+    plan.givesRows = known->givesRows;
+    plan.conditional = known->conditional;
+    plan.statement = filling.Of(known->statement);
+    if (!known->conditional) return plan;
+    plan.condition = filling.Of(known->condition);
+    plan.otherwise = filling.Of(known->otherwise);
     return plan;
   }
 
-  DialectKind dialect_;
+  sql::Translated TranslateAnew(const QString& text) {
+    sql::Parsed parsed = sql::Parse(text);
+    sql::Statement& statement = parsed.statement;
+    sql::InferTypes(statement, tables_);
+    const sql::Dialect& dialect = sql::DialectOf(kind_);
+    sql::RewriteContext context(dialect, shape_.Literals());
+    sql::RewriteStatement(statement, context);
+    sql::Translated translated;
+    translated.conditional = statement.kind == sql::Statement::Conditional;
+    translated.givesRows = translated.conditional || statement.kind == sql::Statement::Select;
+    if (translated.conditional) {
+      translated.condition = sql::EmitCondition(*statement.condition, dialect);
+      translated.statement = sql::Emit(*statement.then, dialect);
+      translated.otherwise = sql::Emit(*statement.otherwise, dialect);
+    } else {
+      translated.statement = sql::Emit(statement, dialect);
+    }
+    translated.pinned = parsed.structural;
+    translated.pinned.insert(translated.pinned.end(), context.Pinned().begin(), context.Pinned().end());
+    for (const int literal : translated.pinned)
+      translated.pinnedValues << shape_.Literals()[static_cast<std::size_t>(literal)].ValueIn(text);
+    return translated;
+  }
+
+  DialectKind kind_;
   TableLookup tables_;
   sql::Shape shape_;
-  QHash<QString, Kept> kept_;
+  sql::ShapeCache cache_;
 };
 
 Translator::Translator(DialectKind dialect, TableLookup tables)
@@ -117,12 +148,11 @@ void Translator::Forget() { impl_->Forget(); }
 
 QString Translator::BaseTable(const QString& text) {
   try {
-    const sql::Statement statement = sql::Parse(text);
+    const sql::Statement statement = sql::Parse(text).statement;
     if (statement.kind != sql::Statement::Select) return {};
     const sql::Query& query = *statement.query;
-    const bool plain =
-        query.tables.size() == 1 && !query.tables[0].query && !query.next && !query.distinct && query.groupBy.empty();
-    return plain ? query.tables[0].name : QString();
+    const bool plain = query.tables.size() == 1 && !query.tables[0].query && !query.next && !query.distinct;
+    return plain && !IsAggregated(query) ? query.tables[0].name : QString();
   } catch (const DataError&) {
     return {};  // a text that cannot be read was refused when it was opened
   }

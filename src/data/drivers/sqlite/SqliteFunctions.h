@@ -4,9 +4,10 @@ struct sqlite3;
 
 namespace folvane {
 
-/// Registers on a handle what translated statements call: the collation FOLVANE, which compares without regard to ASCII
-/// case and trailing blanks, and the functions folvane_like (patterns with classes), folvane_number and folvane_date
-/// (texts as numbers and dates, an error where they are none) and folvane_replace.
+/// Registers what translated statements call by name: the collation FOLVANE (ASCII letters alike, trailing blanks
+/// without meaning) and the functions that begin with folvane_. They stay with the handle. A text that is no number or
+/// no date is an error with the code SQLITE_MISMATCH, a division by zero one with SQLITE_ERROR.
+/// @throws DataError
 void RegisterSqliteFunctions(sqlite3* database);
 
 }  // namespace folvane

@@ -1,0 +1,56 @@
+// Plus on texts joins them; a number beside a text makes a number of it; whole numbers divide to whole numbers.
+
+#include "data/dialect/Refusal.h"
+#include "data/dialect/TypeInference.h"
+#include "data/dialect/rewrites/Coercion.h"
+
+namespace folvane::sql {
+
+namespace {
+
+ExpressionPtr RewriteDateSum(const ExpressionPtr& value, RewriteContext& context) {
+  const ExpressionPtr &left = value->parts[0], &right = value->parts[1];
+  if (value->text == QLatin1String("+") && IsNumeric(right->type))
+    return Native(context.Dialect().addDays, {left, right}, ValueType::Date);
+  if (value->text == QLatin1String("+") && IsNumeric(left->type))
+    return Native(context.Dialect().addDays, {right, left}, ValueType::Date);
+  if (value->text == QLatin1String("-") && IsNumeric(right->type))
+    return Native(context.Dialect().addDays, {left, Native("(- $1)", {right}, right->type)}, ValueType::Date);
+  Refuse(QStringLiteral("日期的运算“%1”，请用 DateAdd、DateDiff 或 Convert").arg(value->text));
+}
+
+const char* FormOf(const QString& op, const Dialect& dialect) {
+  if (op == QLatin1String("+")) return "($1 + $2)";
+  if (op == QLatin1String("-")) return "($1 - $2)";
+  if (op == QLatin1String("*")) return "($1 * $2)";
+  return op == QLatin1String("/") ? dialect.divide : dialect.modulo;
+}
+
+ExpressionPtr RewriteSum(const ExpressionPtr& value, RewriteContext& context) {
+  const Dialect& dialect = context.Dialect();
+  const ExpressionPtr &left = value->parts[0], &right = value->parts[1];
+  const ValueType type = Stronger(left->type, right->type);
+  if (type == ValueType::Date) return RewriteDateSum(value, context);
+  if (type == ValueType::Text && value->text == QLatin1String("+"))
+    return Native(dialect.concat, {left, right}, ValueType::Text);
+  if (type == ValueType::Text) RejectSyntax(QStringLiteral("文本不能作运算“%1”").arg(value->text));
+  return Native(FormOf(value->text, dialect), {Coerce(left, type, context), Coerce(right, type, context)}, type);
+}
+
+}  // namespace
+
+ExpressionPtr RewriteUnary(ExpressionPtr value, RewriteContext& context) {
+  if (value->type == ValueType::Condition) return value;
+  if (value->type == ValueType::Text)
+    value = Native(value->text == QLatin1String("-") ? "(- $1)" : "$1",
+                   {Coerce(value->parts[0], ValueType::Integer, context)}, ValueType::Integer);
+  return value;
+}
+
+ExpressionPtr RewriteBinary(ExpressionPtr value, RewriteContext& context) {
+  if (value->text[0].isLetter()) return value;  // And, Or
+  if (value->type == ValueType::Condition) return Compare(value->text, value->parts[0], value->parts[1], context);
+  return RewriteSum(value, context);
+}
+
+}  // namespace folvane::sql

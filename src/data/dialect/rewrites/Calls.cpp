@@ -1,0 +1,65 @@
+// Functions, by their table; each argument as the type that the function takes.
+
+#include "data/dialect/Functions.h"
+#include "data/dialect/Refusal.h"
+#include "data/dialect/rewrites/Coercion.h"
+
+namespace folvane::sql {
+
+namespace {
+
+ExpressionPtr Argument(const ExpressionPtr& part, char letter, RewriteContext& context) {
+  switch (letter) {
+    case 'T':
+      return Coerce(part, ValueType::Text, context);
+    case 'I':
+      return Coerce(part, ValueType::Integer, context);
+    case 'N':
+      return part->type == ValueType::Text ? Coerce(part, ValueType::Float, context) : part;
+    case 'D':
+      return Coerce(part, ValueType::Date, context);
+    default:
+      return part;
+  }
+}
+
+// IsNull and Coalesce give one type whatever they choose.
+bool GivesOneType(const Function& function) {
+  return function.resultRule != Function::OfType && function.least > 1 && function.arguments[0] == 'A';
+}
+
+ExpressionPtr NullIf(const ExpressionPtr& value, RewriteContext& context) {
+  const ExpressionPtr equal = Compare(QStringLiteral("="), value->parts[0], value->parts[1], context);
+  return Native("CASE WHEN $1 THEN NULL ELSE $2 END", {equal, value->parts[0]}, value->type);
+}
+
+}  // namespace
+
+ExpressionPtr RewriteCall(ExpressionPtr value, RewriteContext& context) {
+  if (IsDateFunction(value->text)) return RewriteDateCall(std::move(value), context);
+  const Function* function = FindFunction(value->text, value->parts.size());
+  if (!function) Refuse(QStringLiteral("函数“%1”").arg(value->text));
+  if (value->text == QLatin1String("nullif")) return NullIf(value, context);
+  if (function->least == 1 && function->most == 1 && function->arguments[0] == 'A')
+    return RewriteAggregate(std::move(value), context);
+  if (value->distinct) RejectSyntax(QStringLiteral("函数“%1”中的 Distinct").arg(value->text));
+  std::vector<ExpressionPtr> parts;
+  for (std::size_t i = 0; i < value->parts.size(); ++i)
+    parts.push_back(GivesOneType(*function) ? Coerce(value->parts[i], value->type, context)
+                                            : Argument(value->parts[i], function->arguments[i], context));
+  return Native(function->Form(context.Dialect().kind), std::move(parts), value->type);
+}
+
+ExpressionPtr RewriteDateCall(ExpressionPtr value, RewriteContext& context) {
+  const bool isPart = value->text == QLatin1String("datepart");
+  if (value->parts.size() != (isPart ? 2 : 3) || value->parts[0]->kind != Expression::Name)
+    RejectSyntax(QStringLiteral("函数“%1”的参数不对").arg(value->text));
+  const char* form = DateFunctionForm(context.Dialect().kind, value->text, value->parts[0]->text);
+  if (!form) Refuse(QStringLiteral("%1 的日期部分“%2”").arg(value->text, value->parts[0]->text));
+  const bool counts = value->text == QLatin1String("dateadd");
+  std::vector<ExpressionPtr> parts{Argument(value->parts[1], counts ? 'I' : 'D', context)};
+  if (!isPart) parts.push_back(Argument(value->parts[2], 'D', context));
+  return Native(form, std::move(parts), value->type);
+}
+
+}  // namespace folvane::sql

@@ -1,0 +1,69 @@
+// Order By: texts without regard to case, nulls before everything else.
+
+#include "data/dialect/rewrites/Coercion.h"
+
+namespace folvane::sql {
+
+namespace {
+
+// The item of the select list that an ordinal or an alias means; nullptr for any other expression.
+const SelectItem* ItemOf(const Expression& value, const Query& query, bool* isOrdinal, RewriteContext& context) {
+  *isOrdinal = value.kind == Expression::Number;
+  if (*isOrdinal) {
+    const int place = context.Pin(value).toInt();
+    for (int i = 0; i < place && i < static_cast<int>(query.items.size()); ++i)
+      if (query.items[static_cast<std::size_t>(i)].value->kind == Expression::Star) return nullptr;
+    return place >= 1 && place <= static_cast<int>(query.items.size())
+               ? &query.items[static_cast<std::size_t>(place) - 1]
+               : nullptr;
+  }
+  if (value.kind != Expression::Name || !value.qualifier.isEmpty()) return nullptr;
+  for (const SelectItem& item : query.items)
+    if (item.alias.compare(value.text, Qt::CaseInsensitive) == 0) return &item;
+  return nullptr;
+}
+
+ExpressionPtr Ordinal(const Expression& value) {
+  return Native(value.text.toLatin1().constData(), {}, ValueType::Unknown);
+}
+
+void Order(OrderItem& item, const Query& query, RewriteContext& context) {
+  const Dialect& dialect = context.Dialect();
+  bool isOrdinal = false;
+  const SelectItem* selected = ItemOf(*item.value, query, &isOrdinal, context);
+  const ExpressionPtr shown = selected ? selected->value : item.value;
+  const bool neverNull = shown->kind == Expression::Name && shown->column && (shown->isKey || !shown->column->nullable);
+  if (!neverNull) item.nulls = item.descending ? dialect.nullsLast : dialect.nullsFirst;
+  if (shown->type != ValueType::Text || shown->isKey) {
+    // Neither needs folding, and a key's own order is that of its index.
+    if (isOrdinal) item.value = Ordinal(*item.value);
+    return;
+  }
+  if (isOrdinal && !selected) item.value = Ordinal(*item.value);
+  if (dialect.distinctByColumn && (selected || query.next)) {
+    item.value = Fold(isOrdinal ? Ordinal(*item.value) : item.value, context);  // the collation fits a column's number
+    return;
+  }
+  item.value = Fold(shown, context);
+}
+
+}  // namespace
+
+void RewriteOrder(Query& query, RewriteContext& context) {
+  for (OrderItem& item : query.orderBy) {
+    const bool named = query.next && context.Dialect().ordersUnionsByName;
+    if (named && item.value->kind == Expression::Number) {
+      context.Pin(*item.value);
+      item.value = Ordinal(*item.value);
+      item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
+    } else if (named) {
+      query.wrapped = true;
+      item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
+      if (item.value->type == ValueType::Text) item.value = Fold(item.value, context);
+    } else {
+      Order(item, query, context);
+    }
+  }
+}
+
+}  // namespace folvane::sql

@@ -1,0 +1,98 @@
+#include <algorithm>
+#include <memory>
+
+#include "data/dialect/TextValues.h"
+#include "data/drivers/sqlite/LikeMatcher.h"
+#include "data/drivers/sqlite/SqliteFunctionTools.h"
+
+namespace folvane {
+
+namespace {
+
+// The pattern is the same for all rows of a statement as a rule: SQLite keeps what was made of it.
+const LikeMatcher* MatcherOf(sqlite3_context* context, int count, sqlite3_value** values,
+                             std::unique_ptr<LikeMatcher>& own) {
+  if (const void* kept = sqlite3_get_auxdata(context, 0)) return static_cast<const LikeMatcher*>(kept);
+  const QString escape = count > 2 ? TextOf(values[2]) : QString();
+  const char32_t sign = escape.isEmpty() ? 0 : escape.toUcs4().constFirst();
+  own = std::make_unique<LikeMatcher>(Utf8Of(values[0]), sign);
+  sqlite3_set_auxdata(context, 0, new LikeMatcher(*own), [](void* kept) { delete static_cast<LikeMatcher*>(kept); });
+  return own.get();
+}
+
+void Like(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (HasNull(count, values)) return sqlite3_result_null(context);
+  std::unique_ptr<LikeMatcher> own;
+  sqlite3_result_int(context, MatcherOf(context, count, values, own)->Matches(Utf8Of(values[1])));
+}
+
+void Right(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (HasNull(count, values)) return sqlite3_result_null(context);
+  ResultText(context, TextOf(values[0]).right(std::max<qlonglong>(0, sqlite3_value_int64(values[1]))));
+}
+
+// A start before the first character eats up a part of the length.
+void SubString(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (HasNull(count, values)) return sqlite3_result_null(context);
+  const QString text = TextOf(values[0]);
+  const qlonglong start = sqlite3_value_int64(values[1]) - 1, length = sqlite3_value_int64(values[2]);
+  if (length < 0) return Fail(context, QStringLiteral("SubString 的长度不能是负数。"));
+  const qlonglong from = std::clamp<qlonglong>(start, 0, text.size());
+  const qlonglong to = std::clamp<qlonglong>(start + length, from, text.size());
+  ResultText(context, text.mid(from, to - from));
+}
+
+QString FoldedAscii(QString text) {
+  for (QChar& c : text)
+    if (c >= u'A' && c <= u'Z') c = QChar(c.unicode() + 32);
+  return text;
+}
+
+void CharIndex(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (HasNull(count, values)) return sqlite3_result_null(context);
+  const QString find = FoldedAscii(TextOf(values[0])), text = FoldedAscii(TextOf(values[1]));
+  const qlonglong from = std::max<qlonglong>(0, sqlite3_value_int64(values[2]) - 1);
+  sqlite3_result_int64(context, find.isEmpty() ? 0 : text.indexOf(find, from) + 1);
+}
+
+void Replace(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (HasNull(count, values)) return sqlite3_result_null(context);
+  const QString text = TextOf(values[0]), with = TextOf(values[2]);
+  const QString folded = FoldedAscii(text), find = FoldedAscii(TextOf(values[1]));
+  if (find.isEmpty()) return sqlite3_result_value(context, values[0]);
+  QString replaced;
+  qsizetype from = 0;
+  for (qsizetype at; (at = folded.indexOf(find, from)) >= 0; from = at + find.size())
+    replaced += text.mid(from, at - from) + with;
+  ResultText(context, replaced + text.mid(from));
+}
+
+void Replicate(sqlite3_context* context, int count, sqlite3_value** values) {
+  if (HasNull(count, values)) return sqlite3_result_null(context);
+  constexpr qlonglong kLongest = 8000;  // of a varchar of the language
+  const QString text = TextOf(values[0]);
+  const qlonglong times = sqlite3_value_int64(values[1]);
+  if (times < 0) return sqlite3_result_null(context);
+  ResultText(context, text.repeated(text.isEmpty() ? 0 : std::min(times, kLongest / text.size())));
+}
+
+void IsNumeric(sqlite3_context* context, int, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return sqlite3_result_int(context, 0);
+  const QString text = TextOf(values[0]);
+  sqlite3_result_int(context, !text.trimmed().isEmpty() && sql::FloatFromText(text).has_value());
+}
+
+}  // namespace
+
+void AddTextFunctions(SqliteFunctionList& list) {
+  list.Add("folvane_like", 2, Like);
+  list.Add("folvane_like", 3, Like);
+  list.Add("folvane_right", 2, Right);
+  list.Add("folvane_substring", 3, SubString);
+  list.Add("folvane_charindex", 3, CharIndex);
+  list.Add("folvane_replace", 3, Replace);
+  list.Add("folvane_replicate", 2, Replicate);
+  list.Add("folvane_isnumeric", 1, IsNumeric);
+}
+
+}  // namespace folvane
