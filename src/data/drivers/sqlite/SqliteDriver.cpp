@@ -28,21 +28,34 @@ std::vector<ColumnInfo> ColumnsOf(sqlite3_stmt* statement) {
   return columns;
 }
 
-void AppendValue(sqlite3_stmt* statement, int column, RowStore& rows) {
-  switch (sqlite3_column_type(statement, column)) {
+// Keeps other threads off the database while a row's values are looked at without a lock for each look. See
+// "unprotected sqlite3_value" in https://www.sqlite.org/c3ref/value.html
+class RowLock {
+ public:
+  explicit RowLock(sqlite3* database) : mutex_(sqlite3_db_mutex(database)) { sqlite3_mutex_enter(mutex_); }
+  ~RowLock() { sqlite3_mutex_leave(mutex_); }
+  RowLock(const RowLock&) = delete;
+  RowLock& operator=(const RowLock&) = delete;
+
+ private:
+  sqlite3_mutex* mutex_;
+};
+
+void AppendValue(sqlite3_value* value, RowStore& rows) {
+  switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
       return rows.AddNull();
     case SQLITE_INTEGER:
-      return rows.AddInteger(sqlite3_column_int64(statement, column));
+      return rows.AddInteger(sqlite3_value_int64(value));
     case SQLITE_FLOAT:
-      return rows.AddReal(sqlite3_column_double(statement, column));
+      return rows.AddReal(sqlite3_value_double(value));
     case SQLITE_BLOB: {
-      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
-      return rows.AddBytes(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+      const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+      return rows.AddBytes(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
     }
     default: {
-      const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-      return rows.AddText(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+      const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+      return rows.AddText(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
     }
   }
 }
@@ -119,7 +132,8 @@ void SqliteDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>&
   rows.SetColumnCount(count);
   for (int untyped = count; hasRow; hasRow = statement->Step()) {
     if (untyped) TypeExpressions(handle, columns, untyped);
-    for (int i = 0; i < count; ++i) AppendValue(handle, i, rows);
+    const RowLock lock(database_);
+    for (int i = 0; i < count; ++i) AppendValue(sqlite3_column_value(handle, i), rows);
     rows.EndRow();
   }
   for (ColumnInfo& column : columns)

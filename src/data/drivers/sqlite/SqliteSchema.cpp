@@ -59,17 +59,17 @@ int SizeInBrackets(const QString& declared) {
 
 void MarkKey(sqlite3* database, TableInfo& info) {
   SqliteStatement statement(database, "SELECT name, pk FROM pragma_table_info(?) WHERE pk > 0 ORDER BY pk");
-  statement.BindText(1, info.name);
+  statement.Bind({info.name});
   while (statement.Step()) info.key.push_back(info.IndexOf(statement.Text(0)));
   if (!info.key.empty()) return;
   // Without a primary key the narrowest unique index over plain columns identifies a row.
   SqliteStatement indexes(database,
                           "SELECT name FROM pragma_index_list(?) WHERE \"unique\" = 1 AND partial = 0 ORDER BY "
                           "(SELECT count(*) FROM pragma_index_info(pragma_index_list.name)), name");
-  indexes.BindText(1, info.name);
+  indexes.Bind({info.name});
   if (!indexes.Step()) return;
   SqliteStatement columns(database, "SELECT name FROM pragma_index_info(?) ORDER BY seqno");
-  columns.BindText(1, indexes.Text(0));
+  columns.Bind({indexes.Text(0)});
   while (columns.Step()) {
     const int column = columns.IsNull(0) ? -1 : info.IndexOf(columns.Text(0));
     if (column < 0 || info.columns[static_cast<std::size_t>(column)].nullable) {
@@ -100,13 +100,13 @@ std::optional<TableInfo> DescribeSqliteTable(sqlite3* database, const QString& t
       "SELECT name FROM sqlite_temp_schema WHERE type IN ('table','view') AND name = ?1 COLLATE NOCASE "
       "UNION ALL "
       "SELECT name FROM sqlite_schema WHERE type IN ('table','view') AND name = ?1 COLLATE NOCASE");
-  find.BindText(1, table);
+  find.Bind({table});
   if (!find.Step()) return std::nullopt;
   TableInfo info;
   info.name = find.Text(0);
 
   SqliteStatement columns(database, "SELECT name, type, \"notnull\", pk FROM pragma_table_info(?) ORDER BY cid");
-  columns.BindText(1, info.name);
+  columns.Bind({info.name});
   int keyColumns = 0;
   while (columns.Step()) {
     ColumnInfo column;

@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <memory>
+#include <vector>
 
 #include "data/NativeStatement.h"
 
@@ -19,7 +21,6 @@ class SqliteStatement {
   SqliteStatement(const SqliteStatement&) = delete;
   SqliteStatement& operator=(const SqliteStatement&) = delete;
 
-  void BindText(int index, const QString& text);
   /// Binds the values of the "?" markers in order. Dates are bound as text.
   void Bind(const std::vector<QVariant>& parameters);
   /// True when there is a row to read, false at the end.
@@ -33,10 +34,14 @@ class SqliteStatement {
 
  private:
   void BindValue(int index, const QVariant& value);
+  void BindString(int index, const QString& text);
 
   sqlite3* database_;
   sqlite3_stmt* statement_ = nullptr;
-  std::vector<QByteArray> bound_;  ///< the bytes of bound texts, alive until the next Bind
+  // What bound values point at, alive until the next Bind.
+  std::vector<QByteArray> bound_;
+  std::unique_ptr<char[]> texts_;  ///< the strings in UTF-8, one behind the other
+  std::size_t textsSize_ = 0, textsUsed_ = 0;
 };
 
 }  // namespace folvane
