@@ -1,0 +1,92 @@
+#include "host/demo/DemoDatabase.h"
+
+#include <QDir>
+#include <stdexcept>
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/Ddl.h"
+#include "host/demo/DesignRows.h"
+#include "host/demo/EventRecords.h"
+#include "host/demo/FixedRows.h"
+#include "host/demo/IncomingRecords.h"
+#include "host/demo/OutgoingRecords.h"
+
+namespace folvane::demo {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+void DropAll(Connection& connection, const std::vector<TableDesign>& designs) {
+  for (const Table& table : CatalogueTables()) DropTable(connection, table.name);
+  for (const TableDesign& design : designs) DropTable(connection, design.name);
+}
+
+// The indexes of the business tables wait until the rows are in.
+void CreateBusinessTables(Connection& connection, const std::vector<TableDesign>& designs) {
+  for (const TableDesign& design : designs) {
+    Table table = design.Physical();
+    table.indexes.clear();
+    CreateTable(connection, table);
+  }
+}
+
+void WriteStorePlace(Driver& driver, const QString& directory) {
+  if (directory.isEmpty()) return;
+  RowWriter settings(driver, u"Report_Info"_s, {u"Report_Id"_s, u"Info_Type"_s, u"Info_Description"_s, u"note"_s});
+  settings.Add({u"2002123456789"_s, QString(), QDir::toNativeSeparators(directory), QString()});
+  settings.Finish();
+}
+
+void WriteRecords(Driver& driver, const DemoOptions& options, const QString& store) {
+  constexpr int kRecordsToReport = 10'000;
+  const Plan plan = Plan::For(options.records, options.today);
+  const Words words;
+  Random random(options.seed);
+  Originals originals(driver, store, plan.first, random);
+  FlowSheets sheets(driver, words, plan.today, random);
+  int done = 0;
+  const auto recordDone = [&] {
+    if (options.progress && ++done % kRecordsToReport == 0) options.progress(done, options.records);
+  };
+  const RecordSurroundings around{driver, plan, words, random, originals, sheets, recordDone};
+  VolumeRecords volumes(driver, plan, words, random, originals);
+  IncomingRecords(around, volumes).Write();
+  volumes.Finish();
+  SingleRecords singles(around);
+  OutgoingRecords(around, singles).Write();
+  singles.Finish();
+  WriteEvents(around);
+  originals.Finish();
+  sheets.Finish();
+}
+
+void CreateIndexes(Driver& driver, const std::vector<TableDesign>& designs) {
+  for (const TableDesign& design : designs) {
+    const QByteArrayList statements = CreateStatements(driver.Dialect(), design.Physical());
+    for (qsizetype i = 1; i < statements.size(); ++i) driver.Execute({statements[i], {}});
+  }
+}
+
+}  // namespace
+
+void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
+  if (options.records < Plan::kFewest || options.records > Plan::kMost)
+    throw std::invalid_argument("the demo has 100 to 1000000 records");
+  const QString store = options.storeDirectory.isEmpty() ? QString() : QDir(options.storeDirectory).absolutePath();
+  const std::vector<TableDesign> designs = ReadTableDesigns();
+  Driver& driver = connection.NativeDriver();
+  Transaction transaction(connection);
+  if (options.replace) DropAll(connection, designs);
+  CreateCatalogue(connection);
+  CreateBusinessTables(connection, designs);
+  WriteFixedRows(driver);
+  WriteDictionaries(driver);
+  WriteDesign(driver, designs);
+  WriteStorePlace(driver, store);
+  WriteRecords(driver, options, store);
+  CreateIndexes(driver, designs);
+  transaction.Commit();
+  connection.RefreshSchema();
+  if (options.progress) options.progress(options.records, options.records);
+}
+
+}  // namespace folvane::demo

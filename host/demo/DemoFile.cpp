@@ -1,0 +1,67 @@
+#include <QFile>
+#include <QFileInfo>
+#include <sqlite3.h>
+#include <stdexcept>
+
+#include <folvane/SqliteConnection.h>
+
+#include "base/ProfileFile.h"
+#include "host/demo/DemoDatabase.h"
+
+namespace folvane::demo {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+// The database file while it is being made: gone again unless it is finished.
+class UnfinishedFile {
+ public:
+  explicit UnfinishedFile(const QString& path) : path_(path) {
+    const int code =
+        sqlite3_open_v2(path.toUtf8().constData(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    if (code == SQLITE_OK) return;
+    const std::string why = sqlite3_errmsg(handle_);
+    sqlite3_close_v2(handle_);
+    throw std::runtime_error(path.toStdString() + ": " + why);
+  }
+  ~UnfinishedFile() {
+    sqlite3_close_v2(handle_);
+    if (!finished_) QFile::remove(path_);
+  }
+  UnfinishedFile(const UnfinishedFile&) = delete;
+  UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+
+  sqlite3* Handle() const { return handle_; }
+  void Finish() { finished_ = true; }
+
+ private:
+  QString path_;
+  sqlite3* handle_ = nullptr;
+  bool finished_ = false;
+};
+
+}  // namespace
+
+void MakeDemoFile(const QString& file, DemoOptions options) {
+  const QFileInfo info(file);
+  if (info.exists() && !options.replace) throw std::runtime_error(file.toStdString() + ": the file is there already");
+  if (options.storeDirectory.isEmpty()) options.storeDirectory = info.absolutePath() + u"/Data"_s;
+  // What stands there now stays until its successor is finished.
+  const QString unfinished = file + u".new"_s;
+  QFile::remove(unfinished);
+  {
+    UnfinishedFile made(unfinished);
+    MakeDemoDatabase(*AdoptSqlite(made.Handle()), options);
+    made.Finish();
+  }
+  QFile::remove(file);
+  if (!QFile::rename(unfinished, file)) throw std::runtime_error(file.toStdString() + ": cannot be replaced");
+}
+
+void WriteDemoProfiles(const QString& directory) {
+  const ProfileFile profile(directory + u"/YearFormula.Ini"_s);
+  profile.Create({u"#--------------------------------------------------------------"_s, u"# 自定义字段显示数据"_s,
+                  u"#要求：表中含有该字段,字段名用英文名！"_s, QString(), u"[YearFormula]"_s, u"Lwdj=CreatedDate"_s,
+                  u"Fwdj=DocNo"_s});
+}
+
+}  // namespace folvane::demo

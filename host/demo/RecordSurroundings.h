@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "data/drivers/Driver.h"
+#include "host/demo/FlowSheets.h"
+#include "host/demo/Originals.h"
+#include "host/demo/Plan.h"
+#include "host/demo/Words.h"
+
+namespace folvane::demo {
+
+/// Where the records come from and where they leave their traces.
+struct RecordSurroundings {
+  Driver& driver;
+  const Plan& plan;
+  const Words& words;
+  Random& random;
+  Originals& originals;
+  FlowSheets& sheets;
+  std::function<void()> recordDone;
+};
+
+}  // namespace folvane::demo

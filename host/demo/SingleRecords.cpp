@@ -1,0 +1,48 @@
+#include "host/demo/SingleRecords.h"
+
+#include <algorithm>
+
+namespace folvane::demo {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kItemsToBox = 20;
+
+QString Padded(int number) { return QString::number(number).rightJustified(4, u'0'); }
+
+}  // namespace
+
+SingleRecords::SingleRecords(const RecordSurroundings& around)
+    : around_(around),
+      keys_(KeyKind::SingleItem, around.random),
+      rows_(around.driver, u"Gdwj"_s,
+            {u"ArchiveID"_s, u"FondsNo"_s, u"FileYear"_s, u"AecNo"_s, u"Retention"_s, u"ItemNo"_s, u"ArchiveNo"_s,
+             u"Amaintitle"_s, u"DocNo"_s, u"DocType"_s, u"ResponsibleBy"_s, u"FileDate"_s, u"CreatedDate"_s,
+             u"SecurityClass"_s, u"Quantity"_s, u"BoxNo"_s, u"ArchiveFlag"_s, u"Note"_s, u"InputDate"_s}) {}
+
+int SingleRecords::OpenYear(int year) {
+  year_ = {};
+  for (const ArchivedYear& archived : around_.plan.archived)
+    if (archived.year == year) year_ = archived;
+  taken_ = 0;
+  lastItems_.clear();
+  spring_.emplace(QDate(year + 1, 3, 1), QDate(year + 1, 6, 30));
+  return year_.singles;
+}
+
+void SingleRecords::Take(const Letter& letter, const QString& entityClass, const std::vector<StoredFile>& originals) {
+  const QDateTime moment = spring_->At(taken_++, year_.singles);
+  const QString fonds = u"0188"_s;
+  const QString year = QString::number(year_.year);
+  const QString retention = around_.random.Pick(around_.words.List(u"保管期限"_s));
+  const QString fixed = QStringList{fonds, year, entityClass, around_.words.Code(u"保管期限"_s, retention)}.join(u'-');
+  const int item = ++lastItems_[fixed];
+  const QString key = keys_.At(moment);
+  rows_.Add({key, fonds, year, entityClass, retention, qlonglong(item), fixed + u'-' + Padded(item), letter.title,
+             letter.docNo, letter.kind, letter.author, DayText(letter.written), DayDigits(letter.registered.date()),
+             TextOrNull(letter.security), qlonglong(std::max(1, letter.pages)), Padded((item - 1) / kItemsToBox + 1),
+             u"已组卷"_s, TextOrNull(letter.note), DayText(moment.date())});
+  around_.originals.Share(key, originals);
+}
+
+}  // namespace folvane::demo
