@@ -1,6 +1,7 @@
 #include <folvane/ClsFolvane.h>
 #include <folvane/DataError.h>
 
+#include "browser/RecordBrowser.h"
 #include "data/Recordset.h"
 #include "shell/SharedState.h"
 
@@ -35,7 +36,7 @@ void ClsFolvane::GetCopyRight(const QString& databaseKind) { Shared().DatabaseKi
 void ClsFolvane::FileOpen() {
   Shared().UserId = userId_;
   SharedConnection();
-  RefuseMissingWindow(QStringLiteral("文件登记"));
+  ShowRecordBrowser();
 }
 
 void ClsFolvane::FileArchive() {

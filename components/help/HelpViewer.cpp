@@ -41,6 +41,10 @@ HelpViewer::~HelpViewer() {
   if (registered_) QResource::unregisterResource(file_, kRoot);
 }
 
+bool HelpViewer::Serves(const QWidget* owner, const QString& file) const {
+  return parentWidget() == owner && file_ == file;
+}
+
 void HelpViewer::LayOut() {
   auto* bar = new QToolBar(this);
   QAction* back = bar->addAction(QStringLiteral("后退"), browser_, &QTextBrowser::backward);
@@ -80,8 +84,11 @@ bool HelpViewer::eventFilter(QObject* watched, QEvent* event) {
 
 void ShowHelp(QWidget* owner, const QString& file, const QString& topic) {
   static QPointer<HelpViewer> viewer;
-  delete viewer;  // it may belong to another window, or show another file
-  viewer = new HelpViewer(owner ? owner->window() : nullptr, file);
+  QWidget* window = owner ? owner->window() : nullptr;
+  if (!viewer || !viewer->Serves(window, file)) {
+    delete viewer;
+    viewer = new HelpViewer(window, file);
+  }
   viewer->ShowTopic(topic);
   viewer->show();
   viewer->raise();

@@ -16,6 +16,8 @@ class HelpViewer : public QWidget {
   HelpViewer(QWidget* owner, const QString& file);
   ~HelpViewer() override;
 
+  /// Whether it was made for this window and this file.
+  bool Serves(const QWidget* owner, const QString& file) const;
   void ShowTopic(const QString& topic);
 
  protected:

@@ -1,0 +1,123 @@
+#include <QApplication>
+#include <QFile>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <gtest/gtest.h>
+
+#include "components/help/HelpViewer.h"
+#include "shell/CommonRoutines.h"
+#include "shell/ModalWindow.h"
+#include "support/HostDoubles.h"
+#include "support/WindowDriver.h"
+
+namespace folvane {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kHelpFile = QString::fromUtf8(HELP_FILE);
+const QString kTopic = u"文件登记.htm"_s;
+
+HelpViewer* Viewer() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (auto* viewer = qobject_cast<HelpViewer*>(window); viewer && viewer->isVisible()) return viewer;
+  }
+  return nullptr;
+}
+
+class HelpViewerTest : public testing::Test {
+ protected:
+  void TearDown() override { delete Viewer(); }
+  static QTextBrowser& Page() { return test::Find<QTextBrowser>(*Viewer(), {}); }
+};
+
+TEST_F(HelpViewerTest, ShowsTheTopicOfTheFile) {
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  ASSERT_TRUE(Viewer());
+  EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 文件登记"_s);
+  const QString page = Page().toPlainText();
+  for (const QString& word : {u"公文分类"_s, u"翻页与定位"_s, u"排序"_s, u"简易检索栏"_s, u"键盘操作"_s}) {
+    EXPECT_TRUE(page.contains(word)) << word.toStdString();
+  }
+}
+
+TEST_F(HelpViewerTest, LinksLeadThroughThePageAndBack) {
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  const auto actions = test::Find<QToolBar>(*Viewer(), {}).actions();
+  EXPECT_FALSE(actions[0]->isEnabled());
+  Page().setSource(QUrl(u"#sort"_s));
+  EXPECT_EQ(Page().source().fragment(), u"sort"_s);
+  EXPECT_TRUE(actions[0]->isEnabled());
+  actions[0]->trigger();
+  EXPECT_EQ(Page().source().fragment(), QString());
+}
+
+TEST_F(HelpViewerTest, EveryLinkOfThePageHasItsPlace) {
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  const QString html = Page().toHtml();
+  int links = 0;
+  for (const auto& link : QRegularExpression(u"href=\"#([a-z]+)\""_s).globalMatch(html)) {
+    EXPECT_TRUE(html.contains(u"name=\"%1\""_s.arg(link.captured(1)))) << link.captured(1).toStdString();
+    ++links;
+  }
+  EXPECT_GE(links, 6);
+}
+
+TEST_F(HelpViewerTest, ATopicThatIsMissingIsNamed) {
+  ShowHelp(nullptr, kHelpFile, u"没有.htm"_s);
+  EXPECT_EQ(Page().toPlainText(), u"帮助文件中没有“没有.htm”这一主题。"_s);
+}
+
+TEST_F(HelpViewerTest, AForeignFileIsNamed) {
+  const test::TempProgramDirectory directory;
+  directory.Write(u"help.chm"_s, "ITSF");
+  ShowHelp(nullptr, directory.Path(u"help.chm"_s), kTopic);
+  EXPECT_TRUE(Page().toPlainText().contains(u"不是本系统的帮助文件"_s));
+}
+
+TEST_F(HelpViewerTest, AFurtherTopicTakesTheSameWindow) {
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  const QPointer<HelpViewer> first = Viewer();
+  ShowHelp(nullptr, kHelpFile, u"没有.htm"_s);
+  EXPECT_EQ(Viewer(), first);
+  EXPECT_TRUE(Page().toPlainText().contains(u"没有.htm"_s));
+}
+
+TEST_F(HelpViewerTest, AnotherWindowTakesTheHelpOver) {
+  QWidget other;
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  const QPointer<HelpViewer> first = Viewer();
+  ShowHelp(&other, kHelpFile, kTopic);
+  EXPECT_FALSE(first);
+  EXPECT_EQ(Viewer()->parentWidget(), &other);
+}
+
+TEST_F(HelpViewerTest, StaysUsableBesideAModalWindowAndGoesWithIt) {
+  QWidget window;
+  window.setObjectName(u"FrmTest"_s);
+  test::WithWindow(u"FrmTest"_s, [](QWidget& shown) {
+    ShowHelp(&shown, kHelpFile, kTopic);
+    ASSERT_TRUE(Viewer());
+    test::Press(Page(), Qt::Key_End);
+    const auto actions = test::Find<QToolBar>(*Viewer(), {}).actions();
+    Page().setSource(QUrl(u"#keys"_s));
+    test::Click(*test::Find<QToolBar>(*Viewer(), {}).widgetForAction(actions[0]));
+    EXPECT_FALSE(actions[0]->isEnabled()) << "the click did not reach the window";
+    shown.hide();
+    EXPECT_FALSE(Viewer());
+  });
+  ShowModal(window);
+}
+
+TEST_F(HelpViewerTest, IsWhatOpenHelpShowsByDefault) {
+  const test::TempProgramDirectory directory;
+  ASSERT_TRUE(QFile::copy(kHelpFile, directory.Path(u"help.chm"_s)));
+  OpenHelp(nullptr, kTopic);
+  ASSERT_TRUE(Viewer());
+  EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 文件登记"_s);
+}
+
+}  // namespace
+}  // namespace folvane
