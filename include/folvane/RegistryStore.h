@@ -1,8 +1,8 @@
 #pragma once
 
-#include <folvane/Export.h>
-
 #include <QString>
+
+#include <folvane/Export.h>
 
 namespace folvane {
 
