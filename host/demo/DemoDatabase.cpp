@@ -29,26 +29,26 @@ void CreateBusinessTables(Connection& connection, const std::vector<TableDesign>
   }
 }
 
-void WriteStorePlace(Driver& driver, const QString& directory) {
+void WriteStorePlace(Connection& connection, const QString& directory) {
   if (directory.isEmpty()) return;
-  RowWriter settings(driver, u"Report_Info"_s, {u"Report_Id"_s, u"Info_Type"_s, u"Info_Description"_s, u"note"_s});
+  RowWriter settings(connection, u"Report_Info"_s, {u"Report_Id"_s, u"Info_Type"_s, u"Info_Description"_s, u"note"_s});
   settings.Add({u"2002123456789"_s, QString(), QDir::toNativeSeparators(directory), QString()});
   settings.Finish();
 }
 
-void WriteRecords(Driver& driver, const DemoOptions& options, const QString& store) {
+void WriteRecords(Connection& connection, const DemoOptions& options, const QString& store) {
   constexpr int kRecordsToReport = 10'000;
   const Plan plan = Plan::For(options.records, options.today);
   const Words words;
   Random random(options.seed);
-  Originals originals(driver, store, plan.first, random);
-  FlowSheets sheets(driver, words, plan.today, random);
+  Originals originals(connection, store, plan.first, random);
+  FlowSheets sheets(connection, words, plan.today, random);
   int done = 0;
   const auto recordDone = [&] {
     if (options.progress && ++done % kRecordsToReport == 0) options.progress(done, options.records);
   };
-  const RecordSurroundings around{driver, plan, words, random, originals, sheets, recordDone};
-  VolumeRecords volumes(driver, plan, words, random, originals);
+  const RecordSurroundings around{connection, plan, words, random, originals, sheets, recordDone};
+  VolumeRecords volumes(connection, plan, words, random, originals);
   IncomingRecords(around, volumes).Write();
   volumes.Finish();
   SingleRecords singles(around);
@@ -59,13 +59,6 @@ void WriteRecords(Driver& driver, const DemoOptions& options, const QString& sto
   sheets.Finish();
 }
 
-void CreateIndexes(Driver& driver, const std::vector<TableDesign>& designs) {
-  for (const TableDesign& design : designs) {
-    const QByteArrayList statements = CreateStatements(driver.Dialect(), design.Physical());
-    for (qsizetype i = 1; i < statements.size(); ++i) driver.Execute({statements[i], {}});
-  }
-}
-
 }  // namespace
 
 void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
@@ -73,17 +66,17 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
     throw std::invalid_argument("the demo has 100 to 1000000 records");
   const QString store = options.storeDirectory.isEmpty() ? QString() : QDir(options.storeDirectory).absolutePath();
   const std::vector<TableDesign> designs = ReadTableDesigns();
-  Driver& driver = connection.NativeDriver();
+  Connection& connection = connection.NativeDriver();
   Transaction transaction(connection);
   if (options.replace) DropAll(connection, designs);
   CreateCatalogue(connection);
   CreateBusinessTables(connection, designs);
-  WriteFixedRows(driver);
-  WriteDictionaries(driver);
-  WriteDesign(driver, designs);
-  WriteStorePlace(driver, store);
-  WriteRecords(driver, options, store);
-  CreateIndexes(driver, designs);
+  WriteFixedRows(connection);
+  WriteDictionaries(connection);
+  WriteDesign(connection, designs);
+  WriteStorePlace(connection, store);
+  WriteRecords(connection, options, store);
+  for (const TableDesign& design : designs) CreateIndexes(connection, design.Physical());
   transaction.Commit();
   connection.RefreshSchema();
   if (options.progress) options.progress(options.records, options.records);

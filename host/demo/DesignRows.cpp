@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
-#include "host/demo/RowWriter.h"
+#include "catalogue/RowWriter.h"
+#include "host/demo/TextLists.h"
 
 namespace folvane::demo {
 namespace {
@@ -70,27 +72,41 @@ void WriteSearch(RowWriter& writer, const TableDesign& table) {
   }
 }
 
-constexpr const char* kControlsOfRules =
-    "update SaveCollect set "
-    "ControlIndex = (select c.ControlIndex from SaveControls c where c.DataSource = SaveCollect.TableName and "
-    "c.DataField = SaveCollect.FieldName), "
-    "ControlType = (select c.ControlType from SaveControls c where c.DataSource = SaveCollect.TableName and "
-    "c.DataField = SaveCollect.FieldName)";
+const FieldDesign& FieldNamed(const std::vector<TableDesign>& tables, const QString& table, const QString& field) {
+  for (const TableDesign& candidate : tables) {
+    if (candidate.name != table) continue;
+    for (const FieldDesign& each : candidate.fields)
+      if (each.name == field) return each;
+  }
+  throw std::runtime_error("a proofing rule for no field: " + (table + u'.' + field).toStdString());
+}
+
+// Proofing rules name the control of their field.
+void WriteRules(Connection& connection, const std::vector<TableDesign>& tables) {
+  const std::vector<QStringList> lines = ReadLines(u"rows/SaveCollect.txt"_s);
+  RowWriter rules(connection, u"SaveCollect"_s, lines.front() + QStringList{u"ControlIndex"_s, u"ControlType"_s});
+  for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
+    const FieldDesign& field = FieldNamed(tables, line->at(0), line->at(2));
+    rules.Add({line->at(0), line->at(1).toLongLong(), line->at(2), line->at(3), line->at(4), line->at(5), line->at(6),
+               qlonglong(field.controlIndex), qlonglong(field.controlType)});
+  }
+  rules.Finish();
+}
 
 }  // namespace
 
-void WriteDesign(Driver& driver, const std::vector<TableDesign>& tables) {
-  RowWriter dictionary(driver, u"DynamicWindows"_s,
+void WriteDesign(Connection& connection, const std::vector<TableDesign>& tables) {
+  RowWriter dictionary(connection, u"DynamicWindows"_s,
                        {u"TableName"_s, u"ChnTableName"_s, u"ClassName"_s, u"TableType"_s, u"FieldName"_s,
                         u"ChnFieldName"_s, u"FieldType"_s, u"FieldLong"_s, u"NullFlags"_s, u"ControlIndex"_s,
                         u"AuxiDictDetails"_s, u"ControlsType"_s, u"ZJCFlags"_s});
-  RowWriter forms(driver, u"SaveControls"_s,
+  RowWriter forms(connection, u"SaveControls"_s,
                   {u"DataSource"_s, u"DataField"_s, u"ControlType"_s, u"ControlIndex"_s, u"KeyOrder"_s, u"F_Left"_s,
                    u"F_Top"_s, u"F_Width"_s, u"F_Height"_s});
-  RowWriter lists(driver, u"ListViewFormat"_s,
+  RowWriter lists(connection, u"ListViewFormat"_s,
                   {u"TableName"_s, u"FieldName"_s, u"ChnFieldName"_s, u"ColumnWidth"_s, u"OrderNo"_s});
   RowWriter searches(
-      driver, u"SimSearch"_s,
+      connection, u"SimSearch"_s,
       {u"TableName"_s, u"DataField"_s, u"ChnDataField"_s, u"OrderNo"_s, u"CtlType"_s, u"CtlIndex"_s, u"FieldValue"_s});
   for (const TableDesign& table : tables) {
     WriteDictionary(dictionary, table);
@@ -99,7 +115,7 @@ void WriteDesign(Driver& driver, const std::vector<TableDesign>& tables) {
     WriteSearch(searches, table);
   }
   for (RowWriter* writer : {&dictionary, &forms, &lists, &searches}) writer->Finish();
-  driver.Execute({kControlsOfRules, {}});
+  WriteRules(connection, tables);
 }
 
 }  // namespace folvane::demo

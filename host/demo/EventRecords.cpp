@@ -1,8 +1,8 @@
 #include "host/demo/EventRecords.h"
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RowWriter.h"
 #include "host/demo/WorkCalendar.h"
 
 namespace folvane::demo {
@@ -12,7 +12,7 @@ void WriteEvents(const RecordSurroundings& around) {
   const WorkCalendar calendar(around.plan.first, around.plan.today);
   Random& random = around.random;
   RecordKeys keys(KeyKind::Event, random);
-  RowWriter rows(around.driver, u"Dsj"_s,
+  RowWriter rows(around.connection, u"Dsj"_s,
                  {u"ArchiveID"_s, u"RegID"_s, u"EventDate"_s, u"Amaintitle"_s, u"ResponsibleBy"_s, u"InputDate"_s,
                   u"SourceDoc"_s, u"Note"_s});
   for (int i = 0; i < around.plan.events; ++i) {

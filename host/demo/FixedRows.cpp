@@ -1,18 +1,18 @@
 #include "host/demo/FixedRows.h"
 
 #include "catalogue/Catalogue.h"
-#include "host/demo/RowWriter.h"
+#include "catalogue/RowWriter.h"
 #include "host/demo/TextLists.h"
 
 namespace folvane::demo {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QStringList kTables{u"Design_ClassRelation"_s, u"Design_TableRelation"_s, u"SaveCollect"_s,
-                          u"FindCirSave"_s,          u"FindCirOrder"_s,         u"DataTransfer_Ini"_s,
-                          u"DataTransfer_Details"_s, u"ArchiveNo_Format"_s,     u"FondsDefine"_s,
-                          u"EntityClass"_s,          u"RetentionYear"_s,        u"Report_Index"_s,
-                          u"UserPopedom"_s,          u"UserPopedomScope"_s,     u"UserPopedomScopeDetails"_s};
+const QStringList kTables{
+    u"Design_ClassRelation"_s, u"Design_TableRelation"_s,   u"FindCirSave"_s,      u"FindCirOrder"_s,
+    u"DataTransfer_Ini"_s,     u"DataTransfer_Details"_s,   u"ArchiveNo_Format"_s, u"FondsDefine"_s,
+    u"EntityClass"_s,          u"RetentionYear"_s,          u"Report_Index"_s,     u"UserPopedom"_s,
+    u"UserPopedomScope"_s,     u"UserPopedomScopeDetails"_s};
 
 QVariant ValueOf(const Column& column, const QString& text) {
   if (text == u"null"_s) return {};
@@ -20,10 +20,10 @@ QVariant ValueOf(const Column& column, const QString& text) {
   return text;
 }
 
-void WriteTable(Driver& driver, const Table& table) {
+void WriteTable(Connection& connection, const Table& table) {
   const std::vector<QStringList> lines = ReadLines(u"rows/"_s + table.name + u".txt"_s);
   const QStringList columns = lines.front();
-  RowWriter writer(driver, table.name, columns);
+  RowWriter writer(connection, table.name, columns);
   for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
     std::vector<QVariant> values;
     for (qsizetype i = 0; i < columns.size(); ++i) values.push_back(ValueOf(*table.Find(columns[i]), line->value(i)));
@@ -37,16 +37,16 @@ QString DictionaryKey(int number) { return u"20"_s + QString::number(number).rig
 
 }  // namespace
 
-void WriteFixedRows(Driver& driver) {
-  for (const QString& table : kTables) WriteTable(driver, *FindCatalogueTable(table));
+void WriteFixedRows(Connection& connection) {
+  for (const QString& table : kTables) WriteTable(connection, *FindCatalogueTable(table));
 }
 
-void WriteDictionaries(Driver& driver) {
+void WriteDictionaries(Connection& connection) {
   TextLists lists = TextLists::Read(u"dictionaries.txt"_s);
   for (const QStringList& sender : ReadLines(u"senders.txt"_s))
     lists.entries[u"来文单位"_s].push_back({sender[0], QString()});
-  RowWriter dictionaries(driver, u"AssistantDictionary"_s, {u"DicID"_s, u"Name"_s, u"ClassType"_s, u"IsSystem"_s});
-  RowWriter entries(driver, u"AssistantDicKey"_s, {u"DicID"_s, u"Name"_s, u"KeyCode"_s, u"IsSystem"_s, u"Note"_s});
+  RowWriter dictionaries(connection, u"AssistantDictionary"_s, {u"DicID"_s, u"Name"_s, u"ClassType"_s, u"IsSystem"_s});
+  RowWriter entries(connection, u"AssistantDicKey"_s, {u"DicID"_s, u"Name"_s, u"KeyCode"_s, u"IsSystem"_s, u"Note"_s});
   for (qsizetype i = 0; i < lists.names.size(); ++i) {
     const QString key = DictionaryKey(static_cast<int>(i) + 1);
     dictionaries.Add({key, lists.names[i], u"2 - 字符型"_s, u"1"_s});

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "data/drivers/Driver.h"
+#include <folvane/Connection.h>
 
 namespace folvane::demo {
 
 /// Adds the rows of the small design tables, each from the data file of its name: the first line names the columns,
 /// "null" is a null.
-void WriteFixedRows(Driver& driver);
+void WriteFixedRows(Connection& connection);
 
 /// Adds the dictionaries and their entries; the agencies that write to the office are the entries of 来文单位.
-void WriteDictionaries(Driver& driver);
+void WriteDictionaries(Connection& connection);
 
 }  // namespace folvane::demo

@@ -14,29 +14,30 @@ QStringList With(QStringList columns, const QStringList& more) { return columns 
 
 }  // namespace
 
-FlowSheets::FlowSheets(Driver& driver, const Words& words, QDate today, Random& random)
+FlowSheets::FlowSheets(Connection& connection, const Words& words, QDate today, Random& random)
     : words_(words),
       today_(today),
       random_(random),
       ofIncoming_(KeyKind::SheetOfIncoming, random),
       ofOutgoing_(KeyKind::SheetOfOutgoing, random),
-      distributions_(driver, u"Distribute_File"_s,
+      distributions_(connection, u"Distribute_File"_s,
                      With(kHeadColumns, {u"Distribute_Status"_s, u"Distribute_ID"_s, u"Distribute_Range"_s})),
-      circulations_(driver, u"PassRead_File"_s,
+      circulations_(connection, u"PassRead_File"_s,
                     With(kHeadColumns, {u"PassRead_Status"_s, u"PassRead_ID"_s, u"PassRead_Range"_s, u"UserID"_s})),
-      handlings_(driver, u"Transact_File"_s, With(kHeadColumns, {u"Transact_Status"_s, u"Transact_ID"_s, u"UserID"_s})),
-      distributionLines_(driver, u"Distribute_Details"_s,
+      handlings_(connection, u"Transact_File"_s,
+                 With(kHeadColumns, {u"Transact_Status"_s, u"Transact_ID"_s, u"UserID"_s})),
+      distributionLines_(connection, u"Distribute_Details"_s,
                          {u"Register_ID"_s, u"File_ID"_s, u"Lead_Unit"_s, u"Distribute_Date"_s, u"Quantity"_s,
                           u"Is_Back"_s, u"Back_Date"_s, u"Real_BackDate"_s, u"Back_Quantity"_s}),
-      circulationLines_(driver, u"PassRead_Details"_s,
+      circulationLines_(connection, u"PassRead_Details"_s,
                         {u"Register_ID"_s, u"File_ID"_s, u"Lead_Unit"_s, u"PassRead_Date"_s, u"Is_Back"_s,
                          u"Back_Date"_s, u"Real_BackDate"_s}),
       handlingLines_(
           driver, u"Transact_Details"_s,
           {u"Register_ID"_s, u"File_ID"_s, u"Lead_Unit"_s, u"Send_Date"_s, u"Quantity"_s, u"Transact_Mode"_s,
            u"Is_Back"_s, u"Back_Date"_s, u"Real_BackDate"_s, u"Back_Quantity"_s, u"Transact_Result"_s, u"Is_Hasten"_s}),
-      routes_(driver, u"Curr_Flow"_s, {u"File_ID"_s, u"CurrNode"_s, u"IsCreateDetails"_s}),
-      nodes_(driver, u"Curr_FlowNode"_s,
+      routes_(connection, u"Curr_Flow"_s, {u"File_ID"_s, u"CurrNode"_s, u"IsCreateDetails"_s}),
+      nodes_(connection, u"Curr_FlowNode"_s,
              {u"Flow_ID"_s, u"Node_Number"_s, u"Next_Node"_s, u"Node_Member"_s, u"Node_Mode"_s, u"Readed"_s}) {}
 
 FlowStates FlowSheets::ForIncoming(const Letter& letter, int regId) {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RowWriter.h"
 #include "host/demo/Words.h"
 
 namespace folvane::demo {
@@ -16,7 +16,7 @@ struct FlowStates {
 /// records were set before there were sheets.
 class FlowSheets {
  public:
-  FlowSheets(Driver& driver, const Words& words, QDate today, Random& random);
+  FlowSheets(Connection& connection, const Words& words, QDate today, Random& random);
 
   FlowStates ForIncoming(const Letter& letter, int regId);
   /// Of what was sent out only the distribution is followed; gives its state.

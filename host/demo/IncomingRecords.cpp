@@ -24,7 +24,7 @@ IncomingRecords::IncomingRecords(const RecordSurroundings& around, VolumeRecords
       volumes_(volumes),
       calendar_(around.plan.first, around.plan.today),
       keys_(KeyKind::Incoming, around.random),
-      rows_(around.driver, u"Lwdj"_s, kColumns) {}
+      rows_(around.connection, u"Lwdj"_s, kColumns) {}
 
 void IncomingRecords::Write() {
   for (int year = around_.plan.first.year(); year <= around_.plan.today.year(); ++year) {

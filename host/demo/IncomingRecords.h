@@ -2,9 +2,9 @@
 
 #include <QHash>
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/RecordKeys.h"
 #include "host/demo/RecordSurroundings.h"
-#include "host/demo/RowWriter.h"
 #include "host/demo/VolumeRecords.h"
 #include "host/demo/WorkCalendar.h"
 

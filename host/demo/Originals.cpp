@@ -35,12 +35,12 @@ void WriteFile(const QString& path, const QByteArray& content) {
 
 }  // namespace
 
-Originals::Originals(Driver& driver, const QString& directory, QDate samplesOf, Random& random)
+Originals::Originals(Connection& connection, const QString& directory, QDate samplesOf, Random& random)
     : directory_(directory),
       random_(random),
       ofIncoming_(KeyKind::OriginalOfIncoming, random),
       ofOutgoing_(KeyKind::OriginalOfOutgoing, random),
-      rows_(driver, u"Original_Text"_s,
+      rows_(connection, u"Original_Text"_s,
             {u"ID"_s, u"Original_Name"_s, u"Type"_s, u"RecordID"_s, u"Size"_s, u"FileOrder"_s, u"FilePath"_s}) {
   MakeSamples(samplesOf);
 }

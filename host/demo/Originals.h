@@ -2,10 +2,10 @@
 
 #include <vector>
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
 #include "host/demo/Random.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RowWriter.h"
 
 namespace folvane::demo {
 
@@ -23,7 +23,7 @@ class Originals {
   static constexpr int kMostFiles = 300;
 
   /// @param directory the store, "" when only the rows are wanted
-  Originals(Driver& driver, const QString& directory, QDate samplesOf, Random& random);
+  Originals(Connection& connection, const QString& directory, QDate samplesOf, Random& random);
 
   /// Gives a document its originals, or none. @throws std::runtime_error when a file cannot be written
   std::vector<StoredFile> Attach(const Letter& letter, bool ownFiles);

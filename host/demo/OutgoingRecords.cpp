@@ -35,7 +35,7 @@ OutgoingRecords::OutgoingRecords(const RecordSurroundings& around, SingleRecords
       singles_(singles),
       calendar_(around.plan.first, around.plan.today),
       keys_(KeyKind::Outgoing, around.random),
-      rows_(around.driver, u"Fwdj"_s, kColumns) {}
+      rows_(around.connection, u"Fwdj"_s, kColumns) {}
 
 void OutgoingRecords::Write() {
   for (int year = around_.plan.first.year(); year <= around_.plan.today.year(); ++year) {

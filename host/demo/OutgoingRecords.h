@@ -2,10 +2,10 @@
 
 #include <QHash>
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
 #include "host/demo/RecordKeys.h"
 #include "host/demo/RecordSurroundings.h"
-#include "host/demo/RowWriter.h"
 #include "host/demo/SingleRecords.h"
 #include "host/demo/WorkCalendar.h"
 

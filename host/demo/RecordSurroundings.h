@@ -2,7 +2,8 @@
 
 #include <functional>
 
-#include "data/drivers/Driver.h"
+#include <folvane/Connection.h>
+
 #include "host/demo/FlowSheets.h"
 #include "host/demo/Originals.h"
 #include "host/demo/Plan.h"
@@ -12,7 +13,7 @@ namespace folvane::demo {
 
 /// Where the records come from and where they leave their traces.
 struct RecordSurroundings {
-  Driver& driver;
+  Connection& connection;
   const Plan& plan;
   const Words& words;
   Random& random;

@@ -15,7 +15,7 @@ QString Padded(int number) { return QString::number(number).rightJustified(4, u'
 SingleRecords::SingleRecords(const RecordSurroundings& around)
     : around_(around),
       keys_(KeyKind::SingleItem, around.random),
-      rows_(around.driver, u"Gdwj"_s,
+      rows_(around.connection, u"Gdwj"_s,
             {u"ArchiveID"_s, u"FondsNo"_s, u"FileYear"_s, u"AecNo"_s, u"Retention"_s, u"ItemNo"_s, u"ArchiveNo"_s,
              u"Amaintitle"_s, u"DocNo"_s, u"DocType"_s, u"ResponsibleBy"_s, u"FileDate"_s, u"CreatedDate"_s,
              u"SecurityClass"_s, u"Quantity"_s, u"BoxNo"_s, u"ArchiveFlag"_s, u"Note"_s, u"InputDate"_s}) {}

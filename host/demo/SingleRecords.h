@@ -3,10 +3,10 @@
 #include <QHash>
 #include <optional>
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
 #include "host/demo/RecordKeys.h"
 #include "host/demo/RecordSurroundings.h"
-#include "host/demo/RowWriter.h"
 #include "host/demo/WorkCalendar.h"
 
 namespace folvane::demo {

@@ -21,15 +21,16 @@ QString Padded(int number, int width) { return QString::number(number).rightJust
 
 }  // namespace
 
-VolumeRecords::VolumeRecords(Driver& driver, const Plan& plan, const Words& words, Random& random, Originals& originals)
+VolumeRecords::VolumeRecords(Connection& connection, const Plan& plan, const Words& words, Random& random,
+                             Originals& originals)
     : plan_(plan),
       words_(words),
       random_(random),
       originals_(originals),
       volumeKeys_(KeyKind::Volume, random),
       itemKeys_(KeyKind::VolumeItem, random),
-      volumeRows_(driver, u"Wsda_Aj"_s, kVolumeColumns),
-      itemRows_(driver, u"Wsda_Jn"_s, kItemColumns) {}
+      volumeRows_(connection, u"Wsda_Aj"_s, kVolumeColumns),
+      itemRows_(connection, u"Wsda_Jn"_s, kItemColumns) {}
 
 int VolumeRecords::OpenYear(int year) {
   CloseVolume();

@@ -4,11 +4,11 @@
 #include <optional>
 #include <vector>
 
+#include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
 #include "host/demo/Originals.h"
 #include "host/demo/Plan.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RowWriter.h"
 #include "host/demo/Words.h"
 #include "host/demo/WorkCalendar.h"
 
@@ -18,7 +18,7 @@ namespace folvane::demo {
 /// after the other in the spring of the next year.
 class VolumeRecords {
  public:
-  VolumeRecords(Driver& driver, const Plan& plan, const Words& words, Random& random, Originals& originals);
+  VolumeRecords(Connection& connection, const Plan& plan, const Words& words, Random& random, Originals& originals);
 
   /// Begins the volumes of a year; gives how many documents they take.
   int OpenYear(int year);

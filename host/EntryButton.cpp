@@ -1,0 +1,92 @@
+#include "host/EntryButton.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace folvane::host {
+namespace {
+
+constexpr int kPadding = 18;
+constexpr int kPicture = 40;
+constexpr int kRadius = 8;
+
+}  // namespace
+
+EntryButton::EntryButton(const QIcon& icon, const QString& title, const QString& line, const QKeySequence& keys,
+                         QWidget* parent)
+    : QAbstractButton(parent), line_(line) {
+  setIcon(icon);
+  setIconSize({kPicture, kPicture});
+  setText(title);
+  setShortcut(keys);
+  setAccessibleDescription(line);
+  setCursor(Qt::PointingHandCursor);
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QFont EntryButton::TitleFont() const {
+  QFont large = font();
+  large.setPointSizeF(large.pointSizeF() * 1.3);
+  large.setBold(true);
+  return large;
+}
+
+QSize EntryButton::sizeHint() const {
+  const QFontMetrics title(TitleFont());
+  const int texts =
+      qMax(title.horizontalAdvance(text()) + fontMetrics().horizontalAdvance(shortcut().toString()) + kPadding,
+           fontMetrics().horizontalAdvance(line_));
+  return {3 * kPadding + kPicture + texts, 2 * kPadding + title.height() + fontMetrics().lineSpacing() + 12};
+}
+
+bool EntryButton::event(QEvent* event) {
+  if (event->type() == QEvent::Enter || event->type() == QEvent::Leave) update();
+  return QAbstractButton::event(event);
+}
+
+void EntryButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  DrawCard(painter);
+  const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
+  icon().paint(&painter, kPadding, (height() - kPicture) / 2, kPicture, kPicture, Qt::AlignCenter, mode);
+  DrawTexts(painter);
+}
+
+void EntryButton::DrawCard(QPainter& painter) const {
+  const QColor accent = palette().color(QPalette::Highlight);
+  QColor ground = palette().color(QPalette::Base);
+  QColor edge = palette().color(QPalette::WindowText);
+  edge.setAlphaF(0.16);
+  const bool hot = isEnabled() && (underMouse() || hasFocus());
+  const QRectF card = QRectF(rect()).adjusted(1, 1, -1, -1);
+  painter.setPen(QPen(hot ? accent : edge, hot ? 1.5 : 1.0));
+  painter.setBrush(ground);
+  painter.drawRoundedRect(card, kRadius, kRadius);
+  if (!isEnabled() || !(underMouse() || isDown())) return;
+  QColor wash = accent;
+  wash.setAlphaF(isDown() ? 0.16 : 0.07);
+  painter.setBrush(wash);
+  painter.drawRoundedRect(card, kRadius, kRadius);
+}
+
+void EntryButton::DrawTexts(QPainter& painter) const {
+  const QFontMetrics title(TitleFont());
+  const int left = 2 * kPadding + kPicture;
+  const int block = title.height() + 6 + fontMetrics().height();
+  const QRect upper(left, (height() - block) / 2, width() - left - kPadding, title.height());
+  const QRect lower(left, upper.bottom() + 7, upper.width(), fontMetrics().height());
+  const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+  painter.setFont(TitleFont());
+  painter.setPen(palette().color(group, QPalette::Text));
+  painter.drawText(upper, Qt::AlignLeft | Qt::AlignVCenter, text());
+  QColor soft = palette().color(group, QPalette::Text);
+  soft.setAlphaF(0.62);
+  painter.setFont(font());
+  painter.setPen(soft);
+  painter.drawText(lower, Qt::AlignLeft | Qt::AlignVCenter, line_);
+  painter.drawText(upper, Qt::AlignRight | Qt::AlignVCenter, shortcut().toString(QKeySequence::NativeText));
+}
+
+}  // namespace folvane::host

@@ -1,0 +1,242 @@
+#include "host/LogOnDialog.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "host/Banner.h"
+#include "widgets/Icons.h"
+
+namespace folvane::host {
+namespace {
+
+template <typename Control>
+Control* Named(Control* control, const char* name) {
+  control->setObjectName(QLatin1String(name));
+  return control;
+}
+
+QPushButton* Button(const QString& text, const char* name, const QString& icon) {
+  auto* button = Named(new QPushButton(text), name);
+  button->setIcon(Icon(icon));
+  button->setAutoDefault(false);
+  return button;
+}
+
+}  // namespace
+
+LogOnDialog::LogOnDialog(const LogOnChoices& choices, DemoMaker makeDemo, QWidget* parent)
+    : QDialog(parent), makeDemo_(std::move(makeDemo)) {
+  setObjectName(QStringLiteral("LogOnDialog"));
+  setWindowTitle(QStringLiteral("登录 - 公文登记归档系统"));
+  auto* across = new QHBoxLayout(this);
+  across->setContentsMargins(0, 0, 0, 0);
+  across->setSpacing(0);
+  across->addWidget(new Banner(QStringLiteral("公文登记归档系统"), QStringLiteral("登记 · 流转 · 归档")));
+  across->addWidget(Form(), 1);
+  Show(choices);
+}
+
+QWidget* LogOnDialog::Form() {
+  optFile_ = Named(new QRadioButton(QStringLiteral("数据库文件(&F)")), "OptFile");
+  optOdbc_ = Named(new QRadioButton(QStringLiteral("数据库服务器(&S)")), "OptOdbc");
+  auto* ways = new QHBoxLayout;
+  ways->addWidget(optFile_);
+  ways->addWidget(optOdbc_);
+  ways->addStretch();
+
+  txtOdbc_ = Named(new QLineEdit, "TxtOdbc");
+  txtOdbc_->setPlaceholderText(QStringLiteral("Driver={PostgreSQL ANSI};Server=…;Database=…;Uid=…;Pwd=…;"));
+  auto* where = new QVBoxLayout;
+  where->setSpacing(0);
+  where->addLayout(FileRow());
+  where->addWidget(txtOdbc_);
+
+  cboKind_ = Named(new QComboBox, "CboKind");
+  cboKind_->addItem(kSqlServer, kSqlServer);
+  cboKind_->addItem(kSysbase, kSysbase);
+  cboKind_->addItem(QStringLiteral("本地目录"), kLocal);
+  cboUser_ = Named(new QComboBox, "CboUser");
+  cboUser_->setEditable(true);
+  cboUser_->setInsertPolicy(QComboBox::NoInsert);
+  lblMessage_ = Named(new QLabel, "LblMessage");
+  lblMessage_->setWordWrap(true);
+  lblMessage_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  lblMessage_->setMinimumHeight(fontMetrics().lineSpacing() * 3);
+  lblMessage_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+  auto* rows = new QFormLayout;
+  rows->setVerticalSpacing(12);
+  rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  rows->addRow(QStringLiteral("数据库"), ways);
+  rows->addRow(QString(), where);
+  rows->addRow(QStringLiteral("数据库种类(&K)"), cboKind_);
+  rows->addRow(QStringLiteral("登录用户(&U)"), cboUser_);
+
+  auto* form = new QWidget;
+  form->setMinimumWidth(fontMetrics().averageCharWidth() * 72);
+  auto* down = new QVBoxLayout(form);
+  down->setContentsMargins(28, 28, 28, 20);
+  down->addLayout(rows);
+  down->addSpacing(8);
+  down->addWidget(lblMessage_, 1);
+  down->addLayout(Buttons());
+  connect(optOdbc_, &QRadioButton::toggled, this, &LogOnDialog::ShowWayIn);
+  connect(txtFile_, &QLineEdit::editingFinished, this, &LogOnDialog::Connect);
+  connect(txtOdbc_, &QLineEdit::editingFinished, this, &LogOnDialog::Connect);
+  return form;
+}
+
+QLayout* LogOnDialog::FileRow() {
+  fileRow_ = new QWidget;
+  txtFile_ = Named(new QLineEdit, "TxtFile");
+  auto* browse = Button(QStringLiteral("浏览(&B)..."), "CmdBrowse", QStringLiteral("open"));
+  auto* row = new QHBoxLayout(fileRow_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(txtFile_, 1);
+  row->addWidget(browse);
+  connect(browse, &QPushButton::clicked, this, &LogOnDialog::Browse);
+  auto* holder = new QHBoxLayout;
+  holder->addWidget(fileRow_);
+  return holder;
+}
+
+QLayout* LogOnDialog::Buttons() {
+  auto* demo = Button(QStringLiteral("演示数据库(&D)"), "CmdDemo", QStringLiteral("database"));
+  demo->setToolTip(QStringLiteral("没有时先建立演示数据库，然后打开它"));
+  auto* logOn = Button(QStringLiteral("登录(&L)"), "CmdOK", QStringLiteral("user"));
+  logOn->setDefault(true);
+  auto* leave = Button(QStringLiteral("退出(&X)"), "CmdCancel", QStringLiteral("exit"));
+  auto* row = new QHBoxLayout;
+  row->addWidget(demo);
+  row->addStretch();
+  row->addWidget(logOn);
+  row->addWidget(leave);
+  connect(demo, &QPushButton::clicked, this, &LogOnDialog::MakeDemo);
+  connect(logOn, &QPushButton::clicked, this, &LogOnDialog::accept);
+  connect(leave, &QPushButton::clicked, this, &LogOnDialog::reject);
+  return row;
+}
+
+LogOnChoices LogOnDialog::Choices() const {
+  return {optOdbc_->isChecked(), txtFile_->text().trimmed(), txtOdbc_->text().trimmed(), UserId(),
+          cboKind_->currentData().toString()};
+}
+
+void LogOnDialog::Show(const LogOnChoices& choices) {
+  wantedUser_ = choices.user;
+  txtFile_->setText(choices.file);
+  txtOdbc_->setText(choices.odbc);
+  const int kind = cboKind_->findData(choices.kind.toUpper());
+  cboKind_->setCurrentIndex(kind < 0 ? cboKind_->findData(kLocal) : kind);
+  {
+    const QSignalBlocker quiet(optOdbc_);
+    optOdbc_->setChecked(choices.useOdbc);
+    optFile_->setChecked(!choices.useOdbc);
+  }
+  ShowWayIn();
+}
+
+void LogOnDialog::ShowWayIn() {
+  const bool odbc = optOdbc_->isChecked();
+  txtOdbc_->setVisible(odbc);
+  fileRow_->setVisible(!odbc);
+  if ((odbc ? txtOdbc_ : txtFile_)->text().trimmed().isEmpty()) {
+    database_.reset();
+    ListUsers();
+    Tell(odbc ? QStringLiteral("请输入 ODBC 连接串。")
+              : QStringLiteral("请选择数据库文件；还没有数据库时可以先打开演示数据库。"),
+         false);
+    return;
+  }
+  Connect();
+}
+
+void LogOnDialog::Browse() {
+  const QString file =
+      QFileDialog::getOpenFileName(this, QStringLiteral("选择数据库文件"), txtFile_->text(),
+                                   QStringLiteral("SQLite 数据库 (*.db *.sqlite *.db3);;所有文件 (*)"));
+  if (file.isEmpty()) return;
+  txtFile_->setText(file);
+  Connect();
+}
+
+void LogOnDialog::MakeDemo() {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  try {
+    txtFile_->setText(makeDemo_());
+    wantedUser_ = QStringLiteral("1");
+    optFile_->setChecked(true);
+    Connect();
+  } catch (const std::exception& error) {
+    Tell(QString::fromUtf8(error.what()), true);
+  }
+  QApplication::restoreOverrideCursor();
+}
+
+// Opens the chosen database unless it is the open one, and lists its users.
+bool LogOnDialog::Connect() {
+  const DatabaseChoice choice = Choices().Database();
+  if (database_ && database_->Choice() == choice) return true;
+  database_.reset();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  try {
+    database_ = HostDatabase::Open(choice);
+    Tell(QStringLiteral("已连接“%1”，共有 %2 个用户。").arg(database_->Title()).arg(database_->Users().size()), false);
+  } catch (const std::exception& error) {
+    Tell(QString::fromUtf8(error.what()), true);
+  }
+  QApplication::restoreOverrideCursor();
+  ListUsers();
+  return database_ != nullptr;
+}
+
+void LogOnDialog::ListUsers() {
+  if (!UserId().isEmpty()) wantedUser_ = UserId();
+  cboUser_->clear();
+  if (database_) {
+    for (const HostUser& user : database_->Users())
+      cboUser_->addItem(user.id + QStringLiteral("  ") + user.name, user.id);
+  }
+  const int known = cboUser_->findData(wantedUser_);
+  if (known >= 0) cboUser_->setCurrentIndex(known);
+  cboUser_->setEnabled(database_ != nullptr);
+}
+
+// The number of the chosen entry, or what was typed in place of one.
+QString LogOnDialog::UserId() const {
+  const QString shown = cboUser_->currentText().trimmed();
+  const int entry = cboUser_->findText(shown);
+  return entry < 0 ? shown : cboUser_->itemData(entry).toString();
+}
+
+void LogOnDialog::accept() {
+  if (!Connect()) return;
+  try {
+    session_ = std::make_unique<Session>(database_, UserId(), cboKind_->currentData().toString());
+  } catch (const std::exception& error) {
+    Tell(QString::fromUtf8(error.what()), true);
+    return;
+  }
+  RememberChoices(Choices());
+  QDialog::accept();
+}
+
+void LogOnDialog::Tell(const QString& message, bool isError) {
+  QPalette colours = palette();
+  const bool dark = colours.color(QPalette::WindowText).lightness() > colours.color(QPalette::Window).lightness();
+  const QColor red(dark ? 0xffff8a80 : 0xffb3261e);
+  colours.setColor(QPalette::WindowText, isError ? red : colours.color(QPalette::Disabled, QPalette::WindowText));
+  lblMessage_->setPalette(colours);
+  lblMessage_->setText(message);
+}
+
+}  // namespace folvane::host

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace folvane::host {
+
+/// The folder for the library's settings files and for originals in a local directory: one of the user's, made when it
+/// is missing. Beside the program an ordinary user could not write.
+QString ProgramFolder();
+
+}  // namespace folvane::host

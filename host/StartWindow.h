@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "host/Entries.h"
+#include "host/Session.h"
+
+namespace folvane::host {
+
+/// The six entries of the library, for one user at work in one database.
+class StartWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Opens an entry and returns when its window is closed; throws what the library throws.
+  using OpenEntry = std::function<void(const Entry&)>;
+
+  StartWindow(const Session& session, OpenEntry open, QWidget* parent = nullptr);
+
+ Q_SIGNALS:
+  /// The window was closed, to log on anew or for good.
+  void Finished(bool logOnAgain);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QWidget* Head(const Session& session);
+  QLayout* Cards();
+  QLayout* Foot();
+  void Open(const Entry& entry);
+  void ShowAbout();
+
+  OpenEntry open_;
+  bool logOnAgain_ = false;
+};
+
+}  // namespace folvane::host

@@ -1,0 +1,36 @@
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <folvane/HostServices.h>
+
+#include "host/Appearance.h"
+#include "host/CommandLine.h"
+#include "host/Program.h"
+#include "host/ProgramFolder.h"
+#include "host/tour/RunTour.h"
+
+namespace {
+
+// The words of Qt's own dialogs, where the desktop has them in Chinese.
+void SpeakChinese(QApplication& application) {
+  auto* words = new QTranslator(&application);
+  if (words->load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(words);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setOrganizationName(QStringLiteral("Norvex"));
+  QApplication::setApplicationName(QStringLiteral("folvane-demo"));
+  QApplication::setApplicationVersion(QStringLiteral(FOLVANE_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("folvane-demo"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  const folvane::host::Options options = folvane::host::ReadCommandLine(application.arguments());
+  SpeakChinese(application);
+  folvane::host::ApplyAppearance(application);
+  folvane::Services().programDirectory = folvane::host::ProgramFolder();
+  return options.tour.isEmpty() ? folvane::host::Run(options) : folvane::host::RunTour(options);
+}

@@ -1,0 +1,80 @@
+#include "host/tour/Hands.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTableView>
+#include <QToolBar>
+#include <QTreeView>
+#include <QWindow>
+
+#include "host/tour/Tour.h"
+
+namespace folvane::host::hands {
+namespace {
+
+void SendMouse(QEvent::Type type, QWidget& widget, const QPoint& at, Qt::MouseButtons down) {
+  QWidget& window = *widget.window();
+  const QPointF local = widget.mapTo(&window, at), global = widget.mapToGlobal(at);
+  QMouseEvent event(type, local, local, global, Qt::LeftButton, down, Qt::NoModifier);
+  QApplication::sendEvent(window.windowHandle(), &event);
+}
+
+QHeaderView& HeaderOf(QAbstractItemView& view) {
+  if (auto* tree = qobject_cast<QTreeView*>(&view)) return *tree->header();
+  if (auto* table = qobject_cast<QTableView*>(&view)) return *table->horizontalHeader();
+  throw TourError(view.objectName() + QStringLiteral(" has no columns"));
+}
+
+}  // namespace
+
+void Click(QWidget& widget, const QPoint& at) {
+  SendMouse(QEvent::MouseButtonPress, widget, at, Qt::LeftButton);
+  SendMouse(QEvent::MouseButtonRelease, widget, at, Qt::NoButton);
+}
+
+void Click(QWidget& widget) {
+  if (!widget.isEnabled()) throw TourError(widget.objectName() + QStringLiteral(" cannot be pressed"));
+  Click(widget, widget.rect().center());
+}
+
+void ClickItem(QAbstractItemView& view, const QModelIndex& index) {
+  view.scrollTo(index);
+  Click(*view.viewport(), view.visualRect(index).center());
+}
+
+void ClickColumn(QAbstractItemView& view, int column) {
+  QHeaderView& header = HeaderOf(view);
+  Click(*header.viewport(),
+        {header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2});
+}
+
+void ClickKey(QWidget& window, const QString& toolBar, const QString& key) {
+  auto* bar = window.findChild<QToolBar*>(toolBar);
+  auto* action = bar ? bar->findChild<QAction*>(key) : nullptr;
+  QWidget* button = action ? bar->widgetForAction(action) : nullptr;
+  if (!button) throw TourError(QStringLiteral("no key %1 on %2").arg(key, toolBar));
+  if (!action->isEnabled()) throw TourError(QStringLiteral("the key %1 is off").arg(key));
+  Click(*button);
+}
+
+void Press(QWidget& widget, int key) {
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+  }
+}
+
+void Choose(QComboBox& box, int index) {
+  box.setFocus();
+  while (box.currentIndex() != index) {
+    const int before = box.currentIndex();
+    Press(box, before < index ? Qt::Key_Down : Qt::Key_Up);
+    if (box.currentIndex() == before) throw TourError(box.objectName() + QStringLiteral(" does not move"));
+  }
+}
+
+}  // namespace folvane::host::hands

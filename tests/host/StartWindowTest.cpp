@@ -1,0 +1,74 @@
+#include <QLabel>
+#include <QMessageBox>
+
+#include <folvane/DataError.h>
+
+#include "HostTest.h"
+#include "host/LogOnChoices.h"
+#include "host/StartWindow.h"
+#include "support/WindowDriver.h"
+
+namespace folvane::test {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using host::Entry;
+using host::Session;
+using host::StartWindow;
+
+class StartWindowTest : public HostTest {
+ protected:
+  Session LogOn() { return Session(host::HostDatabase::Open(Choice()), u"1"_s, host::kLocal); }
+};
+FOLVANE_ON_EACH_DATABASE(StartWindowTest);
+
+TEST_P(StartWindowTest, EveryCardAndItsKeysOpenTheEntryOfTheName) {
+  const Session session = LogOn();
+  QStringList opened;
+  StartWindow window(session, [&](const Entry& entry) { opened << entry.name; });
+  window.show();
+  ASSERT_TRUE(WaitUntil([&] { return window.isActiveWindow(); }));
+  QStringList expected;
+  for (size_t place = 0; place < host::Entries().size(); ++place) {
+    const QString name = host::Entries()[place].name;
+    Click(Find(window, name));
+    Press(window, Qt::Key(Qt::Key_1 + int(place)), Qt::ControlModifier);
+    expected << name << name;
+  }
+  EXPECT_EQ(opened, expected);
+}
+
+TEST_P(StartWindowTest, SaysWhoWorksInWhichDatabase) {
+  const Session session = LogOn();
+  const StartWindow window(session, [](const Entry&) {});
+  const QString line = Find<QLabel>(window, u"LblUser"_s).text();
+  EXPECT_TRUE(line.contains(u"系统管理员"_s)) << line.toStdString();
+  EXPECT_TRUE(line.contains(session.Database().Title())) << line.toStdString();
+}
+
+TEST_P(StartWindowTest, ShowsTheErrorOfAnEntryAndStays) {
+  const Session session = LogOn();
+  StartWindow window(session, [](const Entry&) { throw DataError(DataErrorKind::Lost, u"连接已断开"_s); });
+  window.show();
+  QString told;
+  WithWindow(u"EntryError"_s, [&](QWidget& box) { told = static_cast<QMessageBox&>(box).informativeText(); });
+  Click(Find(window, u"FileOpen"_s));
+  EXPECT_EQ(told, u"连接已断开"_s);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_P(StartWindowTest, LeavingAndChangingTheUserAreToldApart) {
+  const Session session = LogOn();
+  for (const QString& button : {u"CmdExit"_s, u"CmdLogOn"_s}) {
+    StartWindow window(session, [](const Entry&) {});
+    QList<bool> ends;
+    QObject::connect(&window, &StartWindow::Finished, &window, [&](bool again) { ends << again; });
+    window.show();
+    Click(Find(window, button));
+    EXPECT_EQ(ends, QList<bool>{button == u"CmdLogOn"_s});
+    EXPECT_FALSE(window.isVisible());
+  }
+}
+
+}  // namespace
+}  // namespace folvane::test
