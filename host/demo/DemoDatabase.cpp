@@ -66,7 +66,6 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
     throw std::invalid_argument("the demo has 100 to 1000000 records");
   const QString store = options.storeDirectory.isEmpty() ? QString() : QDir(options.storeDirectory).absolutePath();
   const std::vector<TableDesign> designs = ReadTableDesigns();
-  Connection& connection = connection.NativeDriver();
   Transaction transaction(connection);
   if (options.replace) DropAll(connection, designs);
   CreateCatalogue(connection);

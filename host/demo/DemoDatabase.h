@@ -29,7 +29,7 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options);
 void MakeDemoFile(const QString& file, DemoOptions options);
 
 /// Writes the settings files that make the demo's tree show years and agency words.
-/// @throws FileError
+/// @throws std::runtime_error
 void WriteDemoProfiles(const QString& directory);
 
 }  // namespace folvane::demo

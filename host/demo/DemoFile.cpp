@@ -1,11 +1,12 @@
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QStringEncoder>
 #include <sqlite3.h>
 #include <stdexcept>
 
 #include <folvane/SqliteConnection.h>
 
-#include "base/ProfileFile.h"
 #include "host/demo/DemoDatabase.h"
 
 namespace folvane::demo {
@@ -57,11 +58,23 @@ void MakeDemoFile(const QString& file, DemoOptions options) {
   if (!QFile::rename(unfinished, file)) throw std::runtime_error(file.toStdString() + ": cannot be replaced");
 }
 
+// The library reads its settings in the code page of Simplified Chinese systems, with CR LF.
 void WriteDemoProfiles(const QString& directory) {
-  const ProfileFile profile(directory + u"/YearFormula.Ini"_s);
-  profile.Create({u"#--------------------------------------------------------------"_s, u"# 自定义字段显示数据"_s,
-                  u"#要求：表中含有该字段,字段名用英文名！"_s, QString(), u"[YearFormula]"_s, u"Lwdj=CreatedDate"_s,
-                  u"Fwdj=DocNo"_s});
+  const QStringList lines{u"#--------------------------------------------------------------"_s,
+                          u"# 自定义字段显示数据"_s,
+                          u"#要求：表中含有该字段,字段名用英文名！"_s,
+                          QString(),
+                          u"[YearFormula]"_s,
+                          u"Lwdj=CreatedDate"_s,
+                          u"Fwdj=DocNo"_s,
+                          QString()};
+  QStringEncoder encoder("GBK");
+  QSaveFile file(directory + u"/YearFormula.Ini"_s);
+  if (encoder.isValid() && file.open(QIODevice::WriteOnly)) {
+    file.write(encoder(lines.join(u"\r\n"_s)));
+    if (file.commit()) return;
+  }
+  throw std::runtime_error(file.fileName().toStdString() + ": " + file.errorString().toStdString());
 }
 
 }  // namespace folvane::demo

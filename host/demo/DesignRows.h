@@ -8,8 +8,8 @@
 
 namespace folvane::demo {
 
-/// Adds what the design tables say of the business tables: data dictionary, entry forms, lists and searches. The
-/// proofing rules are there already and learn the controls of their fields.
+/// Adds what the design tables say of the business tables: data dictionary, entry forms, lists, searches and proofing
+/// rules.
 void WriteDesign(Connection& connection, const std::vector<TableDesign>& tables);
 
 }  // namespace folvane::demo

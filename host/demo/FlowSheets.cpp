@@ -33,7 +33,7 @@ FlowSheets::FlowSheets(Connection& connection, const Words& words, QDate today, 
                         {u"Register_ID"_s, u"File_ID"_s, u"Lead_Unit"_s, u"PassRead_Date"_s, u"Is_Back"_s,
                          u"Back_Date"_s, u"Real_BackDate"_s}),
       handlingLines_(
-          driver, u"Transact_Details"_s,
+          connection, u"Transact_Details"_s,
           {u"Register_ID"_s, u"File_ID"_s, u"Lead_Unit"_s, u"Send_Date"_s, u"Quantity"_s, u"Transact_Mode"_s,
            u"Is_Back"_s, u"Back_Date"_s, u"Real_BackDate"_s, u"Back_Quantity"_s, u"Transact_Result"_s, u"Is_Hasten"_s}),
       routes_(connection, u"Curr_Flow"_s, {u"File_ID"_s, u"CurrNode"_s, u"IsCreateDetails"_s}),

@@ -69,6 +69,11 @@ void CreateTable(Connection& connection, const Table& table) {
   connection.RefreshSchema();
 }
 
+void CreateIndexes(Connection& connection, const Table& table) {
+  for (const QStringList& columns : table.indexes)
+    connection.NativeDriver().Execute({CreateIndexText(table.name, columns).toUtf8(), {}});
+}
+
 void DropTable(Connection& connection, const QString& name) {
   connection.NativeDriver().Execute({"DROP TABLE IF EXISTS " + name.toUtf8(), {}});
   connection.RefreshSchema();
