@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QTableView>
 #include <QToolBar>
 #include <QTreeView>
@@ -19,7 +20,8 @@ namespace {
 void SendMouse(QEvent::Type type, QWidget& widget, const QPoint& at, Qt::MouseButtons down) {
   QWidget& window = *widget.window();
   const QPointF local = widget.mapTo(&window, at), global = widget.mapToGlobal(at);
-  QMouseEvent event(type, local, local, global, Qt::LeftButton, down, Qt::NoModifier);
+  const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+  QMouseEvent event(type, local, local, global, button, down, Qt::NoModifier);
   QApplication::sendEvent(window.windowHandle(), &event);
 }
 
@@ -31,9 +33,12 @@ QHeaderView& HeaderOf(QAbstractItemView& view) {
 
 }  // namespace
 
+// The mouse goes to the window's edge after the click, so that what was clicked does not stay lit.
 void Click(QWidget& widget, const QPoint& at) {
+  const QPointer<QWidget> window(widget.window());
   SendMouse(QEvent::MouseButtonPress, widget, at, Qt::LeftButton);
   SendMouse(QEvent::MouseButtonRelease, widget, at, Qt::NoButton);
+  if (window && window->isVisible()) SendMouse(QEvent::MouseMove, *window, window->rect().bottomLeft(), Qt::NoButton);
 }
 
 void Click(QWidget& widget) {
