@@ -1,10 +1,10 @@
 #pragma once
 
-#include <folvane/Export.h>
-
 #include <QString>
 #include <functional>
 #include <memory>
+
+#include <folvane/Export.h>
 
 namespace folvane {
 
@@ -14,10 +14,11 @@ class Translator;
 struct TableInfo;
 struct FetchedRows;
 
-/// The host's open database connection. Made by AdoptSqlite or AdoptOdbc; it never opens or closes the handle behind it,
-/// and the host keeps that handle open for as long as a window of the library is shown.
+/// The host's open database connection. Made by AdoptSqlite or AdoptOdbc; it never opens or closes the handle behind
+/// it, and the host keeps that handle open for as long as a window of the library is shown.
 ///
-/// Statements are written in the T-SQL flavour and put into the database's own dialect on the way. One statement a call.
+/// Statements are written in the T-SQL flavour and put into the database's own dialect on the way. One statement a
+/// call.
 class FOLVANE_EXPORT Connection {
  public:
   explicit Connection(std::unique_ptr<Driver> driver);

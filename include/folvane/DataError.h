@@ -1,10 +1,10 @@
 #pragma once
 
-#include <folvane/Export.h>
-
 #include <QByteArray>
 #include <QString>
 #include <exception>
+
+#include <folvane/Export.h>
 
 namespace folvane {
 
@@ -21,7 +21,8 @@ enum class DataErrorKind {
   Usage,           ///< the caller asked a record set for something it cannot give (no row, unknown field, closed)
 };
 
-/// The error of the data layer. Never crosses the event loop; an entry operation of the library may throw it to the host.
+/// The error of the data layer. Never crosses the event loop; an entry operation of the library may throw it to the
+/// host.
 class FOLVANE_EXPORT DataError : public std::exception {
  public:
   /// @param message   the server's text, or ours, in words for the user

@@ -15,7 +15,7 @@ namespace {
 void SayFileIsMissing() {
   const QString directory = ProgramDirectory();
   ShowMessage(QStringLiteral("帮助文件 ") + directory +
-                  QStringLiteral("\\\\help.chm 不存在\r\n请将 help.chm 文件拷贝到 ") + directory +
+                  QStringLiteral("\\help.chm 不存在\r\n请将 help.chm 文件拷贝到 ") + directory +
                   QStringLiteral(" 路径下。"),
               MessageFlag::Information, kSystemTitle);
 }

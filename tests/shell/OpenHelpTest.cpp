@@ -19,7 +19,7 @@ TEST_F(OpenHelpTest, SaysThatTheFileIsMissing) {
   Services().showHelp = [](QWidget*, const QString&, const QString&) { ADD_FAILURE() << "nothing to show"; };
   OpenHelp(nullptr, u"文件登记.htm"_s);
   const QString directory = directory_.Path();
-  EXPECT_EQ(boxes_.Last().text, u"帮助文件 "_s + directory + u"\\\\help.chm 不存在\r\n请将 help.chm 文件拷贝到 "_s +
+  EXPECT_EQ(boxes_.Last().text, u"帮助文件 "_s + directory + u"\\help.chm 不存在\r\n请将 help.chm 文件拷贝到 "_s +
                                     directory + u" 路径下。"_s);
   EXPECT_EQ(boxes_.Last().flags, 64);
   EXPECT_EQ(boxes_.Last().title, u"系统提示"_s);
