@@ -31,12 +31,6 @@ void TellMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 
 }  // namespace
 
-#if defined(__SANITIZE_ADDRESS__)
-/// PostgreSQL's ODBC driver leaves a few bytes behind at every connection.
-extern "C" const char* __lsan_default_suppressions();
-const char* __lsan_default_suppressions() { return "leak:psqlodbc"; }
-#endif
-
 int main(int argc, char** argv) {
   const QTemporaryDir home;
   PinSurroundings(home.path());
