@@ -76,6 +76,19 @@ const std::vector<StatementCase> kArchiveStatements{
      "Original_Text Where RecordID = '20020304101112000001' And FileOrder = '2'",
      {"附件<合并件>|4"},
      "Select Original_Name,FileOrder From Original_Text Where RecordID='20030101101112000003'"},
+    {"a volume's record",
+     "Select ArchiveNo From Ajml Where FondsNo = 'f1' And YearNo = '2002' And ItemNo = '2'",
+     {"F1-2002-0002"}},
+    {"an empty scope", "Select ArchiveNo From Ajml Where FondsNo = '' And YearNo = ''", {}},
+    {"the user's scope, kept",
+     "If Not ('F1'='F1') Select 'False' As Result,Count(1)as T from DynamicWindows Else Select 'True' As "
+     "Result,Count(1)as T From DynamicWindows",
+     {"True|4"}},
+    {"merged: an original of an absent place",
+     "Insert Into Original_Text Select ID,Original_Name+'<合并件>',Type,'x',Size,9 + 2,FilePath From "
+     "Original_Text Where RecordID = '20020304101112000001' And FileOrder = '9'",
+     {},
+     "Select ID From Original_Text Where RecordID='x'"},
 };
 
 }  // namespace folvane::test

@@ -83,6 +83,33 @@ const std::vector<StatementCase> kEntryStatements{
      "Select Controlindex,ControlType From SaveControls Where DataSource='Lwdj' And DataField='DocNo' And ControlType "
      "<> '3'",
      {}},
+    {"rights on a missing value",
+     "If Not ((Null='F1')) Select 'False' As Result,Count(1)as T from DynamicWindows Else Select 'True' As "
+     "Result,Count(1)as T From DynamicWindows",
+     {"True|4"}},
+    {"rights on dates and lists",
+     "If Not ('2002' In ('2001','2002 ') And Year('2002-03-04')=2002 And 'b' Between 'A' And 'C') Select 'False' As "
+     "Result,Count(1)as T from DynamicWindows Else Select 'True' As Result,Count(1)as T From DynamicWindows",
+     {"True|4"}},
+    {"rights on a text that is no number",
+     "If Not (('x'>5)) Select 'False' As Result,Count(1)as T from DynamicWindows Else Select 'True' As "
+     "Result,Count(1)as T From DynamicWindows",
+     {"error: Conversion"}},
+    {"rules of a form",
+     "Select * From SaveCollect Where TableName='Lwdj' And ControlType <> 0 ",
+     {"Lwdj|0|RegID|登记号|1|1|大于|0|"}},
+    {"a rule looked for",
+     "Select CenterControlIndex From SaveCollect Where TableName='Lwdj' And CenterControlIndex=1",
+     {}},
+    {"a rule changed",
+     "Update SaveCollect Set FieldName='DocNo',ChnFieldName='文号',Relation='等于',CollectValue='1' Where "
+     "TableName='Lwdj' And CenterControlIndex=0",
+     {"DocNo|文号|等于|1"},
+     "Select FieldName,ChnFieldName,Relation,CollectValue From SaveCollect"},
+    {"rules deleted", "Delete From SaveCollect Where TableName='lwdj'", {}, "Select * From SaveCollect"},
+    {"all words", "Select DicID,Name From AssistantDicKey", {"d1|沪政发", "d1|沪府", "d2|通知"}},
+    {"all dictionaries", "Select Name,DicID From AssistantDictionary", {"机关代字|d1", "题名词|d2"}},
+    {"a format's caption", "Select ChnFieldName from DynamicWindows Where TableName='Lwdj'", {"题名", "归档状态"}},
 };
 
 }  // namespace folvane::test

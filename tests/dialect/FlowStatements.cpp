@@ -71,6 +71,38 @@ const std::vector<StatementCase> kFlowStatements{
     {"heads by a query",
      "Select Register_ID from PassRead_File Where PassRead_File.PassRead_Status = '未传阅'",
      {"h1"}},
+    {"heads of distribution", "select Register_ID,Distribute_Status from Distribute_File", {"h2|未分发"}},
+    {"heads of handling", "select Register_ID,Transact_Status from TranSact_File", {"h3|未处理"}},
+    {"a head of distribution changed",
+     "Update Distribute_File set Distribute_ID='x2',Distribute_Status='已分发',Distribute_Range='全处',File_Unit='甲',"
+     "Note = '' where Register_ID='h2'",
+     {"x2|已分发|全处|甲|"},
+     "Select Distribute_ID,Distribute_Status,Distribute_Range,File_Unit,Note From Distribute_File"},
+    {"a head of handling changed",
+     "Update Transact_File set Transact_ID='t2',Transact_Status='处理中',File_Unit='甲',Note = '注' where "
+     "Register_ID='h3'",
+     {"t2|处理中|甲|注"},
+     "Select Transact_ID,TranSact_Status,File_Unit,Note From Transact_File"},
+    {"a handling added",
+     "Insert Into TranSact_Details (File_ID,Register_ID,Lead_Unit,Send_Date,Quantity,Transact_Mode,Is_Back,Back_Date,"
+     "Real_BackDate,Back_Quantity,Transact_Result,Is_Hasten) Values ('2','h3','二处','2002-03-04',3,'会签','否',null,"
+     "null,0,'','1')",
+     {"2|3|1"},
+     "select File_ID,Quantity,Is_Hasten from TranSact_Details where Register_ID='h3' and Is_Hasten='1'"},
+    {"a handling of a node, dated as the system writes dates",
+     "Insert Into Transact_Details (File_ID,Register_ID,Lead_Unit,Send_Date,Is_Back,Is_Hasten) Values "
+     "('3','h3','A,B','2002/3/4','否','0')",
+     {"A,B"},
+     "Select Lead_Unit From Transact_Details Where File_ID='3'"},
+    {"a distribution deleted",
+     "Delete From Distribute_Details where Register_ID='h2' and File_ID='1'",
+     {},
+     "select * from Distribute_Details where Register_ID='h2'"},
+    {"handlings deleted",
+     "Delete From Transact_Details Where Register_ID = 'h3'",
+     {},
+     "Select * From TranSact_Details"},
+    {"the route of a head", "Select File_ID,CurrNode,IsCreateDetails From Curr_Flow where File_ID='H1'", {"h1|1|0"}},
 };
 
 }  // namespace folvane::test

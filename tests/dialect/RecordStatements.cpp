@@ -55,6 +55,21 @@ const std::vector<StatementCase> kRecordStatements{
      "Select ControlType,ControlIndex From SaveControls Where DataField='FileStatus' And "
      "DataSource='Lwdj'",
      {"2|1"}},
+    {"the root of the originals made",
+     "Insert Into Report_Info(Report_Id,Info_Type) Values('x','')",
+     {"|<null>"},
+     "Select Info_Type,note From Report_Info Where Report_Id='x'"},
+    {"an original deleted",
+     "Delete From Original_Text Where ID = 'o1' And RecordID = '20020304101112000001'",
+     {"o2"},
+     "Select ID From Original_Text"},
+    {"originals of several records deleted",
+     "Delete From Original_Text Where RecordID  IN ('20020304101112000001','20020305101112000002')",
+     {},
+     "Select ID From Original_Text"},
+    {"fields barred by rights",
+     "Select FieldName From UserPopedomScopeDetails Where UserId = '7' And PopTableName = 'Lwdj'",
+     {"FondsNo"}},
 };
 
 }  // namespace folvane::test

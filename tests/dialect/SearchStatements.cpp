@@ -79,6 +79,16 @@ const std::vector<StatementCase> kSearchStatements{
     {"fields by name",
      "select chnfieldname,fieldname from Dynamicwindows where tablename='Lwdj' order by fieldname ",
      {"题名|Amaintitle", "归档状态|FileStatus"}},
+    {"conditions of a table deleted",
+     "Delete From FindCirSave Where TableName='lwdj'",
+     {},
+     "Select * From FindCirSave"},
+    {"the other connector of the first",
+     "Update FindCirSave Set AndOrRelation='' Where OrderNo='2'",
+     {"", ""},
+     "Select AndorRelation From FindCirSave"},
+    {"fields of a search deleted", "Delete From SimSearch Where TableName = 'Lwdj'", {}, "Select * from SimSearch"},
+    {"the greatest place, none", "Select Max(OrderNo) From SimSearch Where TableName = 'x'", {"<null>"}},
 };
 
 }  // namespace folvane::test

@@ -5,7 +5,7 @@
 
 namespace folvane::test {
 
-/// A statement of the T-SQL flavour over the tables of Fixture.cpp, and what SQL Server gives for it.
+/// A statement of the T-SQL flavour over the tables of Fixture.h and MixedTable.h, and what SQL Server gives for it.
 struct StatementCase {
   const char* name;
   const char* statement;
@@ -24,5 +24,9 @@ extern const std::vector<StatementCase> kFlowStatements;
 extern const std::vector<StatementCase> kArchiveStatements;
 extern const std::vector<StatementCase> kConditionStatements;
 extern const std::vector<StatementCase> kRefusedStatements;
+extern const std::vector<StatementCase> kTextStatements;
+extern const std::vector<StatementCase> kNumberStatements;
+extern const std::vector<StatementCase> kDateStatements;
+extern const std::vector<StatementCase> kFunctionStatements;
 
 }  // namespace folvane::test

@@ -3,6 +3,7 @@
 #include <folvane/DataError.h>
 
 #include "Fixture.h"
+#include "MixedTable.h"
 #include "StatementCase.h"
 #include "data/Recordset.h"
 
@@ -20,6 +21,8 @@ std::string KindName(DataErrorKind kind) {
       return "Conversion";
     case DataErrorKind::Constraint:
       return "Constraint";
+    case DataErrorKind::TooLong:
+      return "TooLong";
     default:
       return "other";
   }
@@ -60,6 +63,7 @@ class StatementTest : public OnEachDatabase {
   // Each case sees the tables as they were made; what it writes is rolled back.
   void RunAll(const std::vector<StatementCase>& cases) {
     FillTables(Database(), *Connected());
+    MakeMixedTable(Database());
     for (const StatementCase& given : cases) {
       SCOPED_TRACE(std::string(given.name) + ": " + given.statement);
       Transaction transaction(*Connected());
@@ -76,6 +80,10 @@ TEST_P(StatementTest, Flows) { RunAll(kFlowStatements); }
 TEST_P(StatementTest, Archiving) { RunAll(kArchiveStatements); }
 TEST_P(StatementTest, ConditionsOfAdministrators) { RunAll(kConditionStatements); }
 TEST_P(StatementTest, RefusedForms) { RunAll(kRefusedStatements); }
+TEST_P(StatementTest, Texts) { RunAll(kTextStatements); }
+TEST_P(StatementTest, Numbers) { RunAll(kNumberStatements); }
+TEST_P(StatementTest, Dates) { RunAll(kDateStatements); }
+TEST_P(StatementTest, Functions) { RunAll(kFunctionStatements); }
 
 FOLVANE_ON_EACH_DATABASE(StatementTest);
 

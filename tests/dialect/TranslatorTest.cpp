@@ -61,6 +61,60 @@ TEST_F(TranslatorTest, StatementsOfOneShapeShareATranslationAndDifferInTheirValu
   EXPECT_EQ(two.statement.parameters, (std::vector<QVariant>{QStringLiteral("2"), QStringLiteral("乙"), qlonglong(6)}));
 }
 
+TEST_F(TranslatorTest, QuotesWithinLiteralsAndNamesAndCommentsDoNotMixUpTheLiterals) {
+  Translator translator(DialectKind::Sqlite, lookup_);
+  for (const int number : {5, 6}) {
+    const QString statement = QStringLiteral(
+                                  "Insert Into files(ArchiveID,[Title],RegID) /* it's 1 */ Values(N'a''b',-- '2\n"
+                                  "'''',%1)")
+                                  .arg(number);
+    EXPECT_EQ(translator.Translate(statement).statement.parameters,
+              (std::vector<QVariant>{QStringLiteral("a'b"), QStringLiteral("'"), qlonglong(number)}));
+  }
+}
+
+TEST_F(TranslatorTest, AnInsertIsTranslatedOnceWhateverItsTextsAreLike) {
+  Translator translator(DialectKind::Sqlite, lookup_);
+  const QString insert = QStringLiteral("Insert Into files(ArchiveID,Title) Values('%1','%2')");
+  const QByteArray text = translator.Translate(insert.arg(QLatin1String("1"), QLatin1String("2"))).statement.text;
+  for (const char* title : {"", "abc", "50%", "a_b [c]", "ends with a blank ", "of more than sixteen characters"})
+    EXPECT_EQ(translator.Translate(insert.arg(QLatin1String("x"), QLatin1String(title))).statement.text, text) << title;
+}
+
+TEST_F(TranslatorTest, ASizeInTheTextIsNotTakenFromAnotherStatement) {
+  Translator translator(DialectKind::Sqlite, lookup_);
+  const QString select = QStringLiteral("Select Cast(Title As varchar(%1)) From files");
+  const QByteArray three = translator.Translate(select.arg(3)).statement.text;
+  EXPECT_NE(translator.Translate(select.arg(4)).statement.text, three);
+  EXPECT_EQ(translator.Translate(select.arg(3)).statement.text, three);
+}
+
+TEST_F(TranslatorTest, PatternsOfOneKindShareATranslation) {
+  Translator translator(DialectKind::Sqlite, lookup_);
+  const auto translated = [&](const char* pattern) {
+    return translator.Translate(QStringLiteral("Select * From files Where Title Like '%1'").arg(QLatin1String(pattern)))
+        .statement;
+  };
+  EXPECT_EQ(translated("%a%").text, translated("%[[]b!%").text);
+  EXPECT_EQ(translated("%[[]b!%").parameters[0], QVariant(QStringLiteral("%[b!!%")));
+  EXPECT_NE(translated("%[ab]%").text, translated("%a%").text);
+}
+
+TEST_F(TranslatorTest, APatternWithoutClassesStaysTheDatabasesOwnLike) {
+  const QString text = Text(DialectKind::Sqlite, QStringLiteral("Select * From files Where Title Like '%[[]a%'"));
+  EXPECT_FALSE(text.contains(QLatin1String("folvane_like"))) << text.toStdString();
+}
+
+TEST_F(TranslatorTest, MoreShapesThanAreKeptDoNotHurt) {
+  Translator translator(DialectKind::Sqlite, lookup_);
+  QString list = QStringLiteral("'1'");
+  for (std::size_t i = 1; i < 1200; ++i) {
+    list += QStringLiteral(",'1'");
+    const QString statement = QStringLiteral("Insert Into files(Title) Values('x'+Coalesce(%1))").arg(list);
+    ASSERT_EQ(translator.Translate(statement).statement.parameters.size(), i + 2);
+  }
+}
+
 TEST_F(TranslatorTest, ALiteralOfAnotherClassIsTranslatedAnew) {
   Translator translator(DialectKind::Sqlite, lookup_);
   const Plan key = translator.Translate(QStringLiteral("Select * From files Where ArchiveID = '20020304'"));
@@ -145,6 +199,19 @@ class KeyLookup : public OnEachDatabase {
 TEST_P(KeyLookup, ARecordIsFoundThroughTheIndex) {
   const QString plan = PlanOf("Select * From Lwdj Where ArchiveID = '20020304101112000001'");
   EXPECT_TRUE(plan.contains(OnSqlite() ? QLatin1String("SEARCH") : QLatin1String("Index"))) << plan.toStdString();
+}
+
+TEST_P(KeyLookup, OriginalsAreFoundThroughTheIndexOfTheirRecords) {
+  Database().Native(QStringLiteral("CREATE INDEX OriginalsOfRecords ON Original_Text (RecordID)"));
+  const QString plan = PlanOf("Select * From Original_Text Where RecordID = '20020304101112000001'");
+  EXPECT_TRUE(plan.contains(QLatin1String("OriginalsOfRecords"), Qt::CaseInsensitive)) << plan.toStdString();
+}
+
+TEST_P(KeyLookup, AYearOfTextDatesIsFoundThroughTheIndex) {
+  if (!OnSqlite()) GTEST_SKIP() << "PostgreSQL orders the index by the database's collation";
+  Database().Native(QStringLiteral("CREATE INDEX LwdjByDate ON Lwdj (CreatedDate)"));
+  const QString plan = PlanOf("Select * From Lwdj Where CreatedDate Between '2002-01-01' And '2002-12-31'");
+  EXPECT_TRUE(plan.contains(QLatin1String("LwdjByDate"))) << plan.toStdString();
 }
 
 TEST_P(KeyLookup, RecordsOfAListAreFoundThroughTheIndex) {

@@ -57,7 +57,6 @@ struct Dialect {
 
   const char* like;
   const char* likeTrimmed;      ///< the value's trailing blanks do not count
-  const char* likeEither;       ///< with or without them
   const char* likeClass;        ///< a pattern with classes
   const char* likeClassEscape;  ///< the same with an escape sign; "" where likeClass takes every pattern
   Transform classPattern;

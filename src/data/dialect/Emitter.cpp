@@ -34,7 +34,10 @@ class Emitter {
   }
 
   void Put(const Query& query) {
-    if (query.wrapped) Put("SELECT * FROM (");
+    if (query.wrapped) {
+      PutSelectWord(false, query.distinctAround);
+      Put("* FROM (");
+    }
     const bool isUnion = query.next != nullptr;
     for (const Query* part = &query; part; part = part->next.get()) {
       const bool apart = isUnion && part->top;
@@ -174,12 +177,7 @@ class Emitter {
 
   void PutSelect(const Query& query) {
     for (const TableReference& table : query.tables) known_.push_back(&table);
-    Put(query.distinct ? "SELECT DISTINCT " : "SELECT ");
-    if (!query.distinctOn.empty()) {
-      Put("ON (");
-      PutList(query.distinctOn);
-      Put(") ");
-    }
+    PutSelectWord(query.distinct, query.distinctOn);
     for (std::size_t i = 0; i < query.items.size(); ++i) {
       if (i > 0) Put(",");
       Put(*query.items[i].value);
@@ -193,6 +191,13 @@ class Emitter {
     }
     PutCondition(" HAVING ", query.having);
     known_.resize(known_.size() - query.tables.size());
+  }
+
+  void PutSelectWord(bool distinct, const std::vector<ExpressionPtr>& distinctOn) {
+    if (distinctOn.empty()) return Put(distinct ? "SELECT DISTINCT " : "SELECT ");
+    Put("SELECT DISTINCT ON (");
+    PutList(distinctOn);
+    Put(") ");
   }
 
   void PutTables(const Query& query) {

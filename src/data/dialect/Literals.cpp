@@ -56,9 +56,8 @@ QVariant NumberValue(const QString& text, Transform transform) {
 }  // namespace
 
 QString Literal::ValueIn(const QString& statement) const {
-  QString text = statement.mid(begin, length);
-  if (hasDoubledQuotes) text.replace(QLatin1String("''"), QLatin1String("'"));
-  return text;
+  if (!hasDoubledQuotes) return QString::fromRawData(statement.constData() + begin, length);
+  return statement.mid(begin, length).replace(QLatin1String("''"), QLatin1String("'"));
 }
 
 QVariant ValueOf(const Literal& literal, const QString& statement, Transform transform, int limit) {

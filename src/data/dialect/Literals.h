@@ -27,10 +27,12 @@ struct Literal {
   qsizetype begin = 0, length = 0;  ///< without the quotes
 
   bool Has(Trait trait) const { return traits & trait; }
+  /// The value, in the statement's own memory where it stands there as it is.
   QString ValueIn(const QString& statement) const;
 };
 
-/// The value that a transformed literal stands for. @throws DataError Conversion, TooLong
+/// The value that a transformed literal stands for; it may lie in the statement's text and goes with it.
+/// @throws DataError Conversion, TooLong
 QVariant ValueOf(const Literal& literal, const QString& statement, Transform transform, int limit);
 
 /// The same as a piece of a statement, quoted for PostgreSQL.

@@ -49,7 +49,6 @@ const Dialect kSqliteDialect{
 
     .like = "($1 LIKE $2 ESCAPE '!')",
     .likeTrimmed = "(rtrim($1) LIKE $2 ESCAPE '!')",
-    .likeEither = "($1 LIKE $2 ESCAPE '!' OR rtrim($1) LIKE $2 ESCAPE '!')",
     .likeClass = "folvane_like($2,$1)",
     .likeClassEscape = "folvane_like($2,$1,$3)",
     .classPattern = Transform::Plain,

@@ -118,7 +118,9 @@ struct Query {
   std::vector<OrderItem> orderBy;  ///< of the first query of a union: the order of the whole
   QByteArray unionWord;            ///< "UNION" or "UNION ALL" when another query follows
   QueryPtr next;
-  bool wrapped = false;  ///< the order stands around the query, which dialects want that order by more than names
+  /// A union in brackets, told apart and ordered from outside, by more than its columns' names.
+  bool wrapped = false;
+  std::vector<ExpressionPtr> distinctAround;  ///< as distinctOn, around the brackets
 };
 
 struct Assignment {

@@ -126,8 +126,10 @@ class Translator::Impl {
     }
     translated.pinned = parsed.structural;
     translated.pinned.insert(translated.pinned.end(), context.Pinned().begin(), context.Pinned().end());
-    for (const int literal : translated.pinned)
-      translated.pinnedValues << shape_.Literals()[static_cast<std::size_t>(literal)].ValueIn(text);
+    for (const int literal : translated.pinned) {
+      const QString value = shape_.Literals()[static_cast<std::size_t>(literal)].ValueIn(text);
+      translated.pinnedValues << QString(value.constData(), value.size());  // outlives the statement
+    }
     return translated;
   }
 

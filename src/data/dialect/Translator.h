@@ -29,6 +29,7 @@ class Translator {
   Translator(DialectKind dialect, TableLookup tables);
   ~Translator();
 
+  /// The plan's values may lie in the statement's text: it is to be run before the text goes.
   /// @throws DataError Untranslatable naming the form that has no counterpart, or Conversion for a literal that cannot
   /// be compared with its column
   Plan Translate(const QString& statement);

@@ -26,13 +26,13 @@ ExpressionPtr Stored(const ExpressionPtr& value, const ColumnInfo* column, Rewri
   return stored;
 }
 
-// Without a list of columns the values stand for all that the database does not number itself.
+// Without a list of columns the values stand for all that the database does not number itself, or for all.
 void NameColumns(Statement& statement, std::size_t values) {
   const TableInfo* table = statement.target.info;
   if (!table || (!statement.assignments.empty() && !statement.assignments[0].column.isEmpty())) return;
   std::vector<const ColumnInfo*> columns;
   for (const ColumnInfo& column : table->columns)
-    if (!column.autoNumber) columns.push_back(&column);
+    if (!column.autoNumber || values == table->columns.size()) columns.push_back(&column);
   if (columns.size() != values) return;
   statement.assignments.resize(values);
   for (std::size_t i = 0; i < values; ++i) {

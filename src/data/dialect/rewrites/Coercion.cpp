@@ -29,6 +29,16 @@ ExpressionPtr Constant(const QString& text) {
   return value;
 }
 
+ExpressionPtr NameOf(const SelectItem& item) {
+  const bool isName = item.value->kind == Expression::Name;
+  if (item.alias.isEmpty() && !isName) return nullptr;
+  ExpressionPtr name = MakeExpression(Expression::Name);
+  name->text = item.alias.isEmpty() ? item.value->text : item.alias;
+  name->column = item.alias.isEmpty() ? item.value->column : nullptr;
+  name->type = item.value->type;
+  return name;
+}
+
 const Expression& Bare(const Expression& value) {
   return value.kind == Expression::Group ? Bare(*value.parts[0]) : value;
 }

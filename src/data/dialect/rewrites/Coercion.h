@@ -9,6 +9,8 @@ ExpressionPtr Native(const char* form, std::vector<ExpressionPtr> parts, ValueTy
 /// A text that goes into the statement as it is.
 ExpressionPtr Constant(const QString& text);
 
+/// The column of a result that an item makes, as a name of its own; nullptr for an item without one.
+ExpressionPtr NameOf(const SelectItem& item);
 /// The expression without the brackets around it.
 const Expression& Bare(const Expression& value);
 bool IsTextLiteral(const Expression& value);

@@ -34,10 +34,42 @@ void ChooseOne(ExpressionPtr& value, const Expression& group, const char* form) 
   for (ExpressionPtr& part : value->parts) ChooseOne(part, group, form);
 }
 
-QString NameOf(const SelectItem& item) {
-  if (!item.alias.isEmpty()) return item.alias;
-  const Expression& value = *item.value;
-  return value.kind == Expression::Name || value.kind == Expression::Native ? value.text : QString();
+bool HasText(const Query& query) {
+  for (const SelectItem& item : query.items)
+    if (item.value->type == ValueType::Text) return true;
+  return false;
+}
+
+// A column's collation tells its texts apart.
+void CollateItems(Query& query, RewriteContext& context) {
+  for (SelectItem& item : query.items) {
+    if (item.value->type != ValueType::Text) continue;
+    if (const ExpressionPtr name = NameOf(item)) item.alias = name->text;
+    item.value = Fold(item.value, context);
+  }
+}
+
+// Rows are told apart by other values than they show.
+void DistinguishItems(Query& query, RewriteContext& context) {
+  for (const SelectItem& item : query.items) {
+    if (item.value->kind == Expression::Star) return query.distinctOn.clear();
+    query.distinctOn.push_back(item.value->type == ValueType::Text ? Fold(item.value, context) : item.value);
+  }
+}
+
+// The same around a union, over the names of its columns.
+void DistinguishUnion(Query& query, RewriteContext& context) {
+  std::vector<ExpressionPtr> names;
+  for (const SelectItem& item : query.items) {
+    const ExpressionPtr name = NameOf(item);
+    if (!name) return;
+    names.push_back(name->type == ValueType::Text ? Fold(name, context) : name);
+  }
+  for (const Query* part = &query; part->next; part = part->next.get())
+    if (part->unionWord != "UNION") return;
+  for (Query* part = &query; part->next; part = part->next.get()) part->unionWord = "UNION ALL";
+  query.distinctAround = std::move(names);
+  query.wrapped = true;
 }
 
 }  // namespace
@@ -63,23 +95,14 @@ void RewriteGrouping(Query& query, RewriteContext& context) {
 }
 
 void RewriteDistinct(Query& query, RewriteContext& context) {
-  const bool joinsDistinct = query.unionWord == "UNION" && context.Dialect().distinctByColumn;
-  if (!query.distinct && !joinsDistinct) return;
-  bool hasText = false;
-  for (const SelectItem& item : query.items) hasText = hasText || item.value->type == ValueType::Text;
-  if (!hasText) return;
-  if (!context.Dialect().distinctByColumn) {
-    for (const SelectItem& item : query.items) {
-      if (item.value->kind == Expression::Star) return query.distinctOn.clear();
-      query.distinctOn.push_back(item.value->type == ValueType::Text ? Fold(item.value, context) : item.value);
-    }
-    return;
-  }
-  for (SelectItem& item : query.items) {
-    if (item.value->type != ValueType::Text) continue;
-    item.alias = NameOf(item);
-    item.value = Fold(item.value, context);
-  }
+  const bool unites = query.unionWord == "UNION";
+  if ((!query.distinct && !unites) || !HasText(query)) return;
+  if (context.Dialect().distinctByColumn)
+    CollateItems(query, context);
+  else if (unites)
+    DistinguishUnion(query, context);
+  else
+    DistinguishItems(query, context);
 }
 
 }  // namespace folvane::sql

@@ -8,18 +8,19 @@ namespace folvane::sql {
 
 namespace {
 
-const char* FormForEnd(bool endsOpen, bool endsAnywhere, const Dialect& dialect) {
-  return endsOpen ? dialect.like : endsAnywhere ? dialect.likeEither : dialect.likeTrimmed;
+// Blanks at the end of a pattern, and a last sign that may be one, count against the value's own: the plain Like of the
+// databases cannot tell.
+bool NeedsMatcher(const Expression& pattern, const RewriteContext& context) {
+  return context.Has(pattern, Literal::HasClass) || context.Has(pattern, Literal::EndsAnywhere);
 }
 
 ExpressionPtr ByTraits(const ExpressionPtr& text, const Expression& pattern, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
-  if (context.Has(pattern, Literal::HasClass))
+  if (NeedsMatcher(pattern, context))
     return Native(dialect.likeClass, {text, Transformed(pattern, dialect.classPattern, ValueType::Text)},
                   ValueType::Condition);
-  const char* form =
-      FormForEnd(context.Has(pattern, Literal::EndsOpen), context.Has(pattern, Literal::EndsAnywhere), dialect);
-  return Native(form, {text, Transformed(pattern, Transform::Pattern, ValueType::Text)}, ValueType::Condition);
+  return Native(context.Has(pattern, Literal::EndsOpen) ? dialect.like : dialect.likeTrimmed,
+                {text, Transformed(pattern, Transform::Pattern, ValueType::Text)}, ValueType::Condition);
 }
 
 // An escape sign changes what the pattern says; both are rare enough to be read anew each time.
@@ -29,15 +30,10 @@ ExpressionPtr WithEscape(const ExpressionPtr& text, const Expression& pattern, c
     Refuse(QStringLiteral("Escape 前后不是文本常量"));
   const Dialect& dialect = context.Dialect();
   const QString written = context.Pin(pattern);
-  const LikePattern read = ReadPattern(written, escape.text[0]);
-  if (!read.hasClass) {
-    const bool escapedEnd = read.native.size() > 1 && read.native[read.native.size() - 2] == kPatternEscape;
-    const char* form = FormForEnd(written.endsWith(u'%') && !escapedEnd, written.endsWith(u'_'), dialect);
-    return Native(form, {text, Constant(read.native)}, ValueType::Condition);
-  }
   if (*dialect.likeClassEscape)
     return Native(dialect.likeClassEscape, {text, Constant(written), Constant(escape.text)}, ValueType::Condition);
-  return Native(dialect.likeClass, {text, Constant(RegexOf(read))}, ValueType::Condition);
+  return Native(dialect.likeClass, {text, Constant(RegexOf(ReadPattern(written, escape.text[0])))},
+                ValueType::Condition);
 }
 
 }  // namespace

@@ -47,23 +47,23 @@ void Order(OrderItem& item, const Query& query, RewriteContext& context) {
   item.value = Fold(shown, context);
 }
 
+// The order of a union stands around it, over its columns' names.
+void OrderUnion(OrderItem& item, const Query& query, RewriteContext& context) {
+  item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
+  if (item.value->kind == Expression::Number) {
+    const auto place = static_cast<std::size_t>(context.Pin(*item.value).toInt());
+    const ExpressionPtr name = place >= 1 && place <= query.items.size() ? NameOf(query.items[place - 1]) : nullptr;
+    item.value = name ? name : Ordinal(*item.value);
+  }
+  if (item.value->type == ValueType::Text) item.value = Fold(item.value, context);
+}
+
 }  // namespace
 
 void RewriteOrder(Query& query, RewriteContext& context) {
-  for (OrderItem& item : query.orderBy) {
-    const bool named = query.next && context.Dialect().ordersUnionsByName;
-    if (named && item.value->kind == Expression::Number) {
-      context.Pin(*item.value);
-      item.value = Ordinal(*item.value);
-      item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
-    } else if (named) {
-      query.wrapped = true;
-      item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
-      if (item.value->type == ValueType::Text) item.value = Fold(item.value, context);
-    } else {
-      Order(item, query, context);
-    }
-  }
+  const bool aroundUnion = query.next && context.Dialect().ordersUnionsByName && !query.orderBy.empty();
+  if (aroundUnion) query.wrapped = true;
+  for (OrderItem& item : query.orderBy) aroundUnion ? OrderUnion(item, query, context) : Order(item, query, context);
 }
 
 }  // namespace folvane::sql

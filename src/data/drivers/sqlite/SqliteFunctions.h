@@ -6,7 +6,7 @@ namespace folvane {
 
 /// Registers what translated statements call by name: the collation FOLVANE (ASCII letters alike, trailing blanks
 /// without meaning) and the functions that begin with folvane_. They stay with the handle. A text that is no number or
-/// no date is an error with the code SQLITE_MISMATCH, a division by zero one with SQLITE_ERROR.
+/// no date and a division by zero are errors with the code SQLITE_MISMATCH.
 /// @throws DataError
 void RegisterSqliteFunctions(sqlite3* database);
 

@@ -61,6 +61,7 @@ void Str(sqlite3_context* context, int count, sqlite3_value** values) {
 bool FailsByZero(sqlite3_context* context, sqlite3_value* divisor) {
   if (sqlite3_value_double(divisor) != 0) return false;
   Fail(context, QStringLiteral("除数是零。"));
+  sqlite3_result_error_code(context, SQLITE_MISMATCH);
   return true;
 }
 
