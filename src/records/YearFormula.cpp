@@ -2,44 +2,26 @@
 
 #include <folvane/HostServices.h>
 
-#include "base/IgnoreErrors.h"
-#include "base/ProfileFile.h"
 #include "base/ProgramDirectory.h"
+#include "base/TableProfile.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kSection = u"YearFormula"_s;
-const QString kNone = u"0"_s;
-constexpr int kBufferSize = 20;
-
 bool Is(const QString& field, const char* name) { return field.compare(QLatin1String(name), Qt::CaseInsensitive) == 0; }
-
-QStringList DefaultLines(const QString& table) {
-  return {u"#--------------------------------------------------------------"_s,
-          u"# 自定义字段显示数据"_s,
-          u"#要求：表中含有该字段,字段名用英文名！"_s,
-          QString(),
-          u"[YearFormula]"_s,
-          table + u"=0"_s};
-}
 
 }  // namespace
 
 QString YearFormulaPath() { return ProgramFile(u"YearFormula.Ini"_s); }
 
 QString ReadYearFormula(const QString& table) {
-  const ProfileFile profile(YearFormulaPath());
-  // A directory that nobody may write to costs the line in the file, not the window.
-  if (!profile.Exists()) {
-    IgnoreErrors([&] { profile.Create(DefaultLines(table)); });
-    return kNone;
-  }
-  const QString field = profile.Read(kSection, table, QString(), kBufferSize);
-  if (!field.isEmpty()) return field;
-  IgnoreErrors([&] { profile.Write(kSection, table, kNone); });
-  return kNone;
+  const TableProfile profile{YearFormulaPath(),
+                             u"YearFormula"_s,
+                             {u"#--------------------------------------------------------------"_s,
+                              u"# 自定义字段显示数据"_s, u"#要求：表中含有该字段,字段名用英文名！"_s, QString()},
+                             20};
+  return profile.Read(table);
 }
 
 QString SecondLevelFilter(const QString& field, const QString& value) {
