@@ -1,0 +1,75 @@
+#include "entry/DictionaryWriteBack.h"
+
+#include <QMap>
+#include <QPair>
+#include <QSet>
+
+#include "base/KeyMaker.h"
+#include "data/Recordset.h"
+#include "shell/CommonRoutines.h"
+#include "shell/SharedState.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+// The dictionaries as they were when it began, and what it added to them since.
+class WriteBack {
+ public:
+  explicit WriteBack(const QString& table) {
+    design_.Open(u"Select FieldName,AuxiDictDetails From DynamicWindows Where TableName = '"_s + table + u"'"_s,
+                 SharedConnection());
+    dictionaries_.Open(u"Select Name,DicID From AssistantDictionary"_s, SharedConnection());
+    entries_.Open(u"Select DicID,Name From AssistantDicKey"_s, SharedConnection());
+  }
+
+  void Write(const ComboEntries& combo) {
+    const QString id = Dictionary(combo.dataField);
+    for (const QString& entry : combo.entries) {
+      if (!HasEntry(id, entry)) AddEntry(id, entry);
+    }
+  }
+
+ private:
+  QString Dictionary(const QString& field) {
+    design_.SetFilter(u"FieldName = '"_s + EscapeSql(field) + u"'"_s);
+    const QString name = design_.EOF_() ? QString() : design_[u"AuxiDictDetails"_s].Text();
+    dictionaries_.SetFilter(u"Name = '"_s + EscapeSql(name) + u"'"_s);
+    if (!dictionaries_.EOF_()) return dictionaries_[u"DicID"_s].Text();
+    if (!made_.contains(name)) made_.insert(name, MakeDictionary(name));
+    return made_.value(name);
+  }
+
+  static QString MakeDictionary(const QString& name) {
+    const QString id = CreateName();
+    SharedConnection()->Execute(u"Insert Into AssistantDictionary(DicID,Name,ClassType,IsSystem) Values('"_s + id +
+                                u"','"_s + EscapeSql(name) + u"','2 - 字符型','0')"_s);
+    return id;
+  }
+
+  bool HasEntry(const QString& id, const QString& entry) {
+    if (added_.contains({id, entry})) return true;
+    entries_.SetFilter(u"Name = '"_s + EscapeSql(entry) + u"' And DicID = '"_s + id + u"'"_s);
+    return !entries_.EOF_();
+  }
+
+  void AddEntry(const QString& id, const QString& entry) {
+    SharedConnection()->Execute(u"Insert Into AssistantDicKey(DicID,Name,IsSystem) Values('"_s + id + u"','"_s +
+                                EscapeSql(entry) + u"','0')"_s);
+    added_.insert({id, entry});
+  }
+
+  Recordset design_, dictionaries_, entries_;
+  QMap<QString, QString> made_;
+  QSet<QPair<QString, QString>> added_;
+};
+
+}  // namespace
+
+void WriteBackDictionaries(const QString& table, const std::vector<ComboEntries>& combos) {
+  if (combos.empty()) return;
+  WriteBack writeBack(table);
+  for (const ComboEntries& combo : combos) writeBack.Write(combo);
+}
+
+}  // namespace folvane

@@ -1,0 +1,88 @@
+#include "entry/FieldChecks.h"
+
+#include <algorithm>
+
+#include "base/CodePage.h"
+#include "base/TextTests.h"
+#include "forms/LimitText.h"
+#include "shell/Messages.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kDateLength = 8;
+const QString kNotSaved = u"当前数据保存失败，原因在于："_s;
+
+CheckFailure Failure(const QString& reason, const ControlId& control) {
+  return {kNotSaved + reason, MessageFlag::Information, control};
+}
+
+int LimitOf(const ShownField& field) {
+  const std::optional<int> limit = LimitIn(field.limitText);
+  if (!limit) throw NumberError(u"类型不匹配：“"_s + field.limitText + u"”中没有长度"_s);
+  return *limit;
+}
+
+std::optional<CheckFailure> CheckRequired(const ShownField& field) {
+  if (!field.text.isEmpty()) return {};
+  return Failure(u"“"_s + field.caption + u"”字段值不能为空！请输入数据！"_s, field.control);
+}
+
+std::optional<CheckFailure> CheckFixedLength(const ShownField& field) {
+  if (field.control.type == ControlKind::DTP) return {};
+  const bool isDate = field.control.type == ControlKind::DTP_Arch;
+  const int wanted = isDate ? kDateLength : LimitOf(field);
+  const int length = isDate ? int(field.text.size()) : ByteLength(field.text);
+  if (length == wanted || length == 0) return {};
+  return Failure(u"“"_s + field.caption + u"”字段值必须为"_s + QString::number(wanted) + u"个字符，请重新输入!"_s,
+                 field.control);
+}
+
+// Fields that were not built, of a kind that the form does not know, are passed over.
+template <class Check>
+std::optional<CheckFailure> FirstFailure(const ShownFields& fields, const std::vector<ControlId>& list, Check check) {
+  for (const ControlId& control : list) {
+    const ShownField* field = FindField(fields, control);
+    if (!field) continue;
+    if (auto failure = check(*field)) return failure;
+  }
+  return {};
+}
+
+bool IsBadDate(const QString& text) {
+  const QString month = text.mid(4, 2), day = text.right(2);
+  const QString date = text.left(4) + u'-' + month + u'-' + day;
+  return !IsDate(date) && month != u"00" && day != u"00";
+}
+
+}  // namespace
+
+const ShownField* FindField(const ShownFields& fields, const ControlId& control) {
+  const auto found =
+      std::find_if(fields.begin(), fields.end(), [&](const ShownField& field) { return field.control == control; });
+  return found == fields.end() ? nullptr : &*found;
+}
+
+std::optional<CheckFailure> CheckData(const ShownFields& fields, const EntryLayout& layout) {
+  if (auto failure = FirstFailure(fields, layout.RequiredList, CheckRequired)) return failure;
+  return FirstFailure(fields, layout.FixedLengthList, CheckFixedLength);
+}
+
+std::optional<CheckFailure> CheckArchiveDates(const ShownFields& fields) {
+  const ShownField* first = nullptr;
+  for (const ShownField& field : fields) {
+    if (field.control.type != ControlKind::DTP_Arch || field.text.size() != kDateLength || !IsBadDate(field.text))
+      continue;
+    if (!first || field.control.index < first->control.index) first = &field;
+  }
+  if (!first) return {};
+  return Failure(u"您输入的日期不合法！请重新输入！"_s, first->control);
+}
+
+QString OneLine(const QString& text) {
+  QString line = QString(text).remove(u'\n').trimmed();
+  return line.remove(u'\r').trimmed();
+}
+
+}  // namespace folvane
