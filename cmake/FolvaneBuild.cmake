@@ -28,6 +28,18 @@ if(FOLVANE_SANITIZE)
   target_link_options(folvane_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# folvane_precompiled(NAME HEADERS header... LINKS target...)
+#
+# A precompiled header that targets share by REUSE_FROM: each making its own would read all of Qt as often.
+function(folvane_precompiled name)
+  cmake_parse_arguments(arg "" "" "HEADERS;LINKS" ${ARGN})
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp CONTENT "// Only for its precompiled header.\n")
+  add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+  target_link_libraries(${name} PRIVATE folvane_options ${arg_LINKS})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()
+
 # folvane_folder(NAME [WIDGETS] [DEPENDS target...])
 #
 # Makes the library folvane_NAME of all sources in and below the calling folder. WIDGETS precompiles the Qt Widgets
@@ -42,23 +54,21 @@ function(folvane_folder name)
   target_link_libraries(folvane_${name} PUBLIC folvane_options Qt6::Core ${arg_DEPENDS})
   if(arg_WIDGETS)
     target_link_libraries(folvane_${name} PUBLIC Qt6::Widgets Qt6::Svg)
-    target_precompile_headers(folvane_${name} PRIVATE <QtWidgets/QtWidgets>)
+    target_precompile_headers(folvane_${name} REUSE_FROM folvane_widgets_pch)
   endif()
 endfunction()
 
-# folvane_test(NAME [WIDGETS] [DEPENDS target...])
+# folvane_test(NAME [DEPENDS target...])
 #
 # Makes the GoogleTest program test_NAME of all sources in the calling folder and the test NAME, which runs it beside a
 # PostgreSQL server.
 function(folvane_test name)
-  cmake_parse_arguments(arg "WIDGETS" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_executable(test_${name} ${sources})
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(test_${name} PRIVATE ${arg_DEPENDS} folvane_testsupport folvane_options)
-  if(arg_WIDGETS)
-    target_precompile_headers(test_${name} PRIVATE <QtWidgets/QtWidgets> <QtTest/QtTest> <gtest/gtest.h>)
-  endif()
+  target_precompile_headers(test_${name} REUSE_FROM folvane_tests_pch)
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-postgres $<TARGET_FILE:test_${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
