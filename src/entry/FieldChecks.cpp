@@ -1,7 +1,5 @@
 #include "entry/FieldChecks.h"
 
-#include <algorithm>
-
 #include "base/CodePage.h"
 #include "base/TextTests.h"
 #include "forms/LimitText.h"
@@ -57,12 +55,6 @@ bool IsBadDate(const QString& text) {
 }
 
 }  // namespace
-
-const ShownField* FindField(const ShownFields& fields, const ControlId& control) {
-  const auto found =
-      std::find_if(fields.begin(), fields.end(), [&](const ShownField& field) { return field.control == control; });
-  return found == fields.end() ? nullptr : &*found;
-}
 
 std::optional<CheckFailure> CheckData(const ShownFields& fields, const EntryLayout& layout) {
   if (auto failure = FirstFailure(fields, layout.RequiredList, CheckRequired)) return failure;
