@@ -46,7 +46,9 @@ void IncomingRecords::WriteYear(int year, int begin, int end) {
     const bool intoVolume = archived.Next();
     Add(letter, StatusOf(year, intoVolume), i >= total - std::min(total / 3, kWithSheets));
     const auto originals = around_.originals.Attach(letter, i >= total - kWithFiles);
-    if (intoVolume) volumes_.Take(letter, originals);
+    around_.recordDone();
+    if (!intoVolume) continue;
+    volumes_.Take(letter, originals);
     around_.recordDone();
   }
 }

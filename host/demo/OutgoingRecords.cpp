@@ -26,7 +26,14 @@ const QHash<QString, QStringList> kWords{{u"通知"_s, {u"青政发"_s, u"青政
                                          {u"请示"_s, {u"青政报"_s}},
                                          {u"报告"_s, {u"青政报"_s}}};
 
-QString SubjectOf(const QString& title) { return title.section(u"关于"_s, 1).left(10).remove(u'《').remove(u'》'); }
+// Requests and reports go up, answers down to one county, everything else to many.
+QStringList ReceiversOf(const QString& kind, const QStringList& all) {
+  QStringList up, one, many;
+  for (const QString& receiver : all)
+    (receiver.startsWith(u"东岭省"_s) ? up : receiver.endsWith(u"人民政府"_s) ? one : many) << receiver;
+  if (kind == u"请示"_s || kind == u"报告"_s) return up;
+  return kind == u"批复"_s || kind == u"函"_s ? one : many;
+}
 
 }  // namespace
 
@@ -56,7 +63,9 @@ void OutgoingRecords::WriteYear(int year, int begin, int end) {
     const QString entityClass = around_.random.Pick(classes);
     Add(letter, entityClass, StatusOf(year, kept), i >= total - std::min(total / 3, kWithSheets));
     const auto originals = around_.originals.Attach(letter, i >= total - kWithFiles);
-    if (kept) singles_.Take(letter, entityClass, originals);
+    around_.recordDone();
+    if (!kept) continue;
+    singles_.Take(letter, entityClass, originals);
     around_.recordDone();
   }
 }
@@ -105,7 +114,7 @@ void OutgoingRecords::Add(const Letter& letter, const QString& entityClass, cons
              letter.docNo,
              DayText(letter.written),
              letter.title,
-             random.Pick(words.List(u"主送机关"_s)),
+             random.Pick(ReceiversOf(letter.kind, words.List(u"主送机关"_s))),
              letter.author,
              some(40, u"市委办公室，市人大常委会办公室，市政协办公室"_s),
              letter.kind,
@@ -116,7 +125,7 @@ void OutgoingRecords::Add(const Letter& letter, const QString& entityClass, cons
              words.Person(random),
              random.Pick(words.List(u"签发人"_s)),
              QString::asprintf("0700-%08d", 86'000'000 + random.Below(1'000'000)),
-             some(60, SubjectOf(letter.title)),
+             TextOrNull(words.Matter(letter.title)),
              u"0188"_s,
              qlonglong(letter.copies),
              pages,

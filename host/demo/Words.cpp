@@ -52,6 +52,13 @@ QString Words::Title(const QString& author, const QString& kind, int year, Rando
   return subject.startsWith(u"关于"_s) ? author + subject : subject;
 }
 
+QString Words::Matter(const QString& title) const {
+  for (const QString& list : {u"工作"_s, u"活动"_s, u"项目"_s, u"机构"_s, u"会议"_s, u"资金"_s})
+    for (const QString& matter : List(list))
+      if (title.contains(matter)) return matter;
+  return {};
+}
+
 QString Words::Person(Random& random) const {
   const QString& families = List(u"姓"_s).first();
   return families[random.Below(static_cast<int>(families.size()))] + random.Pick(List(u"名"_s));

@@ -30,6 +30,8 @@ class Words {
   /// A title of that kind of document.
   QString Title(const QString& author, const QString& kind, int year, Random& random) const;
   QString Person(Random& random) const;
+  /// The matter that a title is about, in the words of the lists; "" when none of them is in it.
+  QString Matter(const QString& title) const;
 
  private:
   QHash<QString, QStringList> lists_;
