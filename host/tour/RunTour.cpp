@@ -9,6 +9,7 @@
 
 #include "host/DemoDatabase.h"
 #include "host/Program.h"
+#include "host/demo/DemoDatabase.h"
 #include "host/tour/Tour.h"
 #include "host/tour/Walk.h"
 
@@ -38,7 +39,10 @@ int RunTour(const Options& options) {
 
   Options program = options;
   program.tour.clear();
-  if (options.database.isEmpty() && options.odbc.isEmpty()) program.database = ProvideDemoDatabase(options.records);
+  if (options.database.isEmpty() && options.odbc.isEmpty())
+    program.database = ProvideDemoDatabase(options.records);
+  else
+    demo::WriteDemoProfiles(home.path());
 
   Tour tour(options.tour);
   PlanWalk(tour);

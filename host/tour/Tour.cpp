@@ -13,7 +13,7 @@ namespace folvane::host {
 namespace {
 
 constexpr int kLookEvery = 20;     // milliseconds
-constexpr int kPatience = 20'000;  // milliseconds for one step
+constexpr int kPatience = 60'000;  // milliseconds for one step
 
 // A window that drew nothing is one or two flat colours.
 bool IsBlank(const QImage& picture) {
