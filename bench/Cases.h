@@ -18,8 +18,12 @@ struct Setting {
 using Case = std::function<void(const Setting&, Meter&)>;
 using Cases = std::map<QString, Case>;
 
+/// Reads the rows of a query as a careful program without a record set would: the bytes of all columns into chunks.
+void ReadAllRaw(const Setting& setting, const char* query, Meter& meter);
+
 Cases ReadingCases();
 Cases WritingCases();
 Cases PostgresCases();
+Cases BrowserCases();
 
 }  // namespace folvane::bench

@@ -45,6 +45,17 @@ std::vector<Comparison> Comparisons() {
                    u"Find, after the first"_s,
                    {{u"find-first"_s, u"Find, the first (builds the index)"_s},
                     {u"find-raw"_s, u"the database's own index, prepared"_s}}});
+    all.push_back({u"The record browser: a table chosen until its first page stands"_s,
+                   rows,
+                   u"browser-choose"_s,
+                   u"click on the tree"_s,
+                   {{u"read-raw"_s, u"sqlite3_step, all columns copied"_s}}});
+    all.push_back({u"The record browser: to the last page"_s, rows, u"browser-last"_s, u"menu entry"_s, {}});
+    all.push_back({u"The record browser: sorted by a column"_s,
+                   rows,
+                   u"browser-sort"_s,
+                   u"click on the header"_s,
+                   {{u"sort-raw"_s, u"sqlite3_step in that order, columns copied"_s}}});
   }
   all.push_back({u"One statement a row in one transaction, SQLite"_s,
                  10'000,

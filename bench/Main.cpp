@@ -1,6 +1,6 @@
 // folvane-bench                              measures everything and prints the table
 // folvane-bench --case NAME ROWS DATABASE    measures one case in this process: milliseconds and MiB
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -19,6 +19,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   Cases cases = ReadingCases();
   cases.merge(WritingCases());
   cases.merge(PostgresCases());
+  cases.merge(BrowserCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   Meter meter;
@@ -40,6 +41,7 @@ Sample MeasureApart(const QString& name, qint64 rows, const QString& database) {
 
 int MeasureAll() {
   const QTemporaryDir folder;
+  for (const char* place : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) qputenv(place, folder.path().toUtf8());
   QTextStream out(stdout);
   const auto run = [&](const QString& name, qint64 rows) {
     const QString database = folder.filePath(u"%1.db"_s.arg(rows));
@@ -56,7 +58,8 @@ int MeasureAll() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() == 5 && arguments[1] == u"--case"_s)
     return MeasureHere(arguments[2], {arguments[3].toLongLong(), arguments[4]});

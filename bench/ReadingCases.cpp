@@ -38,21 +38,7 @@ class Chunks {
 };
 
 void ReadRaw(const Setting& setting, Meter& meter) {
-  sqlite3* database = OpenSqlite(setting.database);
-  Chunks chunks;
-  meter.Start();
-  sqlite3_stmt* statement = nullptr;
-  Check(sqlite3_prepare_v2(database, "SELECT * FROM Records ORDER BY ArchiveID", -1, &statement, nullptr), SQLITE_OK,
-        database);
-  while (sqlite3_step(statement) == SQLITE_ROW) {
-    for (int column = 0; column < kColumns; ++column) {
-      const void* bytes = sqlite3_column_text(statement, column);
-      chunks.Append(bytes, std::uint32_t(sqlite3_column_bytes(statement, column)));
-    }
-  }
-  sqlite3_finalize(statement);
-  meter.Stop();
-  sqlite3_close(database);
+  ReadAllRaw(setting, "SELECT * FROM Records ORDER BY ArchiveID", meter);
 }
 
 void ReadRecordset(const Setting& setting, Meter& meter) {
@@ -112,6 +98,23 @@ void FindKeyRaw(const Setting& setting, Meter& meter) {
 }
 
 }  // namespace
+
+void ReadAllRaw(const Setting& setting, const char* query, Meter& meter) {
+  sqlite3* database = OpenSqlite(setting.database);
+  Chunks chunks;
+  meter.Start();
+  sqlite3_stmt* statement = nullptr;
+  Check(sqlite3_prepare_v2(database, query, -1, &statement, nullptr), SQLITE_OK, database);
+  while (sqlite3_step(statement) == SQLITE_ROW) {
+    for (int column = 0; column < kColumns; ++column) {
+      const void* bytes = sqlite3_column_text(statement, column);
+      chunks.Append(bytes, std::uint32_t(sqlite3_column_bytes(statement, column)));
+    }
+  }
+  sqlite3_finalize(statement);
+  meter.Stop();
+  sqlite3_close(database);
+}
 
 Cases ReadingCases() {
   return {
