@@ -10,6 +10,7 @@
 #include "browser/OriginalsView.h"
 #include "records/ColumnSort.h"
 #include "records/ListColumns.h"
+#include "records/QueryText.h"
 #include "records/RecordStatement.h"
 #include "records/TableRights.h"
 #include "shell/EventGuard.h"
@@ -72,7 +73,7 @@ void RecordListPart::KeepColumnWidths() {
 void RecordListPart::OpenRecords() {
   const TableParameters& parameters = parts_.State.Parameters;
   const QString condition =
-      JoinConditions(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter));
+      JoinedWithRights(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter));
   if (Records().IsOpen()) Records().Close();
   parts_.State.RecordCount = 0;
   Records().Open(RecordStatement(parts_.State.CurrTable, condition, parameters.Selected(Parameter::Order)),

@@ -5,7 +5,7 @@
 #include "base/TextTests.h"
 #include "data/ValueText.h"
 #include "forms/EntryLayout.h"
-#include "records/RecordStatement.h"
+#include "records/QueryText.h"
 #include "shell/CommonRoutines.h"
 
 namespace folvane {
@@ -27,7 +27,7 @@ bool CountsByRights(int formula) {
 }
 
 QString Condition(const RegIdRule& rule, const QString& fieldName, const QString& prefix) {
-  if (rule.formula == RegFormula::BrowserCondition) return JoinConditions(rule.rowLimit, rule.filter);
+  if (rule.formula == RegFormula::BrowserCondition) return JoinedWithRights(rule.rowLimit, rule.filter);
   const QString rights = rule.rowLimit.trimmed();
   const QString year = fieldName + u" Like '"_s + EscapeSql(prefix) + u"%'"_s;
   return CountsByRights(rule.formula) && !rights.isEmpty() ? year + u" AND "_s + rights : year;

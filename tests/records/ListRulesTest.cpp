@@ -77,12 +77,6 @@ TEST(RowIconTest, ACountOfTheOriginalsMovesTheIconWithinItsPair) {
   EXPECT_EQ(IconAfterCount(4, true), 4);
 }
 
-TEST(RecordStatementTest, RightsAndFilterAreJoinedByAnd) {
-  EXPECT_EQ(JoinConditions(u"(a = 1)"_s, u"b = 2"_s), u"(a = 1) And b = 2"_s);
-  EXPECT_EQ(JoinConditions(u"1 = 2"_s, QString()), u"1 = 2"_s);
-  EXPECT_EQ(JoinConditions(QString(), u"b = 2"_s), u"b = 2"_s);
-}
-
 TEST(RecordStatementTest, WithoutAConditionThereIsNoWherePart) {
   EXPECT_EQ(RecordStatement(u"Lwdj"_s, QString(), u"ArchiveId Desc"_s),
             u"Select * From Lwdj Order By ArchiveId Desc"_s);

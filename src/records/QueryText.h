@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace folvane {
+
+/// Whether a condition joins parts by Or outside of all parentheses; an Or in a quoted value or a quoted name is none.
+/// False too for a text whose quotes, brackets or parentheses do not match: no database accepts that.
+bool HasTopLevelOr(const QString& condition);
+
+/// A user's rights condition and a condition of a query or a tree node, joined by And; where one is empty the other
+/// stands alone. A query that joins by Or is put into parentheses, so that the rights bind every part of it; any other
+/// stays as it is.
+QString JoinedWithRights(const QString& rights, const QString& query);
+
+}  // namespace folvane
