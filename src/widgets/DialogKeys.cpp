@@ -1,0 +1,31 @@
+#include "widgets/DialogKeys.h"
+
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+QPushButton* NewKey(QDialog& dialog, const QString& name, const QString& caption) {
+  auto* key = new QPushButton(caption, &dialog);
+  key->setObjectName(name);
+  key->setAutoDefault(false);
+  return key;
+}
+
+}  // namespace
+
+DialogKeys::DialogKeys(QDialog& dialog)
+    : row(new QHBoxLayout),
+      ok(NewKey(dialog, u"CmdOK"_s, u"确定(&O)"_s)),
+      cancel(NewKey(dialog, u"CmdCancel"_s, u"取消(&C)"_s)) {
+  ok->setDefault(true);
+  QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
+  row->addStretch();
+  row->addWidget(ok);
+  row->addWidget(cancel);
+}
+
+}  // namespace folvane
