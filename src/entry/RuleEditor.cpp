@@ -75,10 +75,15 @@ void RuleEditor::SaveToUpdate(int line, const RuleLine& said) {
                                               u" And CenterControlIndex="_s + QString::number(line))
                             .empty();
   if (!isThere) {
-    SqlList_.at(size_t(line)) = InsertStatement(line, said);
+    Note(line, InsertStatement(line, said));
   } else if (!said.value.isEmpty()) {
-    SqlList_.at(size_t(line)) = UpdateStatement(line, said);
+    Note(line, UpdateStatement(line, said));
   }
+}
+
+void RuleEditor::Note(int line, const QString& statement) {
+  SqlList_.at(size_t(line)) = statement;
+  notedFor_.at(size_t(line)) = table_;
 }
 
 // The rule keeps the control that it was made with.
@@ -117,6 +122,9 @@ bool RuleEditor::DeleteAll() {
   const int flags = MessageFlag::YesNo + MessageFlag::Information;
   if (ShowMessage(u"确定将当前的所有校对条件都删除?"_s, flags) != Answer::Yes) return false;
   SharedConnection()->Execute(u"Delete From SaveCollect"_s + OfTable());
+  for (std::size_t line = 0; line < SqlList_.size(); ++line) {
+    if (notedFor_[line] == table_) SqlList_[line].clear();
+  }
   return true;
 }
 

@@ -49,18 +49,21 @@ class RuleEditor {
   /// Runs the statements that wait.
   void Commit();
 
-  /// Removes all rules of the table, after asking. Answers whether the user agreed.
+  /// Removes all rules of the table, after asking, with what waits to be written of them. Answers whether the user
+  /// agreed.
   bool DeleteAll();
 
  private:
   bool GetIndexAndType(const RuleLine& said);
   void SaveToUpdate(int line, const RuleLine& said);
+  void Note(int line, const QString& statement);
   QString OfTable() const;
   QString UpdateStatement(int line, const RuleLine& said) const;
   QString InsertStatement(int line, const RuleLine& said) const;
 
   QString table_;
   std::array<QString, kLineCount> SqlList_, formats_;
+  std::array<QString, kLineCount> notedFor_;  // the table that the waiting statement of a line is of
   // Of the field that was last looked up.
   QString fieldName_;
   ControlId control_;
