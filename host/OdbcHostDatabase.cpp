@@ -5,53 +5,15 @@
 #include <folvane/OdbcConnection.h>
 
 #include "host/HostDatabase.h"
+#include "host/demo/OdbcHandle.h"
 
 namespace folvane::host {
 namespace {
 
-constexpr quintptr kLogOnSeconds = 15;
+using demo::Diagnosis;
+using demo::OdbcHandle;
 
 SQLCHAR* Text(const char* text) { return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text)); }
-
-QString Diagnosis(SQLSMALLINT type, SQLHANDLE handle) {
-  std::array<SQLCHAR, 6> state{};
-  std::array<SQLCHAR, 2048> message{};
-  SQLINTEGER native = 0;
-  SQLSMALLINT length = 0;
-  const SQLRETURN got =
-      SQLGetDiagRec(type, handle, 1, state.data(), &native, message.data(), SQLSMALLINT(message.size()), &length);
-  if (!SQL_SUCCEEDED(got)) return {};
-  return QString::fromUtf8(reinterpret_cast<const char*>(message.data())).simplified();
-}
-
-// An environment and a connection in it, ended in the order that ODBC asks for.
-class OdbcHandle {
- public:
-  explicit OdbcHandle(const QString& connectionString) {
-    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
-    SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, SQLPOINTER(SQL_OV_ODBC3), 0);
-    SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-    SQLSetConnectAttr(connection_, SQL_ATTR_LOGIN_TIMEOUT, SQLPOINTER(kLogOnSeconds), 0);
-    const QByteArray text = connectionString.toUtf8();
-    connected_ = SQL_SUCCEEDED(SQLDriverConnect(connection_, nullptr, Text(text.constData()), SQL_NTS, nullptr, 0,
-                                                nullptr, SQL_DRIVER_NOPROMPT));
-  }
-  ~OdbcHandle() {
-    if (connected_) SQLDisconnect(connection_);
-    SQLFreeHandle(SQL_HANDLE_DBC, connection_);
-    SQLFreeHandle(SQL_HANDLE_ENV, environment_);
-  }
-  OdbcHandle(const OdbcHandle&) = delete;
-  OdbcHandle& operator=(const OdbcHandle&) = delete;
-
-  bool Connected() const { return connected_; }
-  SQLHDBC Get() const { return connection_; }
-
- private:
-  SQLHENV environment_ = SQL_NULL_HANDLE;
-  SQLHDBC connection_ = SQL_NULL_HANDLE;
-  bool connected_ = false;
-};
 
 QString ColumnText(SQLHSTMT statement, SQLUSMALLINT column) {
   std::array<char, 256> text{};

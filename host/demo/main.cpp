@@ -3,48 +3,16 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <cstdio>
-#include <memory>
-#include <sql.h>
-#include <sqlext.h>
 #include <stdexcept>
 
 #include <folvane/OdbcConnection.h>
 
 #include "host/demo/DemoDatabase.h"
+#include "host/demo/OdbcHandle.h"
 
 namespace {
 using namespace Qt::Literals::StringLiterals;
 using folvane::demo::DemoOptions;
-
-// A connection of its own through the driver manager, ended in the order that ODBC asks for.
-class OdbcHandle {
- public:
-  explicit OdbcHandle(const QString& connectionString) {
-    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
-    SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, SQLPOINTER(SQL_OV_ODBC3), 0);
-    SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-    QByteArray text = connectionString.toUtf8();
-    connected_ = SQL_SUCCEEDED(SQLDriverConnect(connection_, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS,
-                                                nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
-  }
-  ~OdbcHandle() {
-    if (connected_) SQLDisconnect(connection_);
-    SQLFreeHandle(SQL_HANDLE_DBC, connection_);
-    SQLFreeHandle(SQL_HANDLE_ENV, environment_);
-  }
-  OdbcHandle(const OdbcHandle&) = delete;
-  OdbcHandle& operator=(const OdbcHandle&) = delete;
-
-  SQLHDBC Get() const {
-    if (!connected_) throw std::runtime_error("the ODBC connection cannot be opened");
-    return connection_;
-  }
-
- private:
-  SQLHENV environment_ = SQL_NULL_HANDLE;
-  SQLHDBC connection_ = SQL_NULL_HANDLE;
-  bool connected_ = false;
-};
 
 void ShowProgress(int done, int total) {
   std::fprintf(stderr, "\r%d / %d", done, total);
@@ -66,7 +34,9 @@ void Make(const QCommandLineParser& arguments) {
   if (arguments.isSet(u"sqlite"_s)) {
     folvane::demo::MakeDemoFile(arguments.value(u"sqlite"_s), options);
   } else {
-    const OdbcHandle handle(arguments.value(u"odbc"_s));
+    const folvane::demo::OdbcHandle handle(arguments.value(u"odbc"_s));
+    if (!handle.Connected())
+      throw std::runtime_error(folvane::demo::Diagnosis(SQL_HANDLE_DBC, handle.Get()).toStdString());
     folvane::demo::MakeDemoDatabase(*folvane::AdoptOdbc(handle.Get()), options);
   }
   if (arguments.isSet(u"profile-dir"_s)) folvane::demo::WriteDemoProfiles(arguments.value(u"profile-dir"_s));
