@@ -44,26 +44,9 @@ QStringList RegCbcIni(const QString& table) {
 }
 
 bool IsNumericField(const Recordset& records, const QString& fieldName) {
-  switch (records[fieldName].Type()) {
-    case AdoType::SmallInt:
-    case AdoType::Integer:
-    case AdoType::Single:
-    case AdoType::Double:
-    case AdoType::Currency:
-    case AdoType::Boolean:
-    case AdoType::Decimal:
-    case AdoType::TinyInt:
-    case AdoType::UnsignedTinyInt:
-    case UnsignedSmallInt:
-    case UnsignedInt:
-    case AdoType::BigInt:
-    case UnsignedBigInt:
-    case AdoType::Numeric:
-    case VarNumeric:
-      return true;
-    default:
-      return false;
-  }
+  const int type = records[fieldName].Type();
+  return GroupOfType(type) == TypeGroup::Number || type == UnsignedSmallInt || type == UnsignedInt ||
+         type == UnsignedBigInt || type == VarNumeric;
 }
 
 TypingRules TypingRules::Of(int controlType, const QString& dataField, bool isNumeric, const QStringList& wideFields) {
