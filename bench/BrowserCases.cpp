@@ -18,9 +18,13 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-/// Describes the table to the browser, once for each file: a class with the table, eight of its columns in the list.
+/// Describes the table to the browser, once for each file: a class with the table, eight of its columns in the list,
+/// which stand in the order of the key.
 void Describe(folvane::Connection& connection) {
-  if (connection.Table(u"DynamicWindows"_s)) return;
+  if (connection.Table(u"DynamicWindows"_s)) {
+    connection.Execute(u"Update FindCirOrder Set OrderStr = 'ArchiveID Asc'"_s);
+    return;
+  }
   CreateCatalogue(connection);
   Transaction transaction(connection);
   const auto run = [&](const QString& statement) { connection.Execute(statement); };
@@ -77,7 +81,7 @@ class OpenBrowser {
   }
   void ClickColumn(int column) {
     QHeaderView& header = *List().header();
-    const QPoint at(header.sectionViewportPosition(column) + 10, header.height() / 2);
+    const QPoint at(header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2);
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, at);
     Settle();
   }

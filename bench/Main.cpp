@@ -59,6 +59,7 @@ int MeasureAll() {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "default.warning=false");
   const QApplication application(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() == 5 && arguments[1] == u"--case"_s)
