@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -40,15 +41,15 @@ FrmKeyOrder::FrmKeyOrder()
   Connect();
 }
 
-// Raised as the mouse passes over it.
 QToolButton* FrmKeyOrder::NewMoveKey(const QString& name, const QString& tip, Qt::ArrowType arrow, Qt::Key key) {
   auto* button = new QToolButton(this);
   button->setObjectName(name);
   button->setToolTip(tip);
   button->setArrowType(arrow);
-  button->setAutoRaise(true);
+  button->setAutoRaise(true);  // raised only while the mouse is over it
   button->setFixedSize(kArrowSize, kArrowSize);
-  button->setShortcut(QKeySequence(Qt::AltModifier | key));
+  // A shortcut of the button itself would click at the pace of its animation.
+  connect(new QShortcut(QKeySequence(Qt::AltModifier | key), this), &QShortcut::activated, button, &QToolButton::click);
   return button;
 }
 

@@ -1,0 +1,217 @@
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QListWidget>
+#include <QSpinBox>
+
+#include <folvane/DataError.h>
+
+#include "EntryFixture.h"
+#include "entry/FrmKeyOrder.h"
+#include "entry/KeyOrder.h"
+#include "shell/Messages.h"
+#include "support/WindowDriver.h"
+
+namespace folvane::test {
+namespace {
+
+class FrmKeyOrderTest : public EntryTest {
+ protected:
+  void SetUp() override {
+    EntryTest::SetUp();
+    AddField(u"DocNo"_s, u"文号"_s, 8, 1);
+    AddField(u"RegID"_s, u"登记号"_s, 1, 2);
+    AddField(u"Picture"_s, u"图片"_s, 3, 3);
+    AddField(u"Amaintitle"_s, u"题名"_s, 10, 4);
+  }
+  void AddField(const QString& field, const QString& caption, int controlType, int order) {
+    Run(u"insert into DynamicWindows (TableName,FieldName,ChnFieldName) values ('Lwdj','%1','%2')"_s.arg(field,
+                                                                                                         caption));
+    Run(u"insert into SaveControls (DataSource,DataField,ControlType,ControlIndex,KeyOrder) values "
+        "('Lwdj','%1',%2,1,%3)"_s.arg(field)
+            .arg(controlType)
+            .arg(order));
+  }
+  /// Opens the window, runs the steps in it and closes it.
+  void InWindow(const std::function<void()>& steps) {
+    FrmKeyOrder window;
+    window.CurrTable = u"Lwdj"_s;
+    WithWindow(u"FrmKeyOrder"_s, [&](QWidget& shown) {
+      window_ = &shown;
+      steps();
+    });
+    window.Open();
+  }
+
+  QWidget& Control(const QString& name) const { return Find(*window_, name); }
+  QListWidget& List() const { return Find<QListWidget>(*window_, u"LstFieldList"_s); }
+  QSpinBox& Number() const { return Find<QSpinBox>(*window_, u"PVNumeric1"_s); }
+  QStringList Names() const {
+    QStringList names;
+    for (int row = 0; row < List().count(); ++row) names << List().item(row)->text();
+    return names;
+  }
+  void Choose(int position) const { ClickItem(List(), List().model()->index(position - 1, 0)); }
+  QString OrderOf(const QString& field) {
+    return Value(u"select KeyOrder from SaveControls where DataField = '"_s + field + u"'"_s);
+  }
+
+  MessageBoxes boxes_;
+
+ private:
+  QWidget* window_ = nullptr;
+};
+
+TEST_P(FrmKeyOrderTest, ListsTheFieldsByTheirNamesWithNoneSelected) {
+  InWindow([&] {
+    EXPECT_EQ(Control(u"LstFieldList"_s).window()->windowTitle(), u"键盘顺序调整"_s);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
+    EXPECT_TRUE(List().selectedItems().isEmpty());
+    EXPECT_FALSE(Number().isEnabled());
+    EXPECT_EQ(Find<QCheckBox>(*List().window(), u"ChkOrder"_s).text(), u"设置"_s);
+    EXPECT_EQ(Find<QGroupBox>(*List().window(), u"Frame1"_s).title(), u"调整"_s);
+  });
+}
+
+TEST_P(FrmKeyOrderTest, ShowsThePlaceOfTheSelectedField) {
+  InWindow([&] {
+    Choose(3);
+    EXPECT_EQ(Number().text(), u"3"_s);
+    Choose(2);
+    EXPECT_EQ(Number().text(), u"2"_s);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
+  });
+}
+
+TEST_P(FrmKeyOrderTest, MovesTheSelectedFieldByOneUpToTheEnds) {
+  InWindow([&] {
+    Choose(1);
+    Click(Control(u"ImgUp"_s));
+    EXPECT_EQ(Names().front(), u"文号"_s);
+    Click(Control(u"ImgDown"_s));
+    EXPECT_EQ(Names(), (QStringList{u"登记号"_s, u"文号"_s, u"题名"_s}));
+    EXPECT_EQ(List().currentRow(), 1);
+    EXPECT_EQ(Number().text(), u"2"_s);
+    Click(Control(u"ImgDown"_s));
+    Click(Control(u"ImgDown"_s));
+    EXPECT_EQ(Names(), (QStringList{u"登记号"_s, u"题名"_s, u"文号"_s}));
+    EXPECT_EQ(Number().text(), u"3"_s);
+    Click(Control(u"ImgUp"_s));
+    EXPECT_EQ(Names(), (QStringList{u"登记号"_s, u"文号"_s, u"题名"_s}));
+  });
+}
+
+TEST_P(FrmKeyOrderTest, MovesByKeyboard) {
+  InWindow([&] {
+    Press(List(), Qt::Key_End);
+    Press(List(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"题名"_s, u"登记号"_s}));
+    Press(List(), Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
+  });
+}
+
+TEST_P(FrmKeyOrderTest, MovesNothingWhenNoFieldIsSelected) {
+  InWindow([&] {
+    Click(Control(u"ImgDown"_s));
+    Click(Control(u"ImgUp"_s));
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
+    EXPECT_TRUE(List().selectedItems().isEmpty());
+  });
+}
+
+TEST_P(FrmKeyOrderTest, MovesToATypedPlaceOnceThatIsSwitchedOn) {
+  InWindow([&] {
+    Choose(3);
+    Click(Control(u"ChkOrder"_s));
+    EXPECT_TRUE(Number().isEnabled());
+    Retype(Number(), u"1"_s);
+    EXPECT_EQ(Names(), (QStringList{u"题名"_s, u"文号"_s, u"登记号"_s}));
+    EXPECT_EQ(List().currentRow(), 0);
+    Click(Control(u"ChkOrder"_s));
+    EXPECT_FALSE(Number().isEnabled());
+  });
+}
+
+TEST_P(FrmKeyOrderTest, MarksTheWholePlaceWhenItIsEntered) {
+  InWindow([&] {
+    Choose(3);
+    Click(Control(u"ChkOrder"_s));
+    ClickAt(Number(), QPoint(10, Number().height() / 2));
+    Type(Number(), u"2"_s);
+    EXPECT_EQ(Number().text(), u"2"_s);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"题名"_s, u"登记号"_s}));
+  });
+}
+
+TEST_P(FrmKeyOrderTest, WantsAFieldSelectedForATypedPlace) {
+  InWindow([&] {
+    Click(Control(u"ChkOrder"_s));
+    Retype(Number(), u"1"_s);
+    EXPECT_EQ(boxes_.Last().text, u"请选中需进行设置的字段!"_s);
+    EXPECT_EQ(boxes_.Last().flags, MessageFlag::Information);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
+  });
+}
+
+TEST_P(FrmKeyOrderTest, LimitsThePlaceToTheCountOfFields) {
+  InWindow([&] {
+    Choose(1);
+    Click(Control(u"ChkOrder"_s));
+    EXPECT_EQ(Number().maximum(), 3);
+    Retype(Number(), u"9"_s);
+    EXPECT_EQ(Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
+    Number().setProperty("text", u"9"_s);
+    EXPECT_EQ(Number().text(), u"3"_s);
+    EXPECT_EQ(Names().front(), u"文号"_s) << "set by program it tells nothing";
+  });
+}
+
+TEST_P(FrmKeyOrderTest, WritesTheOrderWithOkButNotOfAFieldThatIsNotBuilt) {
+  InWindow([&] {
+    Choose(3);
+    Click(Control(u"ImgUp"_s));
+    Click(Control(u"ImgUp"_s));
+    Click(Control(u"CmdOK"_s));
+    EXPECT_FALSE(List().window()->isVisible());
+  });
+  EXPECT_EQ(OrderOf(u"Amaintitle"_s), u"1"_s);
+  EXPECT_EQ(OrderOf(u"DocNo"_s), u"2"_s);
+  EXPECT_EQ(OrderOf(u"RegID"_s), u"3"_s);
+  EXPECT_EQ(OrderOf(u"Picture"_s), u"3"_s);
+  EXPECT_EQ(ReadKeyList(u"Lwdj"_s)[1], (ControlId{10, 1}));
+}
+
+TEST_P(FrmKeyOrderTest, LeavesTheTableUnchangedWhenCancelledAfterMoves) {
+  InWindow([&] {
+    Choose(3);
+    Click(Control(u"ImgUp"_s));
+    TakeStatements();
+    Click(Control(u"CmdCancel"_s));
+    EXPECT_FALSE(List().window()->isVisible());
+  });
+  EXPECT_EQ(TakeStatements(), QStringList());
+  EXPECT_EQ(OrderOf(u"Amaintitle"_s), u"4"_s);
+}
+
+TEST_P(FrmKeyOrderTest, ShowsAllFieldsOfATableWithoutAFormAndChangesNothing) {
+  Run(u"delete from SaveControls"_s);
+  InWindow([&] {
+    EXPECT_EQ(List().count(), 4);
+    Click(Control(u"CmdOK"_s));
+    EXPECT_FALSE(List().window()->isVisible());
+  });
+  EXPECT_EQ(Value(u"select count(*) from SaveControls"_s), u"0"_s);
+}
+
+TEST_P(FrmKeyOrderTest, TellsItsOpenerThatTheFieldsCannotBeRead) {
+  Run(u"drop table SaveControls"_s);
+  FrmKeyOrder window;
+  window.CurrTable = u"Lwdj"_s;
+  EXPECT_THROW(window.Open(), DataError);
+  EXPECT_FALSE(window.isVisible());
+}
+
+FOLVANE_ON_EACH_DATABASE(FrmKeyOrderTest);
+
+}  // namespace
+}  // namespace folvane::test
