@@ -7,7 +7,6 @@
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
 #include "browser/ClassTreePart.h"
-#include "browser/FrmAbout.h"
 #include "browser/OriginalsView.h"
 #include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
@@ -16,6 +15,7 @@
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
+#include "widgets/FrmAbout.h"
 #include "widgets/RecordListView.h"
 
 namespace folvane {

@@ -1,4 +1,4 @@
-#include "browser/FrmAbout.h"
+#include "widgets/FrmAbout.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
