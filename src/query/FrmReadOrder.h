@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+
+namespace folvane {
+
+/// Chooses for each table the field by which the class tree groups its records.
+class FrmReadOrder : public QDialog {
+ public:
+  FrmReadOrder();
+
+  qint16 vsFlag = 0;  ///< in: 1 for file tables, 2 for archive tables
+  QString CurrTable;  ///< the table that is chosen
+
+  /// Reads the tables and shows the window modally; a missing YearFormula.Ini is told instead. @throws DataError
+  void Open();
+};
+
+}  // namespace folvane
