@@ -6,6 +6,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "browser/CommandTrap.h"
 #include "shell/EventGuard.h"
 #include "widgets/Icons.h"
 
@@ -30,7 +31,7 @@ QString ReportEntryName(int number) { return u"mnu_Report_List(%1)"_s.arg(number
 
 }  // namespace
 
-BrowserCommands::BrowserCommands(QMainWindow& window) : QObject(&window) {
+BrowserCommands::BrowserCommands(QMainWindow& window, BrowserStatus& status) : QObject(&window), status_(status) {
   for (const MenuDesign& design : BrowserMenus()) {
     QMenu* menu = AddMenu(window, design);
     window.menuBar()->addMenu(menu);
@@ -92,14 +93,20 @@ void BrowserCommands::AddArchiveMenu(QToolBar& toolbar) {
 }
 
 void BrowserCommands::OnEntry(const QString& entry, std::function<void()> handler) {
-  ConnectGuarded(entries_.value(entry), &QAction::triggered, this, [handler] { handler(); });
+  ConnectGuarded(entries_.value(entry), &QAction::triggered, this, [this, handler] {
+    status_.ShowNotice({});
+    handler();
+  });
   for (const KeyDesign& key : BrowserKeys()) {
     if (key.twin == entry) OnKey(key.name, handler);
   }
 }
 
 void BrowserCommands::OnKey(const QString& key, std::function<void()> handler) {
-  ConnectGuarded(keys_.value(key), &QAction::triggered, this, [handler] { handler(); });
+  ConnectGuarded(keys_.value(key), &QAction::triggered, this, [this, handler] {
+    status_.ShowNotice({});
+    RunTrapped(status_, handler);
+  });
 }
 
 void BrowserCommands::SetBrowseCommands(bool on, bool hasParentTable) {

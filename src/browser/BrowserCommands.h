@@ -17,15 +17,17 @@ class QToolBar;
 
 namespace folvane {
 
+class BrowserStatus;
+
 /// The menus, the toolbar and the pop-up of the record browser, and which of their commands are enabled. A command
 /// whose subsystem does not exist yet stays disabled whatever is asked.
 class BrowserCommands : public QObject {
  public:
-  explicit BrowserCommands(QMainWindow& window);
+  BrowserCommands(QMainWindow& window, BrowserStatus& status);
 
   /// What a menu entry runs; the toolbar key that is its twin runs the same.
   void OnEntry(const QString& entry, std::function<void()> handler);
-  /// What a toolbar key without a twin runs.
+  /// What a toolbar key without a twin runs. An error ends it; the status line tells.
   void OnKey(const QString& key, std::function<void()> handler);
   bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry)->isEnabled(); }
 
@@ -48,6 +50,7 @@ class BrowserCommands : public QObject {
   void AddArchiveMenu(QToolBar& toolbar);
   void ShowReport(QAction& entry, const ReportRow& report);
 
+  BrowserStatus& status_;
   QHash<QString, QAction*> entries_;
   QHash<QString, QAction*> keys_;
   QMenu* originalsMenu_ = nullptr;

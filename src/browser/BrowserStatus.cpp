@@ -16,14 +16,19 @@ BrowserStatus::BrowserStatus(QWidget* parent) : QStatusBar(parent) {
   setObjectName(u"Sta"_s);
   records_ = new QLabel(this);
   records_->setObjectName(u"RecordCount"_s);
+  notice_ = new QLabel(this);
+  notice_->setObjectName(u"Notice"_s);
+  notice_->setTextFormat(Qt::PlainText);
+  notice_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   user_ = new QLabel(this);
   user_->setObjectName(u"UserName"_s);
   progress_ = new QProgressBar(this);
   progress_->setObjectName(u"ProMain"_s);
   progress_->setMaximumWidth(kProgressWidth);
   progress_->setTextVisible(false);
-  for (QLabel* panel : {records_, user_}) panel->setIndent(kPanelIndent);
-  addWidget(records_, 1);
+  for (QLabel* panel : {records_, notice_, user_}) panel->setIndent(kPanelIndent);
+  addWidget(records_);
+  addWidget(notice_, 1);
   addPermanentWidget(progress_);
   addPermanentWidget(user_);
   progress_->hide();
@@ -38,6 +43,13 @@ void BrowserStatus::ShowNoRecords() { records_->setText(u"当前无记录"_s); }
 
 void BrowserStatus::ShowPosition(qint64 position, qint64 count) {
   records_->setText(u"当前记录：第%1条/共%2条"_s.arg(position).arg(count));
+}
+
+// The panel is one line; whoever needs the rest of a long text has it in the tip.
+void BrowserStatus::ShowNotice(const QString& text) {
+  notice_->setText(text.simplified());
+  notice_->setToolTip(text);
+  notice_->repaint();
 }
 
 void BrowserStatus::ShowProgress(int done, int maximum) {

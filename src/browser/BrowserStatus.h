@@ -16,6 +16,8 @@ class BrowserStatus : public QStatusBar {
   void ShowNothing();
   void ShowNoRecords();
   void ShowPosition(qint64 position, qint64 count);
+  /// What a command is about to do, has done or could not do; "" takes it away.
+  void ShowNotice(const QString& text);
   /// @param done rows filled of the maximum, -1 when the filling has ended
   void ShowProgress(int done, int maximum);
 
@@ -24,7 +26,7 @@ class BrowserStatus : public QStatusBar {
   void SetStarted(bool started);
 
  private:
-  QLabel *records_, *user_;
+  QLabel *records_, *notice_, *user_;
   QProgressBar* progress_;
 };
 

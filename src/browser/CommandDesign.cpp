@@ -88,11 +88,31 @@ const std::vector<KeyDesign>& BrowserKeys() {
 
 const QSet<QString>& AvailableCommands() {
   static const QSet<QString> available{
-      u"mnu_File"_s,         u"mnu_Goto"_s,     u"mnu_Tool"_s,        u"mnu_Manager"_s,
-      u"mnu_Report"_s,       u"mnu_Help"_s,     u"mnu_File6_Exit"_s,  u"EXIT"_s,
-      u"mnu_Goto1_UClass"_s, u"ToParent"_s,     u"mnu_Goto2_PPage"_s, u"PrePage"_s,
-      u"mnu_Goto3_NPage"_s,  u"NextPage"_s,     u"mnu_Goto5_FPage"_s, u"mnu_Goto6_LPage"_s,
-      u"Refresh"_s,          u"mnuHelpTitle"_s, u"mnuAbout"_s,
+      u"mnu_File"_s,
+      u"mnu_Goto"_s,
+      u"mnu_Tool"_s,
+      u"mnu_Manager"_s,
+      u"mnu_Report"_s,
+      u"mnu_Help"_s,
+      u"mnu_File6_Exit"_s,
+      u"EXIT"_s,
+      u"mnu_File1_Add"_s,
+      u"NEW"_s,
+      u"mnu_File4_Property"_s,
+      u"Mod"_s,
+      u"mnu_File3_Del"_s,
+      u"Del"_s,
+      u"mnu_Goto1_UClass"_s,
+      u"ToParent"_s,
+      u"mnu_Goto2_PPage"_s,
+      u"PrePage"_s,
+      u"mnu_Goto3_NPage"_s,
+      u"NextPage"_s,
+      u"mnu_Goto5_FPage"_s,
+      u"mnu_Goto6_LPage"_s,
+      u"Refresh"_s,
+      u"mnuHelpTitle"_s,
+      u"mnuAbout"_s,
   };
   return available;
 }

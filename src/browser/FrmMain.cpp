@@ -8,6 +8,7 @@
 #include "browser/BrowserStatus.h"
 #include "browser/ClassTreePart.h"
 #include "browser/OriginalsView.h"
+#include "browser/RecordCommands.h"
 #include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
@@ -30,6 +31,7 @@ FrmMain::FrmMain() {
   list_ = std::make_unique<RecordListPart>(parts);
   tree_ = std::make_unique<ClassTreePart>(parts, *list_);
   related_ = std::make_unique<RelatedRecords>(parts, *tree_, *list_);
+  recordCommands_ = std::make_unique<RecordCommands>(parts, *list_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
@@ -43,6 +45,9 @@ FrmMain::~FrmMain() {
 }
 
 void FrmMain::Connect() {
+  commands_->OnEntry(u"mnu_File1_Add"_s, [this] { recordCommands_->Add(); });
+  commands_->OnEntry(u"mnu_File4_Property"_s, [this] { recordCommands_->Change(); });
+  commands_->OnEntry(u"mnu_File3_Del"_s, [this] { recordCommands_->Delete(); });
   commands_->OnEntry(u"mnu_File6_Exit"_s, [this] { close(); });
   commands_->OnEntry(u"mnu_Goto1_UClass"_s, [this] { related_->OpenParent(); });
   commands_->OnEntry(u"mnu_Goto5_FPage"_s, [this] { list_->FirstRecord(); });
@@ -56,7 +61,8 @@ void FrmMain::Connect() {
   });
   commands_->OnKey(u"Refresh"_s, [this] { Refresh(); });
   search_->OnSearch([this] { Search(); });
-  ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { related_->OpenChildren(); });
+  list_->OnEnter([this] { OpenRow(); });
+  ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { OpenRow(); });
   ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
 }
 
@@ -64,6 +70,18 @@ void FrmMain::Start() {
   if (status_->IsStarted()) return;
   tree_->Start();
   status_->SetStarted(true);
+  listView_->setFocus();
+}
+
+// The list cannot be worked in before the entry window has gone and the list shows the records again.
+void FrmMain::OpenRow() {
+  if (!state_.Parameters.Selected(Parameter::Child).isEmpty()) {
+    related_->OpenChildren();
+    return;
+  }
+  listView_->setEnabled(false);
+  RunGuarded([this] { recordCommands_->Change(); });
+  listView_->setEnabled(true);
   listView_->setFocus();
 }
 

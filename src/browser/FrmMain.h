@@ -14,6 +14,7 @@ class BrowserCommands;
 class BrowserStatus;
 class ClassTreePart;
 class OriginalsView;
+class RecordCommands;
 class RecordListPart;
 class RecordListView;
 class RelatedRecords;
@@ -38,6 +39,7 @@ class FrmMain : public QMainWindow {
   void AddListViews();
   void AddParameterView();
   void Connect();
+  void OpenRow();
   void RestoreSplitters();
   void KeepSplitters() const;
   void ShowOriginalsMenu(const QPoint& at);
@@ -56,6 +58,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<RecordListPart> list_;
   std::unique_ptr<ClassTreePart> tree_;
   std::unique_ptr<RelatedRecords> related_;
+  std::unique_ptr<RecordCommands> recordCommands_;
 };
 
 }  // namespace folvane

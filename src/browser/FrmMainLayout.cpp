@@ -39,8 +39,8 @@ void KeepSizes(const QSplitter& splitter, const QString& name) {
 
 void FrmMain::LayOut() {
   resize(1180, 680);
-  commands_ = new BrowserCommands(*this);
   status_ = new BrowserStatus(this);
+  commands_ = new BrowserCommands(*this, *status_);
   setStatusBar(status_);
   columns_ = new QSplitter(Qt::Horizontal, this);
   columns_->setObjectName(u"VSplitter"_s);

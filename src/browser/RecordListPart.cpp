@@ -38,6 +38,7 @@ RecordListPart::RecordListPart(const BrowserParts& parts)
 }
 
 void RecordListPart::Clear() {
+  parts_.Status.ShowNotice({});
   parts_.Originals.Clear();
   KeepColumnWidths();
   parts_.State.List.SetColumns({});
@@ -82,15 +83,8 @@ void RecordListPart::OpenRecords() {
 }
 
 void RecordListPart::ShowFromStart() {
-  const BusyPointer busy;
   parts_.State.List.ClearRows();
-  try {
-    OpenRecords();
-  } catch (const std::exception&) {
-    ShowEmpty();
-    throw;
-  }
-  ShowFromCursor();
+  ShowInOrder({});
 }
 
 void RecordListPart::ShowEmpty() {
@@ -108,7 +102,40 @@ void RecordListPart::ShowFromCursor() {
   ShowEmpty();
 }
 
+void RecordListPart::ShowInOrder(const QString& key) {
+  const BusyPointer busy;
+  try {
+    OpenRecords();
+  } catch (const std::exception&) {
+    ShowEmpty();
+    throw;
+  }
+  ShowAt(key);
+}
+
+// An edit that the entry window left open belongs to nobody any more.
+void RecordListPart::Reload(const QString& key) {
+  const BusyPointer busy;
+  if (!Records().IsOpen()) {
+    ShowEmpty();
+    return;
+  }
+  if (Records().EditMode() != EditModeKind::None) Records().CancelUpdate();
+  Records().Requery();
+  parts_.State.RecordCount = Records().RecordCount();
+  ShowAt(key);
+}
+
 QString RecordListPart::SelectedKey() const { return parts_.State.List.KeyOf(parts_.List.CurrentRow() - 1); }
+
+QStringList RecordListPart::SelectedKeys() const {
+  const QItemSelectionModel& selection = *parts_.List.selectionModel();
+  QStringList keys;
+  for (int row = 0; row < parts_.State.List.Count(); ++row) {
+    if (selection.isRowSelected(row)) keys.append(parts_.State.List.KeyOf(row));
+  }
+  return keys;
+}
 
 void RecordListPart::SelectRow(int row) {
   choice_->SelectSilently(parts_.State.List.index(row - 1, 0));
@@ -146,6 +173,10 @@ void RecordListPart::LastRecord() { GoToRecord(parts_.State.RecordCount); }
 bool RecordListPart::HandleKey(int key) {
   const int row = parts_.List.CurrentRow();
   if (row == 0 || !Records().IsOpen()) return false;
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    enter_();
+    return true;
+  }
   const int step = key == Qt::Key_PageUp || key == Qt::Key_PageDown ? kPageSize : 1;
   const bool back = key == Qt::Key_Up || key == Qt::Key_PageUp;
   const bool forward = key == Qt::Key_Down || key == Qt::Key_PageDown;
@@ -165,20 +196,17 @@ bool RecordListPart::HandleKey(int key) {
 void RecordListPart::SortBy(int column) {
   TableParameters& parameters = parts_.State.Parameters;
   if (parts_.State.List.Count() == 0) return;
-  const BusyPointer busy;
   const QString key = SelectedKey();
   try {
     const QString order = ClickColumn(parts_.State.List, column, parameters.Selected(Parameter::Order));
     parameters.Set(parameters.SelectedRow(), Parameter::Order, order);
-    OpenRecords();
-    ShowSorted(key);
+    ShowInOrder(key);
     SaveOrder(parts_.State.CurrTable, order);
   } catch (const std::exception&) {
-    if (!Records().IsOpen()) ShowEmpty();
   }
 }
 
-void RecordListPart::ShowSorted(const QString& key) {
+void RecordListPart::ShowAt(const QString& key) {
   pages_.PositionOnOrFirst(key);
   const qint64 position = Records().AbsolutePosition();
   ShowFromCursor();

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QString>
-#include <optional>
+#include <QStringList>
+#include <functional>
 
 #include "browser/BrowserParts.h"
 #include "records/PagedRecordList.h"
@@ -28,9 +29,18 @@ class RecordListPart {
   void ShowFromStart();
   /// Fills the list from the record that the cursor is on and selects it.
   void ShowFromCursor();
+  /// Opens the records and shows the one of that key, or the first when it is gone.
+  void ShowInOrder(const QString& key);
+  /// Reads the records again after a command that changed them and shows the one of that key, or the first.
+  void Reload(const QString& key = {});
 
-  /// The key of the selected row's record, "" when none is selected.
+  /// The key of the current row's record, "" when there is none.
   QString SelectedKey() const;
+  /// The keys of all selected rows, from the top.
+  QStringList SelectedKeys() const;
+  /// What the Enter key runs on a row.
+  void OnEnter(std::function<void()> handler) { enter_ = std::move(handler); }
+
   void GoToRecord(qint64 position);
   void NextPage();
   void PreviousPage();
@@ -49,7 +59,7 @@ class RecordListPart {
   void ShowOriginals();
   bool HandleKey(int key);
   void SortBy(int column);
-  void ShowSorted(const QString& key);
+  void ShowAt(const QString& key);
   void SetLookFileCommands(bool on);
   void EnableMoves(qint64 position, qint64 count);
   bool HasParentTable() const;
@@ -57,6 +67,7 @@ class RecordListPart {
   BrowserParts parts_;
   PagedRecordList pages_;
   ChoiceRelay* choice_;
+  std::function<void()> enter_;
   QString widthsOf_;  ///< the table whose column widths stand in the list
 };
 

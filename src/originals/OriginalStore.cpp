@@ -4,6 +4,7 @@
 
 #include "base/ProgramDirectory.h"
 #include "data/Recordset.h"
+#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
 
 namespace folvane {
@@ -71,7 +72,7 @@ void DeleteOriginals(const QString& whereClause) {
 }
 
 bool IsOnlyHolder(Recordset& originals, const QString& fileId, const QString& recordId) {
-  originals.SetFilter(u"ID = '"_s + fileId + u"' And RecordID <> '"_s + recordId + u"'"_s);
+  originals.SetFilter(u"ID = '"_s + EscapeSql(fileId) + u"' And RecordID <> '"_s + EscapeSql(recordId) + u"'"_s);
   return originals.EOF_();
 }
 

@@ -5,6 +5,7 @@
 
 #include "records/OriginalsOfRecord.h"
 #include "records/RowIcon.h"
+#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 
@@ -68,7 +69,7 @@ int PagedRecordList::FillUpBefore(qint64 position) {
 bool PagedRecordList::PositionOn(const QString& key) {
   if (!records_.IsOpen() || records_.RecordCount() == 0) return false;
   records_.MoveFirst();
-  records_.Find(u"ArchiveID = '"_s + key + u"'"_s);
+  records_.Find(u"ArchiveID = '"_s + EscapeSql(key) + u"'"_s);
   return !records_.EOF_();
 }
 

@@ -60,6 +60,7 @@ TEST_P(ClassTreeTest, ClassesHangUnderTheRootAndUnderEachOther) {
 }
 
 TEST_P(ClassTreeTest, AClassThatIsItsOwnParentStandsOnce) {
+  design_->DropKey(u"Design_ClassRelation"_s);
   design_->AddClass(1, u"自身"_s, 1);
   design_->AddClass(2, u"甲"_s);
   design_->AddClass(3, u"乙"_s, 2);
@@ -119,6 +120,7 @@ TEST_P(ClassTreeTest, ChildTablesHangUnderTheirParentWhichKeepsTheLastOne) {
 }
 
 TEST_P(ClassTreeTest, ATableThatIsItsOwnChildStandsOnce) {
+  design_->DropKey(u"Design_TableRelation"_s);
   design_->AddClass(2, u"文书"_s);
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->Insert(u"Design_TableRelation"_s, u"TableName,ChnTableName,ClassID,Table_Parent"_s,

@@ -1,5 +1,6 @@
 #include "records/DesignedDatabase.h"
 
+#include "catalogue/Ddl.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {
@@ -8,30 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const char* const kDesignTables[] = {
-    "Design_ClassRelation (ClassId integer, ClassName varchar(50), Class_Parent integer)",
-    "Design_TableRelation (TableName varchar(50), ChnTableName varchar(50), ClassID integer, Table_Parent varchar(50), "
-    "RelationField varchar(50))",
-    "DynamicWindows (TableName varchar(50), ChnTableName varchar(50), TableType varchar(1), FieldName varchar(50), "
-    "ChnFieldName varchar(50), FieldType varchar(20))",
-    "ListViewFormat (TableName varchar(50), FieldName varchar(50), ChnFieldName varchar(50), ColumnWidth integer, "
-    "OrderNo integer)",
-    "SimSearch (TableName varchar(50), DataField varchar(50), ChnDataField varchar(50), OrderNo integer, "
-    "FieldValue varchar(500))",
-    "FindCirOrder (TableName varchar(50), OrderStr varchar(200), UserID integer)",
-    "DataTransfer_Ini (RecId integer, SourceTbl varchar(50), DesTbl varchar(50))",
-    "AssistantDictionary (DicID varchar(20), Name varchar(50))",
-    "AssistantDicKey (DicID varchar(20), Name varchar(50), Note varchar(50))",
-    "Report_Index (Report_ID varchar(20), Report_Name varchar(50), Report_Group_Id varchar(50), Report_Type "
-    "varchar(1))",
-    "Report_Info (Report_Id varchar(20), Info_Type varchar(200), Info_Description varchar(200), note varchar(50))",
-    "UserPopedom (UserID varchar(20), UserName varchar(50))",
-    "UserPopedomScope (UserID varchar(20), PopTableName varchar(50), PopStrChn varchar(50), PopEditData varchar(1), "
-    "PopPrintData varchar(1), PopLookFile varchar(1), PopCondition varchar(200))",
-    "Original_Text (ID varchar(20), Original_Name varchar(100), Type varchar(10), RecordID varchar(20), Size integer, "
-    "FileOrder integer, FilePath varchar(100))",
-};
-
 QString Quoted(const QString& value) {
   return value == u"<null>"_s ? u"null"_s : u"'"_s + QString(value).replace(u'\'', u"''"_s) + u"'"_s;
 }
@@ -39,7 +16,7 @@ QString Quoted(const QString& value) {
 }  // namespace
 
 DesignedDatabase::DesignedDatabase(TestDatabase& database) : database_(database) {
-  for (const char* table : kDesignTables) Run(u"create table "_s + QString::fromLatin1(table));
+  CreateCatalogue(*database.Connect());
 }
 
 void DesignedDatabase::Insert(const QString& table, const QString& columns, const QStringList& values) {
@@ -66,6 +43,9 @@ void DesignedDatabase::AddTable(const QString& table, const QString& caption, in
            {table, caption, u"F"_s, field.name, field.caption, field.type});
     Insert(u"ListViewFormat"_s, u"TableName,FieldName,ChnFieldName,ColumnWidth,OrderNo"_s,
            {table, field.name, field.caption, u"1500"_s, QString::number(++order)});
+    const QString place = QString::number(order);
+    Insert(u"SaveControls"_s, u"DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,F_Width,F_Height"_s,
+           {table, field.name, u"1"_s, place, place, u"1500"_s, QString::number(order * 450), u"3000"_s, u"300"_s});
   }
   Run(u"create table "_s + table + u" ("_s + columns + u")"_s);
 }
@@ -87,6 +67,12 @@ void DesignedDatabase::AddRecords(const QString& table, int count) {
 void DesignedDatabase::AddOriginal(const QString& recordKey, const QString& id, const QString& name, int order) {
   Insert(u"Original_Text"_s, u"ID,Original_Name,Type,RecordID,Size,FileOrder,FilePath"_s,
          {id, name, u".tif"_s, recordKey, u"1024"_s, QString::number(order), QString()});
+}
+
+void DesignedDatabase::DropKey(const QString& table) {
+  Run(u"create table Unkeyed as select * from "_s + table);
+  Run(u"drop table "_s + table);
+  Run(u"alter table Unkeyed rename to "_s + table);
 }
 
 StatementLog::StatementLog(Connection& connection) : connection_(connection) {

@@ -20,7 +20,8 @@ class DesignedDatabase {
   explicit DesignedDatabase(TestDatabase& database);
 
   void AddClass(int id, const QString& name, int parent = 1);
-  /// Describes a table under a class and makes it: its fields, all of them shown in the list in this order.
+  /// Describes a table under a class and makes it: its fields, all of them shown in the list and as a text box Txt(1),
+  /// Txt(2)... of the entry form in this order.
   void AddTable(const QString& table, const QString& caption, int classId, const std::vector<DesignedField>& fields,
                 const QString& parent = {}, const QString& relation = {});
   /// A table with ArchiveID, RegID and Amaintitle, and CreatedDate where asked for.
@@ -28,6 +29,8 @@ class DesignedDatabase {
   /// Adds records 1 to count: ArchiveID is the number in 20 digits, RegID the number, Amaintitle "题名" and the number.
   void AddRecords(const QString& table, int count);
   void AddOriginal(const QString& recordKey, const QString& id, const QString& name, int order);
+  /// Makes a design table anew without a key, as a host may have made it.
+  void DropKey(const QString& table);
   /// Inserts a row of texts; an element "<null>" gives null.
   void Insert(const QString& table, const QString& columns, const QStringList& values);
   void Run(const QString& sql) { database_.Native(sql); }

@@ -1,0 +1,165 @@
+#include <QItemSelectionModel>
+#include <gmock/gmock.h>
+
+#include "browser/BrowserTest.h"
+#include "shell/Messages.h"
+#include "shell/SharedState.h"
+
+namespace folvane::test {
+
+using namespace Qt::Literals::StringLiterals;
+using testing::Contains;
+
+namespace {
+
+/// A list of twelve records of Lwdj, the newest first.
+class RecordCommandsTest : public BrowserTest {
+ protected:
+  void SetUp() override {
+    BrowserTest::SetUp();
+    design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
+    design_->AddRecords(u"Lwdj"_s, 12);
+  }
+  QString Count(const QString& table) { return design_->Value(u"select count(*) from "_s + table); }
+};
+
+void Select(const Browser& browser, std::initializer_list<int> rows) {
+  QItemSelectionModel& selection = *browser.List().selectionModel();
+  ClickItem(browser.List(), browser.List().model()->index(*rows.begin() - 1, 0));
+  for (const int row : rows) {
+    selection.select(browser.List().model()->index(row - 1, 0),
+                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  }
+}
+
+QString Notice(const Browser& browser) { return TextIn(browser.Window(), u"Notice"_s); }
+
+}  // namespace
+
+FOLVANE_ON_EACH_DATABASE(RecordCommandsTest);
+
+TEST_P(RecordCommandsTest, DeletingSeveralRowsTakesOneQuestionAndOneStatement) {
+  MessageBoxes messages;
+  design_->AddOriginal(DesignedDatabase::Key(11), u"91"_s, u"正文"_s, 1);
+  design_->AddOriginal(DesignedDatabase::Key(3), u"92"_s, u"别的"_s, 1);
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    Select(browser, {2, 4, 5});
+    log_->Take();
+    browser.Key(u"Del"_s).trigger();
+    EXPECT_EQ(messages.Texts(), QStringList{u"确定要删除当前文件及相关原文吗?"_s});
+    EXPECT_EQ(messages.Last().flags, 68);
+    const QString keys = u" IN ('00000000000000000011','00000000000000000009','00000000000000000008')"_s;
+    const QStringList statements = log_->Take();
+    EXPECT_THAT(statements, Contains(u"Delete From Original_Text Where RecordID "_s + keys));
+    EXPECT_THAT(statements, Contains(u"Delete from Lwdj Where ArchiveId "_s + keys));
+    EXPECT_EQ(browser.Column(u"LVData"_s),
+              (QStringList{u"12"_s, u"10"_s, u"7"_s, u"6"_s, u"5"_s, u"4"_s, u"3"_s, u"2"_s, u"1"_s}));
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共9条"_s);
+    EXPECT_EQ(Notice(browser), u"已删除 3 条记录"_s);
+  });
+  EXPECT_EQ(Count(u"Lwdj"_s), u"9"_s);
+  EXPECT_EQ(design_->Value(u"select ID from Original_Text"_s), u"92"_s);
+}
+
+TEST_P(RecordCommandsTest, TheFilesOfDeletedRecordsGoWithThem) {
+  MessageBoxes messages;
+  program_.Write(u"Data/91.tif"_s, "scan");
+  design_->AddOriginal(DesignedDatabase::Key(12), u"91"_s, u"正文"_s, 1);
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    browser.Entry(u"mnu_File3_Del"_s).trigger();
+  });
+  EXPECT_FALSE(program_.Has(u"Data/91.tif"_s));
+}
+
+TEST_P(RecordCommandsTest, ADeletionAnsweredNoChangesNothing) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::No);
+    log_->Take();
+    browser.Entry(u"mnu_File3_Del"_s).trigger();
+    EXPECT_EQ(log_->Take(), QStringList());
+    EXPECT_EQ(Notice(browser), QString());
+  });
+  EXPECT_EQ(Count(u"Lwdj"_s), u"12"_s);
+}
+
+TEST_P(RecordCommandsTest, WithoutASelectedRowNothingIsDeletedAndNothingAsked) {
+  InBrowser([&](const Browser& browser) {
+    browser.List().clearSelection();
+    browser.Key(u"Del"_s).trigger();
+  });
+  EXPECT_EQ(Count(u"Lwdj"_s), u"12"_s);
+}
+
+TEST_P(RecordCommandsTest, DeletingTheLastRecordLeavesAnEmptyList) {
+  MessageBoxes messages;
+  design_->Run(u"delete from Lwdj where RegID > 1"_s);
+  design_->AddOriginal(DesignedDatabase::Key(1), u"91"_s, u"正文"_s, 1);
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    browser.Key(u"Del"_s).trigger();
+    EXPECT_EQ(browser.Status(), u"当前无记录"_s);
+    EXPECT_EQ(browser.Column(u"LVFile"_s), QStringList());
+    EXPECT_FALSE(browser.KeyOn(u"Del"_s));
+  });
+}
+
+TEST_P(RecordCommandsTest, ARecordDeletedByAnotherUserMeanwhileIsNoHindrance) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    Select(browser, {1, 2});
+    design_->Run(u"delete from Lwdj where RegID = 12"_s);
+    browser.Key(u"Del"_s).trigger();
+    EXPECT_EQ(Notice(browser), u"已删除 1 条记录"_s);
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共10条"_s);
+  });
+}
+
+TEST_P(RecordCommandsTest, AKeyWithAQuoteIsFoundAndDeletedAlone) {
+  MessageBoxes messages;
+  design_->Run(u"update Lwdj set ArchiveID = '1'' or ''1''=''1' where RegID = 12"_s);
+  design_->AddOriginal(u"1' or '1'='1"_s, u"91"_s, u"正文"_s, 1);
+  design_->AddOriginal(DesignedDatabase::Key(3), u"92"_s, u"别的"_s, 1);
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    ClickItem(browser.List(), browser.List().model()->index(1, 0));
+    ClickItem(browser.List(), browser.List().model()->index(0, 0));
+    ASSERT_EQ(browser.Cell(), u"12"_s);
+    EXPECT_EQ(Shared().CurrentRecords.AbsolutePosition(), 1);
+    EXPECT_EQ(browser.Column(u"LVFile"_s), QStringList{u"正文"_s});
+    browser.Key(u"Del"_s).trigger();
+  });
+  EXPECT_EQ(Count(u"Lwdj"_s), u"11"_s);
+  EXPECT_EQ(design_->Value(u"select ID from Original_Text"_s), u"92"_s);
+}
+
+TEST_P(RecordCommandsTest, ADeletionThatTheDatabaseRefusesEndsWithoutAMessageAndTheStatusLineTells) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    design_->Run(u"alter table Original_Text rename to Away"_s);
+    browser.Entry(u"mnu_File3_Del"_s).trigger();
+    EXPECT_EQ(messages.Requests().size(), 1u) << "the question";
+    EXPECT_TRUE(Notice(browser).startsWith(u"未能完成："_s));
+    EXPECT_EQ(browser.List().model()->rowCount(), 12);
+    design_->Run(u"alter table Away rename to Original_Text"_s);
+  });
+  EXPECT_EQ(Count(u"Lwdj"_s), u"12"_s);
+}
+
+TEST_P(RecordCommandsTest, ADeletionStartsTheListAtItsFirstRecord) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    Select(browser, {7});
+    browser.Key(u"Del"_s).trigger();
+    EXPECT_EQ(browser.Row(), 1);
+    EXPECT_EQ(browser.Cell(), u"12"_s);
+    EXPECT_EQ(Shared().CurrentRecords.AbsolutePosition(), 1);
+  });
+}
+
+}  // namespace folvane::test
