@@ -19,6 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kHelpFile = QString::fromUtf8(HELP_FILE);
 const QString kTopic = u"文件登记.htm"_s;
+const QString kEntryTopic = u"数据操作.htm"_s;
 
 HelpViewer* Viewer() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -38,7 +39,18 @@ TEST_F(HelpViewerTest, ShowsTheTopicOfTheFile) {
   ASSERT_TRUE(Viewer());
   EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 文件登记"_s);
   const QString page = Page().toPlainText();
-  for (const QString& word : {u"公文分类"_s, u"翻页与定位"_s, u"排序"_s, u"简易检索栏"_s, u"键盘操作"_s}) {
+  for (const QString& word :
+       {u"公文分类"_s, u"翻页与定位"_s, u"排序"_s, u"简易检索栏"_s, u"复合查询"_s, u"批量修改"_s, u"键盘操作"_s}) {
+    EXPECT_TRUE(page.contains(word)) << word.toStdString();
+  }
+}
+
+TEST_F(HelpViewerTest, ExplainsTheEntryOfRecords) {
+  ShowHelp(nullptr, kHelpFile, kEntryTopic);
+  EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 数据操作"_s);
+  const QString page = Page().toPlainText();
+  for (const QString& word : {u"添加"_s, u"保存与取消"_s, u"全部复制"_s, u"登记号"_s, u"校对条件"_s, u"键盘顺序"_s,
+                              u"替换"_s, u"RegIDFormula.Ini"_s, u"SBC.Ini"_s, u"F11"_s}) {
     EXPECT_TRUE(page.contains(word)) << word.toStdString();
   }
 }
@@ -54,15 +66,27 @@ TEST_F(HelpViewerTest, LinksLeadThroughThePageAndBack) {
   EXPECT_EQ(Page().source().fragment(), QString());
 }
 
-TEST_F(HelpViewerTest, EveryLinkOfThePageHasItsPlace) {
-  ShowHelp(nullptr, kHelpFile, kTopic);
-  const QString html = Page().toHtml();
-  int links = 0;
-  for (const auto& link : QRegularExpression(u"href=\"#([a-z]+)\""_s).globalMatch(html)) {
-    EXPECT_TRUE(html.contains(u"name=\"%1\""_s.arg(link.captured(1)))) << link.captured(1).toStdString();
-    ++links;
+TEST_F(HelpViewerTest, EveryLinkOfAPageHasItsPlace) {
+  for (const QString& topic : {kTopic, kEntryTopic}) {
+    ShowHelp(nullptr, kHelpFile, topic);
+    const QString html = Page().toHtml();
+    int links = 0;
+    for (const auto& link : QRegularExpression(u"href=\"#([a-z]+)\""_s).globalMatch(html)) {
+      EXPECT_TRUE(html.contains(u"name=\"%1\""_s.arg(link.captured(1)))) << link.captured(1).toStdString();
+      ++links;
+    }
+    EXPECT_GE(links, 6);
   }
-  EXPECT_GE(links, 6);
+}
+
+TEST_F(HelpViewerTest, OneTopicLeadsToAnotherAndBack) {
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  const auto link = QRegularExpression(u"href=\"([^#\"]+)\""_s).match(Page().toHtml());
+  ASSERT_TRUE(link.hasMatch());
+  Page().setSource(Page().source().resolved(QUrl(link.captured(1))));
+  EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 数据操作"_s);
+  Page().backward();
+  EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 文件登记"_s);
 }
 
 TEST_F(HelpViewerTest, ATopicThatIsMissingIsNamed) {
