@@ -80,8 +80,8 @@ bool IsEnglishDate(const QString& text) {
 bool TakeTime(QString& text, bool& taken) {
   static const QRegularExpression shape(QStringLiteral(
       R"((?<![\d.:/-])(上午|下午|am|pm|a|p)?\s*(\d{1,2})\s*)"
-      R"((?:[:.]\s*(\d{1,2})(?:\s*[:.]\s*(\d{1,2}))?|[时点](?:\s*(\d{1,2})\s*分(?:\s*(\d{1,2})\s*秒)?)?|(?=[ap]m?\b)))"
-      R"(\s*([ap]m?\b)?(?![\d.:/-]))"));
+      R"((?:[:.]\s*(\d{1,2})(?:\s*[:.]\s*(\d{1,2}))?|[时点](?:\s*(\d{1,2})\s*分(?:\s*(\d{1,2})\s*秒)?)?|(?=[ap]m?\b|上午|下午)))"
+      R"(\s*([ap]m?\b|上午|下午)?(?![\d.:/-]))"));
   const QRegularExpressionMatch match = shape.match(text);
   taken = match.hasMatch();
   if (!taken) return true;

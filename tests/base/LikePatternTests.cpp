@@ -36,6 +36,10 @@ const Case kSigns[] = {
     {u"1???X"_s, u"1uxcx"_s, false},
     {u"??"_s, u"文件"_s, true},
     {u"#"_s, u"１"_s, false},                          // a digit is 0 to 9
+    {u"#"_s, u"#"_s, false},
+    {u"#*"_s, u"1"_s, true},
+    {u"?"_s, u"\n"_s, true},                           // a line break is a character
+    {u" "_s, u""_s, false},                            // blanks count
     {u"*〔####〕*号"_s, u"国发〔2002〕17号"_s, true},
 };
 // clang-format on
@@ -70,6 +74,10 @@ const Case kLists[] = {
     {u"[!x]"_s, u"x"_s, false},
     {u"[!x]"_s, u""_s, false},            // one character that is not x, not none
     {u"[!a-c]*"_s, u"d1"_s, true},
+    {u"[!a-cx-z]"_s, u"y"_s, false},      // negation is of the whole list
+    {u"[!0-9]"_s, u"５"_s, true},
+    {u"[^a]"_s, u"^"_s, true},            // another operator's negation is a character here
+    {u"[^a]"_s, u"b"_s, false},
     {u"[a!]"_s, u"!"_s, true},            // negation only at the front
     {u"[!]"_s, u"!"_s, true},             // alone it stands for itself
     {u"[!!]"_s, u"!"_s, false},

@@ -36,6 +36,8 @@ const Case kNumbers[] = {
     {u"2002-01-01"_s, false},
     {u"12%"_s, false},
     {u"True"_s, false},
+    {u"NaN"_s, false},
+    {u"inf"_s, false},
 };
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(Plain, Number, testing::ValuesIn(kNumbers));
@@ -78,6 +80,8 @@ const Case kForms[] = {
     {u"1e5"_s, true},
     {u"1E-5"_s, true},
     {u"1D5"_s, true},       // the exponent of double precision
+    {u"1e+5"_s, true},
+    {u"1e5.0"_s, false},
     {u"1e"_s, false},
     {u"e5"_s, false},
     {u"1e400"_s, false},    // more than a double holds
@@ -91,6 +95,9 @@ const Case kForms[] = {
     {u"１７"_s, true},      // the East Asian platform reads full-width forms
     {u"－１．５"_s, true},
     {u"一七"_s, false},
+    {u"١٧"_s, false},       // digits of other scripts are letters
+    {u"(¥5)"_s, true},
+    {u"17\r\n"_s, true},    // white space of any kind around it
 };
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(Forms, Number, testing::ValuesIn(kForms));
@@ -145,6 +152,9 @@ const Case kDates[] = {
     {u"2002 1 1"_s, true},
     {u"2002-1/1"_s, true},
     {u"2000-2-29"_s, true},
+    {u"1900-2-29"_s, false},    // no leap year, whatever a spreadsheet says
+    {u"9999-12-31"_s, true},
+    {u"2002-01-01\n"_s, true},
     {u"2002-2-29"_s, false},
     {u"2002-02-00"_s, false},
     {u"2002-13-01"_s, false},   // with the year first nothing but year, month, day
@@ -174,6 +184,10 @@ const Case kOtherOrders[] = {
     {u"12-31"_s, true},           // of the current year
     {u"31-12"_s, true},
     {u"13-50"_s, false},
+    {u"2/29/2000"_s, true},
+    {u"29/2/2001"_s, false},
+    {u"12/31/29"_s, true},        // two digits are a year of this century up to 29
+    {u"2002,1,1"_s, true},
     {u"2002.1.1"_s, false},       // points join the parts of a time
     {u"1.2.2002"_s, false},
     {u"Jan 1, 2002"_s, true},
@@ -219,6 +233,10 @@ const Case kTimes[] = {
     {u"下午3:05"_s, true},
     {u"上午10时30分"_s, true},
     {u"10时"_s, true},
+    {u"3:05 下午"_s, true},                  // the words of the locale may stand behind as well
+    {u"下午3:05 下午"_s, false},
+    {u"13:05 下午"_s, false},
+    {u"2002-1-1 3:05 下午"_s, true},
     {u"2002-1-1 12:30"_s, true},
     {u"12:30 2002-1-1"_s, true},
     {u"2002年1月1日 12时30分15秒"_s, true},
