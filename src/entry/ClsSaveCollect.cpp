@@ -1,4 +1,5 @@
 #include <QObject>
+#include <algorithm>
 
 #include <folvane/ClsSaveCollect.h>
 
@@ -16,11 +17,15 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr char kText[] = "text";
 
+// In the order of the editor's lines, whatever the order that a database gives rows back in after they were changed.
 std::vector<ProofingRuleRow> ReadRules(const QString& table) {
   std::vector<ProofingRuleRow> rules;
   IgnoreErrors([&] {
     rules = ReadRows<ProofingRuleRow>(SharedConnection(), u"Select * from SaveCollect Where TableName='"_s + table +
                                                               u"' And ControlType <> '3' And ControlType <> 0"_s);
+  });
+  std::stable_sort(rules.begin(), rules.end(), [](const ProofingRuleRow& one, const ProofingRuleRow& other) {
+    return one.centerControlIndex < other.centerControlIndex;
   });
   return rules;
 }

@@ -100,16 +100,50 @@ TEST(ProofingRules, RoundTheTextToTheEvenNeighbourButNotTheValue) {
 }
 
 TEST(ProofingRules, MatchACustomFormatAsAWhole) {
-  const QString told = u"“页数”字段值不是指定的输入格式，请重新输入！"_s;
-  const auto test = [](const QString& text, const QString& format) {
-    return Told(Broken(u"只能是"_s, kCustomFormat, text, format));
+  struct FormatCase {
+    QString format, text;
+    bool holds;
   };
-  EXPECT_EQ(test(u"AB123"_s, u"AB###"_s), QString());
-  EXPECT_EQ(test(u"ab123"_s, u"AB###"_s), told);
-  EXPECT_EQ(test(u"AB1234"_s, u"AB###"_s), told);
-  EXPECT_EQ(test(u"ABCDEFGHI-VWXYZ"_s, u"ABC*XYZ"_s), QString());
-  EXPECT_EQ(test(u"1234X"_s, u"1???X"_s), QString());
-  EXPECT_EQ(test(u"b1"_s, u"[a-c]#"_s), QString());
+  const std::vector<FormatCase> cases{
+      {u"AB###"_s, u"AB123"_s, true},
+      {u"AB###"_s, u"ab123"_s, false},
+      {u"AB###"_s, u"AB1234"_s, false},
+      {u"AB###"_s, u"ab3934"_s, false},
+      {u"ABC*XYZ"_s, u"ABCDEFGHI-VWXYZ"_s, true},
+      {u"ABC*XYZ"_s, u"ABCXYZ"_s, true},
+      {u"1???X"_s, u"1234X"_s, true},
+      {u"1???X"_s, u"1uxcx"_s, false},
+      {u"[a-c]#"_s, u"b1"_s, true},
+      {u"[a-c]#"_s, u"d1"_s, false},
+      {u"[!a-c]#"_s, u"d1"_s, true},
+      {u"[!a-c]#"_s, u"b1"_s, false},
+      {u"?发〔####〕*号"_s, u"国发〔2002〕17号"_s, true},
+      {QString(), u"A"_s, false},
+  };
+  for (const FormatCase& format : cases) {
+    const QString told = format.holds ? QString() : u"“页数”字段值不是指定的输入格式，请重新输入！"_s;
+    EXPECT_EQ(Told(Broken(u"只能是"_s, kCustomFormat, format.text, format.format)), told)
+        << (format.format + u' ' + format.text).toStdString();
+  }
+}
+
+TEST(ProofingRules, JudgeNumbersAndDatesAsThePlatformDoes) {
+  struct KindCase {
+    QString text;
+    bool isNumber, isDate;
+  };
+  const std::vector<KindCase> cases{
+      {u"12"_s, true, false},       {u"-1,000.50"_s, true, false},    {u"1e5"_s, true, false},
+      {u"&HFF"_s, true, false},     {u"１２"_s, true, false},         {u"2002-01-01"_s, false, true},
+      {u"20020101"_s, true, false}, {u"2002年1月1日"_s, false, true}, {u"2002-02-30"_s, false, false},
+      {u"12:30"_s, false, true},    {u"13.50"_s, true, true},         {u"一二"_s, false, false},
+  };
+  for (const KindCase& kind : cases) {
+    EXPECT_EQ(!Broken(u"只能是"_s, u"数字"_s, kind.text), kind.isNumber) << kind.text.toStdString();
+    EXPECT_EQ(!Broken(u"不能是"_s, u"数字"_s, kind.text), !kind.isNumber) << kind.text.toStdString();
+    EXPECT_EQ(!Broken(u"只能是"_s, u"日期"_s, kind.text), kind.isDate) << kind.text.toStdString();
+    EXPECT_EQ(!Broken(u"不能是"_s, u"日期"_s, kind.text), !kind.isDate) << kind.text.toStdString();
+  }
 }
 
 TEST(ProofingRules, CompareWithNoValueThatIsNoNumber) {

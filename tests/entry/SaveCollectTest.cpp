@@ -67,6 +67,15 @@ TEST_P(SaveCollectTest, TellsOfTheFirstBrokenRuleOnly) {
   EXPECT_EQ(Shown(), u"甲"_s);
 }
 
+TEST_P(SaveCollectTest, TestsTheRulesInTheOrderOfTheirLines) {
+  AddRule(u"DocNo"_s, u"等于"_s, u"丙"_s);
+  AddRule(u"DocNo"_s, u"等于"_s, u"丁"_s);
+  Run(u"update SaveCollect set Relation = '不等于', CollectValue = '甲' where CenterControlIndex = 0"_s);
+  Show(u"甲"_s);
+  EXPECT_TRUE(Fails());
+  EXPECT_TRUE(boxes_.Last().text.contains(u"只能输入不等于甲"_s)) << boxes_.Last().text.toStdString();
+}
+
 TEST_P(SaveCollectTest, ClearsTheTextInTheControlAndTheRecord) {
   AddRule(u"Pages"_s, u"小于"_s, u"10"_s);
   Show(u"abc"_s);
