@@ -13,21 +13,22 @@
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/Icons.h"
 #include "widgets/NumberBox.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kArrowSize = 32;
+constexpr int kIconSize = 24;
 
 }  // namespace
 
 FrmKeyOrder::FrmKeyOrder()
     : fields_(new QListWidget(this)),
       position_(new NumberBox(this)),
-      up_(NewMoveKey(u"ImgUp"_s, u"上移一位 (Alt+↑)"_s, Qt::UpArrow, Qt::Key_Up)),
-      down_(NewMoveKey(u"ImgDown"_s, u"下移一位 (Alt+↓)"_s, Qt::DownArrow, Qt::Key_Down)),
+      up_(NewMoveKey(u"ImgUp"_s, u"上移一位 (Alt+↑)"_s, u"moveup"_s, Qt::Key_Up)),
+      down_(NewMoveKey(u"ImgDown"_s, u"下移一位 (Alt+↓)"_s, u"movedown"_s, Qt::Key_Down)),
       byNumber_(new QCheckBox(u"设置"_s, this)) {
   setObjectName(u"FrmKeyOrder"_s);
   setWindowTitle(u"键盘顺序调整"_s);
@@ -35,19 +36,20 @@ FrmKeyOrder::FrmKeyOrder()
   position_->setObjectName(u"PVNumeric1"_s);
   position_->setToolTip(u"选中字段在回车顺序中的位置"_s);
   position_->setEnabled(false);
+  fields_->setSpacing(2);
   byNumber_->setObjectName(u"ChkOrder"_s);
   byNumber_->setToolTip(u"直接输入选中字段的位置"_s);
   LayOut();
   Connect();
 }
 
-QToolButton* FrmKeyOrder::NewMoveKey(const QString& name, const QString& tip, Qt::ArrowType arrow, Qt::Key key) {
+QToolButton* FrmKeyOrder::NewMoveKey(const QString& name, const QString& tip, const QString& icon, Qt::Key key) {
   auto* button = new QToolButton(this);
   button->setObjectName(name);
   button->setToolTip(tip);
-  button->setArrowType(arrow);
+  button->setIcon(Icon(icon));
+  button->setIconSize(QSize(kIconSize, kIconSize));
   button->setAutoRaise(true);  // raised only while the mouse is over it
-  button->setFixedSize(kArrowSize, kArrowSize);
   // A shortcut of the button itself would click at the pace of its animation.
   connect(new QShortcut(QKeySequence(Qt::AltModifier | key), this), &QShortcut::activated, button, &QToolButton::click);
   return button;

@@ -24,7 +24,7 @@ class FrmKeyOrder : public QDialog {
   void Open();
 
  private:
-  QToolButton* NewMoveKey(const QString& name, const QString& tip, Qt::ArrowType arrow, Qt::Key key);
+  QToolButton* NewMoveKey(const QString& name, const QString& tip, const QString& icon, Qt::Key key);
   void LayOut();
   void Connect();
   void Load();
