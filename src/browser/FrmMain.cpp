@@ -6,8 +6,10 @@
 
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
+#include "browser/BulkCommands.h"
 #include "browser/ClassTreePart.h"
 #include "browser/OriginalsView.h"
+#include "browser/QueryCommands.h"
 #include "browser/RecordCommands.h"
 #include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
@@ -32,6 +34,8 @@ FrmMain::FrmMain() {
   tree_ = std::make_unique<ClassTreePart>(parts, *list_);
   related_ = std::make_unique<RelatedRecords>(parts, *tree_, *list_);
   recordCommands_ = std::make_unique<RecordCommands>(parts, *list_);
+  bulkCommands_ = std::make_unique<BulkCommands>(parts, *list_);
+  queryCommands_ = std::make_unique<QueryCommands>(parts, *list_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
@@ -45,25 +49,41 @@ FrmMain::~FrmMain() {
 }
 
 void FrmMain::Connect() {
-  commands_->OnEntry(u"mnu_File1_Add"_s, [this] { recordCommands_->Add(); });
-  commands_->OnEntry(u"mnu_File4_Property"_s, [this] { recordCommands_->Change(); });
-  commands_->OnEntry(u"mnu_File3_Del"_s, [this] { recordCommands_->Delete(); });
+  ConnectMoves();
+  ConnectCommands();
   commands_->OnEntry(u"mnu_File6_Exit"_s, [this] { close(); });
-  commands_->OnEntry(u"mnu_Goto1_UClass"_s, [this] { related_->OpenParent(); });
-  commands_->OnEntry(u"mnu_Goto5_FPage"_s, [this] { list_->FirstRecord(); });
-  commands_->OnEntry(u"mnu_Goto2_PPage"_s, [this] { list_->PreviousPage(); });
-  commands_->OnEntry(u"mnu_Goto3_NPage"_s, [this] { list_->NextPage(); });
-  commands_->OnEntry(u"mnu_Goto6_LPage"_s, [this] { list_->LastRecord(); });
   commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, u"文件登记.htm"_s); });
   commands_->OnEntry(u"mnuAbout"_s, [] {
     FrmAbout about;
     ShowModal(about);
   });
-  commands_->OnKey(u"Refresh"_s, [this] { Refresh(); });
-  search_->OnSearch([this] { Search(); });
+  search_->OnSearch([this] { queryCommands_->QuickSearch(); });
   list_->OnEnter([this] { OpenRow(); });
   ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { OpenRow(); });
   ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
+}
+
+void FrmMain::ConnectMoves() {
+  commands_->OnEntry(u"mnu_Goto1_UClass"_s, [this] { related_->OpenParent(); });
+  commands_->OnEntry(u"mnu_Goto5_FPage"_s, [this] { list_->FirstRecord(); });
+  commands_->OnEntry(u"mnu_Goto2_PPage"_s, [this] { list_->PreviousPage(); });
+  commands_->OnEntry(u"mnu_Goto3_NPage"_s, [this] { list_->NextPage(); });
+  commands_->OnEntry(u"mnu_Goto6_LPage"_s, [this] { list_->LastRecord(); });
+  commands_->OnEntry(u"mnu_Goto4_Location"_s, [this] { queryCommands_->GoToNumber(false); });
+  commands_->OnEntry(u"mnu_Goto4A_Location"_s, [this] { queryCommands_->GoToNumber(true); });
+}
+
+void FrmMain::ConnectCommands() {
+  commands_->OnEntry(u"mnu_File1_Add"_s, [this] { recordCommands_->Add(); });
+  commands_->OnEntry(u"mnu_File4_Property"_s, [this] { recordCommands_->Change(); });
+  commands_->OnEntry(u"mnu_File3_Del"_s, [this] { recordCommands_->Delete(); });
+  commands_->OnEntry(u"mnu_Tool5_LSearch"_s, [this] { queryCommands_->SimpleQuery(); });
+  commands_->OnEntry(u"mnu_Tool4_HSearch"_s, [this] { queryCommands_->CompoundQuery(); });
+  commands_->OnEntry(u"mnu_Tool3_Sort"_s, [this] { queryCommands_->Sort(); });
+  commands_->OnEntry(u"Mnu_ReadOrder"_s, [this] { queryCommands_->SetBrowseOrder(); });
+  commands_->OnEntry(u"mnu_Tool1_BUpdate"_s, [this] { bulkCommands_->Update(); });
+  commands_->OnEntry(u"mnu_Tool2_BDel"_s, [this] { bulkCommands_->Delete(); });
+  commands_->OnKey(u"Refresh"_s, [this] { queryCommands_->Refresh(); });
 }
 
 void FrmMain::Start() {
@@ -83,22 +103,6 @@ void FrmMain::OpenRow() {
   RunGuarded([this] { recordCommands_->Change(); });
   listView_->setEnabled(true);
   listView_->setFocus();
-}
-
-void FrmMain::Search() {
-  const std::optional<QString> condition = search_->Condition();
-  if (!condition) return;
-  state_.Parameters.Set(state_.Parameters.SelectedRow(), Parameter::Filter, *condition);
-  search_->RememberValue(state_.CurrTable);
-  list_->ShowFromStart();
-}
-
-void FrmMain::Refresh() {
-  if (state_.CurrTable.isEmpty()) return;
-  state_.Parameters.SetTag(QString());
-  state_.Parameters.Set(state_.Parameters.SelectedRow(), Parameter::Filter, QString());
-  list_->EnableCommands();
-  list_->ShowFromStart();
 }
 
 void FrmMain::ShowOriginalsMenu(const QPoint& at) {

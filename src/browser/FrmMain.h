@@ -12,8 +12,10 @@ namespace folvane {
 
 class BrowserCommands;
 class BrowserStatus;
+class BulkCommands;
 class ClassTreePart;
 class OriginalsView;
+class QueryCommands;
 class RecordCommands;
 class RecordListPart;
 class RecordListView;
@@ -39,12 +41,12 @@ class FrmMain : public QMainWindow {
   void AddListViews();
   void AddParameterView();
   void Connect();
+  void ConnectMoves();
+  void ConnectCommands();
   void OpenRow();
   void RestoreSplitters();
   void KeepSplitters() const;
   void ShowOriginalsMenu(const QPoint& at);
-  void Search();
-  void Refresh();
   void End();
 
   BrowserState state_;
@@ -59,6 +61,8 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<ClassTreePart> tree_;
   std::unique_ptr<RelatedRecords> related_;
   std::unique_ptr<RecordCommands> recordCommands_;
+  std::unique_ptr<BulkCommands> bulkCommands_;
+  std::unique_ptr<QueryCommands> queryCommands_;
 };
 
 }  // namespace folvane

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 
 #include "browser/BrowserTest.h"
+#include "entry/FrmInput.h"
+#include "shell/DefaultInstance.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
 
@@ -30,6 +32,16 @@ void Select(const Browser& browser, std::initializer_list<int> rows) {
     selection.select(browser.List().model()->index(row - 1, 0),
                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
   }
+}
+
+// The entry window is left on a record, "<NULL>" for none, without anything done in it.
+void LeaveEntryOn(const QString& key, const std::function<void(FrmInput&)>& steps = {}) {
+  WithWindow(u"FrmInput"_s, [=](QWidget& window) {
+    auto& entry = static_cast<FrmInput&>(window);
+    if (steps) steps(entry);
+    entry.Surroundings.LeaveTag(key);
+    entry.hide();
+  });
 }
 
 QString Notice(const Browser& browser) { return TextIn(browser.Window(), u"Notice"_s); }
@@ -160,6 +172,79 @@ TEST_P(RecordCommandsTest, ADeletionStartsTheListAtItsFirstRecord) {
     EXPECT_EQ(browser.Cell(), u"12"_s);
     EXPECT_EQ(Shared().CurrentRecords.AbsolutePosition(), 1);
   });
+}
+
+TEST_P(RecordCommandsTest, TheEntryWindowIsToldTheTableAndWhereItStandsInTheTree) {
+  InBrowser([&](const Browser& browser) {
+    LeaveEntryOn(DesignedDatabase::Key(3), [](FrmInput& entry) {
+      EXPECT_EQ(entry.CurrTable, u"Lwdj"_s);
+      EXPECT_EQ(entry.Surroundings.NodeText, u"来文登记"_s);
+      EXPECT_EQ(entry.Surroundings.Parameters->Selected(Parameter::Order), u"ArchiveId Desc"_s);
+    });
+    browser.Key(u"Mod"_s).trigger();
+    EXPECT_FALSE(DefaultInstance<FrmInput>::IsLoaded());
+  });
+}
+
+TEST_P(RecordCommandsTest, AfterTheEntryWindowTheListStandsOnTheRecordItWasLeftOn) {
+  InBrowser([&](const Browser& browser) {
+    LeaveEntryOn(DesignedDatabase::Key(3),
+                 [&](FrmInput&) { design_->Run(u"update Lwdj set Amaintitle = '改过' where RegID = 3"_s); });
+    browser.Entry(u"mnu_File4_Property"_s).trigger();
+    EXPECT_EQ(browser.Cell(), u"3"_s);
+    EXPECT_EQ(browser.List().currentIndex().siblingAtColumn(1).data().toString(), u"改过"_s);
+    EXPECT_EQ(browser.Status(), u"当前记录：第10条/共12条"_s);
+    EXPECT_EQ(browser.List().property("Tag").toString(), DesignedDatabase::Key(3));
+    EXPECT_EQ(browser.List().model()->rowCount(), 12) << "the page is filled from before";
+  });
+}
+
+TEST_P(RecordCommandsTest, LeftOnNoRecordTheListStartsAtItsFirst) {
+  InBrowser([&](const Browser& browser) {
+    ClickItem(browser.List(), browser.List().model()->index(5, 0));
+    LeaveEntryOn(u"<NULL>"_s);
+    browser.Key(u"Mod"_s).trigger();
+    EXPECT_EQ(browser.Row(), 1);
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共12条"_s);
+  });
+}
+
+TEST_P(RecordCommandsTest, ADoubleClickAndEnterChangeTheRecordWithTheListDisabled) {
+  InBrowser([&](const Browser& browser) {
+    const auto disabled = [&](FrmInput&) { EXPECT_FALSE(browser.List().isEnabled()); };
+    LeaveEntryOn(DesignedDatabase::Key(11), disabled);
+    DoubleClickItem(browser.List(), browser.List().model()->index(1, 0));
+    EXPECT_TRUE(browser.List().isEnabled());
+    EXPECT_EQ(browser.Cell(), u"11"_s);
+    LeaveEntryOn(DesignedDatabase::Key(11), disabled);
+    browser.PressInList(Qt::Key_Return);
+    EXPECT_TRUE(browser.List().isEnabled());
+  });
+}
+
+TEST_P(RecordCommandsTest, AddingBeginsANewRecordAndTheListShowsIt) {
+  InBrowser([&](const Browser& browser) {
+    LeaveEntryOn(DesignedDatabase::Key(13), [&](FrmInput& entry) {
+      EXPECT_TRUE(entry.AddOnOpen == u"1"_s || Shared().CurrentRecords.EditMode() == EditModeKind::Add);
+      design_->Insert(u"Lwdj"_s, u"ArchiveID,RegID,Amaintitle"_s, {DesignedDatabase::Key(13), u"13"_s, u"新来文"_s});
+    });
+    browser.Key(u"NEW"_s).trigger();
+    EXPECT_EQ(browser.Cell(), u"13"_s);
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共13条"_s);
+  });
+}
+
+TEST_P(RecordCommandsTest, AnEditThatNobodyEndedDoesNotHinderTheList) {
+  InBrowser([&](const Browser& browser) {
+    LeaveEntryOn(DesignedDatabase::Key(12), [](FrmInput&) {
+      if (Shared().CurrentRecords.EditMode() == EditModeKind::None) {
+        Shared().CurrentRecords[u"Amaintitle"_s].SetValue(u"没有保存"_s);
+      }
+    });
+    browser.Key(u"Mod"_s).trigger();
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共12条"_s);
+  });
+  EXPECT_EQ(design_->Value(u"select Amaintitle from Lwdj where RegID = 12"_s), u"题名12"_s);
 }
 
 }  // namespace folvane::test

@@ -1,0 +1,94 @@
+#include "browser/QueryCommands.h"
+
+#include <algorithm>
+
+#include "browser/AskQuery.h"
+#include "browser/BrowserState.h"
+#include "browser/RecordListPart.h"
+#include "browser/SearchBar.h"
+#include "bulk/FrmRecordMove.h"
+#include "query/FrmOrderBy.h"
+#include "query/FrmReadOrder.h"
+#include "records/ColumnSort.h"
+#include "shell/LoadedWindow.h"
+#include "shell/ModalWindow.h"
+
+namespace folvane {
+namespace {
+
+QString AskOrder(const QString& table, const QString& oldOrder) {
+  const LoadedWindow<FrmOrderBy> window;
+  window->OldOrder = oldOrder;
+  window->TableName = table;
+  window->Open();
+  return window->ReturnSql;
+}
+
+int AskNumber(bool ofPage) {
+  const LoadedWindow<FrmRecordMove> window;
+  window->MoveType = ofPage;
+  ShowModal(*window);
+  return window->MoveNumber;
+}
+
+}  // namespace
+
+void QueryCommands::QuickSearch() {
+  const std::optional<QString> condition = parts_.Search.Condition();
+  if (!condition) return;
+  parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Filter, *condition);
+  parts_.Search.RememberValue(parts_.State.CurrTable);
+  list_.ShowFromStart();
+}
+
+void QueryCommands::SimpleQuery() {
+  if (parts_.State.CurrTable.isEmpty()) return;
+  parts_.State.Parameters.SetTag(QString());
+  Show(AskSimpleQuery(parts_.State.CurrTable).condition);
+}
+
+void QueryCommands::CompoundQuery() {
+  if (parts_.State.CurrTable.isEmpty()) return;
+  parts_.State.Parameters.SetTag(QString());
+  Show(AskCompoundQuery(parts_.State.CurrTable).condition);
+}
+
+void QueryCommands::Show(const QString& filter) {
+  if (filter.isEmpty()) return;
+  parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Filter, filter);
+  list_.ShowFromStart();
+}
+
+void QueryCommands::Refresh() {
+  if (parts_.State.CurrTable.isEmpty()) return;
+  parts_.State.Parameters.SetTag(QString());
+  parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Filter, QString());
+  list_.EnableCommands();
+  list_.ShowFromStart();
+}
+
+void QueryCommands::Sort() {
+  BrowserState& state = parts_.State;
+  if (state.List.Count() == 0) return;
+  const QString key = list_.SelectedKey();
+  const QString order = AskOrder(state.CurrTable, state.Parameters.Selected(Parameter::Order));
+  if (order.isEmpty()) return;
+  for (int column = 0; column < state.List.columnCount(); ++column) {
+    state.List.SetCaption(column, WithoutArrows(state.List.Columns()[size_t(column)].caption));
+  }
+  state.Parameters.Set(state.Parameters.SelectedRow(), Parameter::Order, order);
+  list_.ShowInOrder(key);
+}
+
+void QueryCommands::SetBrowseOrder() {
+  const LoadedWindow<FrmReadOrder> window;
+  window->vsFlag = 1;
+  window->Open();
+}
+
+void QueryCommands::GoToNumber(bool byPage) {
+  const int number = AskNumber(byPage);
+  if (number != 0) list_.GoToRecord(std::min<qint64>(number, parts_.State.RecordCount));
+}
+
+}  // namespace folvane
