@@ -6,6 +6,7 @@
 #include "browser/BrowserState.h"
 #include "browser/CommandTrap.h"
 #include "browser/RecordListPart.h"
+#include "bulk/FrmReplace.h"
 #include "entry/FrmInput.h"
 #include "originals/OriginalStore.h"
 #include "records/KeyList.h"
@@ -34,7 +35,7 @@ void RecordCommands::OpenEntry(const QString& addOnOpen) {
     entry->CurrTable = parts_.State.CurrTable;
     entry->AddOnOpen = addOnOpen;
     entry->Surroundings = {parts_.Tree.currentIndex().data().toString(), &parts_.State.Parameters,
-                           [&list](const QString& key) { list.setProperty("Tag", key); }, nullptr};
+                           [&list](const QString& key) { list.setProperty("Tag", key); }, OpenReplace};
     entry->Open();
   }
   list_.EnableCommands();

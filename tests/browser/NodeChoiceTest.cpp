@@ -157,6 +157,22 @@ TEST_P(NodeChoiceTest, ASecondLevelValueWithAQuoteBreaksTheFilterAndTheWindowGoe
   });
 }
 
+TEST_P(NodeChoiceTest, ATableNameContainingAHyphenCannotHaveSecondLevelNodes) {
+  MessageBoxes messages;
+  design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
+  design_->AddRecords(u"Lwdj"_s, 3);
+  design_->Insert(u"Design_TableRelation"_s, u"TableName,ChnTableName,ClassID"_s, {u"Lwdj-2"_s, u"来文二"_s, u"2"_s});
+  design_->Insert(u"AssistantDictionary"_s, u"DicID,Name"_s, {u"7"_s, u"机关代字"_s});
+  design_->Insert(u"AssistantDicKey"_s, u"DicID,Name"_s, {u"7"_s, u"国发"_s});
+  program_.Write(u"YearFormula.Ini"_s, "[YearFormula]\r\nLwdj=0\r\nLwdj-2=DocNo\r\n");
+  InBrowser([&](const Browser& browser) {
+    browser.Choose(u"*\\"_s);
+    log_->Take();
+    browser.Choose(u"Lwdj-2-国发"_s);
+    EXPECT_THAT(log_->Take(), Contains(ReadsRecordsOf(u"Lwdj"_s))) << "split at the first hyphen";
+  });
+}
+
 TEST_P(NodeChoiceTest, AnOrderThatIsNoLongerValidLeavesTheRecordsClosed) {
   MessageBoxes messages;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
@@ -220,6 +236,20 @@ TEST_P(NodeChoiceTest, ATableWithoutReportsShowsTheOneEntryThatSaysSo) {
     EXPECT_EQ(only.text(), u"文件报表(无)"_s);
     EXPECT_EQ(only.property("Tag").toString(), u"0"_s);
     EXPECT_EQ(Find<QMenu>(browser.Window(), u"mnu_Report"_s).actions().size(), 1);
+  });
+}
+
+TEST_P(NodeChoiceTest, ClickingTheEntryThatSaysThereIsNoReportDoesNothing) {
+  MessageBoxes messages;
+  design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
+  InBrowser([&](const Browser& browser) {
+    QMenu& menu = Find<QMenu>(browser.Window(), u"mnu_Report"_s);
+    menu.popup(browser.Window().mapToGlobal(QPoint(200, 60)));
+    log_->Take();
+    ClickAt(menu, menu.actionGeometry(menu.actions().first()).center());
+    menu.close();
+    EXPECT_EQ(log_->Take(), QStringList());
+    EXPECT_TRUE(messages.Requests().empty());
   });
 }
 

@@ -154,6 +154,26 @@ TEST_P(SearchBarTest, EqualToNothingFindsEmptyFieldsAndNulls) {
   });
 }
 
+TEST_P(SearchBarTest, UnequalToNothingFindsNearlyAll) {
+  design_->Run(u"update Lwdj set Amaintitle = null where RegID = 4"_s);
+  design_->Run(u"update Lwdj set Amaintitle = '' where RegID = 5"_s);
+  InBrowser([&](const Browser& browser) {
+    Find<QComboBox>(browser.Window(), u"CboRelation"_s).setCurrentText(u"不等于"_s);
+    SearchFor(browser, QString());
+    EXPECT_EQ(browser.Parameter(u"Lwdj"_s, 2), u"(Amaintitle <> '' Or Amaintitle Is Not Null)"_s);
+    EXPECT_EQ(browser.List().model()->rowCount(), 11) << "all but the null";
+  });
+}
+
+TEST_P(SearchBarTest, AQuoteIsFoundAsItStandsAndRemembered) {
+  design_->Run(u"update Lwdj set Amaintitle = '关于''九五''规划' where RegID = 4"_s);
+  InBrowser([&](const Browser& browser) {
+    SearchFor(browser, u"'九五'"_s);
+    EXPECT_EQ(browser.Column(u"LVData"_s), QStringList{u"4"_s});
+  });
+  EXPECT_EQ(History(), u"@'九五'@题名3@旧@"_s);
+}
+
 TEST_P(SearchBarTest, ABracketIsFoundAsItStands) {
   design_->Run(u"update Lwdj set Amaintitle = '国发[2002]1号' where RegID = 4"_s);
   InBrowser([&](const Browser& browser) {
