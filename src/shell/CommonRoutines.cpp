@@ -1,25 +1,15 @@
 #include "shell/CommonRoutines.h"
 
-#include <QApplication>
 #include <QComboBox>
 
-#include <folvane/HostServices.h>
-
 #include "base/IgnoreErrors.h"
+#include "shell/Beep.h"
 #include "shell/SharedState.h"
 
 namespace folvane {
 namespace {
 
 constexpr char16_t kBackspace = 8;
-
-void Beep() {
-  if (Services().beep) {
-    Services().beep();
-  } else {
-    QApplication::beep();
-  }
-}
 
 void OpenForReading(Recordset& records, const QString& statement, CursorLocation cursor = CursorLocation::Client) {
   records.Open(statement, SharedConnection(), CursorType::Static, LockType::ReadOnly, cursor);
