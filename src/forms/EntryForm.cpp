@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <algorithm>
 
+#include <folvane/DataError.h>
+
 #include "base/CodePage.h"
 #include "forms/FieldFactory.h"
 #include "forms/LengthGuard.h"
@@ -53,10 +55,16 @@ void EntryForm::Build(const QString& table, Recordset& records) {
   layout_ = {};
   binding_.SetSource(&records);
   layout_ = ReadEntryLayout(SharedConnection(), table);
-  int number = 0;
-  for (const LayoutRow& row : layout_.rows) {
-    BuildField(row, records);
-    BuildLabel(row, ++number);
+  size_t built = 0;
+  try {
+    for (; built < layout_.rows.size(); ++built) {
+      BuildField(layout_.rows[built], records);
+      BuildLabel(layout_.rows[built], int(built) + 1);
+    }
+  } catch (const std::exception&) {
+    layout_.rows.resize(built);
+    layout_.FieldList.resize(built + 1);
+    throw;
   }
 }
 
@@ -70,6 +78,7 @@ void EntryForm::ClearEntryControls() {
 
 void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
   if (ControlArrayName(row.control.type).isEmpty()) return;
+  RequireSound(row, records);
   const QString dictionary = u"'"_s + row.dictionary + u"'"_s;
   auto made = NewField({row.control.type, row.control.index, row.dataField, row.fieldType, row.caption,
                         LimitOf(row, records), dictionary},
@@ -92,6 +101,14 @@ void EntryForm::BuildLabel(const LayoutRow& row, int number) {
   label.setProperty("Tag", QString::number(top));
   const int beyond = std::max(0, ByteLength(row.caption) - kLabelBytes);
   Place(label, {row.left - kLabelLeft - kTwipsPerByte * beyond, top, 0, 0, Design::Own});
+}
+
+void EntryForm::RequireSound(const LayoutRow& row, const Recordset& records) const {
+  records.Fields().Item(row.dataField);
+  const QString name = ControlName(ControlArrayName(row.control.type), row.control.index);
+  if (FieldOf(row.control)) throw DataError(DataErrorKind::Usage, u"控件“%1”设计了两次。"_s.arg(name));
+  if (row.width < 0 || row.height < 0)
+    throw DataError(DataErrorKind::Usage, u"控件“%1”的宽度或高度小于零。"_s.arg(name));
 }
 
 EntryField* EntryForm::FieldOf(const ControlId& control) const {

@@ -22,7 +22,7 @@ class EntryForm : public ScrolledFields {
   void BuildEntryControls(const QString& table, Recordset& records);
   void ClearEntryControls();
 
-  /// The lists of the form that was built last.
+  /// The lists of the form that was built last, without the fields that an error has kept from being built.
   const EntryLayout& Layout() const { return layout_; }
   /// In the order of the design.
   const std::vector<std::unique_ptr<EntryField>>& Fields() const { return fields_; }
@@ -37,6 +37,7 @@ class EntryForm : public ScrolledFields {
 
  private:
   void Build(const QString& table, Recordset& records);
+  void RequireSound(const LayoutRow& row, const Recordset& records) const;
   void BuildField(const LayoutRow& row, Recordset& records);
   void BuildLabel(const LayoutRow& row, int number);
 

@@ -40,26 +40,26 @@ bool IsPassedOver(int key) {
 
 }  // namespace
 
-LengthGuard::LengthGuard(EntryField& field) : QObject(&field), field_(field) {
-  field.Widget().installEventFilter(this);
-  connect(&field, &EntryField::TextCommitted, this, &LengthGuard::Cut);
-}
-
-void LengthGuard::Cut() {
-  const std::optional<int> limit = LimitIn(field_.LimitText());
-  if (!limit || field_.IsComposing()) return;
-  const QString text = field_.Text();
+void CutToLimit(EntryField& field) {
+  const std::optional<int> limit = LimitIn(field.LimitText());
+  if (!limit || field.IsComposing()) return;
+  const QString text = field.Text();
   const QString cut = LimitByteLength(text, *limit);
   if (cut == text) return;
-  field_.SetText(cut);
-  field_.CaretToEnd();
+  field.SetText(cut);
+  field.CaretToEnd();
+}
+
+LengthGuard::LengthGuard(EntryField& field) : QObject(&field), field_(field) {
+  field.Widget().installEventFilter(this);
+  connect(&field, &EntryField::TextCommitted, this, [this] { CutToLimit(field_); });
 }
 
 bool LengthGuard::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyRelease) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool inCombo = field_.ControlType() == ControlKind::Cmb;
-    if (!IsPassedOver(key->key()) && !(inCombo && key->modifiers() & Qt::ControlModifier)) Cut();
+    if (!IsPassedOver(key->key()) && !(inCombo && key->modifiers() & Qt::ControlModifier)) CutToLimit(field_);
   }
   return QObject::eventFilter(watched, event);
 }

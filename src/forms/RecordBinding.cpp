@@ -1,5 +1,6 @@
 #include "forms/RecordBinding.h"
 
+#include "forms/LengthGuard.h"
 #include "shell/EventGuard.h"
 
 namespace folvane {
@@ -41,15 +42,25 @@ void RecordBinding::Refresh() {
 }
 
 void RecordBinding::Store() {
-  for (EntryField* field : fields_) Store(*field);
+  for (EntryField* field : fields_) {
+    try {
+      Store(*field);
+    } catch (const std::exception&) {
+      field->Focus();
+      throw;
+    }
+  }
 }
 
 void RecordBinding::Store(EntryField& field) {
   field.Commit();
   if (!typed_.count(&field)) return;
-  if (HasRow()) (*records_)[field.DataField()].SetValue(field.Value());
+  CutToLimit(field);
+  if (HasRow() && !readOnly_) (*records_)[field.DataField()].SetValue(field.Value());
   typed_.erase(&field);
-  ShowIn(field);
+  for (EntryField* each : fields_) {
+    if (each->DataField().compare(field.DataField(), Qt::CaseInsensitive) == 0 && !typed_.count(each)) ShowIn(*each);
+  }
 }
 
 }  // namespace folvane

@@ -24,6 +24,8 @@ class RecordBinding : public QObject {
   /// Binds a field and shows what the row holds of it.
   /// @throws DataError when the record set has no such field
   void Add(EntryField& field);
+  /// What is typed never reaches a row, and gives way to what the row holds.
+  void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
   /// Lets go of all fields.
   void Clear();
 
@@ -31,7 +33,8 @@ class RecordBinding : public QObject {
   void ShowRow();
   /// Shows what a program has changed in the current row. Fields with something typed keep that.
   void Refresh();
-  /// Puts what was typed into the row. @throws DataError when a value does not fit; the text then stays to be corrected
+  /// Puts what was typed into the row, cut to the length that the field's hint allows.
+  /// @throws DataError when a value does not fit; the text then stays to be corrected, and the field has the focus
   void Store();
   void Store(EntryField& field);
 
@@ -42,6 +45,7 @@ class RecordBinding : public QObject {
   Recordset* records_ = nullptr;
   std::vector<EntryField*> fields_;
   std::set<EntryField*> typed_;
+  bool readOnly_ = false;
 };
 
 }  // namespace folvane

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kStep = 300;      // by which the bar moves, and its range grows
 constexpr int kBarMargin = 50;  // left free under the fields
+constexpr int kSideMargin = 450, kBottomMargin = 240;
 
 }  // namespace
 
@@ -87,6 +88,13 @@ void ScrolledFields::FitBar() {
   const int room = needed ? bar_->sizeHint().width() : 0;
   area_->setGeometry(0, 0, width() - room, height);
   bar_->setGeometry(width() - room, 0, room, this->height());
+}
+
+QSize ScrolledFields::sizeHint() const {
+  const TwipScale scale(*this);
+  int right = 0;
+  for (const Placed& placed : placed_) right = std::max(right, placed.control->geometry().right() + 1);
+  return {right + scale.ToPixels(kSideMargin), scale.ToPixels(bottomExtent_ + kBottomMargin + kBarMargin)};
 }
 
 void ScrolledFields::BringIntoSight(const QWidget& control) {

@@ -35,6 +35,9 @@ class ScrolledFields : public QWidget {
   /// Shows the bar where the area is too low for what was placed.
   void FitBar();
 
+  /// The room in which everything can be seen at once.
+  QSize sizeHint() const override;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;

@@ -25,9 +25,12 @@ class EntryFormTest : public FormsTest {
   /// Adds a field to the design of a table, in twips, in the order of the calls.
   void Design(const QString& column, const QString& caption, int type, int index, int left, int top, int height = 300,
               const QString& table = u"Lwdj"_s) {
-    Native(
-        u"Insert Into DynamicWindows(TableName,FieldName,ChnFieldName,FieldType,FieldLong) Values('%1','%2','%3','文本型',12)"_s
-            .arg(table, column, caption));
+    if (!described_.contains(table + column)) {
+      Native(
+          u"Insert Into DynamicWindows(TableName,FieldName,ChnFieldName,FieldType,FieldLong) Values('%1','%2','%3','文本型',12)"_s
+              .arg(table, column, caption));
+    }
+    described_ << table + column;
     Native(
         u"Insert Into "
         u"SaveControls(DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,F_Width,F_Height)"
@@ -48,6 +51,7 @@ class EntryFormTest : public FormsTest {
 
  private:
   int order_ = 0;
+  QStringList described_;
 };
 
 TEST_F(EntryFormTest, PutsFieldsAndLabelsInTheirPlaces) {
@@ -133,6 +137,45 @@ TEST_F(EntryFormTest, EndsTheBuildingOverAColumnThatTheRecordSetLacks) {
   EXPECT_TRUE(boxes.Last().text.contains(u"Nowhere"_s));
   EXPECT_TRUE(form_->FieldOf({ControlKind::Txt, 1}));
   EXPECT_FALSE(form_->FieldOf({ControlKind::Txt, 3}));
+}
+
+TEST_F(EntryFormTest, EndsTheBuildingOverAControlThatIsDesignedTwice) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"FondsNo"_s, u"全宗"_s, ControlKind::Txt, 1, 1500, 400);
+  MessageBoxes boxes;
+  Build();
+  EXPECT_TRUE(boxes.Last().text.endsWith(u"控件“Txt(1)”设计了两次。"_s));
+  EXPECT_EQ(Control(u"Txt(1)"_s).property("DataField").toString(), u"Title"_s);
+  EXPECT_EQ(form_->Layout().rows.size(), 1u);
+}
+
+TEST_F(EntryFormTest, EndsTheBuildingOverANegativeSize) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0, -300);
+  MessageBoxes boxes;
+  Build();
+  EXPECT_TRUE(boxes.Last().text.endsWith(u"控件“Txt(1)”的宽度或高度小于零。"_s));
+  EXPECT_TRUE(form_->Fields().empty());
+}
+
+TEST_F(EntryFormTest, ShowsAFieldInTwoControls) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 2, 1500, 400);
+  Build();
+  Show();
+  Retype(Control(u"Txt(1)"_s), u"乙"_s);
+  form_->FieldOf({ControlKind::Txt, 2})->Focus();
+  EXPECT_EQ(TextIn(*form_, u"Txt(2)"_s), u"乙"_s);
+}
+
+TEST_F(EntryFormTest, WantsTheRoomOfItsControls) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 8000);
+  Build();
+  const QRect control = Control(u"Txt(1)"_s).geometry();
+  EXPECT_GT(form_->sizeHint().width(), control.right());
+  EXPECT_GT(form_->sizeHint().height(), control.bottom());
+  Window().resize(form_->sizeHint());
+  Show();
+  EXPECT_FALSE(Bar().isVisible());
 }
 
 TEST_F(EntryFormTest, NeedsNoBarWhereEverythingHasRoom) {

@@ -78,6 +78,14 @@ TEST_F(RecordBindingTest, StoresNullForADateThatWasTakenAway) {
   EXPECT_TRUE(records_[u"FileDate"_s].IsNull());
 }
 
+TEST_F(RecordBindingTest, StoresNothingWhereTheRowIsOnlyRead) {
+  binding_.SetReadOnly(true);
+  Retype(title_->Widget(), u"新题"_s);
+  quantity_->Focus();
+  EXPECT_EQ(title_->Text(), u"甲"_s);
+  EXPECT_EQ(records_.EditMode(), EditModeKind::None);
+}
+
 TEST_F(RecordBindingTest, StoresNothingThatNobodyTyped) {
   title_->SetText(u"由程序"_s);
   quantity_->Focus();
@@ -100,6 +108,7 @@ TEST_F(RecordBindingTest, ShowsTheErrorOfAValueThatDoesNotFitAndKeepsTheText) {
   EXPECT_EQ(boxes.Requests().size(), 1u);
   EXPECT_EQ(quantity_->Text(), u"多"_s);
   EXPECT_THROW(binding_.Store(), DataError);
+  EXPECT_TRUE(quantity_->Widget().hasFocus());
   Retype(quantity_->Widget(), u"8"_s);
   binding_.Store();
   EXPECT_EQ(records_[u"Quantity"_s].Text(), u"8"_s);
