@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QHash>
+#include <QKeySequence>
+#include <QObject>
+#include <QSet>
+#include <QString>
+#include <functional>
+#include <vector>
+
+class QAction;
+class QMainWindow;
+class QMenu;
+class QToolBar;
+
+namespace folvane {
+
+/// A menu entry; one without a name is a separator.
+struct CommandEntry {
+  QString name, caption, icon, shortcut, tip;
+  bool hasMark = false;
+};
+
+struct CommandMenu {
+  QString name, caption;
+  std::vector<CommandEntry> entries;
+};
+
+/// A toolbar key and the menu entry whose command it runs, "" for one of its own; one without a name is a separator.
+struct CommandKey {
+  QString name, caption, icon, tip, twin;
+  bool hasMark = false;
+};
+
+/// What a window can be told to do, by its menus and by its toolbar.
+struct CommandDesign {
+  QString toolbar;
+  std::vector<CommandMenu> menus;
+  std::vector<CommandKey> keys;
+  QSet<QString> unavailable;  ///< shown, and never enabled
+};
+
+/// The menus and the toolbar of a window, made from their design. Entries and keys are actions by name, with the menu
+/// or the toolbar as their parent. A menu answers to its name as an entry does.
+class WindowCommands : public QObject {
+ public:
+  WindowCommands(QMainWindow& window, CommandDesign design);
+
+  /// What an entry runs, and the key that is its twin. Errors are shown.
+  void OnEntry(const QString& entry, std::function<void()> handler);
+  /// What a key without a twin runs.
+  void OnKey(const QString& key, std::function<void()> handler);
+
+  void EnableEntry(const QString& entry, bool on) { Enable(*entries_.value(entry), on); }
+  void EnableKey(const QString& key, bool on) { Enable(*keys_.value(key), on); }
+
+  /// Whether an entry has that shortcut, enabled or not.
+  bool HasShortcut(const QKeySequence& keys) const;
+
+  bool IsMarked(const QString& entry) const;
+  /// Marks an entry and presses the key that is its twin, without running anything.
+  void SetMark(const QString& entry, bool on);
+
+  QMenu& Menu(const QString& name) const;
+  /// The menu that drops down from a key; made on the first call.
+  QMenu& KeyMenu(const QString& key);
+
+ private:
+  void AddMenu(QMainWindow& window, const CommandMenu& menu);
+  void AddKey(const CommandKey& key);
+  void Enable(QAction& action, bool on) const;
+
+  CommandDesign design_;
+  QToolBar* toolbar_;
+  QHash<QString, QAction*> entries_, keys_;
+};
+
+}  // namespace folvane
