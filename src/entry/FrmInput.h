@@ -2,10 +2,25 @@
 
 #include <QMainWindow>
 #include <QString>
+#include <QStringList>
+#include <memory>
 
+#include "entry/EnterWalk.h"
+#include "entry/EntryEnabling.h"
 #include "entry/EntrySurroundings.h"
+#include "entry/RecordLifecycle.h"
+#include "entry/ShownField.h"
+#include "records/TableParameters.h"
+
+class QTimer;
 
 namespace folvane {
+
+class EntryField;
+class EntryForm;
+class EntryStatus;
+class WindowCommands;
+struct CheckFailure;
 
 /// The entry window: the one form for the records of any table, made from the table's design and bound to the shared
 /// record set. Used through DefaultInstance; whoever opened it unloads it afterwards.
@@ -20,6 +35,85 @@ class FrmInput : public QMainWindow {
 
   /// Builds the form of the table and shows the window modally. @throws DataError what fails while it opens
   void Open();
+
+  /// Checks and writes the record with all that the form shows. Answers whether nothing is left to be saved; what keeps
+  /// it from that has been shown, and the record is as it was.
+  bool SaveData();
+  void CancelEdit();
+  /// Saves what is being edited and begins a new record.
+  void AddNewRecord();
+
+  /// For whoever moves the shared record set while the window is open: the first before, the second after.
+  void StoreTyped();
+  void ShowCurrentRecord();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  // Opening.
+  void Connect();
+  void ConnectMoves();
+  void ConnectTools();
+  void Load();
+  void Activate();
+  RegIdRule ReadRule(const Recordset& records) const;
+  ParentRecord ReadParent() const;
+  void ConnectFields(const QStringList& wideFields);
+  void LoadReportMenu();
+  void ReadFlags();
+  void UseYearSign();
+  void ShowOpened(qint64 openPosition);
+  QString Selected(Parameter parameter) const;
+
+  // Commands.
+  void DelRecord();
+  void MoveTo(RecordLifecycle::Step step);
+  void CopyAll();
+
+  // State.
+  bool MayEdit() const { return grants_.edit; }
+  bool HasRecord() const { return lifecycle_ && lifecycle_->HasRow(); }
+  void NoteChange(EntryField& field);
+  void NoteLeft(EntryField& field);
+  void Follow(const EntryField& field);
+  /// Shows that a modification has begun, if one has. Answers whether there is an edit to be saved or cancelled.
+  bool SwitchToEditing();
+  void SetToolbarState(bool browsing);
+  void RefreshRecordView();
+  void ApplyEnabling();
+  void ShowEditing();
+  void ShowSettled();
+
+  // Saving.
+  bool SaveTyped();
+  bool PassesChecks();
+  bool Refuse(const CheckFailure& failure);
+  bool PassesRules();
+  bool WriteRecord(void (RecordLifecycle::*write)());
+  void TrimMultiLines();
+  void KeepComboTexts();
+  ShownFields FieldsShown() const;
+
+  // Closing.
+  bool MayClose();
+  bool SettleEdit();
+  void End();
+  void WriteBack();
+
+  void FocusCurrentKey();
+  void NextKey(const EntryField& field);
+
+  EntryForm* form_;
+  WindowCommands* commands_;
+  EntryStatus* status_;
+  QTimer* timer_;
+  EntryGrants grants_;
+  bool showsEditing_ = false;  ///< the toolbar has gone over to the edit
+  EntryEnabling enabling_;
+  EnterWalk walk_;
+  std::unique_ptr<RecordLifecycle> lifecycle_;
 };
 
 }  // namespace folvane

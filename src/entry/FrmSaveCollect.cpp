@@ -13,13 +13,13 @@
 
 #include "entry/FrmCustomFormat.h"
 #include "entry/ProofingRule.h"
-#include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
+#include "shell/LoadedWindow.h"
 #include "shell/ModalWindow.h"
 #include "widgets/ChoiceRelay.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/ListCombo.h"
 #include "widgets/RecordListView.h"
+#include "widgets/SuppliedCombo.h"
 
 namespace folvane {
 namespace {
@@ -27,18 +27,6 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kCurrentTable = u"当前表"_s;
 constexpr int kKeyRole = Qt::UserRole;
-
-/// A box of a rule; free text is allowed, since a value is what the user types.
-class RuleBox : public ListCombo {
- public:
-  RuleBox(std::function<QStringList()> read, QWidget* parent) : ListCombo(parent), read_(std::move(read)) {}
-
- protected:
-  void ReadList() override { addItems(read_()); }
-
- private:
-  std::function<QStringList()> read_;
-};
 
 }  // namespace
 
@@ -75,7 +63,7 @@ void FrmSaveCollect::AddLines() {
 
 EditCombo* FrmSaveCollect::NewBox(const QString& array, int line, const QString& tip,
                                   std::function<QStringList()> read) {
-  auto* box = new RuleBox(std::move(read), this);
+  auto* box = new SuppliedCombo(std::move(read), this);
   box->setObjectName(u"%1(%2)"_s.arg(array).arg(line));
   box->setToolTip(tip);
   box->setEnabled(false);
@@ -98,7 +86,7 @@ void FrmSaveCollect::AddTables() {
 }
 
 void FrmSaveCollect::LayOut() {
-  resize(640, 560);
+  resize(640, 480);
   auto* grid = new QGridLayout(this);
   auto* heading = new QHBoxLayout;
   QFont bold = font();
@@ -238,10 +226,9 @@ void FrmSaveCollect::SaveTempOfLeft() {
 
 void FrmSaveCollect::ChooseValue(int line) {
   if (lines_[size_t(line)].value->Text() != kCustomFormat) return;
-  auto& window = DefaultInstance<FrmCustomFormat>::Get();
-  const auto unload = qScopeGuard([] { DefaultInstance<FrmCustomFormat>::Unload(); });
-  window.Open(editor_->ReadFormat(line));
-  editor_->WriteFormat(line, window.ReturnStr);
+  const LoadedWindow<FrmCustomFormat> window;
+  window->Open(editor_->ReadFormat(line));
+  editor_->WriteFormat(line, window->ReturnStr);
 }
 
 void FrmSaveCollect::UseCurrentTable(bool current) {

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+namespace folvane {
+
+/// What the user may do with the table of an entry form.
+struct EntryGrants {
+  bool lookFile = false;
+  bool print = false;
+  bool edit = false;
+  bool hasTarget = false;  ///< the table has an archive table
+};
+
+/// What the record of an entry form is in the middle of.
+enum class RecordState { Browse = 0, Add = 1, Modify = 2 };
+
+/// Where an entry form stands in its records. Positions count from 1.
+struct EntryPlace {
+  RecordState state = RecordState::Browse;
+  qint64 position = 0;
+  qint64 count = 0;
+};
+
+/// Which commands of the entry window are enabled. Toolbar keys and menu entries are kept apart: some share a name.
+/// Rights only ever take away.
+class EntryEnabling {
+ public:
+  explicit EntryEnabling(const EntryGrants& grants = {});
+
+  /// Once, as the window opens.
+  void ApplyRights();
+  /// @param autoSave saving goes on to the next record: the command to add stays as it is
+  void SetToolbarState(bool browsing, bool autoSave);
+  /// The commands on the current record and the moves from it.
+  void RefreshRecordView(const EntryPlace& place);
+
+  /// Commands that nothing was said about are enabled.
+  bool IsKeyEnabled(const QString& key) const { return keys_.value(key, true); }
+  bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry, true); }
+  const QHash<QString, bool>& Keys() const { return keys_; }
+  const QHash<QString, bool>& Entries() const { return entries_; }
+
+ private:
+  void SetKeys(const QStringList& keys, bool on);
+  void SetEntries(const QStringList& entries, bool on);
+
+  // With false they disable a group; with true they do nothing.
+  void SetEditButtons(bool allowed);
+  void SetFileButtons(bool allowed);
+  void SetReportButtons(bool allowed);
+  void SetMoveButtons(bool allowed);
+  void WithoutTarget();
+  void EnableOnRecord();
+  void EnableMoves(const EntryPlace& place);
+
+  EntryGrants grants_;
+  QHash<QString, bool> keys_, entries_;
+};
+
+}  // namespace folvane

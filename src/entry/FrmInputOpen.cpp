@@ -1,0 +1,210 @@
+#include <QMenu>
+#include <QScreen>
+#include <QTimer>
+
+#include "catalogue/ReadRows.h"
+#include "catalogue/ReportRows.h"
+#include "entry/EntryCommandDesign.h"
+#include "entry/EntryControls.h"
+#include "entry/EntryFlags.h"
+#include "entry/EntryStatus.h"
+#include "entry/FrmInput.h"
+#include "entry/FrmKeyOrder.h"
+#include "entry/FrmSaveCollect.h"
+#include "entry/KeyOrder.h"
+#include "entry/RegFormulaFile.h"
+#include "entry/TypingAids.h"
+#include "forms/EntryForm.h"
+#include "records/ReportEntries.h"
+#include "shell/CommonRoutines.h"
+#include "shell/EventGuard.h"
+#include "shell/LoadedWindow.h"
+#include "shell/ModalWindow.h"
+#include "shell/SharedState.h"
+#include "widgets/AgencyCodePicker.h"
+#include "widgets/FrmAbout.h"
+#include "widgets/Icons.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+const QString kCaption = u"著录界面"_s;
+const QString kGranted = u"1"_s;
+constexpr int kLookInterval = 500;
+
+}  // namespace
+
+FrmInput::FrmInput()
+    : form_(new EntryForm(this)),
+      commands_(new WindowCommands(*this, EntryCommandDesign())),
+      status_(new EntryStatus(this)),
+      timer_(new QTimer(this)) {
+  setObjectName(u"FrmInput"_s);
+  setWindowTitle(kCaption);
+  setWindowIcon(Icon(u"register"_s));
+  setCentralWidget(form_);
+  setStatusBar(status_);
+  timer_->setObjectName(u"Timer1"_s);
+  timer_->setSingleShot(true);
+  timer_->setInterval(kLookInterval);
+  Connect();
+}
+
+FrmInput::~FrmInput() {
+  if (lifecycle_) SetControlFinder({});
+}
+
+void FrmInput::Connect() {
+  commands_->OnEntry(u"AddNewRecord"_s, [this] { AddNewRecord(); });
+  commands_->OnEntry(u"SaveRecord"_s, [this] { SaveData(); });
+  commands_->OnEntry(u"CancelRecord"_s, [this] { CancelEdit(); });
+  commands_->OnEntry(u"DelRecord"_s, [this] { DelRecord(); });
+  commands_->OnEntry(u"mnuCopyAll"_s, [this] { CopyAll(); });
+  commands_->OnEntry(u"Close"_s, [this] { close(); });
+  ConnectGuarded(timer_, &QTimer::timeout, this, [this] { SwitchToEditing(); });
+  ConnectMoves();
+  ConnectTools();
+}
+
+void FrmInput::ConnectMoves() {
+  using Step = RecordLifecycle::Step;
+  commands_->OnEntry(u"First_R"_s, [this] { MoveTo(Step::First); });
+  commands_->OnEntry(u"Previous_R"_s, [this] { MoveTo(Step::Previous); });
+  commands_->OnEntry(u"Next_R"_s, [this] { MoveTo(Step::Next); });
+  commands_->OnEntry(u"Last_R"_s, [this] { MoveTo(Step::Last); });
+}
+
+void FrmInput::ConnectTools() {
+  commands_->OnEntry(u"mnuReplace"_s, [this] { Surroundings.OpenReplace(*this); });
+  for (const EntryFlag& flag : EntryFlags()) {
+    commands_->OnEntry(flag.entry, [this, flag] {
+      SaveFlag(flag, commands_->IsMarked(flag.entry));
+      UseYearSign();
+    });
+  }
+  commands_->OnEntry(u"Collect_R"_s, [this] {
+    const LoadedWindow<FrmSaveCollect> window;
+    window->CurrTable = CurrTable;
+    window->Open();
+  });
+  commands_->OnEntry(u"KeyOrder"_s, [this] {
+    const LoadedWindow<FrmKeyOrder> window;
+    window->CurrTable = CurrTable;
+    window->Open();
+    walk_.SetKeys(ReadKeyList(CurrTable));
+  });
+  commands_->OnEntry(u"FindDir"_s, [this] { OpenHelp(this, u"数据操作.htm"_s); });
+  commands_->OnEntry(u"About"_s, [] {
+    FrmAbout about;
+    ShowModal(about);
+  });
+}
+
+void FrmInput::Open() {
+  Load();
+  ShowModal(*this, [this] { Activate(); });
+}
+
+QString FrmInput::Selected(Parameter parameter) const {
+  return Surroundings.Parameters ? Surroundings.Parameters->Selected(parameter) : QString();
+}
+
+RegIdRule FrmInput::ReadRule(const Recordset& records) const {
+  return {CurrTable, LoadRegFormula(CurrTable, records), Selected(Parameter::RowLimit).trimmed(),
+          Selected(Parameter::Filter), false};
+}
+
+ParentRecord FrmInput::ReadParent() const {
+  const QString tag = Surroundings.Parameters ? Surroundings.Parameters->Tag() : QString();
+  return {Selected(Parameter::Parent).trimmed(), tag};
+}
+
+void FrmInput::Load() {
+  Recordset& records = Shared().CurrentRecords;
+  setWindowTitle(Surroundings.NodeText + u"  -  "_s + kCaption);
+  const qint64 openPosition = records.AbsolutePosition();
+  const RegIdRule rule = ReadRule(records);
+  const auto carried = LoadCarryFields(SharedConnection(), CurrTable, ReadParent());
+  form_->BuildEntryControls(CurrTable, records);
+  LoadReportMenu();
+  grants_ = {Selected(Parameter::LookFile) == kGranted, Selected(Parameter::Print) == kGranted,
+             Selected(Parameter::Edit) == kGranted, !Selected(Parameter::Target).isEmpty()};
+  lifecycle_ = std::make_unique<RecordLifecycle>(records, LifecycleStart{form_->Layout(), carried, rule}, openPosition);
+  ReadFlags();
+  ConnectFields(RegCbcIni(CurrTable));
+  ShowOpened(openPosition);
+}
+
+void FrmInput::ShowOpened(qint64 openPosition) {
+  enabling_ = EntryEnabling(grants_);
+  enabling_.ApplyRights();
+  commands_->EnableEntry(u"mnuReplace"_s, bool(Surroundings.OpenReplace));
+  status_->ShowUser(Shared().UserName);
+  status_->ShowOpened(openPosition, lifecycle_->Place().count);
+  walk_.SetKeys(form_->Layout().KeyList);
+  walk_.Restart();
+  form_->Binding().ShowRow();
+  ShowSettled();
+  SetControlFinder([form = form_](const ControlId& control) -> QObject* {
+    const EntryField* field = form->FieldOf(control);
+    return field ? &field->Widget() : nullptr;
+  });
+  resize(sizeHint().boundedTo(screen()->availableGeometry().size()));
+}
+
+void FrmInput::Activate() {
+  if (AddOnOpen == u"1"_s) {
+    AddOnOpen = u"0"_s;
+    RunGuarded([this] { AddNewRecord(); });
+  } else {
+    FocusCurrentKey();
+  }
+}
+
+void FrmInput::ConnectFields(const QStringList& wideFields) {
+  form_->Binding().SetReadOnly(!MayEdit());
+  for (const auto& made : form_->Fields()) {
+    EntryField& field = *made;
+    new TypingAids(field, IsNumericField(Shared().CurrentRecords, field.DataField()), wideFields,
+                   {[this] { return HasRecord(); }, [this] { return commands_->IsMarked(u"UseSign"_s); },
+                    [this](EntryField& from) { NextKey(from); }});
+    ConnectGuarded(&field, &EntryField::Changed, this, [this, &field] { NoteChange(field); });
+    ConnectGuarded(&field, &EntryField::Left, this, [this, &field] { NoteLeft(field); });
+  }
+  UseYearSign();
+}
+
+void FrmInput::ReadFlags() {
+  for (const EntryFlag& flag : EntryFlags()) commands_->SetMark(flag.entry, ReadFlag(flag));
+}
+
+void FrmInput::UseYearSign() {
+  const bool useSign = commands_->IsMarked(u"UseSign"_s);
+  lifecycle_->SetUseSign(useSign);
+  for (AgencyCodePicker* picker : form_->findChildren<AgencyCodePicker*>())
+    picker->SetYearBracket(useSign ? YearBracket::Tortoise : YearBracket::Square);
+}
+
+void FrmInput::LoadReportMenu() {
+  const auto reports = ReadRows<ReportRow>(
+      SharedConnection(), u"select Report_ID,report_name from report_index where report_group_id ='"_s + CurrTable +
+                              u"' and report_type='1'"_s);
+  const bool canRun = !UnavailableEntryCommands().contains(kRunReport);
+  QMenu& menu = commands_->Menu(u"ReportDesign"_s);
+  QMenu& keyMenu = commands_->KeyMenu(u"ReportView"_s);
+  menu.clear();
+  keyMenu.clear();
+  const auto add = [canRun](QMenu& to, const QString& name, const ReportRow& report) {
+    QAction* entry = to.addAction(QString(report.reportName).replace(u'&', u"&&"_s));
+    entry->setObjectName(name);
+    entry->setProperty("Tag", report.reportId);
+    entry->setEnabled(canRun);
+  };
+  int number = 0;
+  for (const ReportRow& report : reports.empty() ? std::vector{NoReports()} : reports)
+    add(menu, u"menuTemp(%1)"_s.arg(++number), report);
+  for (const ReportRow& report : reports) add(keyMenu, u"M_"_s + report.reportId, report);
+}
+
+}  // namespace folvane

@@ -1,0 +1,119 @@
+#include <folvane/ClsSaveCollect.h>
+#include <folvane/DataError.h>
+
+#include "entry/EntryStatus.h"
+#include "entry/FieldChecks.h"
+#include "entry/FrmInput.h"
+#include "entry/RowConflict.h"
+#include "forms/EntryForm.h"
+#include "shell/EventGuard.h"
+#include "shell/Messages.h"
+#include "shell/SharedState.h"
+#include "widgets/BusyPointer.h"
+#include "widgets/EditCombo.h"
+
+namespace folvane {
+
+using namespace Qt::Literals::StringLiterals;
+
+bool FrmInput::SaveData() {
+  bool saved = false;
+  RunGuarded([&] { saved = SaveTyped(); });
+  if (!saved) status_->ShowWork(u"准备就绪"_s);
+  return saved;
+}
+
+bool FrmInput::SaveTyped() {
+  StoreTyped();
+  if (lifecycle_->IsEmpty()) {
+    ShowMessage(u"请先按添加按钮！"_s, 0, u"提示"_s);
+    Shared().CurrentRecords.UpdateBatch(AffectKind::AllChapters);
+    return true;
+  }
+  if (lifecycle_->State() == RecordState::Browse) return true;
+  if (!PassesChecks()) return false;
+  KeepComboTexts();
+  return PassesRules() && WriteRecord(&RecordLifecycle::Write);
+}
+
+bool FrmInput::PassesChecks() {
+  std::optional<CheckFailure> failure;
+  {
+    const BusyPointer busy;
+    if (MayEdit())
+      failure = CheckPopedom({CurrTable, Selected(Parameter::RowLimit).trimmed(), Selected(Parameter::RightsText)},
+                             [this](const QString& field) { return form_->ValueOfField(field); });
+  }
+  if (failure) return Refuse(*failure);
+  status_->ShowWork(u"正在检查数据是否合法，请稍等..."_s);
+  TrimMultiLines();
+  const ShownFields fields = FieldsShown();
+  failure = CheckData(fields, lifecycle_->Layout());
+  if (failure) return Refuse(*failure);
+  failure = CheckArchiveDates(fields);
+  if (!failure) return true;
+  Refuse(*failure);
+  if (EntryField* field = form_->FieldOf(*failure->control)) field->SelectAll();
+  return false;
+}
+
+bool FrmInput::Refuse(const CheckFailure& failure) {
+  status_->ShowWork(u"准备就绪"_s);
+  ShowMessage(failure.text, failure.flags, windowTitle());
+  if (EntryField* field = failure.control ? form_->FieldOf(*failure.control) : nullptr) field->Focus();
+  return false;
+}
+
+bool FrmInput::PassesRules() {
+  const EntryField* fonds = form_->FondsControl();
+  bool failed = false;
+  ClsSaveCollect().SaveCollect(CurrTable, fonds ? fonds->Text() : QString(), failed);
+  return !failed;
+}
+
+bool FrmInput::WriteRecord(void (RecordLifecycle::*write)()) {
+  status_->ShowWork(u"正在保存数据，请稍等..."_s);
+  try {
+    const BusyPointer busy;
+    (*lifecycle_.*write)();
+  } catch (const DataError& error) {
+    if (error.Kind() != DataErrorKind::Conflict) throw;
+    const RowConflict conflict = ReadConflict(Shared().CurrentRecords, lifecycle_->Layout(), CurrTable);
+    if (!conflict.isDeleted && conflict.differences.empty()) throw;
+    return AskAboutConflict(conflict, windowTitle()) && WriteRecord(&RecordLifecycle::WriteOver);
+  }
+  form_->Binding().Refresh();  // the database may have given a number
+  ShowSettled();
+  return true;
+}
+
+void FrmInput::TrimMultiLines() {
+  for (const auto& field : form_->Fields()) {
+    if (field->ControlType() != ControlKind::Txt_MLine || field->DataField().isEmpty()) continue;
+    const QString line = OneLine(field->Text());
+    Field stored = Shared().CurrentRecords[field->DataField()];
+    if (line != stored.Text()) stored.SetValue(line);
+  }
+  form_->Binding().Refresh();
+}
+
+void FrmInput::KeepComboTexts() {
+  for (const auto& field : form_->Fields()) {
+    if (field->ControlType() != ControlKind::Cmb || field->Text().isEmpty()) continue;
+    auto& list = static_cast<EditCombo&>(field->Widget());
+    if (list.findText(field->Text(), Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) list.addItem(field->Text());
+  }
+}
+
+ShownFields FrmInput::FieldsShown() const {
+  ShownFields fields;
+  for (const auto& field : form_->Fields())
+    fields.push_back({{field->ControlType(), field->Index()},
+                      field->DataField(),
+                      field->Caption(),
+                      field->LimitText(),
+                      field->Text()});
+  return fields;
+}
+
+}  // namespace folvane

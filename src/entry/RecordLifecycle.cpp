@@ -1,0 +1,164 @@
+#include "entry/RecordLifecycle.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <folvane/DataError.h>
+
+#include "base/IgnoreErrors.h"
+#include "entry/NewRecord.h"
+
+namespace folvane {
+
+RecordLifecycle::RecordLifecycle(Recordset& records, LifecycleStart start, qint64 openPosition)
+    : records_(records),
+      layout_(std::move(start.layout)),
+      carried_(std::move(start.carried)),
+      all_(layout_.FieldList),
+      rule_(std::move(start.rule)) {
+  if (IsEmpty()) return;
+  records_.Move(std::clamp<qint64>(openPosition, 1, records_.RecordCount()) - 1, MoveFrom::First);
+  lastBookmark_ = records_.Bookmark();
+}
+
+EntryPlace RecordLifecycle::Place() const { return {state_, records_.AbsolutePosition(), records_.RecordCount()}; }
+
+bool RecordLifecycle::HasRow() const { return records_.AbsolutePosition() > 0; }
+
+bool RecordLifecycle::IsPending() const {
+  return records_.EditMode() != EditModeKind::None || records_.PendingCount() > 0;
+}
+
+bool RecordLifecycle::NoteChange() {
+  if (!HasRow() || state_ != RecordState::Browse) return false;
+  state_ = RecordState::Modify;
+  return true;
+}
+
+void RecordLifecycle::CarryForward() { RefreshCarried(carried_, records_, rule_.table); }
+
+void RecordLifecycle::StartNewRecord(bool autoStatus) {
+  if (HasRow()) lastBookmark_ = records_.Bookmark();
+  const qint64 before = records_.RecordCount();
+  try {
+    AddRecord(records_, layout_);
+  } catch (const std::exception&) {
+    if (records_.RecordCount() > before) state_ = RecordState::Add;
+    throw;
+  }
+  state_ = RecordState::Add;
+  FillNewRecord(records_, layout_, {copyAll_ ? all_ : carried_, copyAll_, autoStatus, rule_});
+}
+
+void RecordLifecycle::Write() {
+  try {
+    records_.UpdateBatch(AffectKind::Current);
+    records_.UpdateBatch(AffectKind::AllChapters);
+  } catch (const DataError&) {
+    refused_ = true;
+    throw;
+  }
+  NoteWritten();
+}
+
+void RecordLifecycle::NoteWritten() {
+  constexpr qint64 kNoPlace = 2;
+  lastBookmark_ = HasRow() ? records_.Bookmark() : kNoPlace;
+  state_ = RecordState::Browse;
+  refused_ = false;
+}
+
+void RecordLifecycle::WriteOver() {
+  std::vector<std::pair<QString, QVariant>> mine;
+  for (int i = 0; i < records_.Fields().Count(); ++i) {
+    const Field field = records_.Fields().Item(i);
+    if (field.Value() != field.OriginalValue()) mine.emplace_back(field.Name(), field.Value());
+  }
+  records_.Resync(AffectKind::Current);
+  for (const auto& [name, value] : mine) records_[name].SetValue(value);
+  Write();
+}
+
+void RecordLifecycle::Cancel() {
+  records_.CancelUpdate();
+  records_.CancelBatch(AffectKind::All);
+  Return();
+  if (std::exchange(refused_, false)) ReadAgain();
+  state_ = RecordState::Browse;
+}
+
+void RecordLifecycle::Return() {
+  if (IsEmpty()) return;
+  if (lastBookmark_ > 1) {
+    IgnoreErrors([this] { records_.SetBookmark(lastBookmark_); });  // the record may be gone
+  } else if (HasRow()) {
+    records_.MoveFirst();
+  }
+  if (!HasRow()) records_.MoveFirst();
+}
+
+// What the database refused may be a record that someone else has changed since it was read.
+void RecordLifecycle::ReadAgain() {
+  if (HasRow()) IgnoreErrors([this] { records_.Resync(AffectKind::Current); });
+}
+
+void RecordLifecycle::Delete() {
+  if (!HasRow()) return;
+  records_.Delete();
+  try {
+    records_.UpdateBatch();
+  } catch (const DataError&) {
+    // Nothing may wait that a later save would be refused over.
+    records_.CancelBatch(AffectKind::All);
+    state_ = RecordState::Browse;
+    ReadAgain();
+    throw;
+  }
+  records_.MovePrevious();
+  if (records_.BOF() && !IsEmpty()) records_.MoveFirst();
+  state_ = RecordState::Browse;
+  copyAll_ = false;
+}
+
+bool RecordLifecycle::Move(Step step) {
+  bool moved = true;
+  switch (step) {
+    case Step::First:
+      if (!IsEmpty()) records_.MoveFirst();
+      break;
+    case Step::Last:
+      if (!IsEmpty()) records_.MoveLast();
+      break;
+    case Step::Next:
+      if (!records_.EOF_()) records_.MoveNext();
+      moved = !records_.EOF_();
+      if (!moved && !IsEmpty()) records_.MoveLast();
+      break;
+    case Step::Previous:
+      if (!records_.BOF()) records_.MovePrevious();
+      moved = !records_.BOF();
+      if (!moved && !IsEmpty()) records_.MoveFirst();
+      break;
+  }
+  state_ = RecordState::Browse;
+  NoteMoved();
+  copyAll_ = false;
+  return moved || IsEmpty();
+}
+
+void RecordLifecycle::NoteMoved() {
+  if (HasRow() && state_ == RecordState::Browse) lastBookmark_ = records_.Bookmark();
+}
+
+void RecordLifecycle::ToggleCopyAll() {
+  if (!HasRow()) return;
+  if (!copyAll_) GatherAll(all_, records_, rule_.table);
+  copyAll_ = !copyAll_;
+}
+
+bool RecordLifecycle::Follow(const TypedField& field) {
+  if (!HasRow() || state_ == RecordState::Browse) return false;
+  return FollowTyping(records_, rule_, field, state_ == RecordState::Add);
+}
+
+}  // namespace folvane

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "data/Recordset.h"
+#include "entry/EntryEnabling.h"
+#include "entry/RegIdRule.h"
+#include "forms/CarryFields.h"
+#include "forms/EntryLayout.h"
+
+namespace folvane {
+
+/// What the records of an entry form start from.
+struct LifecycleStart {
+  EntryLayout layout;
+  std::vector<CarryField> carried;  ///< as LoadCarryFields gives them
+  RegIdRule rule;
+};
+
+/// The life of the records behind an entry form: which state the current one is in, where cancelling returns to, and
+/// what adding, saving, cancelling, deleting and moving do to the record set. All routines @throw DataError.
+class RecordLifecycle {
+ public:
+  enum class Step { First, Previous, Next, Last };
+
+  /// Stands on the record at the position the record set had when the window opened.
+  RecordLifecycle(Recordset& records, LifecycleStart start, qint64 openPosition);
+
+  RecordState State() const { return state_; }
+  EntryPlace Place() const;
+  /// Whether the record set stands on a record.
+  bool HasRow() const;
+  bool IsEmpty() const { return records_.RecordCount() == 0; }
+  /// Whether something in the record set waits to be written.
+  bool IsPending() const;
+  const EntryLayout& Layout() const { return layout_; }
+
+  /// A field was changed by hand. Answers whether that began a modification.
+  bool NoteChange();
+
+  /// Takes the values that are carried forward from the current record.
+  void CarryForward();
+  /// Adds a record and fills it. After an error the record stands as far as it was filled, to be cancelled.
+  void StartNewRecord(bool autoStatus);
+  /// Writes the record.
+  void Write();
+  /// Writes over what someone else has made of the record: of what was changed here nothing is lost, the rest becomes
+  /// what the other has saved.
+  void WriteOver();
+  /// Drops what was changed and returns to where it began.
+  void Cancel();
+  /// Deletes the current record, not its originals. When the database refuses, the record stays.
+  void Delete();
+  /// Answers false when there was no such record; the nearest is then the current one.
+  bool Move(Step step);
+
+  /// The record set was moved by someone else: cancelling returns to where it stands now.
+  void NoteMoved();
+
+  /// Marks copying of the current record, or ends it. Does nothing without one.
+  void ToggleCopyAll();
+  bool CopiesAll() const { return copyAll_; }
+
+  /// Has the registration number follow a field. Answers whether it was written.
+  bool Follow(const TypedField& field);
+  void SetUseSign(bool useSign) { rule_.useSign = useSign; }
+
+ private:
+  void NoteWritten();
+  void Return();
+  void ReadAgain();
+
+  Recordset& records_;
+  EntryLayout layout_;
+  std::vector<CarryField> carried_, all_;
+  RegIdRule rule_;
+  RecordState state_ = RecordState::Browse;
+  qint64 lastBookmark_ = 0;
+  bool copyAll_ = false;
+  bool refused_ = false;  ///< the last write, so that the record may be another's by now
+};
+
+}  // namespace folvane

@@ -1,0 +1,203 @@
+#include <QLineEdit>
+#include <QMenu>
+
+#include "InputFixture.h"
+#include "shell/RegistryValues.h"
+
+namespace folvane::test {
+namespace {
+
+using FrmInputTest = InputTest;
+
+TEST_P(FrmInputTest, IsCalledAfterTheNodeThatItWasOpenedFrom) {
+  InWindow([](const Input& input) { EXPECT_EQ(input.Window().windowTitle(), u"收文登记  -  著录界面"_s); });
+}
+
+TEST_P(FrmInputTest, YieldsAnEmptyFormWithAWorkingToolbarForATableWithoutControls) {
+  AddRecords(2);
+  InWindow([&](const Input& input) {
+    EXPECT_EQ(input.Control(u"PicControls"_s).findChildren<QWidget*>().size(), 0);
+    EXPECT_EQ(input.Position(), u"当前记录：第1条/共2条"_s);
+    input.Do(u"Next_R"_s);
+    EXPECT_EQ(input.Position(), u"当前记录：第2条/共2条"_s);
+    input.Do(u"AddNewRecord"_s);
+    EXPECT_EQ(input.Position(), u"当前共3条"_s);
+    input.Do(u"SaveRecord"_s);
+    EXPECT_EQ(Value(u"select count(*) from Lwdj"_s), u"3"_s);
+  });
+}
+
+TEST_P(FrmInputTest, LeavesALabelWithoutAFieldForAnUnknownKindThatTheFocusPassesOver) {
+  AddRecords(1);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Design({u"Pages"_s, u"页数"_s, 11});
+  Design({u"DocNo"_s, u"文号"_s});
+  InWindow([](const Input& input) {
+    EXPECT_EQ(input.Text(u"F_Lbl(2)"_s), u"页数"_s);
+    input.PressIn(u"Txt(1)"_s, Qt::Key_Return);
+    EXPECT_EQ(input.Focused(), u"Txt(1)"_s);
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名1"_s);
+  });
+}
+
+TEST_P(FrmInputTest, DropsAControlWithoutADictionaryRowSilently) {
+  AddRecords(1);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Run(u"insert into SaveControls (DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,F_Width,F_Height)"
+      " values ('Lwdj','DocNo',1,9,9,0,0,900,300)"_s);
+  InWindow([](const Input& input) {
+    EXPECT_TRUE(input.Has(u"Txt(1)"_s));
+    EXPECT_FALSE(input.Has(u"Txt(9)"_s));
+  });
+  EXPECT_TRUE(boxes_.Requests().empty());
+}
+
+TEST_P(FrmInputTest, HoldsNothingOfTheTableItWasOpenFor) {
+  CreateTable(*Connected(), BusinessTable(u"Fwdj"_s, {{u"Unit"_s, ColumnType::Text, 40}}));
+  parameters_.Add(u"Fwdj"_s);
+  AddRecords(1);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Design({u"DocNo"_s, u"文号"_s});
+  Design({u"Unit"_s, u"单位"_s}, u"Fwdj"_s);
+  InWindow([](const Input&) {});
+  Shared().CurrentRecords.Close();
+  Shared().CurrentRecords.Open(u"Select * From Fwdj"_s, Connected());
+  Reopen(
+      [](const Input& input) {
+        EXPECT_EQ(input.Control(u"Txt(1)"_s).property("DataField").toString(), u"Unit"_s);
+        EXPECT_FALSE(input.Has(u"Txt(2)"_s));
+        EXPECT_FALSE(input.Has(u"F_Lbl(2)"_s));
+      },
+      u"Fwdj"_s);
+}
+
+TEST_P(FrmInputTest, GoesOnWithTheFieldsBuiltBeforeAnError) {
+  AddRecords(1);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Design({u"Nowhere"_s, u"无"_s, ControlKind::DTP});
+  InWindow([&](const Input& input) {
+    EXPECT_TRUE(
+        boxes_.Last().text.startsWith(u"自定义界面数据可能有误,请检查自定义的每一步操作,或与程序供应商联系!\r\n"_s));
+    EXPECT_EQ(boxes_.Last().flags, 16);
+    EXPECT_EQ(boxes_.Last().title, u"收文登记  -  著录界面"_s);
+    boxes_.Clear();
+    input.Do(u"AddNewRecord"_s);
+    input.Retype(u"Txt(1)"_s, u"新题"_s);
+    input.Do(u"SaveRecord"_s);
+    EXPECT_TRUE(boxes_.Requests().empty());
+    EXPECT_EQ(Value(u"select count(*) from Lwdj where Amaintitle = '新题'"_s), u"1"_s);
+  });
+}
+
+TEST_P(FrmInputTest, ShowsTheRecordThatTheBrowserStandsOn) {
+  AddRecords(3);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  InWindow(
+      [](const Input& input) {
+        EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名3"_s);
+        EXPECT_EQ(input.Position(), u"当前记录：第3条/共3条"_s);
+        EXPECT_EQ(TextIn(input.Window(), u"UserName"_s), u"当前用户：张三"_s);
+        EXPECT_EQ(input.Work(), u"准备就绪"_s);
+        EXPECT_EQ(input.Focused(), u"Txt(1)"_s);
+      },
+      false, 3);
+}
+
+TEST_P(FrmInputTest, MovesThroughTheRecordsWithoutAskingTheDatabase) {
+  AddRecords(3);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  InWindow([&](const Input& input) {
+    TakeStatements();
+    for (const auto& [entry, title] : {std::pair{u"Next_R"_s, u"题名2"_s}, std::pair{u"Last_R"_s, u"题名3"_s},
+                                       std::pair{u"Previous_R"_s, u"题名2"_s}, std::pair{u"First_R"_s, u"题名1"_s}}) {
+      input.Do(entry);
+      EXPECT_EQ(input.Text(u"Txt(1)"_s), title);
+    }
+    input.Key(u"MoveNext"_s).trigger();
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名2"_s);
+    EXPECT_EQ(TakeStatements(), QStringList());
+  });
+}
+
+TEST_P(FrmInputTest, SaysThatThereAreNoRecords) {
+  InWindow([](const Input& input) {
+    EXPECT_EQ(input.Position(), u"当前无记录"_s);
+    EXPECT_TRUE(input.KeyOn(u"AddRecord"_s));
+    EXPECT_FALSE(input.KeyOn(u"SaveRecord"_s));
+    EXPECT_FALSE(input.KeyOn(u"DelRecord"_s));
+  });
+}
+
+TEST_P(FrmInputTest, KeepsTheOptionsForTheStation) {
+  Flag(u"UseSpecialSign"_s, true);
+  InWindow([](const Input& input) {
+    EXPECT_TRUE(input.Entry(u"UseSign"_s).isChecked());
+    EXPECT_FALSE(input.Entry(u"AutoSave"_s).isChecked());
+    for (const QString& entry : {u"UseSign"_s, u"AutoSave"_s, u"AutoStatus"_s}) input.Do(entry);
+  });
+  EXPECT_EQ(QueryValue(kLocalMachine, kMainFlags, u"UseSpecialSign"_s), u"False"_s);
+  EXPECT_EQ(QueryValue(kLocalMachine, kMainFlags, u"AutoAddSaveFlags"_s), u"True"_s);
+  EXPECT_EQ(QueryValue(kLocalMachine, kMainFlags, u"AutoFileStatus"_s), u"True"_s);
+}
+
+TEST_P(FrmInputTest, OffersTheReportsOfTheTable) {
+  Run(u"insert into Report_Index (Report_ID,Report_Name,Report_Group_Id,Report_Type) values ('77','收文簿','Lwdj','1'),"
+      "('78','年报','Lwdj','2')"_s);
+  InWindow([&](const Input& input) {
+    EXPECT_EQ(input.Entry(u"menuTemp(1)"_s).text(), u"收文簿"_s);
+    EXPECT_EQ(input.Entry(u"M_77"_s).text(), u"收文簿"_s);
+    EXPECT_EQ(input.Window().findChildren<QAction*>(u"M_78"_s).size(), 0);
+  });
+  Run(u"delete from Report_Index"_s);
+  InWindow([&](const Input& input) {
+    EXPECT_EQ(input.Entry(u"menuTemp(1)"_s).text(), u"文件报表(无)"_s);
+    EXPECT_EQ(input.Window().findChildren<QAction*>(u"M_77"_s).size(), 0);
+  });
+}
+
+TEST_P(FrmInputTest, ShowsTheCommandsOfLaterSubsystemsDisabled) {
+  AddRecords(1);
+  Right(Parameter::Target, u"Wsda"_s);
+  InWindow([](const Input& input) {
+    for (const QString& key : {u"FileArea"_s, u"Distribute"_s, u"PassRead"_s, u"Transact"_s, u"DoArchive"_s})
+      EXPECT_FALSE(input.KeyOn(key)) << key.toStdString();
+    for (const QString& entry : {u"AddFile"_s, u"BorrowFile"_s, u"mnuDistibute"_s, u"mnuPassRead"_s, u"mnuTransact"_s,
+                                 u"mnuArchive"_s, u"mnuReplace"_s})
+      EXPECT_FALSE(input.On(entry)) << entry.toStdString();
+  });
+}
+
+TEST_P(FrmInputTest, OpensTheWindowThatFindsAndReplaces) {
+  AddRecords(1);
+  FrmInput* opened = nullptr;
+  openReplace_ = [&](FrmInput& window) { opened = &window; };
+  InWindow([&](const Input& input) {
+    input.Do(u"mnuReplace"_s);
+    EXPECT_EQ(opened, &input.Form());
+  });
+}
+
+TEST_P(FrmInputTest, LetsAUserWithoutTheRightToEditMoveAndReadOnly) {
+  AddRecords(2);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Right(Parameter::Edit, u"0"_s);
+  InWindow([](const Input& input) {
+    for (const QString& key : {u"AddRecord"_s, u"SaveRecord"_s, u"CancelRecord"_s, u"DelRecord"_s})
+      EXPECT_FALSE(input.KeyOn(key)) << key.toStdString();
+    EXPECT_FALSE(input.On(u"Tools"_s));
+    input.Retype(u"Txt(1)"_s, u"改"_s);
+    input.Key(u"MoveNext"_s).trigger();
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名2"_s);
+    input.Retype(u"Txt(1)"_s, u"改"_s);
+    input.Window().close();
+    EXPECT_FALSE(input.Window().isVisible());
+  });
+  EXPECT_TRUE(boxes_.Requests().empty());
+  EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
+  EXPECT_EQ(Value(u"select count(*) from Lwdj where Amaintitle = '改'"_s), u"0"_s);
+}
+
+FOLVANE_ON_EACH_DATABASE(FrmInputTest);
+
+}  // namespace
+}  // namespace folvane::test
