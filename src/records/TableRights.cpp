@@ -72,8 +72,12 @@ QString ReadDefaultOrder(const QString& table) {
 }
 
 void SaveOrder(const QString& table, const QString& order) {
-  const bool isNew =
-      ReadRows<BrowseOrderRow>(SharedConnection(), u"Select * From FindCirOrder"_s + OfTableAndUser(table)).empty();
+  StoreOrder(
+      table, order,
+      ReadRows<BrowseOrderRow>(SharedConnection(), u"Select * From FindCirOrder"_s + OfTableAndUser(table)).empty());
+}
+
+void StoreOrder(const QString& table, const QString& order, bool isNew) {
   SharedConnection()->Execute(isNew
                                   ? InsertOrder(u"Insert Into FindCirOrder"_s, table, order)
                                   : u"Update FindCirOrder Set OrderStr = '"_s + order + u"'"_s + OfTableAndUser(table));

@@ -18,5 +18,7 @@ QString ReadDefaultOrder(const QString& table);
 
 /// Keeps the browse order of a table for the current user.
 void SaveOrder(const QString& table, const QString& order);
+/// The same for a caller that knows whether the user has none for the table yet.
+void StoreOrder(const QString& table, const QString& order, bool isNew);
 
 }  // namespace folvane

@@ -2,12 +2,15 @@
 
 #include <folvane/HostServices.h>
 
+#include "base/ProfileFile.h"
 #include "base/ProgramDirectory.h"
 #include "base/TableProfile.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+
+const QString kSection = u"YearFormula"_s;
 
 bool Is(const QString& field, const char* name) { return field.compare(QLatin1String(name), Qt::CaseInsensitive) == 0; }
 
@@ -17,11 +20,15 @@ QString YearFormulaPath() { return ProgramFile(u"YearFormula.Ini"_s); }
 
 QString ReadYearFormula(const QString& table) {
   const TableProfile profile{YearFormulaPath(),
-                             u"YearFormula"_s,
+                             kSection,
                              {u"#--------------------------------------------------------------"_s,
                               u"# 自定义字段显示数据"_s, u"#要求：表中含有该字段,字段名用英文名！"_s, QString()},
                              20};
   return profile.Read(table);
+}
+
+void WriteYearFormula(const QString& table, const QString& field) {
+  ProfileFile(YearFormulaPath()).Write(kSection, table, field);
 }
 
 QString SecondLevelFilter(const QString& field, const QString& value) {

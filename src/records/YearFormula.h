@@ -11,6 +11,9 @@ QString YearFormulaPath();
 /// The grouping field of a table, at most 19 bytes of it, or "0". A table the file does not know is added with 0.
 QString ReadYearFormula(const QString& table);
 
+/// Makes a field the grouping field of a table; "0" for none. @throws FileError
+void WriteYearFormula(const QString& table, const QString& field);
+
 /// The condition that a second-level node adds to the list of its table.
 QString SecondLevelFilter(const QString& field, const QString& value);
 
