@@ -2,10 +2,16 @@
 
 #include <QDialog>
 #include <QString>
+#include <array>
+
+class QPushButton;
 
 namespace folvane {
 
-/// Chooses the fields by which the records of a table are sorted, and keeps the choice for the user.
+class FieldListView;
+
+/// Chooses the fields by which the records of a table are sorted, and keeps the choice for the user. A ticked field is
+/// sorted downwards.
 class FrmOrderBy : public QDialog {
  public:
   FrmOrderBy();
@@ -17,6 +23,21 @@ class FrmOrderBy : public QDialog {
 
   /// Reads the fields of the table and shows the window modally. @throws DataError
   void Open();
+
+  /// Leaves without a change.
+  void reject() override;
+
+ private:
+  void AddMoveKeys();
+  void LayOut();
+  void Connect();
+  void Load();
+  void EnableKeys();
+  void Save();
+
+  FieldListView *offered_, *chosen_;
+  std::array<QPushButton*, 4> moves_;  ///< all back, one back, one over, all over
+  QPushButton* ok_;
 };
 
 }  // namespace folvane

@@ -3,7 +3,12 @@
 #include <QDialog>
 #include <QString>
 
+class QPushButton;
+
 namespace folvane {
+
+class FieldListView;
+class TextCombo;
 
 /// Chooses for each table the field by which the class tree groups its records.
 class FrmReadOrder : public QDialog {
@@ -15,6 +20,18 @@ class FrmReadOrder : public QDialog {
 
   /// Reads the tables and shows the window modally; a missing YearFormula.Ini is told instead. @throws DataError
   void Open();
+
+ private:
+  void LayOut();
+  void Connect();
+  void Load();
+  void ChooseTable(int index);
+  void AddField();
+  void Save();
+
+  TextCombo *captions_, *tables_;
+  FieldListView *fields_, *chosen_;
+  QPushButton *add_, *remove_, *ok_, *cancel_;
 };
 
 }  // namespace folvane

@@ -3,7 +3,12 @@
 #include <QDialog>
 #include <QString>
 
+class QPushButton;
+class QToolButton;
+
 namespace folvane {
+
+class FieldListView;
 
 /// Chooses the fields of the simple query of one table and their order.
 class FrmSimSet : public QDialog {
@@ -15,6 +20,18 @@ class FrmSimSet : public QDialog {
 
   /// Reads the fields of the table and shows the window modally. @throws DataError
   void Open();
+
+ private:
+  void LayOut();
+  void Connect();
+  void FillDataField();
+  void EnableKeys();
+  void Save();
+
+  FieldListView *offered_, *chosen_;
+  QPushButton *choose_, *remove_;
+  QToolButton *up_, *down_;
+  QPushButton* ok_;
 };
 
 }  // namespace folvane

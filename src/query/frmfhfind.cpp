@@ -1,16 +1,207 @@
 #include "query/frmfhfind.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QStandardItemModel>
+#include <QToolBar>
+#include <array>
+#include <utility>
+
+#include "query/Comparison.h"
+#include "shell/EventGuard.h"
+#include "shell/Messages.h"
 #include "shell/ModalWindow.h"
+#include "widgets/Icons.h"
+#include "widgets/RecordListView.h"
+#include "widgets/SuppliedCombo.h"
 
 namespace folvane {
-
+namespace {
 using namespace Qt::Literals::StringLiterals;
 
-frmfhfind::frmfhfind() {
-  setObjectName(u"frmfhfind"_s);
-  setWindowTitle(u"组合查询窗体"_s);
+void Name(QWidget& box, int element, const QString& tip) {
+  box.setObjectName(u"Cmb(%1)"_s.arg(element));
+  box.setToolTip(tip);
 }
 
-void frmfhfind::Open() { ShowModal(*this); }
+QList<QStandardItem*> RowOf(const ShownCondition& condition) {
+  QList<QStandardItem*> row;
+  for (const QString& text :
+       {condition.connector, condition.field, condition.relation, condition.value, condition.place})
+    row << new QStandardItem(text);
+  return row;
+}
+
+}  // namespace
+
+frmfhfind::frmfhfind()
+    : toolbar_(new QToolBar(u"工具栏"_s, this)),
+      connector_(new TextCombo(this)),
+      relation_(new TextCombo(this)),
+      field_(new EditCombo(this)),
+      value_(new SuppliedCombo([this] { return CompoundQuery::ValuesFor(field_->Text()); }, this)),
+      conditions_(new QStandardItemModel(0, 5, this)),
+      list_(new RecordListView(this)),
+      forget_(new QCheckBox(u"不保存当前查询条件"_s, this)) {
+  setObjectName(u"frmfhfind"_s);
+  setWindowTitle(u"组合查询窗体"_s);
+  setWindowIcon(Icon(u"query"_s));
+  forget_->setObjectName(u"Check1"_s);
+  forget_->setToolTip(u"关闭窗口时删除列表中的全部条件；不打勾时下次打开仍然保留"_s);
+  MakeKeys();
+  MakeList();
+  MakeBoxes();
+  LayOut();
+}
+
+void frmfhfind::MakeBoxes() {
+  Name(*connector_, 0, u"与上一个条件的连接关系，第一个条件不需要"_s);
+  Name(*field_, 1, u"要比较的字段"_s);
+  Name(*relation_, 2, u"比较关系"_s);
+  Name(*value_, 3, u"要比较的值，可以直接输入 (回车添加条件)"_s);
+  connector_->addItems(ConnectorWords());
+  relation_->addItems(ComparisonWords());
+}
+
+void frmfhfind::MakeKeys() {
+  toolbar_->setObjectName(u"Toolbar1"_s);
+  toolbar_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  toolbar_->setContextMenuPolicy(Qt::PreventContextMenu);
+  add_ = AddKey(u"F_AddRecord"_s, u"添加条件"_s, u"new"_s, u"Ctrl+N"_s, u"将下面的条件加入列表"_s);
+  QAction* remove = AddKey(u"F_DelRecord"_s, u"删除条件"_s, u"del"_s, u"Ctrl+D"_s, u"从列表中删除选中的条件"_s);
+  toolbar_->addSeparator();
+  QAction* query = AddKey(u"F_Query"_s, u"开始查询"_s, u"search"_s, u"Ctrl+Return"_s, u"按列表中的条件查询"_s);
+  toolbar_->addSeparator();
+  QAction* exit = AddKey(u"F_Exit"_s, u"退出查询"_s, u"exit"_s, {}, u"不查询，关闭窗口 (Esc)"_s);
+  ConnectGuarded(add_, &QAction::triggered, this, &frmfhfind::AddCondition);
+  ConnectGuarded(remove, &QAction::triggered, this, &frmfhfind::RemoveCondition);
+  ConnectGuarded(query, &QAction::triggered, this, &frmfhfind::Query);
+  ConnectGuarded(exit, &QAction::triggered, this, &frmfhfind::reject);
+}
+
+QAction* frmfhfind::AddKey(const QString& name, const QString& caption, const QString& icon, const QString& shortcut,
+                           const QString& tip) {
+  auto* key = new QAction(Icon(icon), caption, toolbar_);
+  key->setObjectName(name);
+  key->setShortcut(QKeySequence(shortcut));
+  key->setToolTip(shortcut.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, shortcut));
+  toolbar_->addAction(key);
+  return key;
+}
+
+void frmfhfind::MakeList() {
+  conditions_->setHorizontalHeaderLabels({u"关系"_s, u"比较字段"_s, u"比较关系"_s, u"比较值"_s, u"顺序"_s});
+  list_->setObjectName(u"ListView1"_s);
+  list_->setModel(conditions_);
+  list_->setSelectionMode(QAbstractItemView::SingleSelection);
+  list_->SetKeyHandler([this](int key) {
+    if (key != Qt::Key_Delete) return false;
+    RemoveCondition();
+    return true;
+  });
+  list_->setColumnWidth(0, 60);
+  list_->setColumnWidth(1, 160);
+  list_->setColumnWidth(2, 90);
+  list_->setColumnWidth(3, 220);
+  list_->header()->setStretchLastSection(true);
+}
+
+void frmfhfind::LayOut() {
+  resize(640, 420);
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(toolbar_, 0, 0, 1, 4);
+  grid->addWidget(list_, 1, 0, 1, 4);
+  grid->setRowStretch(1, 1);
+  const std::array<std::pair<QString, TextCombo*>, 4> boxes{
+      {{u"连接关系"_s, connector_}, {u"比较字段"_s, field_}, {u"比较关系"_s, relation_}, {u"比较值"_s, value_}}};
+  const std::array stretches{2, 5, 3, 6};
+  for (int column = 0; column < 4; ++column) {
+    const auto& [caption, box] = boxes[std::size_t(column)];
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(box);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    grid->addWidget(label, 2, column);
+    grid->addWidget(box, 3, column);
+    grid->setColumnStretch(column, stretches[std::size_t(column)]);
+  }
+  grid->addWidget(forget_, 4, 0, 1, 4);
+}
+
+void frmfhfind::Open() {
+  Load();
+  ShowModal(*this);
+}
+
+void frmfhfind::Load() {
+  ReturnSql.clear();
+  query_.emplace(FormTag);
+  field_->clear();
+  field_->addItems(query_->Fields());
+  for (TextCombo* box : std::initializer_list<TextCombo*>{connector_, field_, relation_, value_}) box->SetText({});
+  forget_->setChecked(false);
+  ShowConditions(0);
+  (query_->Conditions().empty() ? static_cast<QWidget*>(field_) : connector_)->setFocus();
+}
+
+void frmfhfind::ShowConditions(int selected) {
+  conditions_->removeRows(0, conditions_->rowCount());
+  for (const ShownCondition& condition : query_->Conditions()) conditions_->appendRow(RowOf(condition));
+  list_->setCurrentIndex(conditions_->index(qMin(selected, conditions_->rowCount() - 1), 0));
+}
+
+void frmfhfind::AddCondition() {
+  const ShownCondition typed{connector_->currentText(), field_->Text(), relation_->currentText(), value_->Text(), {}};
+  if (const QString missing = query_->Missing(typed); !missing.isEmpty()) {
+    ShowMessage(missing, MessageFlag::Critical, u"警告"_s);
+    return;
+  }
+  const int selected = qMax(list_->CurrentRow() - 1, 0);
+  query_->Add(typed);
+  ShowConditions(selected);
+  list_->scrollToBottom();
+  connector_->setFocus();
+}
+
+void frmfhfind::RemoveCondition() {
+  const int place = list_->CurrentRow();
+  if (place == 0) return;
+  query_->Remove(place);
+  ShowConditions(place - 1);
+}
+
+void frmfhfind::Query() {
+  ReturnSql.clear();
+  ChnReturnSql.clear();
+  const ConditionText text = query_->Text(M_Condition);
+  if (query_->Conditions().empty()) return;
+  ReturnSql = text.sql;
+  ChnReturnSql = text.words;
+  accept();
+}
+
+void frmfhfind::reject() {
+  ReturnSql.clear();
+  QDialog::reject();
+}
+
+void frmfhfind::done(int result) {
+  RunGuarded([this] {
+    if (forget_->isChecked()) query_->Forget();
+  });
+  QDialog::done(result);
+}
+
+void frmfhfind::keyPressEvent(QKeyEvent* event) {
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isEnter && event->modifiers() == Qt::NoModifier) {
+    if (qobject_cast<QComboBox*>(focusWidget())) return add_->trigger();
+  }
+  QDialog::keyPressEvent(event);
+}
 
 }  // namespace folvane

@@ -2,8 +2,20 @@
 
 #include <QDialog>
 #include <QString>
+#include <optional>
+
+#include "query/CompoundQuery.h"
+
+class QAction;
+class QCheckBox;
+class QStandardItemModel;
+class QToolBar;
 
 namespace folvane {
+
+class EditCombo;
+class RecordListView;
+class TextCombo;
 
 /// Puts together a condition over the fields of one table out of a list that is kept for all users of the table.
 class frmfhfind : public QDialog {
@@ -17,6 +29,39 @@ class frmfhfind : public QDialog {
 
   /// Reads the saved conditions of the table and shows the window modally. @throws DataError
   void Open();
+
+  /// Leaves without a query.
+  void reject() override;
+  /// Forgets the saved conditions where the user wants that, in whatever way the window is left.
+  void done(int result) override;
+
+ protected:
+  /// Enter in one of the boxes adds the condition that stands in them.
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QAction* AddKey(const QString& name, const QString& caption, const QString& icon, const QString& shortcut,
+                  const QString& tip);
+  void MakeBoxes();
+  void MakeKeys();
+  void MakeList();
+  void LayOut();
+
+  void Load();
+  /// Shows the list as it is, with that row selected, from 0.
+  void ShowConditions(int selected);
+  void AddCondition();
+  void RemoveCondition();
+  void Query();
+
+  std::optional<CompoundQuery> query_;
+  QToolBar* toolbar_;
+  TextCombo *connector_, *relation_;
+  EditCombo *field_, *value_;
+  QStandardItemModel* conditions_;
+  RecordListView* list_;
+  QCheckBox* forget_;
+  QAction* add_;
 };
 
 }  // namespace folvane

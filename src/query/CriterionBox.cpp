@@ -1,0 +1,27 @@
+#include "query/CriterionBox.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace folvane {
+
+CriterionBox::CriterionBox(QWidget* parent) : QWidget(parent), caption_(new QLabel(this)), row_(new QHBoxLayout(this)) {
+  caption_->setTextFormat(Qt::PlainText);
+  row_->setContentsMargins(0, 0, 0, 0);
+  row_->addWidget(caption_);
+}
+
+QString CriterionBox::Caption() const { return caption_->text(); }
+
+void CriterionBox::SetCaption(const QString& caption) { caption_->setText(caption); }
+
+void CriterionBox::AddInput(QWidget& input) {
+  row_->addWidget(&input, 1);
+  if (focusProxy()) return;
+  setFocusProxy(&input);
+  caption_->setBuddy(&input);
+}
+
+void CriterionBox::AddText(const QString& text) { row_->addWidget(new QLabel(text, this)); }
+
+}  // namespace folvane

@@ -1,0 +1,108 @@
+#include "query/SearchFields.h"
+
+#include <QMap>
+#include <QSet>
+#include <algorithm>
+#include <optional>
+
+#include "catalogue/ReadRows.h"
+#include "shell/SharedState.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+template <class Row>
+std::vector<Row> Read(const QString& statement) {
+  return ReadRows<Row>(SharedConnection(), statement);
+}
+
+// The indexes that fit keep their place, whatever comes before them.
+void MendIndexes(std::vector<SearchFieldRow>& fields) {
+  QMap<int, QSet<int>> taken;
+  std::vector<SearchFieldRow*> unfit;
+  for (SearchFieldRow& field : fields) {
+    QSet<int>& ofKind = taken[field.ctlType];
+    if (field.ctlIndex < 1 || ofKind.contains(field.ctlIndex)) {
+      unfit.push_back(&field);
+    } else {
+      ofKind.insert(field.ctlIndex);
+    }
+  }
+  for (SearchFieldRow* field : unfit) {
+    QSet<int>& ofKind = taken[field->ctlType];
+    field->ctlIndex = 1;
+    while (ofKind.contains(field->ctlIndex)) ++field->ctlIndex;
+    ofKind.insert(field->ctlIndex);
+  }
+}
+
+void AddRow(Recordset& records, const QString& table, const NamedField& field, int order, int kind, int index) {
+  records.AddNew();
+  records[u"TableName"_s].SetValue(table);
+  records[u"DataField"_s].SetValue(field.field);
+  records[u"ChnDataField"_s].SetValue(field.caption);
+  records[u"OrderNo"_s].SetValue(order);
+  records[u"CtlType"_s].SetValue(kind);
+  records[u"CtlIndex"_s].SetValue(index);
+}
+
+}  // namespace
+
+std::vector<SearchFieldRow> ReadSearchFields(const QString& table) {
+  std::vector<SearchFieldRow> fields =
+      Read<SearchFieldRow>(u"Select * from SimSearch Where TableName = '"_s + table + u"' Order By OrderNo"_s);
+  MendIndexes(fields);
+  return fields;
+}
+
+std::vector<NamedField> ReadChosenFields(const QString& table) {
+  std::vector<NamedField> chosen;
+  for (const auto& row : Read<SearchFieldRow>(u"Select DataField,ChnDataField from SimSearch where Tablename='"_s +
+                                              table + u"' Order By OrderNo"_s))
+    chosen.push_back({row.chnDataField, row.dataField});
+  return chosen;
+}
+
+std::vector<NamedField> ReadOfferedFields(const QString& table, const std::vector<NamedField>& chosen) {
+  const auto isChosen = [&](const QString& caption) {
+    return std::any_of(chosen.begin(), chosen.end(), [&](const NamedField& field) { return field.caption == caption; });
+  };
+  std::vector<NamedField> offered;
+  for (const auto& row : Read<DictionaryFieldRow>(
+           u"Select ChnFieldname,FieldName From DynamicWindows Where TableName='"_s + table + u"'"_s)) {
+    if (!isChosen(row.chnFieldName)) offered.push_back({row.chnFieldName, row.fieldName});
+  }
+  return offered;
+}
+
+void SaveSimSearch(const QString& table, const std::vector<NamedField>& chosen) {
+  const std::shared_ptr<Connection> connection = SharedConnection();
+  std::optional<Transaction> transaction;
+  if (!connection->InTransaction()) transaction.emplace(*connection);
+  connection->Execute(u"Delete From SimSearch Where TableName = '"_s + table + u"'"_s);
+  Recordset records;
+  records.Open(u"Select * from SimSearch"_s, connection);
+  QMap<int, int> counts;
+  int order = 0;
+  for (const NamedField& field : chosen) {
+    const int kind = GetCtlType(table, field.field);
+    AddRow(records, table, field, ++order, kind, ++counts[kind]);
+  }
+  records.UpdateBatch(AffectKind::All);
+  if (transaction) transaction->Commit();
+}
+
+int GetCtlType(const QString& table, const QString& field) {
+  static const QStringList ranges{u"数值型"_s, u"数字型"_s, u"档案日期"_s, u"自动编号"_s};
+  static const QStringList dates{u"时间型"_s, u"日期型"_s};
+  const std::vector<DictionaryFieldRow> rows = Read<DictionaryFieldRow>(
+      u"Select ChnFieldName,FieldName,AuxiDictDetails,FieldType From DynamicWindows Where FieldName = '"_s + field +
+      u"' And TableName = '"_s + table + u"'"_s);
+  if (rows.empty()) return SearchInput::Like;
+  if (ranges.contains(rows.front().fieldType)) return SearchInput::Range;
+  if (dates.contains(rows.front().fieldType)) return SearchInput::Dates;
+  return rows.front().auxiDictDetails.isEmpty() ? SearchInput::Like : SearchInput::Dictionary;
+}
+
+}  // namespace folvane
