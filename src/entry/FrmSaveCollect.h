@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QString>
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "entry/RuleEditor.h"
