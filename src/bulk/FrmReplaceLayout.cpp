@@ -51,7 +51,7 @@ void FrmReplace::LayOut() {
   AddRow(*grid, u"替换为(&W):"_s, replace_);
   find_->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersAcross * 2);
   const int row = grid->rowCount();
-  grid->addWidget(allFields_, row, 1, 1, 2);
+  grid->addWidget(allFields_, row, 1, 1, 2, Qt::AlignLeft);
   grid->addWidget(oneField_, row + 1, 1);
   grid->addWidget(field_, row + 1, 2);
   AddRow(*grid, u"方向(&D):"_s, way_);

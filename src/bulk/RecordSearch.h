@@ -10,10 +10,10 @@ namespace folvane {
 
 /// What to look for in records, and what to put in its place.
 struct SearchTerms {
-  QString find, replace;
+  QString find = {}, replace = {};
   bool allFields = true;
-  QString caption;   ///< of the one field to look in, where not in all
-  bool like = true;  ///< a value that has the text anywhere in it; otherwise one that is the text between two stars
+  QString caption = {};  ///< of the one field to look in, where not in all
+  bool like = true;      ///< a value that has the text anywhere in it; otherwise one that is the text between two stars
 };
 
 enum class SearchWay { All, Up, Down };
