@@ -25,6 +25,16 @@ void SendMouse(QEvent::Type type, QWidget& widget, const QPoint& at, Qt::MouseBu
   QApplication::sendEvent(window.windowHandle(), &event);
 }
 
+QWidget& TypingTarget(QWidget& widget) { return widget.focusProxy() ? TypingTarget(*widget.focusProxy()) : widget; }
+
+void SendKey(QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  const QPointer<QWidget> target(&widget);
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, modifiers, text);
+    if (target) QApplication::sendEvent(target, &event);
+  }
+}
+
 QHeaderView& HeaderOf(QAbstractItemView& view) {
   if (auto* tree = qobject_cast<QTreeView*>(&view)) return *tree->header();
   if (auto* table = qobject_cast<QTableView*>(&view)) return *table->horizontalHeader();
@@ -66,11 +76,17 @@ void ClickKey(QWidget& window, const QString& toolBar, const QString& key) {
   Click(*button);
 }
 
-void Press(QWidget& widget, int key) {
-  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
-  }
+void Press(QWidget& widget, int key) { SendKey(TypingTarget(widget), key, {}); }
+
+void Type(QWidget& widget, const QString& text) {
+  QWidget& target = TypingTarget(widget);
+  target.setFocus();
+  for (const QChar letter : text) SendKey(target, Qt::Key_unknown, letter);
+}
+
+void Retype(QWidget& widget, const QString& text) {
+  SendKey(TypingTarget(widget), Qt::Key_A, {}, Qt::ControlModifier);
+  Type(widget, text);
 }
 
 void Choose(QComboBox& box, int index) {

@@ -20,6 +20,10 @@ void ClickColumn(QAbstractItemView& view, int column);
 /// Clicks the key of a tool bar.
 void ClickKey(QWidget& window, const QString& toolBar, const QString& key);
 void Press(QWidget& widget, int key);
+/// Types into a control or its focus proxy, Chinese included.
+void Type(QWidget& widget, const QString& text);
+/// Marks all that stands in the control and types over it.
+void Retype(QWidget& widget, const QString& text);
 void Choose(QComboBox& box, int index);
 
 }  // namespace folvane::host::hands

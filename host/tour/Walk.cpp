@@ -1,51 +1,30 @@
 #include "host/tour/Walk.h"
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QLabel>
-#include <QRegularExpression>
 #include <QToolBar>
 #include <memory>
 
 #include "host/Appearance.h"
 #include "host/Entries.h"
 #include "host/tour/Hands.h"
+#include "host/tour/Sights.h"
+#include "host/tour/Work.h"
 
 namespace folvane::host {
 namespace {
 
-const QString kLogOn = QStringLiteral("LogOnDialog"), kStart = QStringLiteral("StartWindow"),
-              kBrowser = QStringLiteral("FrmMain");
+const QString kLogOn = QStringLiteral("LogOnDialog"), kStart = QStringLiteral("StartWindow");
 constexpr QSize kBrowserSize(1180, 720);
-constexpr int kPage = 30;
 constexpr int kImageRole = Qt::UserRole + 1;
 
-Tour::Condition Shown(const QString& window) {
-  return [window] { return VisibleWindow(window) && VisibleWindow(window)->isActiveWindow(); };
-}
-
-QAbstractItemView& Tree() { return In<QAbstractItemView>(kBrowser, QStringLiteral("TV_File")); }
-QAbstractItemView& List() { return In<QAbstractItemView>(kBrowser, QStringLiteral("LVData")); }
-int Rows() { return List().model()->rowCount(); }
-QString Position() { return In<QLabel>(kBrowser, QStringLiteral("RecordCount")).text(); }
 QAction& ToolKey(const QString& key) {
   auto* action = In<QToolBar>(kBrowser, QStringLiteral("tlb")).findChild<QAction*>(key);
   Expect(action, QStringLiteral("no key ") + key);
   return *action;
 }
 QString Key(const QModelIndex& node) { return node.data(Qt::UserRole).toString(); }
-
-// Number and count of "当前记录：第3条/共120条".
-std::pair<int, int> PositionAndCount() {
-  static const QRegularExpression numbers(QStringLiteral("第(\\d+)条/共(\\d+)条"));
-  const auto match = numbers.match(Position());
-  Expect(match.hasMatch(), QStringLiteral("the status panel says “%1”").arg(Position()));
-  return {match.captured(1).toInt(), match.captured(2).toInt()};
-}
-
-void Refresh() { hands::ClickKey(Window(kBrowser), QStringLiteral("tlb"), QStringLiteral("Refresh")); }
 
 QModelIndex FirstNode(const QModelIndex& parent, const std::function<bool(const QModelIndex&)>& wanted) {
   const QAbstractItemModel& model = *Tree().model();
@@ -194,6 +173,7 @@ void PlanWalk(Tour& tour) {
   PlanPaging(tour, all);
   PlanSorting(tour);
   PlanDark(tour);
+  PlanWork(tour);
   PlanLogOnAgain(tour);
   PlanLogOn(tour, 2, QStringLiteral("log-on-limited"));
   PlanFileOpen(tour);

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAbstractItemView>
+#include <QString>
+#include <utility>
+
+#include "host/tour/Tour.h"
+
+/// What is seen on the tour, mostly in the record browser.
+namespace folvane::host {
+
+inline const QString kBrowser = QStringLiteral("FrmMain");
+inline constexpr int kPage = 30;
+
+/// That the window is shown and takes input.
+Tour::Condition Shown(const QString& window);
+
+QAbstractItemView& Tree();
+QAbstractItemView& List();
+int Rows();
+/// A column's text in the current row of the list.
+QString Cell(const QString& field);
+QString Position();
+/// Number and count of "当前记录：第3条/共120条".
+std::pair<int, int> PositionAndCount();
+
+void Refresh();
+/// Chooses an entry of the browser's menus.
+void ChooseEntry(const QString& window, const QString& entry);
+
+}  // namespace folvane::host
