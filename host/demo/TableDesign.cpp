@@ -10,7 +10,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 // The grid of the forms: two columns of fields with their captions to the left, rows of 32 pixels at 96 DPI.
-constexpr int kFirstTop = 150, kRowPitch = 480, kLineHeight = 345;
+constexpr int kFirstTop = 0, kRowPitch = 480, kLineHeight = 300;
 constexpr int kLeftColumn = 1350, kRightColumn = 6300, kColumnWidth = 3600;
 constexpr int kWideWidth = kRightColumn + kColumnWidth - kLeftColumn;
 

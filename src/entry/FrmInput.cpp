@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QTimer>
 
+#include <folvane/DataError.h>
+
 #include "base/IgnoreErrors.h"
 #include "entry/DictionaryWriteBack.h"
 #include "entry/EntryControls.h"
@@ -114,7 +116,12 @@ void FrmInput::NoteLeft(EntryField& field) {
 }
 
 void FrmInput::Follow(const EntryField& field) {
-  if (lifecycle_->Follow({field.ControlType(), field.DataField(), field.Text()})) form_->Binding().Refresh();
+  try {
+    if (lifecycle_->Follow({field.ControlType(), field.DataField(), field.Text()})) form_->Binding().Refresh();
+  } catch (const DataError& error) {
+    // A number that is too great while it is still being typed.
+    if (error.Kind() != DataErrorKind::Conversion) throw;
+  }
 }
 
 void FrmInput::NextKey(const EntryField& field) {

@@ -73,7 +73,7 @@ class FrmInput : public QMainWindow {
   void CopyAll();
 
   // State.
-  bool MayEdit() const { return grants_.edit; }
+  bool MayEdit() const { return lifecycle_ && grants_.edit; }
   bool HasRecord() const { return lifecycle_ && lifecycle_->HasRow(); }
   void NoteChange(EntryField& field);
   void NoteLeft(EntryField& field);

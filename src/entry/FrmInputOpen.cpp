@@ -1,6 +1,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QTimer>
+#include <algorithm>
 
 #include "catalogue/ReadRows.h"
 #include "catalogue/ReportRows.h"
@@ -150,7 +151,10 @@ void FrmInput::ShowOpened(qint64 openPosition) {
     const EntryField* field = form->FieldOf(control);
     return field ? &field->Widget() : nullptr;
   });
-  resize(sizeHint().boundedTo(screen()->availableGeometry().size()));
+  // The bar moves the fields up and down only: no part of them may be cut off at the side.
+  const QSize room = screen()->availableGeometry().size();
+  form_->setMinimumWidth(std::min(form_->sizeHint().width(), room.width()));
+  resize(sizeHint().boundedTo(room));
 }
 
 void FrmInput::Activate() {

@@ -31,6 +31,7 @@ bool FrmInput::SaveTyped() {
     return true;
   }
   if (lifecycle_->State() == RecordState::Browse) return true;
+  form_->Binding().StoreShown();
   if (!PassesChecks()) return false;
   KeepComboTexts();
   return PassesRules() && WriteRecord(&RecordLifecycle::Write);

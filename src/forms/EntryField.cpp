@@ -36,10 +36,16 @@ EntryField::EntryField(FieldSpec spec, QWidget* widget) : spec_(std::move(spec))
   widget->setProperty("DataField", spec_.dataField);
   widget->setProperty("Tag", spec_.caption);
   widget->setToolTip(spec_.limitText);
+  widget->setAccessibleName(spec_.caption);
   widget->installEventFilter(this);
 }
 
 EntryField::~EntryField() { delete widget_; }
+
+void EntryField::Focus() {
+  Widget().setFocus(Qt::OtherFocusReason);
+  if (!Widget().hasFocus()) Q_EMIT Entered();  // the event comes late, and then for another reason
+}
 
 bool EntryField::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {

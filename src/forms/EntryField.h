@@ -53,7 +53,8 @@ class EntryField : public QObject {
   virtual void SelectAll() = 0;
   virtual void CaretToEnd() = 0;
 
-  void Focus() { Widget().setFocus(Qt::OtherFocusReason); }
+  /// Gives the control the focus, in a window that is not active as soon as it is.
+  void Focus();
 
  Q_SIGNALS:
   /// The user has changed the text; once for each change.

@@ -22,12 +22,14 @@ void RecordBinding::Clear() {
   for (EntryField* field : fields_) disconnect(field, nullptr, this, nullptr);
   fields_.clear();
   typed_.clear();
+  shown_.clear();
 }
 
 bool RecordBinding::HasRow() const { return records_ && records_->IsOpen() && records_->AbsolutePosition() > 0; }
 
 void RecordBinding::ShowIn(EntryField& field) {
   field.Show(HasRow() ? (*records_)[field.DataField()].Text() : QString());
+  shown_[&field] = field.Text();
 }
 
 void RecordBinding::ShowRow() {
@@ -50,6 +52,13 @@ void RecordBinding::Store() {
       throw;
     }
   }
+}
+
+void RecordBinding::StoreShown() {
+  for (EntryField* field : fields_) {
+    if (field->Text() != shown_[field]) typed_.insert(field);
+  }
+  Store();
 }
 
 void RecordBinding::Store(EntryField& field) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -37,6 +38,8 @@ class RecordBinding : public QObject {
   /// @throws DataError when a value does not fit; the text then stays to be corrected, and the field has the focus
   void Store();
   void Store(EntryField& field);
+  /// The same, and what a program has put into fields since the row was shown: the row then holds what is seen.
+  void StoreShown();
 
  private:
   bool HasRow() const;
@@ -45,6 +48,7 @@ class RecordBinding : public QObject {
   Recordset* records_ = nullptr;
   std::vector<EntryField*> fields_;
   std::set<EntryField*> typed_;
+  std::map<const EntryField*, QString> shown_;  ///< what each field was last given to show
   bool readOnly_ = false;
 };
 

@@ -1,3 +1,4 @@
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -287,6 +288,46 @@ TEST_P(SaveRoadTest, ShowsAComboTextInItsListAtOnceAndKeepsItAfterTheClose) {
     EXPECT_EQ(Value(u"select count(*) from AssistantDicKey"_s), u"0"_s);
   });
   EXPECT_EQ(Value(u"select Name from AssistantDicKey where DicID = '9'"_s), u"新状态"_s);
+}
+
+TEST_P(SaveRoadTest, WritesWhatAProgramHasPutIntoAField) {
+  AddRecords(1);
+  DesignTitle();
+  Design({u"DocNo"_s, u"文号"_s});
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"新题"_s);
+    input.Control(u"Txt(2)"_s).setProperty("text", u"新号"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_EQ(Stored(u"DocNo"_s), u"新号"_s);
+  });
+}
+
+TEST_P(SaveRoadTest, KeepsCharactersOutsideTheCodePage) {
+  AddRecords(1);
+  DesignTitle();
+  InWindow([&](const Input& input) {
+    QInputMethodEvent event;
+    event.setCommitString(u"𠮷田€é😀"_s);
+    Find<QLineEdit>(input.Window(), u"Txt(1)"_s).selectAll();
+    QCoreApplication::sendEvent(&input.Control(u"Txt(1)"_s), &event);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_EQ(Stored(u"Amaintitle"_s), u"𠮷田€é😀"_s);
+  });
+}
+
+TEST_P(SaveRoadTest, BringsARefusedFieldIntoSight) {
+  AddRecords(1);
+  DesignTitle();
+  Design({u"DocNo"_s, u"文号"_s, ControlKind::Txt, 0, u"文本型"_s, 50, true});
+  Run(u"update SaveControls set F_Top = 30000 where DataField = 'DocNo'"_s);
+  Run(u"update Lwdj set DocNo = null"_s);
+  InWindow([&](const Input& input) {
+    input.Window().resize(600, 400);
+    input.Retype(u"Txt(1)"_s, u"新题"_s);
+    EXPECT_FALSE(input.Form().SaveData());
+    EXPECT_TRUE(input.Control(u"PicControls"_s).rect().contains(input.Control(u"Txt(2)"_s).geometry()));
+    input.Form().CancelEdit();
+  });
 }
 
 TEST_P(SaveRoadTest, KeepsQuotesInEveryTextField) {

@@ -215,6 +215,19 @@ TEST_P(TypingAidsTest, TheNumberFollowsTheDocumentNumberWhileItIsTyped) {
   });
 }
 
+TEST_P(TypingAidsTest, ANumberTooGreatForItsColumnIsNoMatterWhileItIsTyped) {
+  Formula(RegFormula::DocNo);
+  Flag(u"UseSpecialSign"_s, true);
+  AddRecords(1);
+  Design({u"DocNo"_s, u"文号"_s});
+  Design({u"RegID"_s, u"登记号"_s});
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"〔2002〕99999999999999999999号"_s);
+    EXPECT_TRUE(boxes_.Requests().empty());
+    input.Form().CancelEdit();
+  });
+}
+
 TEST_P(TypingAidsTest, TheBracketOfTheYearFollowsTheOption) {
   Formula(RegFormula::DocNo);
   AddRecords(1);

@@ -78,6 +78,23 @@ TEST_F(RecordBindingTest, StoresNullForADateThatWasTakenAway) {
   EXPECT_TRUE(records_[u"FileDate"_s].IsNull());
 }
 
+TEST_F(RecordBindingTest, StoresAllThatIsSeenOnDemand) {
+  title_->SetText(u"由程序"_s);
+  binding_.StoreShown();
+  EXPECT_EQ(records_[u"Title"_s].Text(), u"由程序"_s);
+}
+
+TEST_F(RecordBindingTest, StoresNothingOfADisplayFormat) {
+  records_[u"Title"_s].SetValue(u"2.6"_s);
+  auto number = NewField({ControlKind::Txt, 9, u"Title"_s, u"数值型"_s, {}, {}, {}}, &Window());
+  binding_.Add(*number);
+  ASSERT_EQ(number->Text(), u"3"_s);
+  binding_.Refresh();
+  binding_.StoreShown();
+  EXPECT_EQ(records_[u"Title"_s].Text(), u"2.6"_s);
+  binding_.Clear();
+}
+
 TEST_F(RecordBindingTest, StoresNothingWhereTheRowIsOnlyRead) {
   binding_.SetReadOnly(true);
   Retype(title_->Widget(), u"新题"_s);
