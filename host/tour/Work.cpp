@@ -157,6 +157,24 @@ void PlanUpdating(Tour& tour) {
       });
 }
 
+void PlanBatchDeletion(Tour& tour) {
+  constexpr int kCancel = 2;
+  tour.Step(QStringLiteral("ask for the batch deletion"), Shown(kBrowser),
+            [] { ChooseEntry(kBrowser, QStringLiteral("mnu_Tool2_BDel")); });
+  tour.Step(QStringLiteral("by the conditions saved there"), Shown(kCompound),
+            [] { hands::ClickKey(Window(kCompound), QStringLiteral("Toolbar1"), QStringLiteral("F_Query")); });
+  tour.Step(
+      QStringLiteral("see how many would go, and leave them"), [] { return AnswerKey(kCancel) != nullptr; },
+      [&tour] {
+        const QString notice = In<QLabel>(kBrowser, QStringLiteral("Notice")).text();
+        Expect(notice.startsWith(QStringLiteral("将删除 ")), notice);
+        tour.Picture(Window(kBrowser), QStringLiteral("batch-deletion-count"));
+        tour.Picture(*AnswerKey(kCancel)->window(), QStringLiteral("batch-deletion-question"));
+        hands::Click(*AnswerKey(kCancel));
+        Window(kBrowser).activateWindow();  // as a window manager does; offscreen there is none
+      });
+}
+
 void PlanReplacing(Tour& tour) {
   tour.Step(QStringLiteral("open a document"), Shown(kBrowser),
             [] { hands::ClickKey(Window(kBrowser), QStringLiteral("tlb"), QStringLiteral("Mod")); });
@@ -186,6 +204,7 @@ void PlanWork(Tour& tour) {
   PlanSearching(tour);
   PlanOrdering(tour);
   PlanUpdating(tour);
+  PlanBatchDeletion(tour);
   PlanReplacing(tour);
 }
 
