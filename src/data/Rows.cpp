@@ -1,7 +1,5 @@
 #include "data/Rows.h"
 
-#include <algorithm>
-
 #include "data/ValueText.h"
 
 namespace folvane {
@@ -53,30 +51,33 @@ RowChange& Rows::Touch(RowId row) {
   return at->second;
 }
 
-void Rows::SetState(RowChange& change, RowChange::State state) {
+void Rows::SetState(RowId row, RowChange& change, RowChange::State state) {
   dead_ += static_cast<RowId>(IsDead(state)) - static_cast<RowId>(IsDead(change.state));
   change.state = state;
+  if (IsPending(change))
+    pending_.insert(row);
+  else
+    pending_.erase(row);
 }
 
 RowId Rows::Append() {
   const RowId row = EndId();
   ++added_;
-  RowChange change;
-  change.state = RowChange::Added;
+  RowChange& change = changes_[row];
   change.current.resize(columns_.size());
-  changes_.emplace(row, std::move(change));
+  SetState(row, change, RowChange::Added);
   return row;
 }
 
 void Rows::SetValue(RowId row, int column, const QVariant& value) {
   RowChange& change = Touch(row);
   change.current[static_cast<std::size_t>(column)] = value;
-  if (change.state == RowChange::Clean) change.state = RowChange::Modified;
+  if (change.state == RowChange::Clean) SetState(row, change, RowChange::Modified);
 }
 
 void Rows::MarkDeleted(RowId row) {
   RowChange& change = Touch(row);
-  SetState(change, change.state == RowChange::Added ? RowChange::Gone : RowChange::Deleted);
+  SetState(row, change, change.state == RowChange::Added ? RowChange::Gone : RowChange::Deleted);
 }
 
 void Rows::Restore(RowId row) {
@@ -84,11 +85,11 @@ void Rows::Restore(RowId row) {
   if (at == changes_.end() || !IsPending(at->second)) return;
   RowChange& change = at->second;
   if (change.state == RowChange::Added) {
-    SetState(change, RowChange::Gone);
+    SetState(row, change, RowChange::Gone);
     return;
   }
   change.current = change.original;
-  SetState(change, RowChange::Clean);
+  SetState(row, change, RowChange::Clean);
 }
 
 std::optional<RowChange> Rows::Snapshot(RowId row) const {
@@ -100,36 +101,28 @@ void Rows::PutBack(RowId row, const std::optional<RowChange>& before) {
   RowChange& change = Touch(row);
   const RowChange::State state = before ? before->state : RowChange::Clean;
   change.current = before ? before->current : change.original;
-  SetState(change, state);
+  SetState(row, change, state);
 }
 
 void Rows::MarkWritten(RowId row) {
   RowChange& change = Touch(row);
   if (change.state == RowChange::Deleted) {
-    SetState(change, RowChange::Gone);
+    SetState(row, change, RowChange::Gone);
     return;
   }
   change.original = change.current;
-  SetState(change, RowChange::Clean);
+  SetState(row, change, RowChange::Clean);
 }
 
 void Rows::Refresh(RowId row, std::vector<QVariant> values) {
   RowChange& change = Touch(row);
   change.original = values;
   change.current = std::move(values);
-  SetState(change, RowChange::Clean);
+  SetState(row, change, RowChange::Clean);
 }
 
 bool Rows::IsPending(const RowChange& change) {
   return change.state == RowChange::Modified || change.state == RowChange::Added || change.state == RowChange::Deleted;
-}
-
-std::vector<RowId> Rows::PendingRows() const {
-  std::vector<RowId> rows;
-  for (const auto& [row, change] : changes_)
-    if (IsPending(change)) rows.push_back(row);
-  std::sort(rows.begin(), rows.end());
-  return rows;
 }
 
 }  // namespace folvane

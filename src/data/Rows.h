@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -58,15 +59,17 @@ class Rows {
   void Refresh(RowId row, std::vector<QVariant> values);
 
   static bool IsPending(const RowChange& change);
-  std::vector<RowId> PendingRows() const;
+  /// In ascending order.
+  std::vector<RowId> PendingRows() const { return {pending_.begin(), pending_.end()}; }
 
  private:
   RowChange& Touch(RowId row);
-  void SetState(RowChange& change, RowChange::State state);
+  void SetState(RowId row, RowChange& change, RowChange::State state);
 
   std::vector<ColumnInfo> columns_;
   std::unique_ptr<RowStore> store_;
   std::unordered_map<RowId, RowChange> changes_;
+  std::set<RowId> pending_;
   RowId added_ = 0;
   RowId dead_ = 0;
 };
