@@ -1,6 +1,5 @@
 #include "entry/FrmInput.h"
 
-#include <QCloseEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
@@ -8,9 +7,6 @@
 
 #include <folvane/DataError.h>
 
-#include "base/IgnoreErrors.h"
-#include "entry/DictionaryWriteBack.h"
-#include "entry/EntryControls.h"
 #include "entry/EntryStatus.h"
 #include "forms/EntryForm.h"
 #include "originals/OriginalStore.h"
@@ -18,7 +14,6 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
-#include "widgets/EditCombo.h"
 #include "widgets/WindowCommands.h"
 
 namespace folvane {
@@ -196,56 +191,6 @@ bool FrmInput::event(QEvent* event) {
       commands_->HasShortcut(QKeySequence(static_cast<QKeyEvent*>(event)->keyCombination())))
     RunGuarded([this] { SwitchToEditing(); });
   return QMainWindow::event(event);
-}
-
-// Closing.
-
-void FrmInput::closeEvent(QCloseEvent* event) {
-  bool closes = true;
-  if (lifecycle_) RunGuarded([&] { closes = MayClose(); });
-  event->setAccepted(closes);
-}
-
-bool FrmInput::MayClose() {
-  const auto leave = [this](const QString& key) {
-    if (Surroundings.LeaveTag) Surroundings.LeaveTag(key);
-  };
-  leave(u"<NULL>"_s);
-  if (!SettleEdit()) return false;
-  if (HasRecord()) leave(CurrentKey());
-  RunGuarded([this] { WriteBack(); });
-  End();
-  return true;
-}
-
-bool FrmInput::SettleEdit() {
-  IgnoreErrors([this] { StoreTyped(); });  // told again by whatever is answered now
-  if (MayEdit() && !lifecycle_->IsEmpty() && lifecycle_->State() != RecordState::Browse) {
-    const int answer =
-        ShowMessage(u"是否保存当前操作?"_s, MessageFlag::YesNoCancel + MessageFlag::Information, windowTitle());
-    if (answer == Answer::Yes) return SaveData();
-    if (answer == Answer::Cancel) return false;
-  }
-  RunGuarded([this] { CancelEdit(); });
-  return true;
-}
-
-void FrmInput::WriteBack() {
-  std::vector<ComboEntries> combos;
-  for (const auto& field : form_->Fields()) {
-    if (field->ControlType() != ControlKind::Cmb) continue;
-    ComboEntries& combo = combos.emplace_back(ComboEntries{field->DataField(), {}});
-    const auto& list = static_cast<const EditCombo&>(field->Widget());
-    for (int i = 0; i < list.count(); ++i) combo.entries << list.itemText(i);
-  }
-  WriteBackDictionaries(CurrTable, combos);
-}
-
-void FrmInput::End() {
-  timer_->stop();
-  SetControlFinder({});
-  form_->Binding().SetSource(nullptr);
-  lifecycle_.reset();
 }
 
 }  // namespace folvane

@@ -52,10 +52,6 @@ FrmInput::FrmInput()
   Connect();
 }
 
-FrmInput::~FrmInput() {
-  if (lifecycle_) SetControlFinder({});
-}
-
 void FrmInput::Connect() {
   commands_->OnEntry(u"AddNewRecord"_s, [this] { AddNewRecord(); });
   commands_->OnEntry(u"SaveRecord"_s, [this] { SaveData(); });
@@ -123,6 +119,7 @@ ParentRecord FrmInput::ReadParent() const {
 
 void FrmInput::Load() {
   Recordset& records = Shared().CurrentRecords;
+  lifecycle_.reset();
   setWindowTitle(Surroundings.NodeText + u"  -  "_s + kCaption);
   const qint64 openPosition = records.AbsolutePosition();
   const RegIdRule rule = ReadRule(records);

@@ -140,6 +140,31 @@ TEST_P(FrmInputTest, KeepsTheOptionsForTheStation) {
   EXPECT_EQ(QueryValue(kLocalMachine, kMainFlags, u"AutoFileStatus"_s), u"True"_s);
 }
 
+TEST_P(FrmInputTest, ShowsItsHelpAndTheAboutBox) {
+  QString topic;
+  program_.Write(u"help.chm"_s, "x");
+  Services().showHelp = [&](QWidget*, const QString&, const QString& shown) { topic = shown; };
+  InWindow([&](const Input& input) {
+    input.Do(u"FindDir"_s);
+    EXPECT_EQ(topic, u"数据操作.htm"_s);
+    WithWindow(u"frmAbout"_s, [](QWidget& about) { about.close(); });
+    input.Do(u"About"_s);
+  });
+}
+
+TEST_P(FrmInputTest, WalksWithTabFromFieldToField) {
+  AddRecords(1);
+  Design({u"Amaintitle"_s, u"题名"_s, ControlKind::Txt_MLine});
+  Design({u"FileStatus"_s, u"状态"_s, ControlKind::Cmb});
+  Design({u"DocNo"_s, u"文号"_s});
+  InWindow([](const Input& input) {
+    for (const QString& next : {u"Cmb(1)"_s, u"Txt(1)"_s, u"Txt_MLine(1)"_s}) {
+      Press(*input.Window().focusWidget(), Qt::Key_Tab);
+      EXPECT_EQ(input.Focused(), next);
+    }
+  });
+}
+
 TEST_P(FrmInputTest, OffersTheReportsOfTheTable) {
   Run(u"insert into Report_Index (Report_ID,Report_Name,Report_Group_Id,Report_Type) values ('77','收文簿','Lwdj','1'),"
       "('78','年报','Lwdj','2')"_s);
