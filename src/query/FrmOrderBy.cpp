@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "query/FieldListView.h"
+#include "query/MoveKey.h"
 #include "query/OrderChoice.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
@@ -79,10 +80,7 @@ void FrmOrderBy::AddMoveKeys() {
   for (std::size_t element = 0; element < designs.size(); ++element) {
     const Design& design = designs[element];
     auto* key = new QPushButton(design.caption, this);
-    key->setObjectName(u"CmdSort(%1)"_s.arg(element));
-    key->setToolTip(u"%1 (%2)"_s.arg(design.tip, QKeySequence(design.shortcut).toString(QKeySequence::NativeText)));
-    key->setShortcut(QKeySequence(design.shortcut));
-    key->setAutoDefault(false);
+    SetUpMoveKey(*key, u"CmdSort(%1)"_s.arg(element), design.tip, design.shortcut);
     key->setFixedWidth(48);
     moves_[element] = key;
   }

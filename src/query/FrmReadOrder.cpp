@@ -8,6 +8,7 @@
 
 #include "query/BrowseGrouping.h"
 #include "query/FieldListView.h"
+#include "query/MoveKey.h"
 #include "records/YearFormula.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
@@ -19,11 +20,9 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-QPushButton* NewKey(QWidget* parent, const QString& name, const QString& caption, const QString& shortcut,
-                    const QString& tip) {
+QPushButton* NewKey(QWidget* parent, const QString& name, const QString& caption, const QString& tip) {
   auto* key = new QPushButton(caption, parent);
   key->setObjectName(name);
-  key->setShortcut(QKeySequence(shortcut));
   key->setToolTip(tip);
   key->setAutoDefault(false);
   return key;
@@ -36,13 +35,15 @@ FrmReadOrder::FrmReadOrder()
       tables_(new TextCombo(this)),
       fields_(new FieldListView(u"ListView1"_s, {u"表字段"_s, u"字段名"_s}, this)),
       chosen_(new FieldListView(u"ListView2"_s, {u"已选择排序字段"_s, u"字段名"_s}, this)),
-      add_(NewKey(this, u"CmdAdd"_s, u"选择"_s, u"Alt+Right"_s, u"加入左边选中的字段 (Alt+→)"_s)),
-      remove_(NewKey(this, u"CmdDel"_s, u"删除"_s, u"Alt+Left"_s, u"去掉右边选中的字段 (Alt+←)"_s)),
-      ok_(NewKey(this, u"CmdOK"_s, u"设置"_s, {}, u"按右边的第一个字段分组；右边未选中字段时取消分组"_s)),
-      cancel_(NewKey(this, u"CmdCancel"_s, u"退出"_s, {}, u"关闭窗口 (Esc)"_s)) {
+      add_(new QPushButton(u"选择"_s, this)),
+      remove_(new QPushButton(u"删除"_s, this)),
+      ok_(NewKey(this, u"CmdOK"_s, u"设置"_s, u"按右边的第一个字段分组；右边没有选中的字段时取消分组"_s)),
+      cancel_(NewKey(this, u"CmdCancel"_s, u"退出"_s, u"关闭窗口 (Esc)"_s)) {
   setObjectName(u"FrmReadOrder"_s);
   setWindowTitle(u"浏览排序设置"_s);
   setWindowIcon(Icon(u"order"_s));
+  SetUpMoveKey(*add_, u"CmdAdd"_s, u"加入左边选中的字段"_s, u"Alt+Right"_s);
+  SetUpMoveKey(*remove_, u"CmdDel"_s, u"去掉右边选中的字段"_s, u"Alt+Left"_s);
   captions_->setObjectName(u"CboChnTable"_s);
   tables_->setObjectName(u"CboTable"_s);
   tables_->hide();

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "query/FieldListView.h"
+#include "query/MoveKey.h"
 #include "query/SearchFields.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
@@ -16,22 +17,10 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-QPushButton* NewMoveKey(QWidget* parent, const QString& name, const QString& caption, const QString& tip, Qt::Key key) {
-  auto* button = new QPushButton(caption, parent);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setShortcut(QKeySequence(Qt::AltModifier | key));
-  button->setAutoDefault(false);
-  return button;
-}
-
-QToolButton* NewSortKey(QWidget* parent, int element, const QString& icon, const QString& tip, Qt::Key key) {
+QToolButton* NewSortKey(QWidget* parent, const QString& icon) {
   auto* button = new QToolButton(parent);
-  button->setObjectName(u"CmdSort(%1)"_s.arg(element));
   button->setIcon(Icon(icon));
   button->setIconSize(QSize(24, 24));
-  button->setToolTip(tip);
-  button->setShortcut(QKeySequence(Qt::AltModifier | key));
   return button;
 }
 
@@ -46,13 +35,17 @@ std::vector<NamedField> FieldsIn(const FieldListView& list) {
 FrmSimSet::FrmSimSet()
     : offered_(new FieldListView(u"LV1"_s, {u"可选字段"_s, u"字段名"_s}, this)),
       chosen_(new FieldListView(u"LV2"_s, {u"已选字段"_s, u"字段名"_s}, this)),
-      choose_(NewMoveKey(this, u"Image3"_s, u"选中 >"_s, u"将左边选中的字段加入查询 (Alt+→)"_s, Qt::Key_Right)),
-      remove_(NewMoveKey(this, u"Image4"_s, u"移除 <"_s, u"不再按右边选中的字段查询 (Alt+←)"_s, Qt::Key_Left)),
-      up_(NewSortKey(this, 1, u"moveup"_s, u"上移一位 (Alt+↑)"_s, Qt::Key_Up)),
-      down_(NewSortKey(this, 2, u"movedown"_s, u"下移一位 (Alt+↓)"_s, Qt::Key_Down)) {
+      choose_(new QPushButton(u"选中 >"_s, this)),
+      remove_(new QPushButton(u"移除 <"_s, this)),
+      up_(NewSortKey(this, u"moveup"_s)),
+      down_(NewSortKey(this, u"movedown"_s)) {
   setObjectName(u"FrmSimSet"_s);
   setWindowTitle(u"简单查询设置"_s);
   setWindowIcon(Icon(u"search"_s));
+  SetUpMoveKey(*choose_, u"Image3"_s, u"将左边选中的字段加入查询"_s, u"Alt+Right"_s);
+  SetUpMoveKey(*remove_, u"Image4"_s, u"不再按右边选中的字段查询"_s, u"Alt+Left"_s);
+  SetUpMoveKey(*up_, u"CmdSort(1)"_s, u"上移一位"_s, u"Alt+Up"_s);
+  SetUpMoveKey(*down_, u"CmdSort(2)"_s, u"下移一位"_s, u"Alt+Down"_s);
   offered_->SetPartner(*chosen_);
   LayOut();
   Connect();

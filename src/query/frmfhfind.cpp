@@ -129,7 +129,7 @@ void frmfhfind::LayOut() {
     grid->addWidget(box, 3, column);
     grid->setColumnStretch(column, stretches[std::size_t(column)]);
   }
-  grid->addWidget(forget_, 4, 0, 1, 4);
+  grid->addWidget(forget_, 4, 0, 1, 4, Qt::AlignLeft);
 }
 
 void frmfhfind::Open() {
