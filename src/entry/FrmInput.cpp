@@ -99,10 +99,13 @@ void FrmInput::ShowCurrentRecord() {
 
 // Fields.
 
+void FrmInput::BeginEdit() {
+  if (MayEdit() && lifecycle_->NoteChange()) timer_->start();
+}
+
 void FrmInput::NoteChange(EntryField& field) {
-  if (!MayEdit()) return;
-  if (lifecycle_->NoteChange()) timer_->start();
-  Follow(field);
+  BeginEdit();
+  if (MayEdit()) Follow(field);
 }
 
 void FrmInput::NoteLeft(EntryField& field) {

@@ -75,6 +75,7 @@ class FrmInput : public QMainWindow {
   // State.
   bool MayEdit() const { return lifecycle_ && grants_.edit; }
   bool HasRecord() const { return lifecycle_ && lifecycle_->HasRow(); }
+  void BeginEdit();
   void NoteChange(EntryField& field);
   void NoteLeft(EntryField& field);
   void Follow(const EntryField& field);

@@ -171,6 +171,7 @@ void FrmInput::ConnectFields(const QStringList& wideFields) {
                    {[this] { return HasRecord(); }, [this] { return commands_->IsMarked(u"UseSign"_s); },
                     [this](EntryField& from) { NextKey(from); }});
     ConnectGuarded(&field, &EntryField::Changed, this, [this, &field] { NoteChange(field); });
+    ConnectGuarded(&field, &EntryField::Typing, this, [this] { BeginEdit(); });
     ConnectGuarded(&field, &EntryField::Left, this, [this, &field] { NoteLeft(field); });
   }
   UseYearSign();

@@ -59,6 +59,8 @@ class EntryField : public QObject {
  Q_SIGNALS:
   /// The user has changed the text; once for each change.
   void Changed();
+  /// The user is typing what does not count yet, such as the first half of a date.
+  void Typing();
   /// An input method has put text in.
   void TextCommitted();
   void Entered();

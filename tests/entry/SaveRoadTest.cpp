@@ -135,7 +135,8 @@ TEST_P(SaveRoadTest, WritesTheFieldInHandAndADateThatIsHalfTyped) {
   Design({u"FileDate"_s, u"日期"_s, ControlKind::DTP});
   InWindow([&](const Input& input) {
     Type(input.Control(u"DTP(1)"_s), u"2003/5/6"_s);
-    EXPECT_TRUE(input.Form().SaveData());
+    input.AwaitEditing();
+    input.Do(u"SaveRecord"_s);
     EXPECT_EQ(Stored(u"FileDate"_s), u"2003-05-06"_s);
   });
 }
