@@ -1,35 +1,32 @@
 #pragma once
 
-#include <QHash>
-#include <QMenu>
-#include <QObject>
 #include <QString>
+#include <QStringList>
 #include <functional>
-#include <initializer_list>
 #include <vector>
 
-#include "browser/CommandDesign.h"
 #include "records/ReportEntries.h"
+#include "widgets/WindowCommands.h"
 
 class QAction;
 class QMainWindow;
-class QToolBar;
+class QMenu;
 
 namespace folvane {
 
 class BrowserStatus;
 
-/// The menus, the toolbar and the pop-up of the record browser, and which of their commands are enabled. A command
-/// whose subsystem does not exist yet stays disabled whatever is asked.
-class BrowserCommands : public QObject {
+/// The commands of the record browser and the groups in which rights and the record list enable them. A new command
+/// clears the notice of the one before. An error of a toolbar key ends it; the status line tells.
+class BrowserCommands {
  public:
   BrowserCommands(QMainWindow& window, BrowserStatus& status);
 
   /// What a menu entry runs; the toolbar key that is its twin runs the same.
   void OnEntry(const QString& entry, std::function<void()> handler);
-  /// What a toolbar key without a twin runs. An error ends it; the status line tells.
+  /// What a toolbar key without a twin runs.
   void OnKey(const QString& key, std::function<void()> handler);
-  bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry)->isEnabled(); }
+  bool IsEntryEnabled(const QString& entry) const { return commands_.IsEntryEnabled(entry); }
 
   // Three of the four groups by which rights take effect; the fourth reaches beyond the commands.
   void SetBrowseCommands(bool on, bool hasParentTable);
@@ -42,19 +39,14 @@ class BrowserCommands : public QObject {
   /// Shows the reports of a table as entries of the report menu; without any the one entry that says so.
   void ShowReports(const std::vector<ReportRow>& reports);
 
-  QMenu& OriginalsMenu() const { return *originalsMenu_; }
+  QMenu& OriginalsMenu() const { return commands_.Menu(QStringLiteral("mnu_Pop")); }
 
  private:
-  QMenu* AddMenu(QWidget& window, const MenuDesign& design);
-  void AddKeys(QToolBar& toolbar);
-  void AddArchiveMenu(QToolBar& toolbar);
-  void ShowReport(QAction& entry, const ReportRow& report);
+  void AddArchiveMenu();
+  void ShowReport(QAction& entry, const ReportRow& report) const;
 
   BrowserStatus& status_;
-  QHash<QString, QAction*> entries_;
-  QHash<QString, QAction*> keys_;
-  QMenu* originalsMenu_ = nullptr;
-  QMenu* reportMenu_ = nullptr;
+  WindowCommands& commands_;
   QAction* archiveToTarget_ = nullptr;
 };
 

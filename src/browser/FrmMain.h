@@ -50,7 +50,7 @@ class FrmMain : public QMainWindow {
   void End();
 
   BrowserState state_;
-  BrowserCommands* commands_;
+  std::unique_ptr<BrowserCommands> commands_;
   BrowserStatus* status_;
   SearchBar* search_;
   QTreeView* treeView_;

@@ -40,7 +40,7 @@ void KeepSizes(const QSplitter& splitter, const QString& name) {
 void FrmMain::LayOut() {
   resize(1180, 680);
   status_ = new BrowserStatus(this);
-  commands_ = new BrowserCommands(*this, *status_);
+  commands_ = std::make_unique<BrowserCommands>(*this, *status_);
   setStatusBar(status_);
   columns_ = new QSplitter(Qt::Horizontal, this);
   columns_->setObjectName(u"VSplitter"_s);

@@ -49,13 +49,17 @@ void WindowCommands::AddMenu(QMainWindow& window, const CommandMenu& design) {
       menu->addSeparator();
       continue;
     }
-    QAction* action = NewAction(*menu, entry.name, entry.caption, entry.icon, entry.shortcut, entry.tip);
-    action->setCheckable(entry.hasMark);
-    menu->addAction(action);
-    entries_.insert(entry.name, action);
-    Enable(*action, true);
+    entries_.insert(entry.name, AddEntry(*menu, entry));
   }
-  window.menuBar()->addMenu(menu);
+  if (!design.popsUp) window.menuBar()->addMenu(menu);
+}
+
+QAction* WindowCommands::AddEntry(QMenu& menu, const CommandEntry& entry) const {
+  QAction* action = NewAction(menu, entry.name, entry.caption, entry.icon, entry.shortcut, entry.tip);
+  action->setCheckable(entry.hasMark);
+  menu.addAction(action);
+  Enable(*action, true);
+  return action;
 }
 
 void WindowCommands::AddKey(const CommandKey& key) {
@@ -63,7 +67,7 @@ void WindowCommands::AddKey(const CommandKey& key) {
     toolbar_->addSeparator();
     return;
   }
-  QAction* action = NewAction(*toolbar_, key.name, key.caption, key.icon, {}, key.tip);
+  QAction* action = NewAction(*toolbar_, key.name, key.caption, key.icon, key.shortcut, key.tip);
   action->setCheckable(key.hasMark);
   toolbar_->addAction(action);
   keys_.insert(key.name, action);
@@ -82,7 +86,13 @@ void WindowCommands::OnEntry(const QString& entry, std::function<void()> handler
 }
 
 void WindowCommands::OnKey(const QString& key, std::function<void()> handler) {
-  ConnectGuarded(keys_.value(key), &QAction::triggered, this, [handler] { handler(); });
+  ConnectGuarded(keys_.value(key), &QAction::triggered, this, [this, handler] {
+    if (runKey_) {
+      runKey_(handler);
+    } else {
+      handler();
+    }
+  });
 }
 
 bool WindowCommands::HasShortcut(const QKeySequence& keys) const {
@@ -100,11 +110,12 @@ void WindowCommands::SetMark(const QString& entry, bool on) {
 
 QMenu& WindowCommands::Menu(const QString& name) const { return *entries_.value(name)->menu(); }
 
-QMenu& WindowCommands::KeyMenu(const QString& key) {
+QMenu& WindowCommands::KeyMenu(const QString& key, bool beside) {
   QAction* action = keys_.value(key);
   if (!action->menu()) {
     action->setMenu(new QMenu(toolbar_));
-    static_cast<QToolButton*>(toolbar_->widgetForAction(action))->setPopupMode(QToolButton::InstantPopup);
+    static_cast<QToolButton*>(toolbar_->widgetForAction(action))
+        ->setPopupMode(beside ? QToolButton::MenuButtonPopup : QToolButton::InstantPopup);
   }
   return *action->menu();
 }

@@ -24,12 +24,14 @@ struct CommandEntry {
 struct CommandMenu {
   QString name, caption;
   std::vector<CommandEntry> entries;
+  bool popsUp = false;  ///< stands on no menu bar; the window pops it up
 };
 
 /// A toolbar key and the menu entry whose command it runs, "" for one of its own; one without a name is a separator.
 struct CommandKey {
   QString name, caption, icon, tip, twin;
   bool hasMark = false;
+  QString shortcut = {};
 };
 
 /// What a window can be told to do, by its menus and by its toolbar.
@@ -51,6 +53,11 @@ class WindowCommands : public QObject {
   /// What a key without a twin runs.
   void OnKey(const QString& key, std::function<void()> handler);
 
+  using Work = std::function<void()>;
+  /// Has every press of a key run through a function, for windows whose keys end otherwise than their entries.
+  void RunKeysThrough(std::function<void(const Work&)> runner) { runKey_ = std::move(runner); }
+
+  bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry)->isEnabled(); }
   void EnableEntry(const QString& entry, bool on) { Enable(*entries_.value(entry), on); }
   void EnableKey(const QString& key, bool on) { Enable(*keys_.value(key), on); }
 
@@ -62,17 +69,20 @@ class WindowCommands : public QObject {
   void SetMark(const QString& entry, bool on);
 
   QMenu& Menu(const QString& name) const;
-  /// The menu that drops down from a key; made on the first call.
-  QMenu& KeyMenu(const QString& key);
+  /// The menu that drops down from a key, or beside a key that can be pressed; made on the first call.
+  QMenu& KeyMenu(const QString& key, bool beside = false);
+  /// Adds an entry to a menu that is not of the design throughout, disabled where it is unavailable.
+  QAction* AddEntry(QMenu& menu, const CommandEntry& entry) const;
+  void Enable(QAction& action, bool on) const;
 
  private:
   void AddMenu(QMainWindow& window, const CommandMenu& menu);
   void AddKey(const CommandKey& key);
-  void Enable(QAction& action, bool on) const;
 
   CommandDesign design_;
   QToolBar* toolbar_;
   QHash<QString, QAction*> entries_, keys_;
+  std::function<void(const Work&)> runKey_;
 };
 
 }  // namespace folvane

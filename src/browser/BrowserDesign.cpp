@@ -1,11 +1,11 @@
-#include "browser/CommandDesign.h"
+#include "browser/BrowserDesign.h"
 
 namespace folvane {
-
+namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const std::vector<MenuDesign>& BrowserMenus() {
-  static const std::vector<MenuDesign> menus{
+std::vector<CommandMenu> Menus() {
+  return {
       {u"mnu_File"_s,
        u"文件(&F)"_s,
        {{u"mnu_File1_Add"_s, u"新增(&N)"_s, u"new"_s, u"Ctrl+N"_s, u"登记一份新文件"_s},
@@ -50,80 +50,65 @@ const std::vector<MenuDesign>& BrowserMenus() {
        u"帮助(&H)"_s,
        {{u"mnuHelpTitle"_s, u"帮助主题(&H)"_s, u"help"_s, u"F1"_s, u"文件登记的帮助"_s},
         {u"mnuAbout"_s, u"关于(&A)..."_s, u"about"_s, u""_s, u"关于本系统"_s}}},
+      {u"mnu_Pop"_s,
+       u"原文(&Y)"_s,
+       {{u"mnu_Pop1_AddFile"_s, u"加原文(&L)"_s, u"addfile"_s, u""_s, u"给选中的文件加原文"_s},
+        {u"mnu_Pop2_Browse"_s, u"浏览原文(&B)"_s, u"browse"_s, u""_s, u"浏览选中的原文"_s},
+        {u"mnu_Pop3_Scan"_s, u"原文扫描..."_s, u"scan"_s, u""_s, u"扫描原文"_s},
+        {},
+        {u"mnu_Pop4_DelFile"_s, u"删除原文(&D)"_s, u"delfile"_s, u""_s, u"删除选中的原文"_s}},
+       true},
   };
-  return menus;
 }
 
-const MenuDesign& OriginalsMenuDesign() {
-  static const MenuDesign menu{u"mnu_Pop"_s,
-                               u"原文(&Y)"_s,
-                               {{u"mnu_Pop1_AddFile"_s, u"加原文(&L)"_s, u"addfile"_s, u""_s, u"给选中的文件加原文"_s},
-                                {u"mnu_Pop2_Browse"_s, u"浏览原文(&B)"_s, u"browse"_s, u""_s, u"浏览选中的原文"_s},
-                                {u"mnu_Pop3_Scan"_s, u"原文扫描..."_s, u"scan"_s, u""_s, u"扫描原文"_s},
-                                {},
-                                {u"mnu_Pop4_DelFile"_s, u"删除原文(&D)"_s, u"delfile"_s, u""_s, u"删除选中的原文"_s}}};
-  return menu;
+// A key's picture goes by its name.
+CommandKey Key(const QString& name, const QString& caption, const QString& tip, const QString& twin = {},
+               const QString& shortcut = {}) {
+  return {name, caption, name, tip, twin, false, shortcut};
 }
 
-const std::vector<KeyDesign>& BrowserKeys() {
-  static const std::vector<KeyDesign> keys{
-      {u"NEW"_s, u"新增"_s, u"登记一份新文件"_s, u"mnu_File1_Add"_s, {}},
-      {u"Mod"_s, u"修改"_s, u"修改选中的文件"_s, u"mnu_File4_Property"_s, {}},
-      {u"Del"_s, u"删除"_s, u"删除选中的文件及相关原文"_s, u"mnu_File3_Del"_s, {}},
+std::vector<CommandKey> Keys() {
+  return {
+      Key(u"NEW"_s, u"新增"_s, u"登记一份新文件"_s, u"mnu_File1_Add"_s),
+      Key(u"Mod"_s, u"修改"_s, u"修改选中的文件"_s, u"mnu_File4_Property"_s),
+      Key(u"Del"_s, u"删除"_s, u"删除选中的文件及相关原文"_s, u"mnu_File3_Del"_s),
       {},
-      {u"ToParent"_s, u"上级"_s, u"回到上级表中的记录"_s, u"mnu_Goto1_UClass"_s, {}},
-      {u"PrePage"_s, u"上一页"_s, u"向前三十条记录"_s, u"mnu_Goto2_PPage"_s, {}},
-      {u"NextPage"_s, u"下一页"_s, u"向后三十条记录"_s, u"mnu_Goto3_NPage"_s, {}},
+      Key(u"ToParent"_s, u"上级"_s, u"回到上级表中的记录"_s, u"mnu_Goto1_UClass"_s),
+      Key(u"PrePage"_s, u"上一页"_s, u"向前三十条记录"_s, u"mnu_Goto2_PPage"_s),
+      Key(u"NextPage"_s, u"下一页"_s, u"向后三十条记录"_s, u"mnu_Goto3_NPage"_s),
       {},
-      {u"Search"_s, u"查询"_s, u"简单查询"_s, u"mnu_Tool5_LSearch"_s, {}},
-      {u"Refresh"_s, u"刷新"_s, u"取消查询和年度限制，重新读取全部记录"_s, {}, u"F5"_s},
+      Key(u"Search"_s, u"查询"_s, u"简单查询"_s, u"mnu_Tool5_LSearch"_s),
+      Key(u"Refresh"_s, u"刷新"_s, u"取消查询和年度限制，重新读取全部记录"_s, {}, u"F5"_s),
       {},
-      {u"LookFiles"_s, u"原文"_s, u"浏览选中文件的原文"_s, {}, {}},
-      {u"Archive"_s, u"归档"_s, u"将选中的文件归档"_s, {}, {}},
+      Key(u"LookFiles"_s, u"原文"_s, u"浏览选中文件的原文"_s),
+      Key(u"Archive"_s, u"归档"_s, u"将选中的文件归档"_s),
       {},
-      {u"EXIT"_s, u"退出"_s, u"关闭本窗口"_s, u"mnu_File6_Exit"_s, {}},
+      Key(u"EXIT"_s, u"退出"_s, u"关闭本窗口"_s, u"mnu_File6_Exit"_s),
   };
-  return keys;
 }
 
-const QSet<QString>& AvailableCommands() {
-  static const QSet<QString> available{
-      u"mnu_File"_s,
-      u"mnu_Goto"_s,
-      u"mnu_Tool"_s,
-      u"mnu_Manager"_s,
-      u"mnu_Report"_s,
-      u"mnu_Help"_s,
-      u"mnu_File6_Exit"_s,
-      u"EXIT"_s,
-      u"mnu_File1_Add"_s,
-      u"NEW"_s,
-      u"mnu_Tool1_BUpdate"_s,
-      u"mnu_Tool2_BDel"_s,
-      u"mnu_Tool3_Sort"_s,
-      u"mnu_Tool4_HSearch"_s,
-      u"mnu_Tool5_LSearch"_s,
-      u"Search"_s,
-      u"Mnu_ReadOrder"_s,
-      u"mnu_Goto4_Location"_s,
-      u"mnu_Goto4A_Location"_s,
-      u"mnu_File4_Property"_s,
-      u"Mod"_s,
-      u"mnu_File3_Del"_s,
-      u"Del"_s,
-      u"mnu_Goto1_UClass"_s,
-      u"ToParent"_s,
-      u"mnu_Goto2_PPage"_s,
-      u"PrePage"_s,
-      u"mnu_Goto3_NPage"_s,
-      u"NextPage"_s,
-      u"mnu_Goto5_FPage"_s,
-      u"mnu_Goto6_LPage"_s,
-      u"Refresh"_s,
-      u"mnuHelpTitle"_s,
-      u"mnuAbout"_s,
+QSet<QString> Unavailable() {
+  return {
+      u"mnu_File2_Open"_s,
+      u"mnu_File5_Save"_s,
+      u"mnuUnitRecord"_s,
+      u"mnu_Manager1_Distribute"_s,
+      u"mnu_Manager2_PassRead"_s,
+      u"mnu_Manager3_Transact"_s,
+      u"mnu_Manager4_Archive"_s,
+      u"mnu_Pop1_AddFile"_s,
+      u"mnu_Pop2_Browse"_s,
+      u"mnu_Pop3_Scan"_s,
+      u"mnu_Pop4_DelFile"_s,
+      u"LookFiles"_s,
+      u"Archive"_s,
+      u"Archive(1)"_s,
+      u"Archive(2)"_s,
   };
-  return available;
 }
+
+}  // namespace
+
+CommandDesign BrowserDesign() { return {u"tlb"_s, Menus(), Keys(), Unavailable()}; }
 
 }  // namespace folvane
