@@ -25,5 +25,6 @@ Cases ReadingCases();
 Cases WritingCases();
 Cases PostgresCases();
 Cases BrowserCases();
+Cases BulkCases();
 
 }  // namespace folvane::bench

@@ -63,6 +63,21 @@ std::vector<Comparison> Comparisons() {
                  u"Connection::Execute, literals"_s,
                  {{u"insert-raw"_s, u"prepared statement, values bound"_s, 1.3},
                   {u"insert-literals-raw"_s, u"the same texts given to sqlite3_exec"_s}}});
+  all.push_back({u"A value put into an empty field of every record, by two statements"_s,
+                 100'000,
+                 u"bulk-fill"_s,
+                 u"batch update, the road of statements"_s,
+                 {{u"bulk-fill-raw"_s, u"the same two statements, sqlite3_exec"_s, 1.1}}});
+  all.push_back({u"A part of a value replaced in every record, by a walk"_s,
+                 100'000,
+                 u"bulk-walk"_s,
+                 u"batch update, the walk through a record set"_s,
+                 {{u"bulk-walk-raw"_s, u"prepared statement by key and old value"_s}}});
+  all.push_back({u"A value found in one of all fields and overwritten in every record"_s,
+                 10'000,
+                 u"bulk-replace"_s,
+                 u"replace all"_s,
+                 {{u"bulk-replace-raw"_s, u"prepared statement by key, nothing searched"_s}}});
   all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
                  100'000,
                  u"odbc-recordset"_s,

@@ -20,6 +20,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(WritingCases());
   cases.merge(PostgresCases());
   cases.merge(BrowserCases());
+  cases.merge(BulkCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   Meter meter;
