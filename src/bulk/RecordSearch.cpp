@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/IgnoreErrors.h"
+#include "data/ValueText.h"
 
 namespace folvane {
 
@@ -43,8 +44,10 @@ bool RecordSearch::IsHit(const Recordset& records) const {
 }
 
 bool RecordSearch::Hits(const Field& field) const {
-  if (field.IsNull()) return false;
-  return pattern_ ? pattern_->Matches(field.Text()) : field.Text() == whole_;
+  const QVariant value = field.Value();
+  if (!value.isValid()) return false;
+  const QString text = ValueText(value);
+  return pattern_ ? pattern_->Matches(text) : text == whole_;
 }
 
 }  // namespace folvane
