@@ -96,6 +96,7 @@ void FrmBactchUpdate::Load() {
 
 void FrmBactchUpdate::ShowValues() {
   if (field_->currentText().isEmpty()) return;
+  const BusyPointer busy;
   chosenField_.clear();
   find_->clear();
   chosenField_ = FieldOfCaption(TableName, field_->currentText());
