@@ -44,9 +44,10 @@ RowConflict ReadConflict(const Recordset& records, const EntryLayout& layout, co
   conflict.isDeleted = theirs.EOF_();
   for (int i = 0; i < records.Fields().Count() && !conflict.isDeleted; ++i) {
     const Field field = records.Fields().Item(i);
-    const QString saved = theirs[field.Name()].Text();
-    if (saved != ValueText(field.OriginalValue()))
-      conflict.differences.push_back({CaptionOf(field.Name(), layout), field.Text(), saved});
+    const QString read = ValueText(field.OriginalValue()), saved = theirs[field.Name()].Text();
+    if (saved == read) continue;
+    const bool isMine = field.Text() != read;
+    conflict.differences.push_back({CaptionOf(field.Name(), layout), isMine ? field.Text() : saved, saved});
   }
   return conflict;
 }

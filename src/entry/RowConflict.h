@@ -11,7 +11,9 @@ namespace folvane {
 /// What someone else has made of a record that is being edited.
 struct RowConflict {
   struct Difference {
-    QString caption, mine, theirs;
+    QString caption;
+    QString mine;  ///< what the other saved, where it was not changed here
+    QString theirs;
   };
   bool isDeleted = false;
   std::vector<Difference> differences;  ///< the fields that the other has changed, in the order of the form

@@ -1,3 +1,5 @@
+#include <QLineEdit>
+
 #include "InputFixture.h"
 #include "entry/EntryControls.h"
 
@@ -78,6 +80,23 @@ TEST_P(EntryCloseTest, StaysOpenWhenTheSaveIsRefused) {
   });
   EXPECT_EQ(Title(), u"补"_s);
   EXPECT_EQ(Tag(), Key(1));
+}
+
+TEST_P(EntryCloseTest, StaysOpenOverAValueThatItsColumnDoesNotTake) {
+  Design({u"Pages"_s, u"页数"_s});
+  InWindow([&](const Input& input) {
+    Find<QLineEdit>(input.Window(), u"Txt(2)"_s).insert(u"多"_s);
+    boxes_.Answer(kYes).Answer(kOk);
+    input.Window().close();
+    EXPECT_TRUE(input.Window().isVisible());
+    EXPECT_EQ(boxes_.Last().flags, 16);
+    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"多"_s);
+    EXPECT_EQ(input.Focused(), u"Txt(2)"_s);
+    boxes_.Answer(kNo);
+    input.Window().close();
+    EXPECT_FALSE(input.Window().isVisible());
+  });
+  EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
 }
 
 TEST_P(EntryCloseTest, DropsANewRecord) {
