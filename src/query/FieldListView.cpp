@@ -11,6 +11,16 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+/// Rows on their way between lists of one window.
+class DraggedRows : public QMimeData {
+ public:
+  explicit DraggedRows(FieldListView& source) : source(source) {
+    // The view shows where rows would drop only for what its model could take.
+    for (const QString& type : source.Rows().mimeTypes()) setData(type, {});
+  }
+  FieldListView& source;
+};
+
 QList<int> AllRows(const FieldListView& list) {
   QList<int> rows;
   for (int row = 0; row < list.Count(); ++row) rows << row;
@@ -107,27 +117,32 @@ void FieldListView::keyPressEvent(QKeyEvent* event) {
   RecordListView::keyPressEvent(event);
 }
 
+std::unique_ptr<QMimeData> FieldListView::Dragged() { return std::make_unique<DraggedRows>(*this); }
+
 // The rows are moved where they are dropped; the list that they leave has nothing to do then.
 void FieldListView::startDrag(Qt::DropActions) {
   if (Selected().isEmpty()) return;
   auto* drag = new QDrag(this);
-  drag->setMimeData(rows_->mimeData(selectedIndexes()));
+  drag->setMimeData(Dragged().release());
   drag->setPixmap(viewport()->grab(visualRect(currentIndex())));
   drag->exec(Qt::MoveAction);
 }
 
-bool FieldListView::Accepts(const QDropEvent& event) const {
-  return event.source() == this || (partner_ && event.source() == partner_);
+FieldListView* FieldListView::SourceOf(const QDropEvent& event) const {
+  const auto* dragged = dynamic_cast<const DraggedRows*>(event.mimeData());
+  return dragged && (&dragged->source == this || &dragged->source == partner_) ? &dragged->source : nullptr;
 }
 
 void FieldListView::dragEnterEvent(QDragEnterEvent* event) {
+  qWarning("enter");
   RecordListView::dragEnterEvent(event);
-  event->setAccepted(Accepts(*event));
+  event->setAccepted(SourceOf(*event) != nullptr);
 }
 
 void FieldListView::dragMoveEvent(QDragMoveEvent* event) {
+  qWarning("move");
   RecordListView::dragMoveEvent(event);
-  event->setAccepted(Accepts(*event));
+  event->setAccepted(SourceOf(*event) != nullptr);
 }
 
 int FieldListView::PlaceOf(const QDropEvent& event) const {
@@ -138,8 +153,9 @@ int FieldListView::PlaceOf(const QDropEvent& event) const {
 }
 
 void FieldListView::dropEvent(QDropEvent* event) {
-  if (!Accepts(*event)) return event->ignore();
-  auto* source = static_cast<FieldListView*>(event->source());
+  qWarning("drop");
+  FieldListView* source = SourceOf(*event);
+  if (!source) return event->ignore();
   const QList<int> rows = source->Selected();
   const int first = source->MoveRows(rows, *this, PlaceOf(*event));
   selectionModel()->clearSelection();

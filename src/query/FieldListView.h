@@ -3,8 +3,11 @@
 #include <QList>
 #include <QStandardItemModel>
 #include <functional>
+#include <memory>
 
 #include "widgets/RecordListView.h"
+
+class QMimeData;
 
 namespace folvane {
 
@@ -40,6 +43,9 @@ class FieldListView : public RecordListView {
   /// Removes the selected rows. What follows them is selected next.
   void RemoveSelected();
 
+  /// What a drag of the selected rows carries; for this list and its partner only.
+  std::unique_ptr<QMimeData> Dragged();
+
  Q_SIGNALS:
   /// A row came or went.
   void CountChanged();
@@ -56,7 +62,8 @@ class FieldListView : public RecordListView {
   void SelectRow(int row);
   /// Answers the place of the first of the rows, which is another one than asked for where rows before it have gone.
   int MoveRows(const QList<int>& rows, FieldListView& target, int place);
-  bool Accepts(const QDropEvent& event) const;
+  /// The list that the event brings rows of, nullptr when they are not for this one.
+  FieldListView* SourceOf(const QDropEvent& event) const;
   int PlaceOf(const QDropEvent& event) const;
 
   QStandardItemModel* rows_;
