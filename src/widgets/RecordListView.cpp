@@ -9,10 +9,17 @@
 namespace folvane {
 namespace {
 
+constexpr int kRoomAboutText = 6;  // pixels, above and below together
+
 class OneLineDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   QString displayText(const QVariant& value, const QLocale&) const override { return value.toString().simplified(); }
+  // Lines of text alone would stand too close to be told apart at a glance.
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize size = QStyledItemDelegate::sizeHint(option, index);
+    return size.expandedTo(QSize(0, option.fontMetrics.height() + kRoomAboutText));
+  }
 };
 
 }  // namespace
