@@ -2,11 +2,11 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "query/FieldListView.h"
+#include "query/Hint.h"
 #include "query/MoveKey.h"
 #include "query/OrderChoice.h"
 #include "shell/EventGuard.h"
@@ -100,9 +100,7 @@ void FrmOrderBy::LayOut() {
   column->addLayout(lists, 1);
   const DialogKeys bottom(*this);
   ok_ = bottom.ok;
-  auto* hint = new QLabel(u"勾选的字段按降序排列"_s, this);
-  hint->setEnabled(false);
-  bottom.row->insertWidget(0, hint);
+  bottom.row->insertWidget(0, NewHint(u"勾选的字段按降序排列"_s, this));
   column->addLayout(bottom.row);
 }
 

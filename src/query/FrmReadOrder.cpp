@@ -2,12 +2,12 @@
 
 #include <QFile>
 #include <QGridLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
 
 #include "query/BrowseGrouping.h"
 #include "query/FieldListView.h"
+#include "query/Hint.h"
 #include "query/MoveKey.h"
 #include "records/YearFormula.h"
 #include "shell/EventGuard.h"
@@ -68,10 +68,8 @@ void FrmReadOrder::LayOut() {
   middle->addWidget(add_);
   middle->addWidget(remove_);
   middle->addStretch();
-  auto* hint = new QLabel(u"按右边的第一个字段分组；右边没有选中的字段时取消分组"_s, this);
-  hint->setEnabled(false);
   auto* bottom = new QHBoxLayout;
-  bottom->addWidget(hint, 1);
+  bottom->addWidget(NewHint(u"按右边的第一个字段分组；右边没有选中的字段时取消分组"_s, this), 1);
   bottom->addWidget(ok_);
   bottom->addWidget(cancel_);
   ok_->setDefault(true);

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "query/FrmSimSet.h"
+#include "query/Hint.h"
 #include "query/LikeCriterionBox.h"
 #include "query/RangeCriterionBox.h"
 #include "query/SearchFields.h"
@@ -104,10 +105,7 @@ void frmSimFind::BuildQueryForm() {
   for (const SearchFieldRow& field : ReadSearchFields(TableName)) AddInput(field);
   LineUpCaptions();
   if (column_->count() == 0) {
-    auto* hint = new QLabel(u"尚未设置查询字段，请按“设置”选择。"_s, inputs_);
-    hint->setAlignment(Qt::AlignCenter);
-    hint->setEnabled(false);
-    column_->addWidget(hint);
+    column_->addWidget(NewHint(u"尚未设置查询字段，请按“设置”选择。"_s, inputs_));
   } else if (QWidget* first = column_->itemAt(0)->widget()) {
     first->setFocus();
   }

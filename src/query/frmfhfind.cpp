@@ -107,6 +107,7 @@ void frmfhfind::MakeList() {
   list_->setColumnWidth(1, 160);
   list_->setColumnWidth(2, 90);
   list_->setColumnWidth(3, 220);
+  list_->setColumnWidth(4, 50);
   list_->header()->setStretchLastSection(true);
 }
 
