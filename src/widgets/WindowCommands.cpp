@@ -1,6 +1,5 @@
 #include "widgets/WindowCommands.h"
 
-#include <QAction>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QHash>
 #include <QKeySequence>
 #include <QObject>
@@ -8,7 +9,6 @@
 #include <functional>
 #include <vector>
 
-class QAction;
 class QMainWindow;
 class QMenu;
 class QToolBar;

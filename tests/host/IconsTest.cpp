@@ -5,7 +5,8 @@
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
-#include "browser/CommandDesign.h"
+#include "browser/BrowserDesign.h"
+#include "entry/EntryCommandDesign.h"
 #include "host/Appearance.h"
 #include "host/Entries.h"
 #include "support/QtPrinting.h"
@@ -60,10 +61,11 @@ TEST(Icons, ANameCountsInAnyCase) { EXPECT_EQ(Drawn(u"NextPage"_s), Drawn(u"next
 TEST(Icons, CommandsKeysNodesAndRowsHavePictures) {
   QStringList names{u"CLOSE"_s, u"Table"_s, u"Cent1"_s, u"Cent"_s, u"row1"_s, u"row2"_s, u"row4"_s, u"row5"_s};
   for (const host::Entry& entry : host::Entries()) names << entry.icon;
-  for (const KeyDesign& key : BrowserKeys()) names << key.name;
-  for (const MenuDesign& menu : BrowserMenus())
-    for (const EntryDesign& entry : menu.entries) names << entry.icon;
-  for (const EntryDesign& entry : OriginalsMenuDesign().entries) names << entry.icon;
+  for (const CommandDesign& design : {BrowserDesign(), EntryCommandDesign()}) {
+    for (const CommandKey& key : design.keys) names << key.icon;
+    for (const CommandMenu& menu : design.menus)
+      for (const CommandEntry& entry : menu.entries) names << entry.icon;
+  }
   names.removeAll(QString());  // separators
   EXPECT_GT(names.size(), 40);
   for (const QString& name : names) EXPECT_FALSE(Icon(name).isNull()) << name.toStdString();
