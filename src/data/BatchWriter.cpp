@@ -101,27 +101,29 @@ void BatchWriter::CheckLengths(RowId row) const {
   const RowChange& change = *rows_.Change(row);
   if (connection_.NativeDriver().Dialect() != DialectKind::Sqlite || change.state == RowChange::Deleted) return;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
-    if (tableColumn_[i] < 0 || change.current[i].typeId() != QMetaType::QString) continue;
-    if (change.state == RowChange::Modified && change.current[i] == change.original[i]) continue;
+    const int at = static_cast<int>(i);
+    if (tableColumn_[i] < 0 || (change.state == RowChange::Modified && !rows_.IsChanged(row, at))) continue;
+    const QVariant value = rows_.Value(row, at);
+    if (value.typeId() != QMetaType::QString) continue;
     const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
-    if (ByteLength(change.current[i].toString()) > column.definedSize)
+    if (ByteLength(value.toString()) > column.definedSize)
       throw DataError(DataErrorKind::TooLong,
                       QStringLiteral("字段“%1”的值超过了长度 %2。").arg(column.name).arg(column.definedSize));
   }
 }
 
 BatchWriter::Written BatchWriter::Insert(RowId row) {
-  const RowChange& change = *rows_.Change(row);
   NativeStatement statement;
   QByteArray names, marks, given;
   std::vector<int> givenColumns;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     if (tableColumn_[i] < 0) continue;
     const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
-    if (change.current[i].isValid()) {
+    const QVariant value = rows_.Value(row, static_cast<int>(i));
+    if (value.isValid()) {
       names += (names.isEmpty() ? "" : ",") + Quoted(column.name);
       marks += marks.isEmpty() ? "?" : ",?";
-      statement.parameters.push_back(ForDriver(change.current[i], column));
+      statement.parameters.push_back(ForDriver(value, column));
     } else if (column.autoNumber) {
       given += (given.isEmpty() ? "" : ",") + Quoted(column.name);
       givenColumns.push_back(static_cast<int>(i));
@@ -151,14 +153,14 @@ BatchWriter::Written BatchWriter::Insert(RowId row) {
 }
 
 void BatchWriter::Update(RowId row) {
-  const RowChange& change = *rows_.Change(row);
   NativeStatement statement;
   QByteArray assignments;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
-    if (tableColumn_[i] < 0 || change.current[i] == change.original[i]) continue;
+    const int at = static_cast<int>(i);
+    if (tableColumn_[i] < 0 || !rows_.IsChanged(row, at)) continue;
     const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
     assignments += (assignments.isEmpty() ? "" : ",") + Quoted(column.name) + "=?";
-    statement.parameters.push_back(ForDriver(change.current[i], column));
+    statement.parameters.push_back(ForDriver(rows_.Value(row, at), column));
   }
   if (assignments.isEmpty()) return;
   statement.text = "UPDATE " + TableText() + " SET " + assignments;
@@ -174,7 +176,6 @@ void BatchWriter::Delete(RowId row) {
 }
 
 void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withChanges) const {
-  const RowChange* change = rows_.Change(row);
   QByteArray condition;
   const auto add = [&](int index) {
     const QVariant value = rows_.Original(row, index);
@@ -190,10 +191,10 @@ void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withC
   for (int i = 0; withChanges && i < static_cast<int>(tableColumn_.size()); ++i) {
     const auto at = static_cast<std::size_t>(i);
     const ColumnInfo& column = rows_.Columns()[at];
-    const bool changed = tableColumn_[at] >= 0 && change->current[at] != change->original[at];
+    const bool changed = tableColumn_[at] >= 0 && rows_.IsChanged(row, i);
     // Binary and inexact values do not compare reliably; the key still names the row.
     if (!changed || GroupOfType(column.type) == TypeGroup::Binary || IsInexact(column)) continue;
-    if (IsRounded(change->original[at])) continue;
+    if (IsRounded(rows_.Original(row, i))) continue;
     if (std::find(key_.begin(), key_.end(), i) == key_.end()) add(i);
   }
   statement.text += condition;

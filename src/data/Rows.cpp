@@ -10,6 +10,25 @@ bool IsDead(RowChange::State state) { return state == RowChange::Deleted || stat
 
 }  // namespace
 
+const QVariant* ColumnValues::Find(int column) const {
+  for (const auto& [at, value] : values_)
+    if (at == column) return &value;
+  return nullptr;
+}
+
+void ColumnValues::Set(int column, const QVariant& value) {
+  for (auto& [at, held] : values_) {
+    if (at != column) continue;
+    held = value;
+    return;
+  }
+  values_.emplace_back(column, value);
+}
+
+void ColumnValues::SetAll(const ColumnValues& values) {
+  for (const auto& [column, value] : values.values_) Set(column, value);
+}
+
 Rows::Rows(FetchedRows fetched) : columns_(std::move(fetched.columns)), store_(std::move(fetched.rows)) {}
 
 int Rows::IndexOf(const QString& column) const {
@@ -29,26 +48,27 @@ bool Rows::IsLive(RowId row) const {
   return !change || !IsDead(change->state);
 }
 
-QVariant Rows::Value(RowId row, int column) const {
-  if (const RowChange* change = Change(row)) return change->current[static_cast<std::size_t>(column)];
+QVariant Rows::Stored(RowId row, int column) const {
+  if (row >= StoredCount()) return {};
   return DecodeCell(store_->At(row, column), columns_[static_cast<std::size_t>(column)]);
+}
+
+QVariant Rows::Value(RowId row, int column) const {
+  const RowChange* change = Change(row);
+  const QVariant* given = change ? change->given.Find(column) : nullptr;
+  return given ? *given : Original(row, column);
 }
 
 QVariant Rows::Original(RowId row, int column) const {
   const RowChange* change = Change(row);
-  if (!change) return Value(row, column);
-  return change->original.empty() ? QVariant() : change->original[static_cast<std::size_t>(column)];
+  const QVariant* written = change ? change->written.Find(column) : nullptr;
+  return written ? *written : Stored(row, column);
 }
 
-RowChange& Rows::Touch(RowId row) {
-  const auto [at, fresh] = changes_.try_emplace(row);
-  if (fresh) {
-    at->second.current.reserve(columns_.size());
-    for (int i = 0; i < static_cast<int>(columns_.size()); ++i)
-      at->second.current.push_back(DecodeCell(store_->At(row, i), columns_[static_cast<std::size_t>(i)]));
-    at->second.original = at->second.current;
-  }
-  return at->second;
+bool Rows::IsChanged(RowId row, int column) const {
+  const RowChange* change = Change(row);
+  const QVariant* given = change ? change->given.Find(column) : nullptr;
+  return given && *given != Original(row, column);
 }
 
 void Rows::SetState(RowId row, RowChange& change, RowChange::State state) {
@@ -63,20 +83,18 @@ void Rows::SetState(RowId row, RowChange& change, RowChange::State state) {
 RowId Rows::Append() {
   const RowId row = EndId();
   ++added_;
-  RowChange& change = changes_[row];
-  change.current.resize(columns_.size());
-  SetState(row, change, RowChange::Added);
+  SetState(row, changes_[row], RowChange::Added);
   return row;
 }
 
 void Rows::SetValue(RowId row, int column, const QVariant& value) {
-  RowChange& change = Touch(row);
-  change.current[static_cast<std::size_t>(column)] = value;
+  RowChange& change = changes_[row];
+  change.given.Set(column, value);
   if (change.state == RowChange::Clean) SetState(row, change, RowChange::Modified);
 }
 
 void Rows::MarkDeleted(RowId row) {
-  RowChange& change = Touch(row);
+  RowChange& change = changes_[row];
   SetState(row, change, change.state == RowChange::Added ? RowChange::Gone : RowChange::Deleted);
 }
 
@@ -88,7 +106,7 @@ void Rows::Restore(RowId row) {
     SetState(row, change, RowChange::Gone);
     return;
   }
-  change.current = change.original;
+  change.given.Clear();
   SetState(row, change, RowChange::Clean);
 }
 
@@ -98,26 +116,27 @@ std::optional<RowChange> Rows::Snapshot(RowId row) const {
 }
 
 void Rows::PutBack(RowId row, const std::optional<RowChange>& before) {
-  RowChange& change = Touch(row);
+  RowChange& change = changes_[row];
   const RowChange::State state = before ? before->state : RowChange::Clean;
-  change.current = before ? before->current : change.original;
+  change.given = before ? before->given : ColumnValues();
   SetState(row, change, state);
 }
 
 void Rows::MarkWritten(RowId row) {
-  RowChange& change = Touch(row);
+  RowChange& change = changes_[row];
   if (change.state == RowChange::Deleted) {
     SetState(row, change, RowChange::Gone);
     return;
   }
-  change.original = change.current;
+  change.written.SetAll(change.given);
+  change.given.Clear();
   SetState(row, change, RowChange::Clean);
 }
 
-void Rows::Refresh(RowId row, std::vector<QVariant> values) {
-  RowChange& change = Touch(row);
-  change.original = values;
-  change.current = std::move(values);
+void Rows::Refresh(RowId row, const std::vector<QVariant>& values) {
+  RowChange& change = changes_[row];
+  for (std::size_t i = 0; i < values.size(); ++i) change.written.Set(static_cast<int>(i), values[i]);
+  change.given.Clear();
   SetState(row, change, RowChange::Clean);
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "data/FetchedRows.h"
@@ -15,12 +16,26 @@ namespace folvane {
 /// Names a row for as long as its rows are kept: the rows read count from 0, added ones follow.
 using RowId = std::uint32_t;
 
-/// What waits to be written for a row, or was written since it was read.
+/// Values of some columns of a row.
+class ColumnValues {
+ public:
+  /// nullptr for a column that has none.
+  const QVariant* Find(int column) const;
+  void Set(int column, const QVariant& value);
+  void SetAll(const ColumnValues& values);
+  void Clear() { values_.clear(); }
+
+ private:
+  std::vector<std::pair<int, QVariant>> values_;
+};
+
+/// What waits to be written for a row, or was written since it was read. Of a row that was read it holds only what has
+/// changed.
 struct RowChange {
   enum State { Clean, Modified, Added, Deleted, Gone };
   State state = Clean;
-  std::vector<QVariant> current;
-  std::vector<QVariant> original;  ///< as the database has it; empty for an added row
+  ColumnValues given;    ///< that wait to be written
+  ColumnValues written;  ///< that the database has in place of those read
 };
 
 /// The rows of a record set: those read, as the store holds them, under the changes made since.
@@ -41,7 +56,10 @@ class Rows {
   bool AllLive() const { return dead_ == 0; }
 
   QVariant Value(RowId row, int column) const;
+  /// As the database has it; invalid for a row that it does not have.
   QVariant Original(RowId row, int column) const;
+  /// Whether a value waits to be written that is another than the original.
+  bool IsChanged(RowId row, int column) const;
   const RowChange* Change(RowId row) const;
   const std::unordered_map<RowId, RowChange>& Changes() const { return changes_; }
 
@@ -56,14 +74,14 @@ class Rows {
   /// The row's pending change stands in the database now.
   void MarkWritten(RowId row);
   /// The row as it was just read again.
-  void Refresh(RowId row, std::vector<QVariant> values);
+  void Refresh(RowId row, const std::vector<QVariant>& values);
 
   static bool IsPending(const RowChange& change);
   /// In ascending order.
   std::vector<RowId> PendingRows() const { return {pending_.begin(), pending_.end()}; }
 
  private:
-  RowChange& Touch(RowId row);
+  QVariant Stored(RowId row, int column) const;
   void SetState(RowId row, RowChange& change, RowChange::State state);
 
   std::vector<ColumnInfo> columns_;
