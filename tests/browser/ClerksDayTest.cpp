@@ -103,6 +103,26 @@ TEST_P(ClerksDayTest, ACompoundQueryOfTwoConditionsShowsWhatItFinds) {
   });
 }
 
+TEST_P(ClerksDayTest, ACaptionThatTwoFieldsShareStandsForTheFirst) {
+  design_->AddTable(u"Twins"_s, u"同名"_s, 2,
+                    {{u"Amaintitle"_s, u"题名"_s, u"文本型"_s}, {u"Subtitle"_s, u"题名"_s, u"文本型"_s}});
+  Remember(u"Twins"_s);
+  InBrowser([&](const Browser& browser) {
+    QueryBy({{QString(), u"题名"_s, u"等于"_s, u"甲"_s}});
+    browser.Entry(u"mnu_Tool4_HSearch"_s).trigger();
+    EXPECT_EQ(browser.Parameter(u"Twins"_s, 2), u"Twins.Amaintitle = '甲'"_s);
+  });
+}
+
+TEST_P(ClerksDayTest, ATableWithoutListColumnsShowsOnlyTheHiddenOne) {
+  design_->Run(u"delete from ListViewFormat"_s);
+  InBrowser([&](const Browser& browser) {
+    EXPECT_EQ(browser.Captions(), QStringList{u"ID"_s});
+    EXPECT_EQ(browser.List().columnWidth(0), 1);
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共12条"_s);
+  });
+}
+
 TEST_P(ClerksDayTest, ABatchDeletionByAConditionTakesWhatItSays) {
   MessageBoxes messages;
   InBrowser([&](const Browser& browser) {
