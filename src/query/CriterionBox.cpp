@@ -17,9 +17,7 @@ void CriterionBox::SetCaption(const QString& caption) { caption_->setText(captio
 
 void CriterionBox::AddInput(QWidget& input) {
   row_->addWidget(&input, 1);
-  if (focusProxy()) return;
-  setFocusProxy(&input);
-  caption_->setBuddy(&input);
+  if (!focusProxy()) setFocusProxy(&input);
 }
 
 void CriterionBox::AddText(const QString& text) { row_->addWidget(new QLabel(text, this)); }

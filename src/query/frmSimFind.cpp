@@ -72,6 +72,7 @@ void frmSimFind::LayOut() {
   bar->setEnabled(false);
   connect(bar, &QScrollBar::rangeChanged, bar, [bar](int, int last) { bar->setEnabled(last > 0); });
   scroll_->setWidgetResizable(true);
+  scroll_->setFocusPolicy(Qt::NoFocus);
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setWidget(inputs_);
 
@@ -91,7 +92,6 @@ void frmSimFind::LayOut() {
   ConnectGuarded(keys.ok, &QPushButton::clicked, this, &frmSimFind::TakeQuery);
   ConnectGuarded(setup, &QPushButton::clicked, this, &frmSimFind::SetUp);
   ConnectGuarded(compound, &QPushButton::clicked, this, &frmSimFind::GoToCompoundQuery);
-  for (QPushButton* key : {keys.ok, keys.cancel}) setTabOrder(scroll_, key);
 }
 
 void frmSimFind::Open() {
