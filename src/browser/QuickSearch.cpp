@@ -1,7 +1,6 @@
 #include "browser/QuickSearch.h"
 
-#include <QHash>
-
+#include "query/Comparison.h"
 #include "shell/CommonRoutines.h"
 
 namespace folvane {
@@ -12,14 +11,6 @@ const QString kEqual = u"等于"_s;
 const QString kUnequal = u"不等于"_s;
 const QString kContains = u"包含"_s;
 const QString kLacks = u"不包含"_s;
-
-QString OperatorOf(const QString& word) {
-  static const QHash<QString, QString> operators{
-      {kEqual, u" = "_s},         {kUnequal, u" <> "_s},      {u"大于"_s, u" > "_s},    {u"小于"_s, u" < "_s},
-      {u"大于等于"_s, u" >= "_s}, {u"小于等于"_s, u" <= "_s}, {kContains, u" Like "_s}, {kLacks, u" Not Like "_s},
-  };
-  return operators.value(word);
-}
 
 }  // namespace
 
@@ -39,7 +30,7 @@ QString SearchCondition(const QString& field, const QString& word, const QString
   const bool pattern = word == kContains || word == kLacks;
   const QString literal =
       pattern ? u"'%"_s + EscapeSql(value, true) + u"%'"_s : u"'"_s + EscapeSql(value, false) + u"'"_s;
-  const QString condition = field + OperatorOf(word) + literal;
+  const QString condition = field + u" "_s + ComparisonOperator(word) + u" "_s + literal;
   if (!value.isEmpty() || !AcceptsEmptyValue(word)) return condition;
   return u"("_s + condition + u" Or "_s + field + (word == kEqual ? u" Is Null)"_s : u" Is Not Null)"_s);
 }
