@@ -26,6 +26,7 @@ class BrowserCommands {
   void OnEntry(const QString& entry, std::function<void()> handler);
   /// What a toolbar key without a twin runs.
   void OnKey(const QString& key, std::function<void()> handler);
+  void BindShortcut(const QString& entry, QWidget& widget) { commands_.BindShortcut(entry, widget); }
   bool IsEntryEnabled(const QString& entry) const { return commands_.IsEntryEnabled(entry); }
 
   // Three of the four groups by which rights take effect; the fourth reaches beyond the commands.

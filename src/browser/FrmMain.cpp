@@ -83,6 +83,7 @@ void FrmMain::ConnectCommands() {
   commands_->OnEntry(u"Mnu_ReadOrder"_s, [this] { queryCommands_->SetBrowseOrder(); });
   commands_->OnEntry(u"mnu_Tool1_BUpdate"_s, [this] { bulkCommands_->Update(); });
   commands_->OnEntry(u"mnu_Tool2_BDel"_s, [this] { bulkCommands_->Delete(); });
+  commands_->BindShortcut(u"mnu_File3_Del"_s, *listView_);  // not meant for what is selected elsewhere
   commands_->OnKey(u"Refresh"_s, [this] { queryCommands_->Refresh(); });
 }
 

@@ -38,7 +38,6 @@ RecordListPart::RecordListPart(const BrowserParts& parts)
 }
 
 void RecordListPart::Clear() {
-  parts_.Status.ShowNotice({});
   parts_.Originals.Clear();
   KeepColumnWidths();
   parts_.State.List.SetColumns({});
@@ -104,6 +103,7 @@ void RecordListPart::ShowFromCursor() {
 
 void RecordListPart::ShowInOrder(const QString& key) {
   const BusyPointer busy;
+  parts_.Status.ShowNotice({});
   try {
     OpenRecords();
   } catch (const std::exception&) {

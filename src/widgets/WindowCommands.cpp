@@ -94,6 +94,12 @@ void WindowCommands::OnKey(const QString& key, std::function<void()> handler) {
   });
 }
 
+void WindowCommands::BindShortcut(const QString& entry, QWidget& widget) {
+  QAction* action = entries_.value(entry);
+  action->setShortcutContext(Qt::WidgetShortcut);
+  widget.addAction(action);
+}
+
 bool WindowCommands::HasShortcut(const QKeySequence& keys) const {
   return std::any_of(entries_.begin(), entries_.end(), [&](const QAction* entry) { return entry->shortcut() == keys; });
 }

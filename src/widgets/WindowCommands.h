@@ -12,6 +12,7 @@
 class QMainWindow;
 class QMenu;
 class QToolBar;
+class QWidget;
 
 namespace folvane {
 
@@ -61,6 +62,8 @@ class WindowCommands : public QObject {
   void EnableEntry(const QString& entry, bool on) { Enable(*entries_.value(entry), on); }
   void EnableKey(const QString& key, bool on) { Enable(*keys_.value(key), on); }
 
+  /// Has the shortcut of an entry work only while that widget has the focus.
+  void BindShortcut(const QString& entry, QWidget& widget);
   /// Whether an entry has that shortcut, enabled or not.
   bool HasShortcut(const QKeySequence& keys) const;
 

@@ -105,6 +105,28 @@ TEST_P(RecordCommandsTest, WithoutASelectedRowNothingIsDeletedAndNothingAsked) {
   EXPECT_EQ(Count(u"Lwdj"_s), u"12"_s);
 }
 
+TEST_P(RecordCommandsTest, TheDeleteKeyIsMeantForTheListAlone) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    Press(browser.View(u"LVFile"_s), Qt::Key_Delete);
+    Press(browser.View(u"TV_File"_s), Qt::Key_Delete);
+    EXPECT_TRUE(messages.Requests().empty());
+    browser.PressInList(Qt::Key_Delete);
+    EXPECT_EQ(messages.Requests().size(), 1u);
+  });
+}
+
+TEST_P(RecordCommandsTest, TheNoticeOfACommandGoesWithTheNextThingDone) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    browser.Key(u"Del"_s).trigger();
+    EXPECT_EQ(Notice(browser), u"已删除 1 条记录"_s);
+    browser.ClickColumn(0);
+    EXPECT_EQ(Notice(browser), QString());
+  });
+}
+
 TEST_P(RecordCommandsTest, DeletingTheLastRecordLeavesAnEmptyList) {
   MessageBoxes messages;
   design_->Run(u"delete from Lwdj where RegID > 1"_s);
