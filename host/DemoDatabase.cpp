@@ -17,7 +17,7 @@ QString ProvideDemoDatabase(int records) {
     options.today = Services().now().date();
     demo::MakeDemoFile(file, options);
   }
-  if (!QFileInfo::exists(folder + QStringLiteral("/YearFormula.Ini"))) demo::WriteDemoProfiles(folder);
+  if (!QFileInfo::exists(folder + QStringLiteral("/RegIDFormula.Ini"))) demo::WriteDemoProfiles(folder);
   return file;
 }
 

@@ -28,7 +28,7 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options);
 /// it cannot be finished. Without a store directory the originals lie in "Data" beside the file.
 void MakeDemoFile(const QString& file, DemoOptions options);
 
-/// Writes the settings files that make the demo's tree show years and agency words.
+/// Writes the settings files that make the demo's tree show years and agency words, and its registers count by year.
 /// @throws std::runtime_error
 void WriteDemoProfiles(const QString& directory);
 

@@ -59,22 +59,28 @@ void MakeDemoFile(const QString& file, DemoOptions options) {
 }
 
 // The library reads its settings in the code page of Simplified Chinese systems, with CR LF.
-void WriteDemoProfiles(const QString& directory) {
-  const QStringList lines{u"#--------------------------------------------------------------"_s,
-                          u"# 自定义字段显示数据"_s,
-                          u"#要求：表中含有该字段,字段名用英文名！"_s,
-                          QString(),
-                          u"[YearFormula]"_s,
-                          u"Lwdj=CreatedDate"_s,
-                          u"Fwdj=DocNo"_s,
-                          QString()};
+namespace {
+
+void WriteProfile(const QString& path, const QStringList& lines) {
   QStringEncoder encoder("GBK");
-  QSaveFile file(directory + u"/YearFormula.Ini"_s);
+  QSaveFile file(path);
   if (encoder.isValid() && file.open(QIODevice::WriteOnly)) {
     file.write(encoder(lines.join(u"\r\n"_s)));
     if (file.commit()) return;
   }
   throw std::runtime_error(file.fileName().toStdString() + ": " + file.errorString().toStdString());
+}
+
+}  // namespace
+
+void WriteDemoProfiles(const QString& directory) {
+  const QString line = u"#--------------------------------------------------------------"_s;
+  WriteProfile(directory + u"/YearFormula.Ini"_s,
+               {line, u"# 自定义字段显示数据"_s, u"#要求：表中含有该字段,字段名用英文名！"_s, QString(),
+                u"[YearFormula]"_s, u"Lwdj=CreatedDate"_s, u"Fwdj=DocNo"_s, QString()});
+  // Incoming and outgoing documents are numbered anew each year.
+  WriteProfile(directory + u"/RegIDFormula.Ini"_s, {line, u"# RegID Formula Rule2 按文件时间累加"_s, line, QString(),
+                                                    u"[RegFormula]"_s, u"Lwdj=2"_s, u"Fwdj=2"_s, QString()});
 }
 
 }  // namespace folvane::demo

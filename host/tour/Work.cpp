@@ -60,6 +60,7 @@ void PlanAdding(Tour& tour) {
   tour.Step(QStringLiteral("close the entry window"), Shown(kEntry), [] { Window(kEntry).close(); });
   tour.Step(QStringLiteral("the list stands on the new document"), Shown(kBrowser), [&tour] {
     Expect(Cell(QStringLiteral("Amaintitle")) == kTitle, Cell(QStringLiteral("Amaintitle")));
+    Expect(Cell(QStringLiteral("RegID")).toInt() > 1, QStringLiteral("the document has no number of its year"));
     tour.Picture(Window(kBrowser), QStringLiteral("added"));
   });
 }

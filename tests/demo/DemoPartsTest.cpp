@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include "base/CodePage.h"
+#include "base/ProfileFile.h"
 #include "host/demo/DemoDatabase.h"
 #include "host/demo/Plan.h"
 #include "host/demo/RecordKeys.h"
@@ -152,6 +153,13 @@ TEST_F(DemoFile, ComesWithTheFieldsThatTheTreeBrowsesBy) {
                        "[YearFormula]\r\n"
                        "Lwdj=CreatedDate\r\n"
                        "Fwdj=DocNo\r\n"_s));
+}
+
+TEST_F(DemoFile, CountsTheDocumentsOfAYear) {
+  demo::WriteDemoProfiles(Path(u""_s));
+  const ProfileFile rules(Path(u"RegIDFormula.Ini"_s));
+  EXPECT_EQ(rules.Read(u"RegFormula"_s, u"Lwdj"_s, u"0"_s), u"2"_s);
+  EXPECT_EQ(rules.Read(u"RegFormula"_s, u"Fwdj"_s, u"0"_s), u"2"_s);
 }
 
 }  // namespace
