@@ -1,6 +1,8 @@
 // The record browser over the table that everything is measured on, driven through its controls offscreen.
 #include <QApplication>
+#include <QComboBox>
 #include <QHeaderView>
+#include <QPushButton>
 #include <QTest>
 #include <QTreeView>
 
@@ -41,6 +43,7 @@ void Describe(folvane::Connection& connection) {
         "Values ('Records', '%1', '%1', 1500, %2)"_s.arg(field)
             .arg(++order));
   }
+  run(u"Insert Into SimSearch (TableName, DataField, OrderNo) Values ('Records', 'Title', 1)"_s);
   run(u"Insert Into FindCirOrder (TableName, OrderStr, UserID) Values ('Records', 'ArchiveID Asc', '1')"_s);
   transaction.Commit();
 }
@@ -77,6 +80,16 @@ class OpenBrowser {
   }
   void Command(const QString& entry) {
     window_.findChild<QAction*>(entry)->trigger();
+    Settle();
+  }
+  void AskFor(const QString& field, const QString& relation, const QString& value) {
+    window_.findChild<QComboBox*>(u"CboChnFields"_s)->setCurrentText(field);
+    window_.findChild<QComboBox*>(u"CboRelation"_s)->setCurrentText(relation);
+    window_.findChild<QComboBox*>(u"CboValue"_s)->setCurrentText(value);
+    Settle();
+  }
+  void Search() {
+    window_.findChild<QPushButton*>(u"CmdSearch"_s)->click();
     Settle();
   }
   void ClickColumn(int column) {
@@ -120,6 +133,24 @@ void SortColumn(const Setting& setting, Meter& meter) {
   if (Shared().CurrentRecords.Source() == order) qFatal("the column was not sorted");
 }
 
+const QString kSought = u"00999"_s;
+
+void QuickSearch(const Setting& setting, Meter& meter) {
+  OpenBrowser browser(setting);
+  browser.ChooseTable(setting);
+  browser.AskFor(u"Title"_s, u"包含"_s, kSought);
+  meter.Start();
+  browser.Search();
+  meter.Stop();
+  const qint64 found = Shared().CurrentRecords.RecordCount();
+  if (found == 0 || found == setting.rows) qFatal("the search found %lld records", found);
+}
+
+void SearchRaw(const Setting& setting, Meter& meter) {
+  const QString query = u"SELECT * FROM Records WHERE Title LIKE '%%1%' ORDER BY ArchiveID"_s.arg(kSought);
+  ReadAllRaw(setting, query.toUtf8().constData(), meter);
+}
+
 /// What SQLite itself takes for the rows of the sorted column.
 void SortRaw(const Setting& setting, Meter& meter) {
   ReadAllRaw(setting, "SELECT * FROM Records ORDER BY Title", meter);
@@ -129,10 +160,8 @@ void SortRaw(const Setting& setting, Meter& meter) {
 
 Cases BrowserCases() {
   return {
-      {u"browser-choose"_s, ChooseTable},
-      {u"browser-last"_s, GoToLastPage},
-      {u"browser-sort"_s, SortColumn},
-      {u"sort-raw"_s, SortRaw},
+      {u"browser-choose"_s, ChooseTable}, {u"browser-last"_s, GoToLastPage}, {u"browser-sort"_s, SortColumn},
+      {u"browser-search"_s, QuickSearch}, {u"search-raw"_s, SearchRaw},      {u"sort-raw"_s, SortRaw},
   };
 }
 

@@ -1,6 +1,5 @@
 // A value changed in every record of a table: by two statements, by a walk through the record set, and by find and
 // replace; against loops over SQLite that write the same.
-#include <QFile>
 #include <cstring>
 #include <sqlite3.h>
 #include <string>
@@ -27,17 +26,9 @@ void Run(sqlite3* database, const char* statement) {
   Check(sqlite3_exec(database, statement, nullptr, nullptr, nullptr), SQLITE_OK, database);
 }
 
-/// A copy of the table that a case may change.
-sqlite3* CopiedTable(const Setting& setting) {
-  const QString path = setting.database + u".changed"_s;
-  QFile::remove(path);
-  if (!QFile::copy(setting.database, path)) qFatal("the table was not copied");
-  return OpenSqlite(path);
-}
-
 /// One whose remarks are null in one half of the records and empty in the other.
 sqlite3* TableWithoutRemarks(const Setting& setting) {
-  sqlite3* database = CopiedTable(setting);
+  sqlite3* database = OpenCopy(setting.database);
   Run(database, "UPDATE Records SET Remark = CASE WHEN rowid % 2 THEN '' END");
   return database;
 }
@@ -74,7 +65,7 @@ void FillRaw(const Setting& setting, Meter& meter) {
 // By a walk.
 
 void Walk(const Setting& setting, Meter& meter) {
-  const std::shared_ptr<Connection> connection = AdoptSqlite(CopiedTable(setting));
+  const std::shared_ptr<Connection> connection = AdoptSqlite(OpenCopy(setting.database));
   Recordset records;
   OpenAll(records, connection);
   meter.Start();
@@ -124,7 +115,7 @@ void WriteRemarks(sqlite3* database, const std::vector<Remark>& remarks, bool or
 }
 
 void WalkRaw(const Setting& setting, Meter& meter) {
-  sqlite3* database = CopiedTable(setting);
+  sqlite3* database = OpenCopy(setting.database);
   const std::vector<Remark> remarks = ReadRemarks(database);
   meter.Start();
   WriteRemarks(database, remarks, true);
@@ -134,7 +125,7 @@ void WalkRaw(const Setting& setting, Meter& meter) {
 // By find and replace, in all fields.
 
 void ReplaceAll(const Setting& setting, Meter& meter) {
-  const std::shared_ptr<Connection> connection = AdoptSqlite(CopiedTable(setting));
+  const std::shared_ptr<Connection> connection = AdoptSqlite(OpenCopy(setting.database));
   Recordset records;
   OpenAll(records, connection);
   meter.Start();
@@ -146,7 +137,7 @@ void ReplaceAll(const Setting& setting, Meter& meter) {
 }
 
 void ReplaceAllRaw(const Setting& setting, Meter& meter) {
-  sqlite3* database = CopiedTable(setting);
+  sqlite3* database = OpenCopy(setting.database);
   const std::vector<Remark> remarks = ReadRemarks(database);
   meter.Start();
   WriteRemarks(database, remarks, false);

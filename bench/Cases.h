@@ -25,6 +25,7 @@ Cases ReadingCases();
 Cases WritingCases();
 Cases PostgresCases();
 Cases BrowserCases();
+Cases EntryCases();
 Cases BulkCases();
 
 }  // namespace folvane::bench

@@ -56,6 +56,11 @@ std::vector<Comparison> Comparisons() {
                    u"browser-sort"_s,
                    u"click on the header"_s,
                    {{u"sort-raw"_s, u"sqlite3_step in that order, columns copied"_s}}});
+    all.push_back({u"The record browser: quick search for titles that hold a text"_s,
+                   rows,
+                   u"browser-search"_s,
+                   u"search bar"_s,
+                   {{u"search-raw"_s, u"sqlite3_step under the same LIKE, columns copied"_s}}});
   }
   all.push_back({u"One statement a row in one transaction, SQLite"_s,
                  10'000,
@@ -64,6 +69,21 @@ std::vector<Comparison> Comparisons() {
                  {{u"insert-bytes"_s, u"prepared statement, bytes bound as they lie"_s, 1.3},
                   {u"insert-texts"_s, u"prepared statement, texts of Qt bound"_s},
                   {u"insert-literals-raw"_s, u"the same texts given to sqlite3_exec"_s}}});
+  all.push_back({u"The entry window: opened with 40 fields"_s,
+                 1'000,
+                 u"entry-open"_s,
+                 u"built, bound and shown"_s,
+                 {{u"entry-open-raw"_s, u"as many bare boxes and labels shown"_s}}});
+  all.push_back({u"The entry window: moved through all records with 40 fields, each shown"_s,
+                 1'000,
+                 u"entry-move"_s,
+                 u"toolbar key"_s,
+                 {{u"entry-move-raw"_s, u"sqlite3_step into bare boxes"_s}}});
+  all.push_back({u"The entry window: one save with six proofing rules, two against doubles"_s,
+                 100'000,
+                 u"entry-save"_s,
+                 u"SaveData"_s,
+                 {{u"entry-save-raw"_s, u"the two look-ups and the update, sqlite3_exec"_s}}});
   all.push_back({u"A value put into an empty field of every record, by two statements"_s,
                  100'000,
                  u"bulk-fill"_s,

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include <folvane/HostServices.h>
+
 #include "bench/Cases.h"
 #include "bench/Comparison.h"
 #include "bench/SampleTable.h"
@@ -20,6 +22,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(WritingCases());
   cases.merge(PostgresCases());
   cases.merge(BrowserCases());
+  cases.merge(EntryCases());
   cases.merge(BulkCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
@@ -62,6 +65,9 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_LOGGING_RULES", "default.warning=false");
   const QApplication application(argc, argv);
+  folvane::Services().messageBox = [](const folvane::MessageRequest& asked) -> int {
+    qFatal("a message box: %s", qPrintable(asked.text));
+  };
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() == 5 && arguments[1] == u"--case"_s)
     return MeasureHere(arguments[2], {arguments[3].toLongLong(), arguments[4]});

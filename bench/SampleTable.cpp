@@ -66,6 +66,13 @@ sqlite3* OpenSqlite(const QString& path) {
   return database;
 }
 
+sqlite3* OpenCopy(const QString& path) {
+  const QString copy = path + QStringLiteral(".changed");
+  QFile::remove(copy);
+  if (!QFile::copy(path, copy)) Fail("the table was not copied");
+  return OpenSqlite(copy);
+}
+
 void Check(int answer, int wanted, sqlite3* database) {
   if (answer != wanted) Fail(sqlite3_errmsg(database));
 }

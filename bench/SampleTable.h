@@ -24,6 +24,8 @@ void RunPsql(const QString& command, const QByteArray& input = {});
 
 /// Opens a file of SQLite or ends the process.
 sqlite3* OpenSqlite(const QString& path);
+/// Opens a copy of the file, in place of an earlier one, that a case may change.
+sqlite3* OpenCopy(const QString& path);
 /// Ends the process, telling why, when an answer of SQLite is not the wanted one.
 void Check(int answer, int wanted, sqlite3* database);
 
