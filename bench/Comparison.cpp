@@ -88,7 +88,7 @@ std::vector<Comparison> Comparisons() {
                  100'000,
                  u"bulk-fill"_s,
                  u"batch update, the road of statements"_s,
-                 {{u"bulk-fill-raw"_s, u"the same two statements, sqlite3_exec"_s, 1.1}}});
+                 {{u"bulk-fill-raw"_s, u"the same two statements, sqlite3_exec"_s}}});
   all.push_back({u"A part of a value replaced in every record, by a walk"_s,
                  100'000,
                  u"bulk-walk"_s,
