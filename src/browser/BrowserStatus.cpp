@@ -3,30 +3,26 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include "widgets/StatusPanel.h"
+
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kProgressWidth = 160;
-constexpr int kPanelIndent = 6;
 
 }  // namespace
 
 BrowserStatus::BrowserStatus(QWidget* parent) : QStatusBar(parent) {
   setObjectName(u"Sta"_s);
-  records_ = new QLabel(this);
-  records_->setObjectName(u"RecordCount"_s);
-  notice_ = new QLabel(this);
-  notice_->setObjectName(u"Notice"_s);
-  notice_->setTextFormat(Qt::PlainText);
+  records_ = NewStatusPanel(u"RecordCount"_s, this);
+  notice_ = NewStatusPanel(u"Notice"_s, this);
   notice_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  user_ = new QLabel(this);
-  user_->setObjectName(u"UserName"_s);
+  user_ = NewStatusPanel(u"UserName"_s, this);
   progress_ = new QProgressBar(this);
   progress_->setObjectName(u"ProMain"_s);
   progress_->setMaximumWidth(kProgressWidth);
   progress_->setTextVisible(false);
-  for (QLabel* panel : {records_, notice_, user_}) panel->setIndent(kPanelIndent);
   addWidget(records_);
   addWidget(notice_, 1);
   addPermanentWidget(progress_);

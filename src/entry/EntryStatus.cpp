@@ -2,26 +2,17 @@
 
 #include <QLabel>
 
+#include "widgets/StatusPanel.h"
+
 namespace folvane {
-namespace {
+
 using namespace Qt::Literals::StringLiterals;
-
-constexpr int kPanelIndent = 6;
-
-}  // namespace
 
 EntryStatus::EntryStatus(QWidget* parent) : QStatusBar(parent) {
   setObjectName(u"StbRecordView"_s);
-  work_ = new QLabel(this);
-  work_->setObjectName(u"Panel(1)"_s);
-  records_ = new QLabel(this);
-  records_->setObjectName(u"RecordView"_s);
-  user_ = new QLabel(this);
-  user_->setObjectName(u"UserName"_s);
-  for (QLabel* panel : {work_, records_, user_}) {
-    panel->setTextFormat(Qt::PlainText);
-    panel->setIndent(kPanelIndent);
-  }
+  work_ = NewStatusPanel(u"Panel(1)"_s, this);
+  records_ = NewStatusPanel(u"RecordView"_s, this);
+  user_ = NewStatusPanel(u"UserName"_s, this);
   addWidget(work_, 1);
   addPermanentWidget(records_);
   addPermanentWidget(user_);

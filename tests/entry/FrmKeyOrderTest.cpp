@@ -5,7 +5,7 @@
 
 #include <folvane/DataError.h>
 
-#include "EntryFixture.h"
+#include "KeyOrderFixture.h"
 #include "entry/FrmKeyOrder.h"
 #include "entry/KeyOrder.h"
 #include "shell/Messages.h"
@@ -14,23 +14,8 @@
 namespace folvane::test {
 namespace {
 
-class FrmKeyOrderTest : public EntryTest {
+class FrmKeyOrderTest : public KeyOrderFixture {
  protected:
-  void SetUp() override {
-    EntryTest::SetUp();
-    AddField(u"DocNo"_s, u"文号"_s, 8, 1);
-    AddField(u"RegID"_s, u"登记号"_s, 1, 2);
-    AddField(u"Picture"_s, u"图片"_s, 3, 3);
-    AddField(u"Amaintitle"_s, u"题名"_s, 10, 4);
-  }
-  void AddField(const QString& field, const QString& caption, int controlType, int order) {
-    Run(u"insert into DynamicWindows (TableName,FieldName,ChnFieldName) values ('Lwdj','%1','%2')"_s.arg(field,
-                                                                                                         caption));
-    Run(u"insert into SaveControls (DataSource,DataField,ControlType,ControlIndex,KeyOrder) values "
-        "('Lwdj','%1',%2,1,%3)"_s.arg(field)
-            .arg(controlType)
-            .arg(order));
-  }
   /// Opens the window, runs the steps in it and closes it.
   void InWindow(const std::function<void()>& steps) {
     FrmKeyOrder window;
@@ -51,9 +36,6 @@ class FrmKeyOrderTest : public EntryTest {
     return names;
   }
   void Choose(int position) const { ClickItem(List(), List().model()->index(position - 1, 0)); }
-  QString OrderOf(const QString& field) {
-    return Value(u"select KeyOrder from SaveControls where DataField = '"_s + field + u"'"_s);
-  }
 
   MessageBoxes boxes_;
 
@@ -177,7 +159,7 @@ TEST_P(FrmKeyOrderTest, WritesTheOrderWithOkButNotOfAFieldThatIsNotBuilt) {
   EXPECT_EQ(OrderOf(u"Amaintitle"_s), u"1"_s);
   EXPECT_EQ(OrderOf(u"DocNo"_s), u"2"_s);
   EXPECT_EQ(OrderOf(u"RegID"_s), u"3"_s);
-  EXPECT_EQ(OrderOf(u"Picture"_s), u"3"_s);
+  EXPECT_EQ(OrderOf(u"Hidden"_s), u"3"_s);
   EXPECT_EQ(ReadKeyList(u"Lwdj"_s)[1], (ControlId{10, 1}));
 }
 

@@ -1,31 +1,11 @@
-#include "EntryFixture.h"
+#include "KeyOrderFixture.h"
 #include "entry/EnterWalk.h"
 #include "entry/KeyOrder.h"
 
 namespace folvane::test {
 namespace {
 
-class KeyOrderTest : public EntryTest {
- protected:
-  void SetUp() override {
-    EntryTest::SetUp();
-    AddField(u"DocNo"_s, u"文号"_s, 8, 1);
-    AddField(u"RegID"_s, u"登记号"_s, 1, 2);
-    AddField(u"Hidden"_s, u"图片"_s, 3, 3);
-    AddField(u"Amaintitle"_s, u"题名"_s, 10, 4);
-  }
-  void AddField(const QString& field, const QString& caption, int controlType, int order) {
-    Run(u"insert into DynamicWindows (TableName,FieldName,ChnFieldName) values ('Lwdj','%1','%2')"_s.arg(field,
-                                                                                                         caption));
-    Run(u"insert into SaveControls (DataSource,DataField,ControlType,ControlIndex,KeyOrder) values "
-        "('Lwdj','%1',%2,1,%3)"_s.arg(field)
-            .arg(controlType)
-            .arg(order));
-  }
-  QString OrderOf(const QString& field) {
-    return Value(u"select KeyOrder from SaveControls where DataField = '"_s + field + u"'"_s);
-  }
-};
+class KeyOrderTest : public KeyOrderFixture {};
 
 TEST_P(KeyOrderTest, ListsTheFieldsOfTheFormInTheirOrder) {
   EXPECT_EQ(KeyOrderList(u"Lwdj"_s).Names(), (QStringList{u"文号"_s, u"登记号"_s, u"题名"_s}));
