@@ -71,6 +71,12 @@ void BrowserTest::SetUp() {
   design_->AddClass(2, u"文书"_s);
 }
 
+void TwelveRecordsTest::SetUp() {
+  BrowserTest::SetUp();
+  design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
+  design_->AddRecords(u"Lwdj"_s, 12);
+}
+
 void BrowserTest::InBrowser(const std::function<void(const Browser&)>& steps) {
   WithWindow(u"FrmMain"_s, [&](QWidget& window) { steps(Browser(window)); });
   ShowRecordBrowser();

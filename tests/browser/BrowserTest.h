@@ -25,6 +25,7 @@ class Browser {
   QStringList KeysBelow(const QString& key) const;
   void Choose(const QString& key) const;
   QString Status() const { return TextIn(window_, QStringLiteral("RecordCount")); }
+  QString Notice() const { return TextIn(window_, QStringLiteral("Notice")); }
   /// A parameter of the row of a table in the hidden parameter list.
   QString Parameter(const QString& table, int number) const;
 
@@ -51,6 +52,12 @@ class BrowserTest : public DesignTest {
   void InBrowser(const std::function<void(const Browser&)>& steps);
   QString Remembered() const;
   void Remember(const QString& place) const;
+};
+
+/// One with twelve records of Lwdj, the newest first.
+class TwelveRecordsTest : public BrowserTest {
+ protected:
+  void SetUp() override;
 };
 
 }  // namespace folvane::test

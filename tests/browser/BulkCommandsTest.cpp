@@ -14,14 +14,8 @@ using testing::StartsWith;
 
 namespace {
 
-/// A list of twelve records of Lwdj, the newest first.
-class BulkCommandsTest : public BrowserTest {
+class BulkCommandsTest : public TwelveRecordsTest {
  protected:
-  void SetUp() override {
-    BrowserTest::SetUp();
-    design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
-    design_->AddRecords(u"Lwdj"_s, 12);
-  }
   QString Count() { return design_->Value(u"select count(*) from Lwdj"_s); }
 };
 
@@ -34,8 +28,6 @@ void LeaveQuery(const QString& condition, const QString& words = {}) {
     query.hide();
   });
 }
-
-QString Notice(const Browser& browser) { return TextIn(browser.Window(), u"Notice"_s); }
 
 }  // namespace
 
@@ -60,7 +52,7 @@ TEST_P(BulkCommandsTest, ABatchDeletionTakesTheRecordsOfAQueryAndTheirOriginals)
     EXPECT_TRUE(statements.contains(u"Delete From Lwdj Where Lwdj.RegID <= '3'"_s));
     EXPECT_EQ(browser.Cell(), u"9"_s) << "the selected record is found again";
     EXPECT_EQ(browser.Status(), u"当前记录：第4条/共9条"_s);
-    EXPECT_EQ(Notice(browser), u"已删除 3 条记录"_s);
+    EXPECT_EQ(browser.Notice(), u"已删除 3 条记录"_s);
   });
   EXPECT_EQ(Count(), u"9"_s);
   EXPECT_EQ(design_->Value(u"select ID from Original_Text"_s), u"92"_s);
@@ -70,12 +62,12 @@ TEST_P(BulkCommandsTest, TheStatusLineSaysHowManyRecordsGoBeforeTheQuestionIsAns
   QString shown;
   InBrowser([&](const Browser& browser) {
     Services().messageBox = [&](const MessageRequest&) {
-      shown = Notice(browser);
+      shown = browser.Notice();
       return int(Answer::Cancel);
     };
     LeaveQuery(u"Lwdj.RegID <= '3'"_s, u"登记号 小于等于 3"_s);
     browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
-    EXPECT_EQ(Notice(browser), QString());
+    EXPECT_EQ(browser.Notice(), QString());
   });
   EXPECT_EQ(shown, u"将删除 3 条记录：登记号 小于等于 3"_s);
   EXPECT_EQ(Count(), u"12"_s);
@@ -110,7 +102,7 @@ TEST_P(BulkCommandsTest, AConditionThatTheDatabaseRefusesDeletesNothingAndTheSta
     LeaveQuery(u"Lwdj.Amaintitle = 'it's'"_s);
     browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
     EXPECT_TRUE(messages.Requests().empty());
-    EXPECT_THAT(Notice(browser).toStdString(), StartsWith("未能完成："));
+    EXPECT_THAT(browser.Notice().toStdString(), StartsWith("未能完成："));
     EXPECT_EQ(browser.Status(), u"当前记录：第1条/共12条"_s);
   });
   EXPECT_EQ(Count(), u"12"_s);

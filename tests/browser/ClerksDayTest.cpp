@@ -11,14 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The browser with the real windows that it opens: twelve records of Lwdj, the newest first.
-class ClerksDayTest : public BrowserTest {
+/// The browser with the real windows that it opens.
+class ClerksDayTest : public TwelveRecordsTest {
  protected:
-  void SetUp() override {
-    BrowserTest::SetUp();
-    design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
-    design_->AddRecords(u"Lwdj"_s, 12);
-  }
   QString TitleOf(int number) {
     return design_->Value(u"select Amaintitle from Lwdj where RegID = "_s + QString::number(number));
   }

@@ -38,12 +38,10 @@ TEST(QuickSearchTest, AHistoryIsOneText) {
 
 namespace {
 
-class SearchBarTest : public BrowserTest {
+class SearchBarTest : public TwelveRecordsTest {
  protected:
   void SetUp() override {
-    BrowserTest::SetUp();
-    design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
-    design_->AddRecords(u"Lwdj"_s, 12);
+    TwelveRecordsTest::SetUp();
     const QString columns = u"TableName,DataField,ChnDataField,OrderNo,FieldValue"_s;
     design_->Insert(u"SimSearch"_s, columns, {u"Lwdj"_s, u"Amaintitle"_s, u"题名"_s, u"1"_s, u"@题名3@旧@"_s});
     design_->Insert(u"SimSearch"_s, columns, {u"Lwdj"_s, u"RegID"_s, u"登记号"_s, u"2"_s, u"<null>"_s});

@@ -14,14 +14,8 @@ using testing::Contains;
 
 namespace {
 
-/// A list of twelve records of Lwdj, the newest first.
-class RecordCommandsTest : public BrowserTest {
+class RecordCommandsTest : public TwelveRecordsTest {
  protected:
-  void SetUp() override {
-    BrowserTest::SetUp();
-    design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
-    design_->AddRecords(u"Lwdj"_s, 12);
-  }
   QString Count(const QString& table) { return design_->Value(u"select count(*) from "_s + table); }
 };
 
@@ -43,8 +37,6 @@ void LeaveEntryOn(const QString& key, const std::function<void(FrmInput&)>& step
     entry.hide();
   });
 }
-
-QString Notice(const Browser& browser) { return TextIn(browser.Window(), u"Notice"_s); }
 
 }  // namespace
 
@@ -68,7 +60,7 @@ TEST_P(RecordCommandsTest, DeletingSeveralRowsTakesOneQuestionAndOneStatement) {
     EXPECT_EQ(browser.Column(u"LVData"_s),
               (QStringList{u"12"_s, u"10"_s, u"7"_s, u"6"_s, u"5"_s, u"4"_s, u"3"_s, u"2"_s, u"1"_s}));
     EXPECT_EQ(browser.Status(), u"当前记录：第1条/共9条"_s);
-    EXPECT_EQ(Notice(browser), u"已删除 3 条记录"_s);
+    EXPECT_EQ(browser.Notice(), u"已删除 3 条记录"_s);
   });
   EXPECT_EQ(Count(u"Lwdj"_s), u"9"_s);
   EXPECT_EQ(design_->Value(u"select ID from Original_Text"_s), u"92"_s);
@@ -92,7 +84,7 @@ TEST_P(RecordCommandsTest, ADeletionAnsweredNoChangesNothing) {
     log_->Take();
     browser.Entry(u"mnu_File3_Del"_s).trigger();
     EXPECT_EQ(log_->Take(), QStringList());
-    EXPECT_EQ(Notice(browser), QString());
+    EXPECT_EQ(browser.Notice(), QString());
   });
   EXPECT_EQ(Count(u"Lwdj"_s), u"12"_s);
 }
@@ -121,9 +113,9 @@ TEST_P(RecordCommandsTest, TheNoticeOfACommandGoesWithTheNextThingDone) {
   InBrowser([&](const Browser& browser) {
     messages.Answer(Answer::Yes);
     browser.Key(u"Del"_s).trigger();
-    EXPECT_EQ(Notice(browser), u"已删除 1 条记录"_s);
+    EXPECT_EQ(browser.Notice(), u"已删除 1 条记录"_s);
     browser.ClickColumn(0);
-    EXPECT_EQ(Notice(browser), QString());
+    EXPECT_EQ(browser.Notice(), QString());
   });
 }
 
@@ -147,7 +139,7 @@ TEST_P(RecordCommandsTest, ARecordDeletedByAnotherUserMeanwhileIsNoHindrance) {
     Select(browser, {1, 2});
     design_->Run(u"delete from Lwdj where RegID = 12"_s);
     browser.Key(u"Del"_s).trigger();
-    EXPECT_EQ(Notice(browser), u"已删除 1 条记录"_s);
+    EXPECT_EQ(browser.Notice(), u"已删除 1 条记录"_s);
     EXPECT_EQ(browser.Status(), u"当前记录：第1条/共10条"_s);
   });
 }
@@ -177,7 +169,7 @@ TEST_P(RecordCommandsTest, ADeletionThatTheDatabaseRefusesEndsWithoutAMessageAnd
     design_->Run(u"alter table Original_Text rename to Away"_s);
     browser.Entry(u"mnu_File3_Del"_s).trigger();
     EXPECT_EQ(messages.Requests().size(), 1u) << "the question";
-    EXPECT_TRUE(Notice(browser).startsWith(u"未能完成："_s));
+    EXPECT_TRUE(browser.Notice().startsWith(u"未能完成："_s));
     EXPECT_EQ(browser.List().model()->rowCount(), 12);
     design_->Run(u"alter table Away rename to Original_Text"_s);
   });

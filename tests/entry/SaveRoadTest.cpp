@@ -1,23 +1,12 @@
-#include <QInputMethodEvent>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include "InputFixture.h"
+#include "RecordRoad.h"
 
 namespace folvane::test {
 namespace {
 
-/// Records through the entry window, from the button to the database.
-class SaveRoadTest : public InputTest {
- protected:
-  void DesignTitle(bool required = false) {
-    Design({u"Amaintitle"_s, u"题名"_s, ControlKind::Txt, 0, u"文本型"_s, 50, required});
-  }
-  QString Stored(const QString& column, int number = 1) {
-    return Value(u"select "_s + column + u" from Lwdj where ArchiveID = '"_s + Key(number) + u"'"_s);
-  }
-  QString Count() { return Value(u"select count(*) from Lwdj"_s); }
-};
+/// From the first key over the checks to the database.
+class SaveRoadTest : public RecordRoad {};
 
 TEST_P(SaveRoadTest, GoesOverToEditingWithinHalfASecondOfTheFirstKey) {
   AddRecords(2);
@@ -300,172 +289,6 @@ TEST_P(SaveRoadTest, WritesWhatAProgramHasPutIntoAField) {
     input.Control(u"Txt(2)"_s).setProperty("text", u"新号"_s);
     EXPECT_TRUE(input.Form().SaveData());
     EXPECT_EQ(Stored(u"DocNo"_s), u"新号"_s);
-  });
-}
-
-TEST_P(SaveRoadTest, KeepsCharactersOutsideTheCodePage) {
-  AddRecords(1);
-  DesignTitle();
-  InWindow([&](const Input& input) {
-    QInputMethodEvent event;
-    event.setCommitString(u"𠮷田€é😀"_s);
-    Find<QLineEdit>(input.Window(), u"Txt(1)"_s).selectAll();
-    QCoreApplication::sendEvent(&input.Control(u"Txt(1)"_s), &event);
-    EXPECT_TRUE(input.Form().SaveData());
-    EXPECT_EQ(Stored(u"Amaintitle"_s), u"𠮷田€é😀"_s);
-  });
-}
-
-TEST_P(SaveRoadTest, BringsARefusedFieldIntoSight) {
-  AddRecords(1);
-  DesignTitle();
-  Design({u"DocNo"_s, u"文号"_s, ControlKind::Txt, 0, u"文本型"_s, 50, true});
-  Run(u"update SaveControls set F_Top = 30000 where DataField = 'DocNo'"_s);
-  Run(u"update Lwdj set DocNo = null"_s);
-  InWindow([&](const Input& input) {
-    input.Window().resize(600, 400);
-    input.Retype(u"Txt(1)"_s, u"新题"_s);
-    EXPECT_FALSE(input.Form().SaveData());
-    EXPECT_TRUE(input.Control(u"PicControls"_s).rect().contains(input.Control(u"Txt(2)"_s).geometry()));
-    input.Form().CancelEdit();
-  });
-}
-
-TEST_P(SaveRoadTest, KeepsQuotesInEveryTextField) {
-  AddRecords(1);
-  DesignTitle();
-  Design({u"DocNo"_s, u"文号"_s, ControlKind::F_Organ});
-  Design({u"FileStatus"_s, u"状态"_s, ControlKind::Cmb});
-  InWindow([&](const Input& input) {
-    for (const QString& control : {u"Txt(1)"_s, u"F_Organ(1)"_s, u"Cmb(1)"_s})
-      input.Retype(control, u"it's \"甲\"; --"_s);
-    EXPECT_TRUE(input.Form().SaveData());
-    for (const QString& column : {u"Amaintitle"_s, u"DocNo"_s, u"FileStatus"_s})
-      EXPECT_EQ(Stored(column), u"it's \"甲\"; --"_s);
-  });
-  EXPECT_EQ(Value(u"select count(*) from AssistantDicKey where Name = 'it''s \"甲\"; --'"_s), u"1"_s);
-}
-
-TEST_P(SaveRoadTest, CutsAPastedTextToItsLimitBeforeItIsStored) {
-  AddRecords(1);
-  Design({u"FondsNo"_s, u"全宗"_s, ControlKind::Txt, 0, u"文本型"_s, 4});
-  InWindow([&](const Input& input) {
-    Find<QLineEdit>(input.Window(), u"Txt(1)"_s).insert(u"全宗号码"_s);
-    EXPECT_TRUE(input.Form().SaveData());
-    EXPECT_EQ(Stored(u"FondsNo"_s), u"全宗"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"全宗"_s);
-  });
-}
-
-TEST_P(SaveRoadTest, TellsOfATextThatItsColumnCannotHoldAndKeepsTheRecordToBeCancelled) {
-  AddRecords(1);
-  Design({u"FondsNo"_s, u"全宗"_s, ControlKind::Txt, 0, u"文本型"_s, 40});
-  InWindow([&](const Input& input) {
-    input.Retype(u"Txt(1)"_s, u"五字全宗号"_s);
-    EXPECT_FALSE(input.Form().SaveData());
-    EXPECT_EQ(boxes_.Last().flags, 16);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"五字全宗号"_s);
-    EXPECT_EQ(input.Work(), u"准备就绪"_s);
-    input.AwaitEditing();
-    input.Do(u"CancelRecord"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), QString());
-    EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
-  });
-}
-
-TEST_P(SaveRoadTest, KeepsTheRecordToBeCancelledWhenItCannotBeFilled) {
-  Formula(RegFormula::CreatedDate);
-  Run(u"alter table Lwdj drop column CreatedDate"_s);
-  AddRecords(1);
-  DesignTitle();
-  InWindow([&](const Input& input) {
-    input.Do(u"AddNewRecord"_s);
-    EXPECT_EQ(boxes_.Last().flags, 16);
-    ASSERT_TRUE(input.KeyOn(u"CancelRecord"_s));
-    input.Do(u"CancelRecord"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名1"_s);
-    EXPECT_EQ(Shared().CurrentRecords.RecordCount(), 1);
-  });
-}
-
-TEST_P(SaveRoadTest, DeletesARecordWithItsOriginals) {
-  AddRecords(3);
-  DesignTitle();
-  Run(u"insert into Original_Text (ID,RecordID) values ('a','%1'),('b','%2')"_s.arg(Key(2), Key(3)));
-  InWindow(
-      [&](const Input& input) {
-        boxes_.Answer(7).Answer(6);
-        input.Do(u"DelRecord"_s);
-        EXPECT_EQ(Count(), u"3"_s);
-        input.Key(u"DelRecord"_s).trigger();
-        EXPECT_EQ(boxes_.Last().text, u"确实要删除当前的记录及相关原文吗？"_s);
-        EXPECT_EQ(boxes_.Last().flags, 68);
-        EXPECT_EQ(boxes_.Last().title, input.Window().windowTitle());
-        EXPECT_EQ(Value(u"select count(*) from Original_Text"_s), u"1"_s);
-        EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名1"_s);
-        EXPECT_EQ(input.Position(), u"当前记录：第1条/共2条"_s);
-      },
-      false, 2);
-}
-
-TEST_P(SaveRoadTest, HasNoRecordAfterTheLastIsDeleted) {
-  AddRecords(1);
-  DesignTitle();
-  InWindow([&](const Input& input) {
-    boxes_.Answer(6);
-    input.Do(u"DelRecord"_s);
-    EXPECT_EQ(input.Position(), u"当前无记录"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), QString());
-    input.Do(u"AddNewRecord"_s);
-    input.Retype(u"Txt(1)"_s, u"新"_s);
-    input.Do(u"SaveRecord"_s);
-    EXPECT_EQ(Count(), u"1"_s);
-  });
-}
-
-TEST_P(SaveRoadTest, CopiesAWholeRecordIntoTheNext) {
-  AddRecords(1);
-  DesignTitle();
-  Design({u"RegID"_s, u"登记号"_s, ControlKind::Txt, 0, u"自动编号"_s});
-  InWindow([&](const Input& input) {
-    input.Key(u"CopyAll"_s).trigger();
-    EXPECT_TRUE(input.Entry(u"mnuCopyAll"_s).isChecked());
-    EXPECT_TRUE(input.Key(u"CopyAll"_s).isChecked());
-    input.Do(u"AddNewRecord"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名1"_s);
-    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"2"_s);
-    input.Do(u"SaveRecord"_s);
-    EXPECT_TRUE(input.Key(u"CopyAll"_s).isChecked());
-    input.Do(u"First_R"_s);
-    EXPECT_FALSE(input.Key(u"CopyAll"_s).isChecked());
-    EXPECT_FALSE(input.Entry(u"mnuCopyAll"_s).isChecked());
-  });
-}
-
-TEST_P(SaveRoadTest, CopiesNothingWithoutARecord) {
-  DesignTitle();
-  InWindow([](const Input& input) {
-    input.Key(u"CopyAll"_s).trigger();
-    EXPECT_FALSE(input.Key(u"CopyAll"_s).isChecked());
-  });
-}
-
-TEST_P(SaveRoadTest, CarriesFieldsIntoANewRecordFromTheParentAndTheRecordBefore) {
-  CreateTable(*Connected(), BusinessTable(u"Aj"_s, {{u"FondsNo"_s, ColumnType::Text, 4}}));
-  Run(u"insert into Aj (ArchiveID,FondsNo) values ('P','J001')"_s);
-  AddRecords(1);
-  Design({u"Amaintitle"_s, u"题名"_s, ControlKind::Txt, 0, u"文本型"_s, 50, false, false, true});
-  Design({u"FondsNo"_s, u"全宗"_s, ControlKind::Txt, 0, u"文本型"_s, 4, false, false, false, true});
-  Flag(u"AutoFileStatus"_s, true);
-  Design({u"FileStatus"_s, u"状态"_s, ControlKind::Cmb});
-  Right(Parameter::Parent, u"Aj"_s);
-  parameters_.SetTag(u"ArchiveID = 'P'"_s);
-  InWindow([](const Input& input) {
-    input.Do(u"AddNewRecord"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"题名1"_s);
-    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"J001"_s);
-    EXPECT_EQ(input.Text(u"Cmb(1)"_s), u"需归档"_s);
-    input.Do(u"CancelRecord"_s);
   });
 }
 
