@@ -91,6 +91,7 @@ void Tour::Fail(const QString& why) {
 }
 
 void Tour::Picture(QWidget& window, const QString& name, int scale) {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);  // of texts that have just changed
   QPixmap picture(window.size() * scale);
   picture.setDevicePixelRatio(scale);
   picture.fill(Qt::transparent);
