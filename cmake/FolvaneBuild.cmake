@@ -16,6 +16,12 @@ if(FOLVANE_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${FOLVANE_CCACHE})
 endif()
 
+# Two dozen test programs are linked, each of nearly everything.
+find_program(FOLVANE_LLD ld.lld)
+if(FOLVANE_LLD)
+  add_link_options(-fuse-ld=lld)
+endif()
+
 add_library(folvane_options INTERFACE)
 target_compile_options(folvane_options INTERFACE -Wall -Wextra -Werror -Wnon-virtual-dtor -Woverloaded-virtual)
 # Where it optimises, this compiler takes values of std::optional that were tested for unset ones.

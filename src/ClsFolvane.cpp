@@ -12,6 +12,18 @@ namespace {
   throw DataError(DataErrorKind::Usage, QStringLiteral("本版本尚未提供“%1”窗口。").arg(window));
 }
 
+// Runs an operation of the host's. Nothing but the library's own error leaves it.
+template <typename Work>
+void RunForHost(Work&& work) {
+  try {
+    std::forward<Work>(work)();
+  } catch (const DataError&) {
+    throw;
+  } catch (const std::exception& error) {
+    throw DataError(DataErrorKind::Other, QString::fromUtf8(error.what()));
+  }
+}
+
 }  // namespace
 
 void ClsFolvane::GetUser(const QString& userId) {
@@ -36,7 +48,7 @@ void ClsFolvane::GetCopyRight(const QString& databaseKind) { Shared().DatabaseKi
 void ClsFolvane::FileOpen() {
   Shared().UserId = userId_;
   SharedConnection();
-  ShowRecordBrowser();
+  RunForHost(ShowRecordBrowser);
 }
 
 void ClsFolvane::FileArchive() {

@@ -8,7 +8,7 @@
 
 namespace folvane {
 
-/// What went wrong, told the same way for every database.
+/// What went wrong, told the same way for every database. More kinds may follow.
 enum class DataErrorKind {
   Statement,       ///< the server refused the statement: syntax, missing table or column, bad value
   Untranslatable,  ///< a form of the statement has no counterpart in this database's dialect
@@ -19,10 +19,12 @@ enum class DataErrorKind {
   Locked,          ///< another process holds the lock for longer than the driver waits
   Lost,            ///< the connection or the database file is gone
   Usage,           ///< the caller asked a record set for something it cannot give (no row, unknown field, closed)
+  File,            ///< a file of the program could not be read or written
+  Other,           ///< anything else, such as memory that has run out
 };
 
-/// The error of the data layer. Never crosses the event loop; an entry operation of the library may throw it to the
-/// host.
+/// The error of the library: whatever an operation throws is one. Never crosses the event loop; an entry operation may
+/// throw it to the host.
 class FOLVANE_EXPORT DataError : public std::exception {
  public:
   /// @param message   the server's text, or ours, in words for the user
@@ -34,12 +36,15 @@ class FOLVANE_EXPORT DataError : public std::exception {
   const QString& Message() const { return message_; }
   const QString& Statement() const { return statement_; }
   const QString& NativeCode() const { return nativeCode_; }
+  /// The column that the error is about, "" when it is about none or the server does not tell.
+  const QString& Column() const { return column_; }
+  DataError& About(const QString& column);
   /// The message in UTF-8, for hosts that catch std::exception.
   const char* what() const noexcept override { return utf8_.constData(); }
 
  private:
   DataErrorKind kind_;
-  QString message_, statement_, nativeCode_;
+  QString message_, statement_, nativeCode_, column_;
   QByteArray utf8_;
 };
 

@@ -18,6 +18,8 @@ struct MessageRequest {
   QString text;
   int flags = 0;
   QString title;
+  QString note;     ///< what the user should know beside the text: a count, a warning; "" for nothing
+  QString details;  ///< of an error: the statement and the database's own code, shown when asked for
 };
 
 /// A file dialog that a window wants shown. The filter has the form "text|pattern|text|pattern".
@@ -36,6 +38,7 @@ struct HostServices {
   std::function<double()> random;                         ///< in [0, 1), seeded from the clock for each number
   QString programDirectory;                               ///< INI files, Data folder, help; without trailing separator
   std::shared_ptr<RegistryStore> registry;                ///< default: a file of the user's
+  bool sortByPinyin = false;  ///< a list sorted by a column shows Chinese by pinyin where the database can
 
   // Outside components.
 

@@ -1,20 +1,13 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <exception>
+#include <folvane/DataError.h>
 
 namespace folvane {
 
 /// A file of the program could not be read or written.
-class FileError : public std::exception {
+class FileError : public DataError {
  public:
-  explicit FileError(const QString& message) : utf8_(message.toUtf8()) {}
-  /// The message in UTF-8, in words for the user.
-  const char* what() const noexcept override { return utf8_.constData(); }
-
- private:
-  QByteArray utf8_;
+  explicit FileError(const QString& message) : DataError(DataErrorKind::File, message) {}
 };
 
 }  // namespace folvane

@@ -1,23 +1,18 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QStringView>
-#include <exception>
 #include <variant>
 #include <vector>
+
+#include <folvane/DataError.h>
 
 namespace folvane {
 
 /// A pattern that cannot be read.
-class PatternError : public std::exception {
+class PatternError : public DataError {
  public:
-  explicit PatternError(const QString& message) : utf8_(message.toUtf8()) {}
-  /// The message in UTF-8, in words for the user.
-  const char* what() const noexcept override { return utf8_.constData(); }
-
- private:
-  QByteArray utf8_;
+  explicit PatternError(const QString& message) : DataError(DataErrorKind::Conversion, message) {}
 };
 
 /// A pattern of the match operator, compared with a whole text by character code, so that case counts.

@@ -1,21 +1,16 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
-#include <exception>
 #include <optional>
+
+#include <folvane/DataError.h>
 
 namespace folvane {
 
 /// A text that was to become a number is none, or one that the number's type cannot hold.
-class NumberError : public std::exception {
+class NumberError : public DataError {
  public:
-  explicit NumberError(const QString& message) : utf8_(message.toUtf8()) {}
-  /// The message in UTF-8, in words for the user.
-  const char* what() const noexcept override { return utf8_.constData(); }
-
- private:
-  QByteArray utf8_;
+  explicit NumberError(const QString& message) : DataError(DataErrorKind::Conversion, message) {}
 };
 
 // How the platform of the Chinese locale reads what people type: half-width and full-width characters alike.

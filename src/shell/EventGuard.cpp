@@ -1,5 +1,9 @@
 #include "shell/EventGuard.h"
 
+#include <QStringList>
+
+#include <folvane/DataError.h>
+
 #include "base/IgnoreErrors.h"
 #include "shell/Messages.h"
 
@@ -7,9 +11,20 @@ namespace folvane {
 
 QString ErrorText(const std::exception& error) { return QString::fromUtf8(error.what()); }
 
+QString ErrorDetails(const std::exception& error) {
+  const auto* known = dynamic_cast<const DataError*>(&error);
+  if (!known) return {};
+  QStringList lines;
+  if (!known->Statement().isEmpty()) lines << QStringLiteral("语句：") + known->Statement();
+  if (!known->NativeCode().isEmpty()) lines << QStringLiteral("数据库错误代码：") + known->NativeCode();
+  return lines.join(u'\n');
+}
+
 void ShowError(const std::exception& error) {
   // Called from catch clauses right under the event loop; not even a host's own message box may throw from here.
-  IgnoreErrors([&error] { ShowMessage(ErrorText(error), MessageFlag::Critical, kSystemTitle); });
+  IgnoreErrors([&error] {
+    ShowMessage({ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)});
+  });
 }
 
 }  // namespace folvane

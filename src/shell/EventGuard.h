@@ -11,6 +11,9 @@ namespace folvane {
 /// The error's text in words for the user.
 QString ErrorText(const std::exception& error);
 
+/// What stands behind an error for whoever looks into it: the statement and the database's own code; "" for neither.
+QString ErrorDetails(const std::exception& error);
+
 /// Shows an error that no routine has trapped.
 void ShowError(const std::exception& error);
 

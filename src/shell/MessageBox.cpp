@@ -1,8 +1,10 @@
 #include "shell/MessageBox.h"
 
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QHash>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <vector>
 
@@ -12,6 +14,8 @@ namespace folvane {
 namespace {
 
 constexpr char kAnswer[] = "Answer";
+constexpr int kDetailsWidth = 480;
+constexpr int kDetailsLines = 6;
 
 std::vector<int> AnswersOf(int flags) {
   switch (flags & 15) {
@@ -64,6 +68,7 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
   setWindowTitle(request.title);
   setTextFormat(Qt::PlainText);  // what stands in a record is never markup
   setText(WithPlainLineBreaks(request.text));
+  setInformativeText(WithPlainLineBreaks(request.note));
   setIcon(IconOf(request.flags));
   const std::vector<int> answers = AnswersOf(request.flags);
   escapeAnswer_ = EscapeAnswerOf(answers);
@@ -72,6 +77,27 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
     QPushButton* key = AddKey(answers[place]);
     if (place == defaultKey) setDefaultButton(key);
   }
+  if (!request.details.isEmpty()) AddDetails(request.details);
+}
+
+// Not the box's own detailed text: its key bears the toolkit's words and counts among the answers.
+void MessageBox::AddDetails(const QString& details) {
+  auto* text = new QPlainTextEdit(WithPlainLineBreaks(details), this);
+  text->setObjectName(QStringLiteral("DetailsText"));
+  text->setAccessibleName(QStringLiteral("错误的详细信息"));
+  text->setReadOnly(true);
+  text->setTabChangesFocus(true);
+  text->setMinimumWidth(kDetailsWidth);
+  text->setFixedHeight(text->fontMetrics().lineSpacing() * kDetailsLines);
+  text->hide();
+  auto* key = new QPushButton(QStringLiteral("详细信息(&D)"), this);
+  key->setObjectName(QStringLiteral("Details"));
+  key->setCheckable(true);
+  key->setAutoDefault(false);
+  connect(key, &QPushButton::toggled, text, &QWidget::setVisible);
+  auto* grid = static_cast<QGridLayout*>(layout());
+  grid->addWidget(key, grid->rowCount(), 0, 1, -1, Qt::AlignLeft);
+  grid->addWidget(text, grid->rowCount(), 0, 1, -1);
 }
 
 QPushButton* MessageBox::AddKey(int answer) {

@@ -6,7 +6,8 @@
 
 namespace folvane {
 
-/// The library's own message box for a request. Its keys carry their answer in the dynamic property "Answer".
+/// The library's own message box for a request. Its keys carry their answer in the dynamic property "Answer"; the key
+/// "Details" unfolds the details of an error and is no answer.
 class MessageBox : public QMessageBox {
  public:
   MessageBox(const MessageRequest& request, QWidget* parent);
@@ -20,6 +21,7 @@ class MessageBox : public QMessageBox {
 
  private:
   QPushButton* AddKey(int answer);
+  void AddDetails(const QString& details);
 
   int escapeAnswer_ = 0;  ///< what Escape and the window's own button answer; 0 when they are not an answer
 };

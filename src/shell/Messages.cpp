@@ -63,7 +63,10 @@ QString ShowFileDialog(const FileRequest& request) {
 }  // namespace
 
 int ShowMessage(const QString& text, int flags, const QString& title) {
-  const MessageRequest request{text, flags, title};
+  return ShowMessage(MessageRequest{text, flags, title, {}, {}});
+}
+
+int ShowMessage(const MessageRequest& request) {
   return Services().messageBox ? Services().messageBox(request) : ShowMessageBox(request);
 }
 

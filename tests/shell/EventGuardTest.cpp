@@ -33,6 +33,15 @@ TEST_F(EventGuardTest, AnErrorIsShownAndDoesNotRise) {
   EXPECT_EQ(boxes_.Last().flags, 16);
 }
 
+TEST_F(EventGuardTest, TheStatementAndTheCodeOfAnErrorAreItsDetails) {
+  ConnectGuarded(&button_, &QPushButton::clicked, &panel_, [] {
+    throw DataError(DataErrorKind::Statement, u"no such table: A"_s, u"Select * From A"_s, u"SQLITE_ERROR"_s);
+  });
+  button_.click();
+  EXPECT_EQ(boxes_.Last().text, u"no such table: A"_s);
+  EXPECT_EQ(boxes_.Last().details, u"语句：Select * From A\n数据库错误代码：SQLITE_ERROR"_s);
+}
+
 TEST_F(EventGuardTest, AnyStandardErrorIsShownByItsText) {
   ConnectGuarded(&button_, &QPushButton::clicked, &panel_, [] { throw std::runtime_error("坏了"); });
   button_.click();

@@ -1,5 +1,6 @@
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 #include "shell/Messages.h"
@@ -140,6 +141,30 @@ TEST_F(OwnMessageBox, IconsFollowTheFlags) {
                [icon = icon](QWidget& window) { EXPECT_EQ(static_cast<QMessageBox&>(window).icon(), icon); });
     ShowMessage(u"?"_s, flags);
   }
+}
+
+TEST_F(OwnMessageBox, TheNoteStandsUnderTheText) {
+  WithWindow(kBoxClass, [](QWidget& window) {
+    auto& box = static_cast<QMessageBox&>(window);
+    EXPECT_EQ(box.text(), u"确定？"_s);
+    EXPECT_EQ(box.informativeText(), u"共 3 条<b>\n不可恢复"_s);
+    EXPECT_EQ(window.findChild<QPushButton*>(u"Details"_s), nullptr);
+  });
+  ShowMessage({u"确定？"_s, 49 + 256, u"警告"_s, u"共 3 条<b>\r\n不可恢复"_s, {}});
+}
+
+TEST_F(OwnMessageBox, DetailsUnfoldBehindAKeyThatAnswersNothing) {
+  WithWindow(kBoxClass, [](QWidget& window) {
+    auto* details = window.findChild<QPlainTextEdit*>(u"DetailsText"_s);
+    ASSERT_NE(details, nullptr);
+    EXPECT_FALSE(details->isVisible());
+    test::Click(Key(window, u"详细信息(&D)"_s));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(details->isVisible());
+    EXPECT_EQ(details->toPlainText(), u"语句：Select 1"_s);
+    test::Click(Key(window, u"确定"_s));
+  });
+  EXPECT_EQ(ShowMessage({u"出错"_s, 16, kSystemTitle, {}, u"语句：Select 1"_s}), Answer::Ok);
 }
 
 TEST_F(OwnMessageBox, TheFileDialogTakesTheFilter) {

@@ -5,4 +5,9 @@ namespace folvane {
 DataError::DataError(DataErrorKind kind, const QString& message, const QString& statement, const QString& nativeCode)
     : kind_(kind), message_(message), statement_(statement), nativeCode_(nativeCode), utf8_(message.toUtf8()) {}
 
+DataError& DataError::About(const QString& column) {
+  column_ = column;
+  return *this;
+}
+
 }  // namespace folvane
