@@ -18,8 +18,8 @@ struct MessageRequest {
   QString text;
   int flags = 0;
   QString title;
-  QString note;     ///< what the user should know beside the text: a count, a warning; "" for nothing
-  QString details;  ///< of an error: the statement and the database's own code, shown when asked for
+  QString note{};     ///< what the user should know beside the text: a count, a warning; "" for nothing
+  QString details{};  ///< of an error: the statement and the database's own code, shown when asked for
 };
 
 /// A file dialog that a window wants shown. The filter has the form "text|pattern|text|pattern".

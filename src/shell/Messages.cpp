@@ -63,7 +63,7 @@ QString ShowFileDialog(const FileRequest& request) {
 }  // namespace
 
 int ShowMessage(const QString& text, int flags, const QString& title) {
-  return ShowMessage(MessageRequest{text, flags, title, {}, {}});
+  return ShowMessage(MessageRequest{text, flags, title});
 }
 
 int ShowMessage(const MessageRequest& request) {
