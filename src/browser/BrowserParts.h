@@ -7,9 +7,11 @@ namespace folvane {
 struct BrowserState;
 class BrowserCommands;
 class BrowserStatus;
+class FilterBar;
 class OriginalsView;
 class RecordListView;
 class SearchBar;
+class ViewHint;
 
 /// The record browser's state and controls, as its parts work on them.
 struct BrowserParts {
@@ -20,6 +22,8 @@ struct BrowserParts {
   QTreeView& Tree;
   RecordListView& List;
   OriginalsView& Originals;
+  FilterBar& Limits;
+  ViewHint& ListHint;
 };
 
 }  // namespace folvane

@@ -5,8 +5,10 @@
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserState.h"
 #include "browser/BrowserStatus.h"
+#include "browser/ListLimits.h"
 #include "browser/RecordListPart.h"
 #include "browser/SearchBar.h"
+#include "browser/ViewHint.h"
 #include "originals/OriginalStore.h"
 #include "records/LastPlace.h"
 #include "records/ReportEntries.h"
@@ -29,21 +31,27 @@ constexpr int kRoot = 1;
 ClassTreePart::ClassTreePart(const BrowserParts& parts, RecordListPart& list) : parts_(parts), list_(list) {
   choice_ =
       new ChoiceRelay(&parts_.Tree, [this](const QModelIndex& index) { ChooseNode(parts_.State.Tree.NodeAt(index)); });
+  hint_ = new ViewHint(parts_.Tree, u"TreeHint"_s);
+  list_.OnShown([this] { FollowFilter(); });
 }
 
 void ClassTreePart::Start() {
   const BusyPointer busy;
   parts_.State.Builder.BuildRoot();
   parts_.Tree.expand(parts_.State.Tree.IndexOf(kRoot));
+  if (parts_.State.Tree.Count() == kRoot) hint_->ShowHint(u"还没有类目：请在 Design_ClassRelation 中登记类目。"_s);
   InitOriginalStore();
   RestoreLastPlace();
 }
 
+// A condition that the database has refused from the start is no place to return to.
 void ClassTreePart::End() {
-  const TableParameters& parameters = parts_.State.Parameters;
+  const BrowserState& state = parts_.State;
+  const TableParameters& parameters = state.Parameters;
   const int row = parameters.SelectedRow();
-  WriteLastPlace(row == 0 ? QString()
-                          : LastPlace{parameters.Table(row), parameters.Get(row, Parameter::Filter)}.ToText());
+  QString filter = parameters.Selected(Parameter::Filter);
+  if (filter == state.Untaken.value(row)) filter.clear();
+  WriteLastPlace(row == 0 ? QString() : LastPlace{parameters.Table(row), filter}.ToText());
   parts_.State.Builder.Close();
 }
 
@@ -53,6 +61,7 @@ void ClassTreePart::RestoreLastPlace() {
   const int row = BuildTablesFor(place.table);
   if (row == 0) {
     parts_.State.CurrTable.clear();
+    list_.TellShown();
     return;
   }
   const ClassTreeModel& tree = parts_.State.Tree;
@@ -90,10 +99,14 @@ void ClassTreePart::ChooseNode(int node) {
     state.Builder.GroupTable(node);
   }
   const ClassTreeNode chosen = state.Tree.Node(node);
-  if (chosen.key == state.CurrTable) return;
+  if (chosen.key == state.CurrTable) {
+    TellUnchanged();
+    return;
+  }
   if (chosen.image == NodeImage::Cent && chosen.key.contains(u'-')) {
     const QString field = ReadYearFormula(TableOfNode(chosen)).trimmed();
-    state.Parameters.Set(chosen.tag.toInt(), Parameter::Filter, SecondLevelFilter(field, chosen.text));
+    chosenFilter_ = SecondLevelFilter(field, chosen.text);
+    state.Parameters.Set(chosen.tag.toInt(), Parameter::Filter, chosenFilter_);
   }
   OpenNode(node);
 }
@@ -116,9 +129,43 @@ void ClassTreePart::OpenNode(int node) {
       ShowTable(node);
     }
   } catch (const std::exception& error) {
-    ShowMessage(u"程序出错，请将下列出错提示向程序供应商联系！"_s + ErrorText(error), MessageFlag::Critical,
-                kSystemTitle);
+    ForgetUnopened();
+    list_.TellShown();
+    ShowFailure(error);
+    return;
   }
+  list_.TellShown();
+}
+
+void ClassTreePart::ShowFailure(const std::exception& error) const {
+  const BrowserState& state = parts_.State;
+  QString note;
+  if (state.Records == ListRecords::Refused && !state.ShownFilter.isEmpty()) {
+    note = u"未能按此条件打开列表："_s + state.ShownFilter + u"\n按“刷新”(F5) 可取消此条件，显示全部记录。"_s;
+  }
+  ShowMessage({u"程序出错，请将下列出错提示向程序供应商联系！"_s + ErrorText(error), MessageFlag::Critical,
+               kSystemTitle, note, ErrorDetails(error)});
+}
+
+// The list stands as it was, whatever the node seems to promise.
+void ClassTreePart::TellUnchanged() const {
+  const QString filter = FilterText(parts_);
+  parts_.Status.ShowNotice(filter.isEmpty() ? QString() : u"列表仍按“"_s + filter + u"”显示，按 F5 显示全部"_s);
+}
+
+// A table that did not come as far as its records can be chosen again; until then the records belong to another.
+void ClassTreePart::ForgetUnopened() {
+  if (parts_.State.Records != ListRecords::NotOpened) return;
+  parts_.State.CurrTable.clear();
+  parts_.Search.setEnabled(false);
+}
+
+// A second-level node stays selected only while its condition is in force.
+void ClassTreePart::FollowFilter() {
+  const ClassTreeModel& tree = parts_.State.Tree;
+  const int node = tree.NodeAt(parts_.Tree.currentIndex());
+  if (node == 0 || tree.Node(node).image != NodeImage::Cent || parts_.State.Records == ListRecords::NotOpened) return;
+  if (parts_.State.ShownFilter != chosenFilter_) choice_->SelectSilently(tree.IndexOf(tree.Node(node).parent));
 }
 
 void ClassTreePart::OpenClass(int node) {
@@ -127,9 +174,7 @@ void ClassTreePart::OpenClass(int node) {
   parts_.Status.ShowNothing();
   parts_.Commands.ShowReports({});
   parts_.Search.setEnabled(false);
-  if (!state.Tree.Node(node).children.empty()) return;
-  state.Builder.OpenClass(node);
-  parts_.Tree.expand(state.Tree.IndexOf(node));
+  if (state.Builder.OpenClass(node)) parts_.Tree.expand(state.Tree.IndexOf(node));
 }
 
 void ClassTreePart::ShowTable(int node) {

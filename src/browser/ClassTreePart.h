@@ -2,6 +2,7 @@
 
 #include <QModelIndex>
 #include <QString>
+#include <exception>
 
 #include "browser/BrowserParts.h"
 
@@ -32,12 +33,18 @@ class ClassTreePart {
   void LimitToCurrentYear(int node);
   void OpenClass(int node);
   void ShowTable(int node);
+  void ShowFailure(const std::exception& error) const;
+  void TellUnchanged() const;
+  void ForgetUnopened();
+  void FollowFilter();
   int BuildTablesFor(const QString& table);
   bool HasCreatedDate(const QString& table) const;
 
   BrowserParts parts_;
   RecordListPart& list_;
   ChoiceRelay* choice_;
+  ViewHint* hint_;
+  QString chosenFilter_;  ///< the condition of the second-level node that was chosen last
 };
 
 }  // namespace folvane

@@ -8,17 +8,20 @@
 #include "browser/BrowserStatus.h"
 #include "browser/BulkCommands.h"
 #include "browser/ClassTreePart.h"
+#include "browser/FilterBar.h"
 #include "browser/OriginalsView.h"
 #include "browser/QueryCommands.h"
 #include "browser/RecordCommands.h"
 #include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
+#include "browser/ViewHint.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 #include "widgets/FrmAbout.h"
+#include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
 
 namespace folvane {
@@ -28,8 +31,10 @@ using namespace Qt::Literals::StringLiterals;
 FrmMain::FrmMain() {
   setObjectName(u"FrmMain"_s);
   setWindowTitle(u"文件登记"_s);
+  setWindowIcon(Icon(u"folvane"_s));
   LayOut();
-  const BrowserParts parts{state_, *commands_, *status_, *search_, *treeView_, *listView_, *originals_};
+  const BrowserParts parts{state_,     *commands_,  *status_, *search_,  *treeView_,
+                           *listView_, *originals_, *limits_, *listHint_};
   list_ = std::make_unique<RecordListPart>(parts);
   tree_ = std::make_unique<ClassTreePart>(parts, *list_);
   related_ = std::make_unique<RelatedRecords>(parts, *tree_, *list_);
@@ -58,6 +63,7 @@ void FrmMain::Connect() {
     ShowModal(about);
   });
   search_->OnSearch([this] { queryCommands_->QuickSearch(); });
+  limits_->OnLift([this] { LiftFilter(); });
   list_->OnEnter([this] { OpenRow(); });
   ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { OpenRow(); });
   ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
@@ -106,21 +112,27 @@ void FrmMain::OpenRow() {
   listView_->setFocus();
 }
 
+// The key that was pressed goes with what it lifts.
+void FrmMain::LiftFilter() {
+  listView_->setFocus();
+  queryCommands_->Refresh();
+}
+
 void FrmMain::ShowOriginalsMenu(const QPoint& at) {
   if (listView_->CurrentRow() == 0 || state_.Parameters.Selected(Parameter::LookFile) != u"1"_s) return;
   commands_->OriginalsMenu().popup(originals_->viewport()->mapToGlobal(at));
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
-  RunGuarded([this] { End(); });
-  event->accept();
+  event->setAccepted(CloseWindowsOver(*this));
+  if (event->isAccepted()) RunGuarded([this] { End(); });
 }
 
 void FrmMain::End() {
-  KeepSplitters();
   if (!status_->IsStarted()) return;
-  list_->KeepColumnWidths();
   status_->SetStarted(false);
+  KeepSplitters();
+  list_->KeepColumnWidths();
   tree_->End();
   if (Shared().CurrentRecords.IsOpen()) Shared().CurrentRecords.Close();
 }

@@ -14,6 +14,7 @@ class BrowserCommands;
 class BrowserStatus;
 class BulkCommands;
 class ClassTreePart;
+class FilterBar;
 class OriginalsView;
 class QueryCommands;
 class RecordCommands;
@@ -21,6 +22,7 @@ class RecordListPart;
 class RecordListView;
 class RelatedRecords;
 class SearchBar;
+class ViewHint;
 
 /// The record browser: the class tree on the left, the records of the chosen table on the right with the originals of
 /// the selected one beneath.
@@ -31,6 +33,9 @@ class FrmMain : public QMainWindow {
 
   /// The work of the first activation; later ones do nothing. @throws DataError
   void Start();
+  /// Keeps the place for the next start and lets go of the records; nothing the second time. The closing of the window
+  /// does it, after the windows over it have been closed; whoever hides it calls this.
+  void End();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -44,17 +49,19 @@ class FrmMain : public QMainWindow {
   void ConnectMoves();
   void ConnectCommands();
   void OpenRow();
+  void LiftFilter();
   void RestoreSplitters();
   void KeepSplitters() const;
   void ShowOriginalsMenu(const QPoint& at);
-  void End();
 
   BrowserState state_;
   std::unique_ptr<BrowserCommands> commands_;
   BrowserStatus* status_;
   SearchBar* search_;
+  FilterBar* limits_;
   QTreeView* treeView_;
   RecordListView* listView_;
+  ViewHint* listHint_;
   OriginalsView* originals_;
   QSplitter *columns_, *rows_;
   std::unique_ptr<RecordListPart> list_;

@@ -5,9 +5,11 @@
 
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
+#include "browser/FilterBar.h"
 #include "browser/FrmMain.h"
 #include "browser/OriginalsView.h"
 #include "browser/SearchBar.h"
+#include "browser/ViewHint.h"
 #include "records/RowIcon.h"
 #include "shell/RegistryValues.h"
 #include "widgets/Icons.h"
@@ -56,6 +58,7 @@ void FrmMain::LayOut() {
 void FrmMain::AddTreeView() {
   treeView_ = new QTreeView(columns_);
   treeView_->setObjectName(u"TV_File"_s);
+  treeView_->setAccessibleName(u"类目树"_s);
   treeView_->setHeaderHidden(true);
   treeView_->setUniformRowHeights(true);
   treeView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -69,16 +72,20 @@ void FrmMain::AddListViews() {
   auto* column = new QVBoxLayout(right);
   column->setContentsMargins(0, 0, 0, 0);
   search_ = new SearchBar(right);
+  limits_ = new FilterBar(right);
   rows_ = new QSplitter(Qt::Vertical, right);
   rows_->setChildrenCollapsible(false);
   listView_ = new RecordListView(rows_);
   listView_->setObjectName(u"LVData"_s);
+  listView_->setAccessibleName(u"记录列表"_s);
   listView_->header()->setSectionsClickable(true);
   state_.List.SetDecoration([](int icon) { return Icon(u"row%1"_s.arg(icon)); });
   listView_->setModel(&state_.List);
+  listHint_ = new ViewHint(*listView_, u"ListHint"_s);
   originals_ = new OriginalsView(rows_);
   rows_->setStretchFactor(0, 1);
   column->addWidget(search_);
+  column->addWidget(limits_);
   column->addWidget(rows_, 1);
 }
 

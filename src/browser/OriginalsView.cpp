@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 
+#include "browser/ViewHint.h"
 #include "records/RowIcon.h"
 #include "widgets/Icons.h"
 
@@ -21,6 +22,7 @@ QStandardItem* NewItem(const QString& text) {
 
 OriginalsView::OriginalsView(QWidget* parent) : QTreeView(parent) {
   setObjectName(u"LVFile"_s);
+  setAccessibleName(u"选中文件的原文"_s);
   setRootIsDecorated(false);
   setUniformRowHeights(true);
   setAllColumnsShowFocus(true);
@@ -29,12 +31,17 @@ OriginalsView::OriginalsView(QWidget* parent) : QTreeView(parent) {
   setModel(&model_);
   header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header()->resizeSection(0, kNameWidth);
+  hint_ = new ViewHint(*this, u"FileHint"_s);
 }
 
-void OriginalsView::Clear() { model_.removeRows(0, model_.rowCount()); }
+void OriginalsView::Clear() {
+  model_.removeRows(0, model_.rowCount());
+  hint_->ShowHint({});
+}
 
 void OriginalsView::ShowOriginals(const std::vector<OriginalRow>& originals) {
   Clear();
+  if (originals.empty()) hint_->ShowHint(u"此文件没有原文。"_s);
   for (const OriginalRow& original : originals) {
     QStandardItem* name = NewItem(original.originalName);
     name->setIcon(Icon(u"original"_s));

@@ -8,6 +8,8 @@
 
 namespace folvane {
 
+class ViewHint;
+
 /// The originals of a record: name, type and size; a row's tag is the original's id.
 class OriginalsView : public QTreeView {
  public:
@@ -18,6 +20,7 @@ class OriginalsView : public QTreeView {
 
  private:
   QStandardItemModel model_;
+  ViewHint* hint_;
 };
 
 }  // namespace folvane

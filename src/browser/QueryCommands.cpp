@@ -15,6 +15,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QString AskOrder(const QString& table, const QString& oldOrder) {
   const LoadedWindow<FrmOrderBy> window;
@@ -36,25 +37,29 @@ int AskNumber(bool ofPage) {
 void QueryCommands::QuickSearch() {
   const std::optional<QString> condition = parts_.Search.Condition();
   if (!condition) return;
-  parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Filter, *condition);
   parts_.Search.RememberValue(parts_.State.CurrTable);
-  list_.ShowFromStart();
+  Show(*condition);
 }
 
 void QueryCommands::SimpleQuery() {
   if (parts_.State.CurrTable.isEmpty()) return;
   parts_.State.Parameters.SetTag(QString());
-  Show(AskSimpleQuery(parts_.State.CurrTable).condition);
+  const QString condition = AskSimpleQuery(parts_.State.CurrTable).condition;
+  Show(condition, u"简单查询 "_s + condition);
 }
 
 void QueryCommands::CompoundQuery() {
   if (parts_.State.CurrTable.isEmpty()) return;
   parts_.State.Parameters.SetTag(QString());
-  Show(AskCompoundQuery(parts_.State.CurrTable).condition);
+  const auto [condition, words] = AskCompoundQuery(parts_.State.CurrTable);
+  // The words of a condition that excludes say the contrary.
+  const bool excludes = condition.contains(u"Not Like"_s, Qt::CaseInsensitive);
+  Show(condition, excludes ? QString() : words.trimmed());
 }
 
-void QueryCommands::Show(const QString& filter) {
+void QueryCommands::Show(const QString& filter, const QString& words) {
   if (filter.isEmpty()) return;
+  if (!words.isEmpty()) parts_.State.QueryWords.insert(filter, words);
   parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Filter, filter);
   list_.ShowFromStart();
 }
@@ -73,11 +78,10 @@ void QueryCommands::Sort() {
   const QString key = list_.SelectedKey();
   const QString order = AskOrder(state.CurrTable, state.Parameters.Selected(Parameter::Order));
   if (order.isEmpty()) return;
+  list_.ShowInOrder(order, key);
   for (int column = 0; column < state.List.columnCount(); ++column) {
     state.List.SetCaption(column, WithoutArrows(state.List.Columns()[size_t(column)].caption));
   }
-  state.Parameters.Set(state.Parameters.SelectedRow(), Parameter::Order, order);
-  list_.ShowInOrder(key);
 }
 
 void QueryCommands::SetBrowseOrder() {

@@ -26,7 +26,8 @@ class QueryCommands {
   void GoToNumber(bool byPage);
 
  private:
-  void Show(const QString& filter);
+  /// @param words the same for reading where it cannot be told from its text; "" for none
+  void Show(const QString& filter, const QString& words = {});
 
   BrowserParts parts_;
   RecordListPart& list_;

@@ -1,8 +1,12 @@
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserState.h"
 #include "browser/BrowserStatus.h"
+#include "browser/FilterBar.h"
+#include "browser/ListLimits.h"
 #include "browser/OriginalsView.h"
 #include "browser/RecordListPart.h"
+#include "browser/SearchBar.h"
+#include "browser/ViewHint.h"
 #include "shell/SharedState.h"
 #include "widgets/RecordListView.h"
 
@@ -42,7 +46,20 @@ bool RecordListPart::HasParentTable() const {
   return node != 0 && tree.Node(tree.Node(node).parent).image != NodeImage::Close;
 }
 
+void RecordListPart::TellShown() {
+  const BrowserState& state = parts_.State;
+  if (state.CurrTable.isEmpty()) {
+    parts_.Limits.Clear();
+  } else {
+    parts_.Limits.ShowLimits(FilterText(parts_), LimitingRights(parts_));
+  }
+  parts_.Search.FollowFilter(state.ShownFilter);
+  parts_.ListHint.ShowHint(EmptyListHint(parts_));
+  if (shown_) shown_();
+}
+
 void RecordListPart::UpdateCommands() {
+  TellShown();
   BrowserCommands& commands = parts_.Commands;
   commands.EnableEntries(
       {u"mnu_Goto5_FPage"_s, u"mnu_Goto2_PPage"_s, u"mnu_Goto6_LPage"_s, u"mnu_Goto3_NPage"_s, u"mnu_Goto4_Location"_s,

@@ -2,11 +2,13 @@
 
 #include <QHeaderView>
 #include <algorithm>
+#include <utility>
 
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserState.h"
 #include "browser/BrowserStatus.h"
 #include "browser/ColumnWidths.h"
+#include "browser/CommandTrap.h"
 #include "browser/OriginalsView.h"
 #include "records/ColumnSort.h"
 #include "records/ListColumns.h"
@@ -41,6 +43,8 @@ void RecordListPart::Clear() {
   parts_.Originals.Clear();
   KeepColumnWidths();
   parts_.State.List.SetColumns({});
+  parts_.State.Records = ListRecords::NotOpened;
+  parts_.State.ShownFilter.clear();
 }
 
 void RecordListPart::ShowColumns() {
@@ -70,20 +74,68 @@ void RecordListPart::KeepColumnWidths() {
   widthsOf_.clear();
 }
 
-void RecordListPart::OpenRecords() {
+QString RecordListPart::Statement(const QString& order) const {
   const TableParameters& parameters = parts_.State.Parameters;
-  const QString condition =
-      JoinedWithRights(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter));
+  return RecordStatement(
+      parts_.State.CurrTable,
+      JoinedWithRights(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter)), order);
+}
+
+void RecordListPart::OpenRecords() {
   if (Records().IsOpen()) Records().Close();
   parts_.State.RecordCount = 0;
-  Records().Open(RecordStatement(parts_.State.CurrTable, condition, parameters.Selected(Parameter::Order)),
-                 SharedConnection());
-  parts_.State.RecordCount = Records().RecordCount();
+  try {
+    Records().Open(Statement(parts_.State.Parameters.Selected(Parameter::Order)), SharedConnection());
+  } catch (const std::exception&) {
+    Refused();
+    throw;
+  }
+  Opened();
+}
+
+// The records shown are let go only when there are others.
+void RecordListPart::OpenInOrder(const QString& order) {
+  Recordset ordered;
+  ordered.Open(Statement(order), SharedConnection());
+  Records() = std::move(ordered);
+  parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Order, order);
+  Opened();
+}
+
+void RecordListPart::Opened() {
+  BrowserState& state = parts_.State;
+  state.RecordCount = Records().RecordCount();
+  state.ShownFilter = state.Parameters.Selected(Parameter::Filter);
+  taken_.insert(state.Parameters.SelectedRow(), state.ShownFilter);
+  state.Untaken.remove(state.Parameters.SelectedRow());
+  if (std::exchange(state.Records, ListRecords::Opened) == ListRecords::Refused) EnableCommands();
+}
+
+void RecordListPart::Refused() {
+  BrowserState& state = parts_.State;
+  const int row = state.Parameters.SelectedRow();
+  state.ShownFilter = state.Parameters.Selected(Parameter::Filter);
+  state.Records = ListRecords::Refused;
+  if (const auto before = taken_.constFind(row); before != taken_.constEnd()) {
+    state.Parameters.Set(row, Parameter::Filter, *before);
+  } else {
+    state.Untaken.insert(row, state.ShownFilter);
+  }
+  parts_.Commands.EnableEntries({u"mnu_File1_Add"_s, u"mnu_Tool1_BUpdate"_s, u"mnu_Tool3_Sort"_s}, false);
+  parts_.Commands.EnableKeys({u"NEW"_s}, false);
 }
 
 void RecordListPart::ShowFromStart() {
+  const BusyPointer busy;
   parts_.State.List.ClearRows();
-  ShowInOrder({});
+  parts_.Status.ShowNotice({});
+  try {
+    OpenRecords();
+  } catch (const std::exception&) {
+    ShowEmpty();
+    throw;
+  }
+  ShowAt({});
 }
 
 void RecordListPart::ShowEmpty() {
@@ -101,15 +153,10 @@ void RecordListPart::ShowFromCursor() {
   ShowEmpty();
 }
 
-void RecordListPart::ShowInOrder(const QString& key) {
+void RecordListPart::ShowInOrder(const QString& order, const QString& key) {
   const BusyPointer busy;
   parts_.Status.ShowNotice({});
-  try {
-    OpenRecords();
-  } catch (const std::exception&) {
-    ShowEmpty();
-    throw;
-  }
+  OpenInOrder(order);
   ShowAt(key);
 }
 
@@ -192,18 +239,20 @@ bool RecordListPart::HandleKey(int key) {
   return false;
 }
 
-// A click that cannot be carried out ends without a word; the list then shows what still stands behind it.
 void RecordListPart::SortBy(int column) {
-  TableParameters& parameters = parts_.State.Parameters;
-  if (parts_.State.List.Count() == 0) return;
+  RecordListModel& list = parts_.State.List;
+  if (list.Count() == 0) return;
+  const BusyPointer busy;
   const QString key = SelectedKey();
-  try {
-    const QString order = ClickColumn(parts_.State.List, column, parameters.Selected(Parameter::Order));
-    parameters.Set(parameters.SelectedRow(), Parameter::Order, order);
-    ShowInOrder(key);
+  const QString before = parts_.State.Parameters.Selected(Parameter::Order);
+  const QString order = OrderAfterClick(list, column, before);
+  parts_.Status.ShowNotice({});
+  RunTrapped(parts_.Status, [&] {
+    OpenInOrder(order);
+    MarkOrder(list, column, before, order);
+    ShowAt(key);
     SaveOrder(parts_.State.CurrTable, order);
-  } catch (const std::exception&) {
-  }
+  });
 }
 
 void RecordListPart::ShowAt(const QString& key) {

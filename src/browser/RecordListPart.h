@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -23,14 +24,15 @@ class RecordListPart {
   void ShowColumns();
   void KeepColumnWidths();
 
-  /// Opens the current records by the table's rights, condition and order. @throws DataError
-  void OpenRecords();
-  /// Opens the records and shows them from the first.
+  /// Opens the current records by the table's rights, condition and order and shows them from the first. Where the
+  /// database refuses that, none are open, the commands that need records are off, and the condition that it took
+  /// before is the table's again. @throws DataError
   void ShowFromStart();
   /// Fills the list from the record that the cursor is on and selects it.
   void ShowFromCursor();
-  /// Opens the records and shows the one of that key, or the first when it is gone.
-  void ShowInOrder(const QString& key);
+  /// Opens the records in another order and shows the one of that key, or the first when it is gone. Where the database
+  /// refuses the order everything stays as it is. @throws DataError
+  void ShowInOrder(const QString& order, const QString& key);
   /// Reads the records again after a command that changed them and shows the one of that key, or the first.
   void Reload(const QString& key = {});
 
@@ -40,6 +42,8 @@ class RecordListPart {
   QStringList SelectedKeys() const;
   /// What the Enter key runs on a row.
   void OnEnter(std::function<void()> handler) { enter_ = std::move(handler); }
+  /// What runs when the list shows something else.
+  void OnShown(std::function<void()> handler) { shown_ = std::move(handler); }
 
   void GoToRecord(qint64 position);
   void NextPage();
@@ -51,8 +55,15 @@ class RecordListPart {
   /// Enables the command groups that a table in view and the user's rights allow.
   void EnableCommands();
   void DisableCommands();
+  /// Has everything around the list tell what it shows and what limits it.
+  void TellShown();
 
  private:
+  void OpenRecords();
+  void OpenInOrder(const QString& order);
+  QString Statement(const QString& order) const;
+  void Opened();
+  void Refused();
   void ShowEmpty();
   void ChooseRow(int row);
   void SelectRow(int row);
@@ -67,8 +78,9 @@ class RecordListPart {
   BrowserParts parts_;
   PagedRecordList pages_;
   ChoiceRelay* choice_;
-  std::function<void()> enter_;
-  QString widthsOf_;  ///< the table whose column widths stand in the list
+  std::function<void()> enter_, shown_;
+  QHash<int, QString> taken_;  ///< by row of the parameters: the last condition that the database took
+  QString widthsOf_;           ///< the table whose column widths stand in the list
 };
 
 }  // namespace folvane

@@ -24,6 +24,7 @@ TextCombo* NewCombo(QWidget* parent, const QString& name, const QString& tip) {
   auto* combo = new TextCombo(parent);
   combo->setObjectName(name);
   combo->setToolTip(tip);
+  combo->setAccessibleName(tip);
   return combo;
 }
 
@@ -84,6 +85,7 @@ void SearchBar::LayOut() {
 void SearchBar::Fill(const QString& table) {
   const QSignalBlocker silence(captions_);
   for (TextCombo* list : {captions_, relation_, value_, fields_, types_, histories_}) list->clear();
+  searched_.clear();
   FillSearchFields(table, *fields_, *captions_, *types_, *histories_);
   if (captions_->count() == 0) return;
   captions_->setCurrentIndex(0);
@@ -99,6 +101,10 @@ void SearchBar::ChooseField(int index) {
   relation_->addItems(RelationWords(types_->itemText(index)));
   relation_->setCurrentIndex(0);
   value_->addItems(HistoryValues(histories_->itemText(index)));
+  ClearValue();
+}
+
+void SearchBar::ClearValue() {
   value_->setCurrentIndex(-1);
   value_->clearEditText();
 }
@@ -115,7 +121,19 @@ std::optional<QString> SearchBar::Condition() {
   if (word.isEmpty()) return Missing(relation_, u"请选择正确的连接关系"_s);
   const QString value = value_->currentText();
   if (value.isEmpty() && !AcceptsEmptyValue(word)) return Missing(value_, u"请填入正确的查询条件"_s);
-  return SearchCondition(FieldName(), word, value);
+  searched_ = SearchCondition(FieldName(), word, value);
+  return searched_;
+}
+
+void SearchBar::FollowFilter(const QString& filter) {
+  if (searched_.isEmpty() || filter == searched_) return;
+  searched_.clear();
+  ClearValue();
+}
+
+QString SearchBar::CaptionOf(const QString& field) const {
+  const int at = fields_->findText(field, Qt::MatchFixedString);
+  return at < 0 ? QString() : captions_->itemText(at);
 }
 
 QString SearchBar::FieldName() const { return fields_->itemText(captions_->currentIndex()); }

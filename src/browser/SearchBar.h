@@ -20,6 +20,10 @@ class SearchBar : public QGroupBox {
   std::optional<QString> Condition();
   /// Puts the value at the top of the field's history and stores that.
   void RememberValue(const QString& table);
+  /// Empties the value when the condition that was searched by is no longer the list's.
+  void FollowFilter(const QString& filter);
+  /// The caption of a field on offer, "" for any other.
+  QString CaptionOf(const QString& field) const;
   /// What a press of the search key runs.
   void OnSearch(std::function<void()> handler);
 
@@ -27,6 +31,7 @@ class SearchBar : public QGroupBox {
   TextCombo* AddHiddenCombo(const QString& name);
   void LayOut();
   void ChooseField(int index);
+  void ClearValue();
   std::optional<QString> Missing(QWidget* control, const QString& message);
   QString FieldName() const;
 
@@ -34,6 +39,7 @@ class SearchBar : public QGroupBox {
   // Hidden and parallel to the captions.
   TextCombo *fields_, *types_, *histories_;
   class QPushButton* search_;
+  QString searched_;  ///< the condition that was given last, "" for none
 };
 
 }  // namespace folvane

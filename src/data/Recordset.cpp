@@ -50,6 +50,7 @@ RecordsetState& Opened(const std::unique_ptr<RecordsetState>& state) {
 
 Recordset::Recordset() = default;
 Recordset::~Recordset() = default;
+Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 void Recordset::Open(const QString& source, std::shared_ptr<Connection> connection, CursorType, LockType lock,
                      CursorLocation) {

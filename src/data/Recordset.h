@@ -77,6 +77,8 @@ class Recordset {
   ~Recordset();
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
+  /// Goes on with what another record set has open, which is closed then; what was open here is let go.
+  Recordset& operator=(Recordset&& other) noexcept;
 
   /// Runs the statement and stands on the first row. A failed Open leaves the record set closed.
   /// With BatchOptimistic changes wait for UpdateBatch; with Optimistic and Pessimistic Update writes at once.

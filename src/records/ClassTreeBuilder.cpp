@@ -1,5 +1,7 @@
 #include "records/ClassTreeBuilder.h"
 
+#include <algorithm>
+
 #include "catalogue/ReadRows.h"
 #include "records/TableRights.h"
 #include "records/YearFormula.h"
@@ -27,6 +29,7 @@ void ClassTreeBuilder::BuildRoot() {
   transfers_.Open(u"Select * From DataTransfer_Ini"_s, SharedConnection());
   tree_.Clear();
   parameters_.Clear();
+  unfinished_.clear();
   AddClassNodes(tree_.AddNode(0, kRootKey, u"公文总库"_s, NodeImage::Close), QString::number(kRootClass));
 }
 
@@ -41,15 +44,39 @@ void ClassTreeBuilder::AddClassNodes(int parent, const QString& classParent) {
 }
 
 void ClassTreeBuilder::AddTableNodes(int parent, const QString& classId, const QString& parentTable) {
+  const bool goesOn = unfinished_.contains(parent);
+  unfinished_.insert(parent);
   for (const TableRelationRow& table :
        ReadRows<TableRelationRow>(SharedConnection(), TablesStatement(classId, parentTable))) {
     if (table.tableName.isEmpty() || tree_.StandsOnPath(parent, table.tableName)) continue;
+    if (goesOn && HasChild(parent, table.tableName)) continue;
     AddTable(parent, classId, parentTable, table);
+  }
+  unfinished_.remove(parent);
+}
+
+bool ClassTreeBuilder::HasChild(int parent, const QString& key) const {
+  const std::vector<int>& children = tree_.Node(parent).children;
+  return std::any_of(children.begin(), children.end(), [&](int child) { return tree_.Node(child).key == key; });
+}
+
+// Whole or not at all: half a table would open by half a statement for as long as the window is loaded.
+void ClassTreeBuilder::AddTable(int parent, const QString& classId, const QString& parentTable,
+                                const TableRelationRow& table) {
+  const int node = tree_.Count() + 1;
+  const int row = parameters_.Count() + 1;
+  try {
+    ReadTable(parent, classId, parentTable, table);
+  } catch (...) {
+    unfinished_.remove(node);
+    tree_.RemoveFrom(node);
+    parameters_.RemoveFrom(row);
+    throw;
   }
 }
 
-void ClassTreeBuilder::AddTable(int parent, const QString& classId, const QString& parentTable,
-                                const TableRelationRow& table) {
+void ClassTreeBuilder::ReadTable(int parent, const QString& classId, const QString& parentTable,
+                                 const TableRelationRow& table) {
   const QString& key = table.tableName;
   const QString& relation = table.relationField;
   const int node = tree_.AddNode(parent, key, table.chnTableName, NodeImage::Table);
@@ -69,10 +96,12 @@ void ClassTreeBuilder::AddTable(int parent, const QString& classId, const QStrin
   AddTableNodes(node, classId, key);
 }
 
-void ClassTreeBuilder::OpenClass(int node) {
+bool ClassTreeBuilder::OpenClass(int node) {
   const QString key = tree_.Node(node).key;
-  if (key == kRootKey || !tree_.Node(node).children.empty()) return;
+  const bool filled = !tree_.Node(node).children.empty() && !unfinished_.contains(node);
+  if (key == kRootKey || filled) return false;
   AddTableNodes(node, key.mid(1, key.size() - 2), QString());
+  return true;
 }
 
 void ClassTreeBuilder::GroupTable(int node) {

@@ -21,6 +21,16 @@ int ClassTreeModel::AddNode(int parent, const QString& key, const QString& text,
   return added;
 }
 
+void ClassTreeModel::RemoveFrom(int index) {
+  const int above = Node(index).parent;
+  std::vector<int>& siblings = nodes_[size_t(above) - 1].children;
+  const int place = int(siblings.size()) - 1;
+  beginRemoveRows(IndexOf(above), place, place);
+  siblings.pop_back();
+  nodes_.resize(size_t(index) - 1);
+  endRemoveRows();
+}
+
 void ClassTreeModel::SetImage(int index, const QString& image) {
   nodes_.at(size_t(index) - 1).image = image;
   Q_EMIT dataChanged(IndexOf(index), IndexOf(index), {Qt::DecorationRole, Qt::UserRole + 1});

@@ -32,6 +32,8 @@ class ClassTreeModel : public QAbstractItemModel {
   void Clear();
   /// Adds a child at the end of the parent's children and gives its index; parent 0 adds the root.
   int AddNode(int parent, const QString& key, const QString& text, const QString& image, const QVariant& tag = {});
+  /// Takes a last child away again, with what came after it below it.
+  void RemoveFrom(int index);
   int Count() const { return int(nodes_.size()); }
   const ClassTreeNode& Node(int index) const { return nodes_.at(size_t(index) - 1); }
   void SetImage(int index, const QString& image);

@@ -8,12 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kClicked = u"1"_s;
 
-QString Clicked(RecordListModel& list, int column, bool descending) {
-  const ListColumn& clicked = list.Columns().at(size_t(column));
-  list.SetCaption(column, (descending ? u"↓"_s : u"↑"_s) + WithoutArrows(clicked.caption));
-  list.SetColumnTag(column, kClicked);
-  return clicked.key + (descending ? u" Desc"_s : u" Asc"_s);
-}
+const QString kDescending = u" Desc"_s;
 
 }  // namespace
 
@@ -24,11 +19,18 @@ QString OrderField(const QString& order) {
 
 QString WithoutArrows(const QString& caption) { return QString(caption).remove(u'↑').remove(u'↓').trimmed(); }
 
-QString ClickColumn(RecordListModel& list, int column, const QString& order) {
-  const int ordered = list.FindColumn(OrderField(order));
-  if (ordered == column) return Clicked(list, column, list.Columns().at(size_t(column)).tag == kClicked);
+QString OrderAfterClick(const RecordListModel& list, int column, const QString& order) {
+  const ListColumn& clicked = list.Columns().at(size_t(column));
+  const bool again = list.FindColumn(OrderField(order)) == column && clicked.tag == kClicked;
+  return clicked.key + (again ? kDescending : u" Asc"_s);
+}
+
+void MarkOrder(RecordListModel& list, int column, const QString& before, const QString& order) {
+  const int ordered = list.FindColumn(OrderField(before));
   if (ordered >= 0) list.SetCaption(ordered, WithoutArrows(list.Columns().at(size_t(ordered)).caption));
-  return Clicked(list, column, false);
+  const QString arrow = order.endsWith(kDescending) ? u"↓"_s : u"↑"_s;
+  list.SetCaption(column, arrow + WithoutArrows(list.Columns().at(size_t(column)).caption));
+  list.SetColumnTag(column, kClicked);
 }
 
 }  // namespace folvane

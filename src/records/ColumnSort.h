@@ -13,8 +13,11 @@ QString OrderField(const QString& order);
 QString WithoutArrows(const QString& caption);
 
 /// What a click on a column makes of the order: a new column sorts ascending, the same one again descending, and so it
-/// stays with every further click. Puts the arrow of the direction in force before the column's caption.
-/// @return the new order
-QString ClickColumn(RecordListModel& list, int column, const QString& order);
+/// stays with every further click.
+QString OrderAfterClick(const RecordListModel& list, int column, const QString& order);
+
+/// Marks the column by which a click has sorted: the arrow of its direction stands before its caption, and no longer
+/// before that of the order before.
+void MarkOrder(RecordListModel& list, int column, const QString& before, const QString& order);
 
 }  // namespace folvane

@@ -20,6 +20,13 @@ int TableParameters::Add(const QString& table) {
   return Count();
 }
 
+void TableParameters::RemoveFrom(int row) {
+  if (row > Count()) return;
+  beginRemoveRows({}, row - 1, Count() - 1);
+  rows_.resize(size_t(row) - 1);
+  endRemoveRows();
+}
+
 void TableParameters::Set(int row, Parameter parameter, const QString& text) {
   rows_.at(size_t(row) - 1)[size_t(parameter)] = text;
   const QModelIndex changed = index(row - 1, int(parameter));

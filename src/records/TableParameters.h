@@ -37,6 +37,8 @@ class TableParameters : public QAbstractTableModel {
 
   void Clear();
   int Add(const QString& table);
+  /// Takes the row and those after it away again.
+  void RemoveFrom(int row);
   int Count() const { return int(rows_.size()); }
   QString Table(int row) const { return rows_.at(size_t(row) - 1)[0]; }
   QString Get(int row, Parameter parameter) const { return rows_.at(size_t(row) - 1)[size_t(parameter)]; }

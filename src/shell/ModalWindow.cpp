@@ -1,16 +1,19 @@
 #include "shell/ModalWindow.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
 #include <QPointer>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 #include <exception>
+#include <vector>
 
 #include <folvane/DataError.h>
 
 #include "shell/CurrentWindow.h"
+#include "shell/MessageBox.h"
 #include "shell/WindowPlacement.h"
 
 namespace folvane {
@@ -65,6 +68,21 @@ class Opening : public QObject {
   std::exception_ptr failure_;
 };
 
+// The windows that are shown, each over the one before.
+std::vector<QPointer<QWidget>>& ShownWindows() {
+  static std::vector<QPointer<QWidget>> windows;
+  return windows;
+}
+
+/// The place of a window among them for as long as its loop runs.
+class Standing {
+ public:
+  explicit Standing(QWidget& window) { ShownWindows().emplace_back(&window); }
+  ~Standing() { ShownWindows().pop_back(); }
+  Standing(const Standing&) = delete;
+  Standing& operator=(const Standing&) = delete;
+};
+
 // Puts the window over its parent without making it the parent's property.
 void SetTransientParent(QWidget& window, const QWidget* parent) {
   window.winId();  // makes the native window
@@ -91,6 +109,7 @@ void ShowModal(QWidget& window, std::function<void()> opening) {
   QEventLoop loop;
   EndOfWindow end(window, loop);
   Opening opened(window, std::move(opening));
+  const Standing standing(window);
 
   ShowOver(window, parent);
   loop.exec(QEventLoop::DialogExec);
@@ -101,6 +120,15 @@ void ShowModal(QWidget& window, std::function<void()> opening) {
   }
   if (parent && parent->isVisible()) parent->activateWindow();
   opened.RethrowFailure();
+}
+
+bool CloseWindowsOver(const QWidget& window) {
+  if (dynamic_cast<const MessageBox*>(QApplication::activeModalWidget())) return false;
+  const std::vector<QPointer<QWidget>> shown = ShownWindows();
+  const auto below = std::find(shown.rbegin(), shown.rend(), &window);
+  if (below == shown.rend()) return true;
+  return std::all_of(shown.rbegin(), below,
+                     [](const QPointer<QWidget>& over) { return !over || !over->isVisible() || over->close(); });
 }
 
 }  // namespace folvane

@@ -13,4 +13,9 @@ namespace folvane {
 /// is thrown again from here.
 void ShowModal(QWidget& window, std::function<void()> opening = {});
 
+/// For a window that is to be closed by a program: closes those that were shown modally over it, the top one first,
+/// each with its own questions. While a message box waits for its answer nothing is closed.
+/// @return whether none stands over the window any more
+bool CloseWindowsOver(const QWidget& window);
+
 }  // namespace folvane

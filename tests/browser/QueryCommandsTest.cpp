@@ -186,6 +186,17 @@ TEST_P(QueryCommandsTest, AnOrderThatIsLeftAsItWasIsNotReadAgain) {
   });
 }
 
+TEST_P(QueryCommandsTest, AnOrderThatTheDatabaseRefusesLeavesTheListAsItWas) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    Leave<FrmOrderBy>(u"FrmOrderBy"_s, [](FrmOrderBy& window) { window.ReturnSql = u"NoSuchField Asc"_s; });
+    browser.Entry(u"mnu_Tool3_Sort"_s).trigger();
+    EXPECT_EQ(messages.Requests().size(), 1u);
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共40条"_s);
+    EXPECT_EQ(browser.Parameter(u"Lwdj"_s, 3), u"ArchiveId Desc"_s);
+  });
+}
+
 TEST_P(QueryCommandsTest, TheBrowseOrderIsSetForFileTables) {
   InBrowser([&](const Browser& browser) {
     Leave<FrmReadOrder>(u"FrmReadOrder"_s, [](FrmReadOrder& window) { EXPECT_EQ(window.vsFlag, 1); });

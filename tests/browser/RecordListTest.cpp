@@ -221,16 +221,33 @@ TEST_P(RecordListTest, AColumnThatTheTableLacksGivesOneMessageAndAnEmptyList) {
   });
 }
 
-TEST_P(RecordListTest, AColumnClickThatTheDatabaseRefusesEndsWithoutAWord) {
+TEST_P(RecordListTest, AColumnClickThatTheDatabaseRefusesLeavesTheListAndTheStatusLineTells) {
   MessageBoxes messages;
   WithRecords(3, [&](const Browser& browser) {
+    browser.PressInList(Qt::Key_Down);
     design_->Run(u"alter table Lwdj rename column Amaintitle to Title"_s);
     browser.ClickColumn(1);
     EXPECT_TRUE(messages.Requests().empty());
-    EXPECT_EQ(browser.Status(), u"当前无记录"_s);
-    EXPECT_FALSE(browser.KeyOn(u"NextPage"_s));
+    EXPECT_TRUE(browser.Notice().startsWith(u"未能完成："_s));
+    EXPECT_EQ(browser.Column(u"LVData"_s), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+    EXPECT_EQ(browser.Captions(), (QStringList{u"登记号"_s, u"题名"_s, u"ID"_s}));
+    EXPECT_EQ(browser.Status(), u"当前记录：第2条/共3条"_s);
+    EXPECT_EQ(browser.Parameter(u"Lwdj"_s, 3), u"RegID Asc"_s);
+    browser.PressInList(Qt::Key_Down);
+    EXPECT_EQ(browser.Status(), u"当前记录：第3条/共3条"_s) << "the records are those from before";
   });
   EXPECT_EQ(StoredOrder(), u"RegID Asc"_s);
+}
+
+TEST_P(RecordListTest, AnOrderThatCouldNotBeKeptIsTold) {
+  MessageBoxes messages;
+  WithRecords(3, [&](const Browser& browser) {
+    design_->Run(u"alter table FindCirOrder rename to Away"_s);
+    browser.ClickColumn(1);
+    design_->Run(u"alter table Away rename to FindCirOrder"_s);
+    EXPECT_TRUE(browser.Notice().startsWith(u"未能完成："_s));
+    EXPECT_EQ(browser.Captions(), (QStringList{u"登记号"_s, u"↑题名"_s, u"ID"_s})) << "sorted it is";
+  });
 }
 
 TEST_P(RecordListTest, AWidthThatTheUserGaveComesBack) {

@@ -1,5 +1,7 @@
 #include "records/DesignedDatabase.h"
 
+#include <folvane/DataError.h>
+
 #include "catalogue/Ddl.h"
 #include "shell/SharedState.h"
 
@@ -82,6 +84,14 @@ StatementLog::StatementLog(Connection& connection) : connection_(connection) {
 StatementLog::~StatementLog() { connection_.OnStatement({}); }
 
 QStringList StatementLog::Take() { return std::exchange(statements_, {}); }
+
+LockedStatement::LockedStatement(Connection& connection, int number) : connection_(connection), left_(number) {
+  connection_.OnStatement([this](const QString& statement) {
+    if (--left_ == 0) throw DataError(DataErrorKind::Locked, u"表被其他用户锁定"_s, statement, u"5"_s);
+  });
+}
+
+LockedStatement::~LockedStatement() { connection_.OnStatement({}); }
 
 void DesignTest::SetUp() {
   OnEachDatabase::SetUp();

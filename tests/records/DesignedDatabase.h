@@ -54,6 +54,20 @@ class StatementLog {
   QStringList statements_;
 };
 
+/// Has one statement of a connection fail as if another user held its table, for as long as it lives. Takes the place
+/// of a StatementLog.
+class LockedStatement {
+ public:
+  /// @param number of the statement from now on, from 1
+  LockedStatement(Connection& connection, int number);
+  ~LockedStatement();
+  bool WasRun() const { return left_ <= 0; }
+
+ private:
+  Connection& connection_;
+  int left_;
+};
+
 /// A database, a program directory, a clock in 2002 and the administrator logged on.
 class DesignTest : public OnEachDatabase {
  protected:

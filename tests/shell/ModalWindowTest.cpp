@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QCloseEvent>
 #include <QEventLoop>
 #include <QLabel>
 #include <QPushButton>
@@ -59,6 +60,38 @@ TEST(ShowModal, ReturnsWhenTheWindowIsDeleted) {
   ShowModal(*window);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(alive);
+}
+
+TEST(CloseWindowsOver, ClosesTheWindowsAboveFromTheTop) {
+  TestWindow lower(u"FrmLower"_s), middle(u"FrmMiddle"_s), upper(u"FrmUpper"_s);
+  WithWindow(u"FrmLower"_s, [&](QWidget&) {
+    WithWindow(u"FrmMiddle"_s, [&](QWidget&) {
+      WithWindow(u"FrmUpper"_s, [&](QWidget&) {
+        EXPECT_TRUE(CloseWindowsOver(lower));
+        EXPECT_FALSE(upper.isVisible() || middle.isVisible());
+        EXPECT_TRUE(lower.isVisible());
+      });
+      ShowModal(upper);
+    });
+    ShowModal(middle);
+  });
+  ShowModal(lower);
+}
+
+TEST(CloseWindowsOver, LeavesWhatIsBelowAWindowThatStays) {
+  class Staying : public TestWindow {
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+  } upper;
+  TestWindow lower(u"FrmLower"_s);
+  WithWindow(u"FrmLower"_s, [&](QWidget&) {
+    WithWindow(u"FrmTest"_s, [&](QWidget&) {
+      EXPECT_FALSE(CloseWindowsOver(lower));
+      EXPECT_TRUE(CloseWindowsOver(upper));
+      upper.hide();
+    });
+    ShowModal(upper);
+  });
+  ShowModal(lower);
 }
 
 TEST(ShowModal, RunsTheOpeningOnceInsideTheLoopBeforeAnyoneElse) {
