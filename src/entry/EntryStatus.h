@@ -14,13 +14,15 @@ class EntryStatus : public QStatusBar {
   void ShowUser(const QString& name);
   /// Shown at once, also while the program is busy.
   void ShowWork(const QString& text);
+  /// What the user should know of the last save or move, beside the work panel; "" for nothing.
+  void ShowNote(const QString& text);
   void ShowOpened(qint64 position, qint64 count);
   void ShowPosition(qint64 position, qint64 count);
   void ShowNoRecords();
   void ShowCount(qint64 count);
 
  private:
-  QLabel *work_, *records_, *user_;
+  QLabel *work_, *note_, *records_, *user_;
 };
 
 }  // namespace folvane

@@ -16,6 +16,14 @@ CheckFailure Failure(const QString& reason, const ControlId& control) {
   return {kNotSaved + reason, MessageFlag::Information, control};
 }
 
+/// Blanks only: a no-break space, an ideographic one or a tab belongs to the text.
+QString WithoutOuterBlanks(const QString& text) {
+  qsizetype begin = 0, end = text.size();
+  while (begin < end && text[begin] == u' ') ++begin;
+  while (end > begin && text[end - 1] == u' ') --end;
+  return text.sliced(begin, end - begin);
+}
+
 int LimitOf(const ShownField& field) {
   const std::optional<int> limit = LimitIn(field.limitText);
   if (!limit) throw NumberError(u"类型不匹配：“"_s + field.limitText + u"”中没有长度"_s);
@@ -73,8 +81,8 @@ std::optional<CheckFailure> CheckArchiveDates(const ShownFields& fields) {
 }
 
 QString OneLine(const QString& text) {
-  QString line = QString(text).remove(u'\n').trimmed();
-  return line.remove(u'\r').trimmed();
+  const QString line = WithoutOuterBlanks(QString(text).remove(u'\n'));
+  return WithoutOuterBlanks(QString(line).remove(u'\r'));
 }
 
 }  // namespace folvane

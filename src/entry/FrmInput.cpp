@@ -91,6 +91,7 @@ void FrmInput::StoreTyped() {
 }
 
 void FrmInput::ShowCurrentRecord() {
+  status_->ShowNote({});
   lifecycle_->NoteMoved();
   form_->Binding().ShowRow();
   RefreshRecordView();

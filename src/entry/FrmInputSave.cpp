@@ -89,13 +89,17 @@ bool FrmInput::WriteRecord(void (RecordLifecycle::*write)()) {
 }
 
 void FrmInput::TrimMultiLines() {
+  QStringList trimmed;
   for (const auto& field : form_->Fields()) {
     if (field->ControlType() != ControlKind::Txt_MLine || field->DataField().isEmpty()) continue;
     const QString line = OneLine(field->Text());
     Field stored = Shared().CurrentRecords[field->DataField()];
-    if (line != stored.Text()) stored.SetValue(line);
+    if (line == stored.Text()) continue;
+    stored.SetValue(line);
+    trimmed << u"“"_s + field->Caption() + u"”"_s;
   }
   form_->Binding().Refresh();
+  status_->ShowNote(trimmed.isEmpty() ? QString() : u"已去掉"_s + trimmed.join(u'、') + u"中的换行和首尾空格"_s);
 }
 
 void FrmInput::KeepComboTexts() {

@@ -1,6 +1,8 @@
 #include "forms/EntryField.h"
 
+#include <QComboBox>
 #include <QFocusEvent>
+#include <QLineEdit>
 
 #include "forms/EntryLayout.h"
 
@@ -37,10 +39,16 @@ EntryField::EntryField(FieldSpec spec, QWidget* widget) : spec_(std::move(spec))
   widget->setProperty("Tag", spec_.caption);
   widget->setToolTip(spec_.limitText);
   widget->setAccessibleName(spec_.caption);
+  if (const auto* combo = qobject_cast<QComboBox*>(widget)) combo->lineEdit()->setAccessibleName(spec_.caption);
   widget->installEventFilter(this);
 }
 
 EntryField::~EntryField() { delete widget_; }
+
+void EntryField::Show(const QString& stored) {
+  ShowStored(stored);
+  shown_ = Text();
+}
 
 void EntryField::Focus() {
   Widget().setFocus(Qt::OtherFocusReason);

@@ -41,7 +41,9 @@ class EntryField : public QObject {
   /// Shows a text, silently.
   virtual void SetText(const QString& text) = 0;
   /// Shows what a record holds, silently; in the field's display format, which changes nothing in the record.
-  virtual void Show(const QString& stored) { SetText(stored); }
+  void Show(const QString& stored);
+  /// Whether the text is the one that Show made of the record's value: nothing else has been typed or set since.
+  bool IsAsShown() const { return Text() == shown_; }
   /// The value that a record is given for what the field shows.
   virtual QVariant Value() const { return Text(); }
   /// Makes text count that is still being typed.
@@ -71,12 +73,14 @@ class EntryField : public QObject {
   /// Takes the control, which goes with the field.
   EntryField(FieldSpec spec, QWidget* widget);
   const FieldSpec& Spec() const { return spec_; }
+  virtual void ShowStored(const QString& stored) { SetText(stored); }
 
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
   FieldSpec spec_;
   QPointer<QWidget> widget_;
+  QString shown_;
 };
 
 /// The name of an array of controls, "Txt"; "" for a kind that is not built.

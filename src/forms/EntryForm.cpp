@@ -1,11 +1,11 @@
 #include "forms/EntryForm.h"
 
 #include <QLabel>
+#include <QPoint>
 #include <algorithm>
 
 #include <folvane/DataError.h>
 
-#include "base/CodePage.h"
 #include "forms/FieldFactory.h"
 #include "forms/LengthGuard.h"
 #include "forms/LimitText.h"
@@ -22,8 +22,9 @@ namespace {
 constexpr int kToolbarRoom = 500;
 constexpr int kLabelLeft = 1000;
 constexpr int kLabelDown = 60;
-constexpr int kLabelBytes = 11;  // that fit between a label's usual place and its field
-constexpr int kTwipsPerByte = 90;
+constexpr int kMarkRoom = 120;
+constexpr QPoint kNotePlace(500, 120);
+constexpr qsizetype kNamesInNote = 5;
 
 int DesignTop(const LayoutRow& row) { return row.top + kToolbarRoom; }
 
@@ -55,12 +56,14 @@ void EntryForm::Build(const QString& table, Recordset& records) {
   layout_ = {};
   binding_.SetSource(&records);
   layout_ = ReadEntryLayout(SharedConnection(), table);
+  TellArranged();
   size_t built = 0;
   try {
     for (; built < layout_.rows.size(); ++built) {
       BuildField(layout_.rows[built], records);
       BuildLabel(layout_.rows[built], int(built) + 1);
     }
+    if (layout_.failure) std::rethrow_exception(layout_.failure);
   } catch (const std::exception&) {
     layout_.rows.resize(built);
     layout_.FieldList.resize(built + 1);
@@ -87,6 +90,7 @@ void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
   const bool isCombo = row.control.type == ControlKind::Cmb;
   Place(field.Widget(),
         {row.left, DesignTop(row), row.width, row.height, isCombo ? Design::OneLine : Design::AsDesigned});
+  if (IsRequired(row)) field.Widget().setAccessibleDescription(u"必填"_s);
   if (IsGuarded(row.control.type)) new LengthGuard(field);
   binding_.Add(field);
   if (row.control.type == ControlKind::F_FondsNo && row.dataField.toUpper() == u"FONDSNO") fondsControl_ = &field;
@@ -94,21 +98,49 @@ void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
 }
 
 void EntryForm::BuildLabel(const LayoutRow& row, int number) {
-  QLabel& label = *labels_.emplace_back(std::make_unique<QLabel>(row.caption, Area()));
-  label.setObjectName(ControlName(u"F_Lbl"_s, number));
+  const QPoint place(row.left - kLabelLeft - CaptionOverhang(row.caption), DesignTop(row) + kLabelDown);
+  QLabel& label = NewLabel(ControlName(u"F_Lbl"_s, number), row.caption, place);
+  label.setProperty("Tag", QString::number(place.y()));
+  if (IsRequired(row)) MarkRequired(number, place);
+}
+
+QLabel& EntryForm::NewLabel(const QString& name, const QString& text, const QPoint& place) {
+  QLabel& label = *labels_.emplace_back(std::make_unique<QLabel>(text, Area()));
+  label.setObjectName(name);
   label.setTextFormat(Qt::PlainText);
-  const int top = DesignTop(row) + kLabelDown;
-  label.setProperty("Tag", QString::number(top));
-  const int beyond = std::max(0, ByteLength(row.caption) - kLabelBytes);
-  Place(label, {row.left - kLabelLeft - kTwipsPerByte * beyond, top, 0, 0, Design::Own});
+  Place(label, {place.x(), place.y(), 0, 0, Design::Own});
+  return label;
+}
+
+bool EntryForm::IsRequired(const LayoutRow& row) const {
+  const std::vector<ControlId>& required = layout_.RequiredList;
+  return std::find(required.begin(), required.end(), row.control) != required.end();
+}
+
+// A label of its own, so that the caption keeps its text and its place.
+void EntryForm::MarkRequired(int number, const QPoint& captionPlace) {
+  const QPoint place(std::max(0, captionPlace.x() - kMarkRoom), captionPlace.y());
+  NewLabel(ControlName(u"Required"_s, number), u"*"_s, place).setToolTip(u"必填"_s);
+}
+
+void EntryForm::TellArranged() {
+  QStringList captions;
+  for (const LayoutRow& row : layout_.rows) {
+    if (row.isArranged) captions << u"“"_s + row.caption + u"”"_s;
+  }
+  if (captions.isEmpty()) return;
+  const QString more = captions.size() > kNamesInNote ? u"等%1个字段"_s.arg(captions.size()) : QString();
+  NewLabel(u"LayoutNote"_s,
+           u"界面设计中没有可用的位置或大小，已自动安排："_s +
+               captions.first(std::min(captions.size(), kNamesInNote)).join(u'、') + more,
+           kNotePlace)
+      .setToolTip(captions.join(u'、'));
 }
 
 void EntryForm::RequireSound(const LayoutRow& row, const Recordset& records) const {
   records.Fields().Item(row.dataField);
   const QString name = ControlName(ControlArrayName(row.control.type), row.control.index);
   if (FieldOf(row.control)) throw DataError(DataErrorKind::Usage, u"控件“%1”设计了两次。"_s.arg(name));
-  if (row.width < 0 || row.height < 0)
-    throw DataError(DataErrorKind::Usage, u"控件“%1”的宽度或高度小于零。"_s.arg(name));
 }
 
 EntryField* EntryForm::FieldOf(const ControlId& control) const {

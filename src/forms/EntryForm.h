@@ -11,7 +11,8 @@ class QLabel;
 
 namespace folvane {
 
-/// The entry form of a table, built from its design and bound to a record set.
+/// The entry form of a table, built from its design and bound to a record set. A field that may not be empty has a sign
+/// before its caption; a line above the fields names those for which the design has no usable place or size.
 class EntryForm : public ScrolledFields {
   Q_OBJECT
 
@@ -40,6 +41,10 @@ class EntryForm : public ScrolledFields {
   void RequireSound(const LayoutRow& row, const Recordset& records) const;
   void BuildField(const LayoutRow& row, Recordset& records);
   void BuildLabel(const LayoutRow& row, int number);
+  QLabel& NewLabel(const QString& name, const QString& text, const QPoint& place);
+  bool IsRequired(const LayoutRow& row) const;
+  void MarkRequired(int number, const QPoint& captionPlace);
+  void TellArranged();
 
   EntryLayout layout_;
   std::vector<std::unique_ptr<EntryField>> fields_;

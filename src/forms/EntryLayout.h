@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <exception>
 #include <memory>
 #include <vector>
 
@@ -39,6 +40,7 @@ struct LayoutRow {
   QString fieldLong;   ///< the length of the value, as text
   QString dictionary;  ///< that fills a combo box
   int left = 0, top = 0, width = 0, height = 0;
+  bool isArranged = false;  ///< the design has no usable place or size: the form has given it one
 };
 
 /// The entry form of a table. The lists count from 1; at 0 stands the empty pair, or the field "<无>".
@@ -48,9 +50,14 @@ struct EntryLayout {
   std::vector<ControlId> RequiredList;     ///< that may not be empty
   std::vector<ControlId> FixedLengthList;  ///< whose entry must fill the length exactly
   std::vector<CarryField> FieldList;       ///< all fields with their types, for copying a whole record
+  std::exception_ptr failure;              ///< why the rows after the last of these could not be read
 };
 
-/// Reads the design of a table's entry form. @throws DataError, NumberError
+/// What a caption needs to the left of its usual place, in twips, so that it ends before its field.
+int CaptionOverhang(const QString& caption);
+
+/// Reads the design of a table's entry form. A control without a usable place stands under those that have one, and one
+/// without a usable size gets that of its kind. @throws DataError when the design cannot be asked for
 EntryLayout ReadEntryLayout(const std::shared_ptr<Connection>& connection, const QString& table);
 
 }  // namespace folvane

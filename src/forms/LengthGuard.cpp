@@ -5,6 +5,8 @@
 #include "base/CodePage.h"
 #include "forms/EntryLayout.h"
 #include "forms/LimitText.h"
+#include "shell/Beep.h"
+#include "widgets/EditCombo.h"
 
 namespace folvane {
 namespace {
@@ -42,17 +44,21 @@ bool IsPassedOver(int key) {
 
 void CutToLimit(EntryField& field) {
   const std::optional<int> limit = LimitIn(field.LimitText());
-  if (!limit || field.IsComposing()) return;
+  if (!limit || field.IsComposing() || field.IsAsShown()) return;
   const QString text = field.Text();
   const QString cut = LimitByteLength(text, *limit);
   if (cut == text) return;
   field.SetText(cut);
   field.CaretToEnd();
+  Beep();
 }
 
 LengthGuard::LengthGuard(EntryField& field) : QObject(&field), field_(field) {
   field.Widget().installEventFilter(this);
   connect(&field, &EntryField::TextCommitted, this, [this] { CutToLimit(field_); });
+  auto* combo = qobject_cast<EditCombo*>(&field.Widget());
+  if (const std::optional<int> limit = LimitIn(field.LimitText()); combo && limit)
+    combo->SetFits([limit = *limit](const QString& text) { return ByteLength(text) <= limit; });
 }
 
 bool LengthGuard::eventFilter(QObject* watched, QEvent* event) {

@@ -22,14 +22,12 @@ void RecordBinding::Clear() {
   for (EntryField* field : fields_) disconnect(field, nullptr, this, nullptr);
   fields_.clear();
   typed_.clear();
-  shown_.clear();
 }
 
 bool RecordBinding::HasRow() const { return records_ && records_->IsOpen() && records_->AbsolutePosition() > 0; }
 
 void RecordBinding::ShowIn(EntryField& field) {
   field.Show(HasRow() ? (*records_)[field.DataField()].Text() : QString());
-  shown_[&field] = field.Text();
 }
 
 void RecordBinding::ShowRow() {
@@ -56,7 +54,7 @@ void RecordBinding::Store() {
 
 void RecordBinding::StoreShown() {
   for (EntryField* field : fields_) {
-    if (field->Text() != shown_[field]) typed_.insert(field);
+    if (!field->IsAsShown()) typed_.insert(field);
   }
   Store();
 }
@@ -65,7 +63,7 @@ void RecordBinding::Store(EntryField& field) {
   field.Commit();
   if (!typed_.count(&field)) return;
   CutToLimit(field);
-  if (HasRow() && !readOnly_) (*records_)[field.DataField()].SetValue(field.Value());
+  if (HasRow() && !readOnly_ && !field.IsAsShown()) (*records_)[field.DataField()].SetValue(field.Value());
   typed_.erase(&field);
   for (EntryField* each : fields_) {
     if (each->DataField().compare(field.DataField(), Qt::CaseInsensitive) == 0 && !typed_.count(each)) ShowIn(*each);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <map>
 #include <set>
 #include <vector>
 
@@ -11,7 +10,8 @@
 namespace folvane {
 
 /// Binds fields to the current row of a record set. What a user types reaches the row as he leaves the field, or when
-/// Store is called; nothing else ever changes the row. The record set does not tell of its moves: whoever moves it
+/// Store is called; nothing else ever changes the row, and what was only shown is never written, whatever the control
+/// made of it. The record set does not tell of its moves: whoever moves it
 /// calls Store before and ShowRow after.
 ///
 /// Showing is silent and touches only controls that show something else than the row holds. Without a current row the
@@ -48,7 +48,6 @@ class RecordBinding : public QObject {
   Recordset* records_ = nullptr;
   std::vector<EntryField*> fields_;
   std::set<EntryField*> typed_;
-  std::map<const EntryField*, QString> shown_;  ///< what each field was last given to show
   bool readOnly_ = false;
 };
 

@@ -1,7 +1,5 @@
 #include "widgets/AgencyCodePicker.h"
 
-#include <QRegularExpression>
-
 #include "base/Today.h"
 #include "shell/CommonRoutines.h"
 
@@ -13,15 +11,12 @@ AgencyCodePicker::AgencyCodePicker(QWidget* parent) : ListCombo(parent) {
 
 void AgencyCodePicker::ReadList() { FillDictionary(*this, QStringLiteral("'机关代字'")); }
 
-QString AgencyCodePicker::EntryOf(const QString& text) const {
-  static const QRegularExpression agency(QStringLiteral("^[^\\d〔\\[]*"));
-  return agency.match(text).captured();
-}
+QString AgencyCodePicker::EntryOf(const QString& text) const { return AgencyOf(text); }
 
 QString AgencyCodePicker::TextOfChoice(const QString& word) const {
-  const QString number = Known().mid(EntryOf(Known()).size());
+  const QString number = Known().mid(AgencyOf(Known()).size());
   if (!number.isEmpty()) return word + number;
-  return DocumentNumber{word, bracket_, Today().toString(QStringLiteral("yyyy")), {}, {}, QStringLiteral("号")}.Join();
+  return DocumentNumber::Begun(word, bracket_, Today().toString(QStringLiteral("yyyy"))).Join();
 }
 
 void AgencyCodePicker::CaretToRunningNumber() {

@@ -6,8 +6,8 @@
 namespace folvane {
 
 /// A document number such as 国发〔2002〕17号. It is typed freely; the list drops down the agency words of the
-/// dictionary. A chosen word takes the place of the one that stands there, and in an empty box begins a number of this
-/// year with the caret where the running number goes.
+/// dictionary. A chosen word takes the place of the one that stands there and leaves the rest alone, whatever brackets
+/// it has; in an empty box it begins a number of this year with the caret where the running number goes.
 class AgencyCodePicker : public ListCombo {
   Q_OBJECT
 

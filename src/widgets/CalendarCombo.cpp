@@ -8,6 +8,7 @@ void CalendarCombo::showPopup() {
     AddChoices(*popup_);
     connect(popup_, &CalendarPopup::Picked, this, [this](const QDate& day) { TakeDay(day); });
   }
+  popup_->setAccessibleName(accessibleName());
   popup_->Mark(Marked());
   DropDown(*popup_);
 }

@@ -18,6 +18,8 @@ CalendarPopup::CalendarPopup(QWidget* owner)
   setFrameShape(QFrame::StyledPanel);
   // The click beside the pop-up only closes it: passed on to the box's own button it would open it again.
   setAttribute(Qt::WA_NoMouseReplay);
+  calendar_->setAccessibleName(QStringLiteral("日历"));
+  NameParts();
   calendar_->setLocale(QLocale(QLocale::Chinese, QLocale::China));
   calendar_->setFirstDayOfWeek(Qt::Monday);
   calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
@@ -42,6 +44,16 @@ CalendarPopup::CalendarPopup(QWidget* owner)
   connect(calendar_, &QCalendarWidget::activated, this, [this, pick](const QDate& date) {
     if (isVisible()) pick(date);
   });
+}
+
+void CalendarPopup::NameParts() {
+  const std::pair<const char*, QString> parts[] = {
+      {"qt_calendar_prevmonth", QStringLiteral("上个月")}, {"qt_calendar_nextmonth", QStringLiteral("下个月")},
+      {"qt_calendar_monthbutton", QStringLiteral("月份")}, {"qt_calendar_yearbutton", QStringLiteral("年份")},
+      {"qt_calendar_yearedit", QStringLiteral("年份")},    {"qt_calendar_calendarview", QStringLiteral("日期")}};
+  for (const auto& [name, caption] : parts) {
+    if (auto* part = calendar_->findChild<QWidget*>(QLatin1String(name))) part->setAccessibleName(caption);
+  }
 }
 
 void CalendarPopup::Mark(const QDate& date) {

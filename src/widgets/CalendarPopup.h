@@ -30,6 +30,7 @@ class CalendarPopup : public QFrame {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void NameParts();
   void Colour();
 
   QCalendarWidget* calendar_;

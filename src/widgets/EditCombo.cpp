@@ -1,7 +1,10 @@
 #include "widgets/EditCombo.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QScreen>
+
+#include "shell/Beep.h"
 
 namespace folvane {
 
@@ -12,7 +15,19 @@ EditCombo::EditCombo(QWidget* parent) : TextCombo(parent), box_(new TextBox) {
   setInsertPolicy(NoInsert);
   setFocusPolicy(Qt::StrongFocus);
   connect(box_, &TextBox::Changed, this, [this] { TakeTyping(); });
-  connect(this, &QComboBox::activated, this, [this](int index) { TakeByHand(TextOfChoice(itemText(index))); });
+  connect(this, &QComboBox::activated, this, [this](int index) { TakeChoice(itemText(index)); });
+}
+
+void EditCombo::TakeChoice(const QString& entry) {
+  const QString text = TextOfChoice(entry);
+  if (text == known_ || !fits_ || fits_(text)) return TakeByHand(text);
+  setEditText(known_);
+  Beep();
+}
+
+void EditCombo::showPopup() {
+  view()->setAccessibleName(accessibleName());
+  TextCombo::showPopup();
 }
 
 void EditCombo::SetText(const QString& text) {

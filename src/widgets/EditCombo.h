@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWheelEvent>
+#include <functional>
 
 #include "widgets/TextBox.h"
 #include "widgets/TextCombo.h"
@@ -21,6 +22,9 @@ class EditCombo : public TextCombo {
   virtual QString Text() const { return currentText(); }
   void SetText(const QString& text) override;
   TextBox& Box() const { return *box_; }
+  /// Says which texts the box can hold: a choice from the list that would give another is refused with a beep.
+  void SetFits(std::function<bool(const QString& text)> fits) { fits_ = std::move(fits); }
+  void showPopup() override;
 
  Q_SIGNALS:
   void Changed();
@@ -40,8 +44,11 @@ class EditCombo : public TextCombo {
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
  private:
+  void TakeChoice(const QString& entry);
+
   TextBox* box_;
   QString known_;
+  std::function<bool(const QString&)> fits_;
 };
 
 }  // namespace folvane

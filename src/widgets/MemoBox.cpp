@@ -1,5 +1,8 @@
 #include "widgets/MemoBox.h"
 
+#include <QSignalBlocker>
+#include <QTextDocument>
+
 namespace folvane {
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent) {
@@ -9,18 +12,23 @@ MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void MemoBox::SetText(const QString& text) {
-  // Line breaks as the box keeps them, so that a text stored by another program is known again.
-  QString kept = text;
-  kept.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-  if (kept == Text()) return;
-  known_ = kept;
-  setPlainText(kept);
+  if (text == text_) return;
+  {
+    const QSignalBlocker silence(this);
+    setPlainText(text);
+  }
+  text_ = text;
+  content_ = Content();
 }
+
+// Not toPlainText, which makes blanks of no-break spaces and line feeds of line separators.
+QString MemoBox::Content() const { return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n'); }
 
 // The box tells of every change, of a composition and a program's too: only a text that differs counts.
 void MemoBox::TellChange() {
-  if (Text() == known_) return;
-  known_ = Text();
+  const QString content = Content();
+  if (content == content_) return;
+  text_ = content_ = content;
   Q_EMIT Changed();
 }
 

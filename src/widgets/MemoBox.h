@@ -8,6 +8,9 @@ namespace folvane {
 
 /// A text box of several lines that takes no line break from the Enter key: lines come from wrapping, and from what a
 /// text already holds. Its property `text` and its signals are those of TextBox.
+///
+/// A text is kept as it was set, to the character, until the user changes it. From then on its line breaks are those of
+/// the box, line feeds; everything else in it still is as it was.
 class MemoBox : public QPlainTextEdit {
   Q_OBJECT
   Q_PROPERTY(QString text READ Text WRITE SetText)
@@ -15,7 +18,7 @@ class MemoBox : public QPlainTextEdit {
  public:
   explicit MemoBox(QWidget* parent = nullptr);
 
-  QString Text() const { return toPlainText(); }
+  const QString& Text() const { return text_; }
   /// Sets the text silently. The same text leaves caret and selection alone.
   void SetText(const QString& text);
   void SetAdmission(TypingGate::Admission admission) { gate_.SetAdmission(std::move(admission)); }
@@ -30,10 +33,12 @@ class MemoBox : public QPlainTextEdit {
   void inputMethodEvent(QInputMethodEvent* event) override;
 
  private:
+  QString Content() const;
   void TellChange();
 
   TypingGate gate_;
-  QString known_;
+  QString text_;
+  QString content_;  ///< what the box made of the text
 };
 
 }  // namespace folvane

@@ -102,6 +102,10 @@ TEST(FieldChecks, TellOfTheBadDateOfTheLowestNumber) {
 
 TEST(FieldChecks, PutAMultiLineTextOnOneLine) { EXPECT_EQ(OneLine(u" 第一行\r\n第二行 \r\n"_s), u"第一行第二行"_s); }
 
+TEST(FieldChecks, TakeNothingButBreaksAndBlanksOutOfAMultiLineText) {
+  EXPECT_EQ(OneLine(u" \u3000甲\u00a0乙\u2028丙\t "_s), u"\u3000甲\u00a0乙\u2028丙\t"_s);
+}
+
 class RightsCheckTest : public EntryTest {
  protected:
   void SetUp() override {

@@ -147,6 +147,18 @@ TEST_F(AgencyCodePickerTest, PutsAChosenWordInThePlaceOfTheOneThere) {
   EXPECT_EQ(changes_.count(), 2);
 }
 
+TEST_F(AgencyCodePickerTest, KeepsTheBracketsOfTheNumber) {
+  for (const auto& [number, chosen] :
+       {std::pair{u"按国办发(1985)49号"_s, u"京政(1985)49号"_s}, std::pair{u"［1995］32号"_s, u"京政［1995］32号"_s},
+        std::pair{u"教发厅函【2019】12号"_s, u"京政【2019】12号"_s},
+        std::pair{u"青办（2003）8号"_s, u"京政（2003）8号"_s}, std::pair{u"国令第707号"_s, u"京政第707号"_s},
+        std::pair{u"国发〔2002]17号"_s, u"京政〔2002]17号"_s}}) {
+    picker_.SetText(number);
+    Choose(1);
+    EXPECT_EQ(Text(), chosen);
+  }
+}
+
 TEST_F(AgencyCodePickerTest, KeepsTheNumberWhenTheSameWordIsChosen) {
   picker_.SetText(u"国发〔2002〕017号"_s);
   Choose(0);

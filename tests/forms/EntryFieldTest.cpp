@@ -162,7 +162,7 @@ TEST_F(Fields, OfSeveralLinesTakeNoBreakFromTheEnterKey) {
 TEST_F(Fields, OfSeveralLinesKnowAStoredTextAgainWhateverItsLineBreaks) {
   const auto field = ShownField(ControlKind::Txt_MLine);
   field->Show(u"甲\r\n乙"_s);
-  EXPECT_EQ(field->Text(), u"甲\n乙"_s);
+  EXPECT_EQ(field->Text(), u"甲\r\n乙"_s);
   field->CaretToEnd();
   field->Show(u"甲\r\n乙"_s);
   Type(field->Widget(), u"丙"_s);

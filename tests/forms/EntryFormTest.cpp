@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -5,6 +7,7 @@
 
 #include "forms/EntryForm.h"
 #include "forms/FormsFixture.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -149,12 +152,82 @@ TEST_F(EntryFormTest, EndsTheBuildingOverAControlThatIsDesignedTwice) {
   EXPECT_EQ(form_->Layout().rows.size(), 1u);
 }
 
-TEST_F(EntryFormTest, EndsTheBuildingOverANegativeSize) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0, -300);
+TEST_F(EntryFormTest, BuildsAFieldWithoutAPlaceUnderTheOthersAndNamesIt) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 400);
+  Design(u"FondsNo"_s, u"全宗号"_s, ControlKind::F_FondsNo, 1, 1500, 800);
+  Native(u"Update SaveControls Set F_Top=null Where DataField='Title'"_s);
+  Native(u"Update SaveControls Set F_Width=0 Where DataField='FondsNo'"_s);
+  Build();
+  Show();
+  EXPECT_EQ(form_->Fields().size(), 3u);
+  EXPECT_GT(Control(u"Txt(1)"_s).y(), Control(u"F_FondsNo(1)"_s).geometry().bottom());
+  EXPECT_EQ(Control(u"F_FondsNo(1)"_s).width(), 200);
+  EXPECT_TRUE(TextIn(*form_, u"LayoutNote"_s).endsWith(u"：“题名”、“全宗号”"_s));
+  EXPECT_LT(Control(u"LayoutNote"_s).geometry().bottom(), Control(u"Txt(2)"_s).y());
+}
+
+TEST_F(EntryFormTest, SaysNothingOfASoundLayout) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Build();
+  EXPECT_EQ(form_->findChild<QWidget*>(u"LayoutNote"_s), nullptr);
+}
+
+TEST_F(EntryFormTest, NamesOnlyTheFirstOfManyFieldsWithoutAPlace) {
+  for (int i = 1; i <= 7; ++i) Design(u"Title"_s, u"题名"_s, ControlKind::Txt, i, 1500, 0);
+  Native(u"Update SaveControls Set F_Left=null"_s);
+  Build();
+  EXPECT_TRUE(TextIn(*form_, u"LayoutNote"_s).endsWith(u"、“题名”等7个字段"_s));
+}
+
+TEST_F(EntryFormTest, BuildsTheFieldsBeforeARowThatCannotBeRead) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 400);
+  Native(u"Update SaveControls Set ControlIndex=null Where DataField='Quantity'"_s);
   MessageBoxes boxes;
   Build();
-  EXPECT_TRUE(boxes.Last().text.endsWith(u"控件“Txt(1)”的宽度或高度小于零。"_s));
-  EXPECT_TRUE(form_->Fields().empty());
+  EXPECT_EQ(boxes.Requests().size(), 1u);
+  EXPECT_TRUE(form_->FieldOf({ControlKind::Txt, 1}));
+  EXPECT_EQ(form_->Fields().size(), 1u);
+}
+
+TEST_F(EntryFormTest, MarksAFieldThatMayNotBeEmpty) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
+  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 400);
+  Native(u"Update DynamicWindows Set NullFlags='否' Where FieldName='Title'"_s);
+  Build();
+  Show();
+  EXPECT_EQ(TextIn(*form_, u"F_Lbl(1)"_s), u"题名"_s);
+  EXPECT_EQ(Control(u"F_Lbl(1)"_s).pos(), QPoint(33, 37));
+  EXPECT_EQ(Control(u"Txt(1)"_s).accessibleDescription(), u"必填"_s);
+  EXPECT_LT(Control(u"Required(1)"_s).geometry().right(), Control(u"F_Lbl(1)"_s).x());
+  EXPECT_TRUE(Control(u"Required(1)"_s).isVisible());
+  EXPECT_EQ(form_->findChild<QWidget*>(u"Required(2)"_s), nullptr);
+  EXPECT_EQ(Control(u"Txt(2)"_s).accessibleDescription(), QString());
+}
+
+TEST_F(EntryFormTest, HasANameForEachControlForScreenReaders) {
+  int top = 0;
+  for (const int kind : {1, 2, 4, 6, 7, 8, 9, 10}) Design(u"Title"_s, u"题名"_s, kind, 1, 1500, top += 400);
+  Build();
+  Show();
+  EXPECT_EQ(UnnamedControls(Window()), QStringList());
+}
+
+TEST_F(EntryFormTest, HasANameForWhatItsControlsDropDown) {
+  Native(u"Insert Into FondsDefine(FondsNo,FondsName) Values('J01','总办')"_s);
+  Native(u"Insert Into AssistantDictionary(DicID,Name) Values('9','机关代字'),('8','')"_s);
+  Native(u"Insert Into AssistantDicKey(DicID,Name,Note) Values('9','国发','1'),('8','甲','1')"_s);
+  int top = 0;
+  for (const int kind : {2, 4, 6, 8, 9}) Design(u"Title"_s, u"题名"_s, kind, 1, 1500, top += 400);
+  Build();
+  Show();
+  for (const QString& combo : {u"Cmb(1)"_s, u"DTP(1)"_s, u"F_FondsNo(1)"_s, u"F_Organ(1)"_s, u"DTP_Arch(1)"_s}) {
+    Find<QComboBox>(*form_, combo).showPopup();
+    ASSERT_TRUE(QApplication::activePopupWidget()) << combo.toStdString();
+    EXPECT_EQ(UnnamedControls(*QApplication::activePopupWidget()), QStringList()) << combo.toStdString();
+    Find<QComboBox>(*form_, combo).hidePopup();
+  }
 }
 
 TEST_F(EntryFormTest, ShowsAFieldInTwoControls) {

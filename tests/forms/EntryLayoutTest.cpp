@@ -1,3 +1,4 @@
+#include <array>
 #include <gtest/gtest.h>
 
 #include "base/TextTests.h"
@@ -85,11 +86,67 @@ TEST_P(EntryLayoutTest, IsEmptyForATableWithoutOne) {
   EXPECT_EQ(layout.FieldList.size(), 1u);
 }
 
-TEST_P(EntryLayoutTest, RefusesAPlaceThatIsNoNumber) {
+TEST_P(EntryLayoutTest, PutsAControlWithoutAPlaceUnderTheOthers) {
+  for (const QString& name : {u"A"_s, u"B"_s, u"C"_s})
+    AddDictionaryField(u"Lwdj"_s, name, u"文本型"_s, u"'','','',0,''"_s);
+  AddControl(u"A"_s, ControlKind::Txt, 1, 1);
+  AddControl(u"B"_s, ControlKind::Txt, 2, 2);
+  AddControl(u"C"_s, ControlKind::Txt, 3, 3);
+  for (const QString& bad : {u"F_Left=null"_s, u"F_Top=null"_s, u"F_Top=1000000000"_s, u"F_Left=-2000"_s}) {
+    Database().Native(u"Update SaveControls Set F_Left=1200,F_Top=600"_s);
+    Database().Native(u"Update SaveControls Set "_s + bad + u" Where DataField<>'B'"_s);
+    const EntryLayout layout = ReadEntryLayout(Connected(), u"Lwdj"_s);
+    ASSERT_EQ(layout.rows.size(), 3u);
+    EXPECT_EQ(layout.rows[1].top, 600);
+    EXPECT_FALSE(layout.rows[1].isArranged);
+    EXPECT_TRUE(layout.rows[0].isArranged) << bad.toStdString();
+    EXPECT_GT(layout.rows[0].top, 900);
+    EXPECT_GT(layout.rows[2].top, layout.rows[0].top + 300);
+    EXPECT_EQ(layout.KeyList, (std::vector<ControlId>{{}, {1, 1}, {1, 2}, {1, 3}}));
+  }
+}
+
+TEST_P(EntryLayoutTest, GivesAControlWithoutASizeTheUsualOne) {
   AddDictionaryField(u"Lwdj"_s, u"A"_s, u"文本型"_s, u"'','','',0,''"_s);
+  AddControl(u"A"_s, ControlKind::Txt, 1, 1);
+  for (const QString& bad : {u"F_Width=null"_s, u"F_Width=0"_s, u"F_Width=-3000"_s, u"F_Width=1000000000"_s,
+                             u"F_Height=null"_s, u"F_Height=-300"_s, u"F_Height=1000000000"_s}) {
+    Database().Native(u"Update SaveControls Set F_Width=3000,F_Height=300"_s);
+    Database().Native(u"Update SaveControls Set "_s + bad);
+    const LayoutRow row = ReadEntryLayout(Connected(), u"Lwdj"_s).rows.at(0);
+    EXPECT_TRUE(row.isArranged) << bad.toStdString();
+    EXPECT_EQ((std::array{row.left, row.top, row.width, row.height}), (std::array{1200, 600, 3000, 300}));
+  }
+}
+
+TEST_P(EntryLayoutTest, WantsNoHeightOfAComboBox) {
+  AddDictionaryField(u"Lwdj"_s, u"A"_s, u"文本型"_s, u"'','','',0,''"_s);
+  AddControl(u"A"_s, ControlKind::Cmb, 1, 1);
+  Database().Native(u"Update SaveControls Set F_Height=null"_s);
+  EXPECT_FALSE(ReadEntryLayout(Connected(), u"Lwdj"_s).rows.at(0).isArranged);
+}
+
+TEST_P(EntryLayoutTest, ReadsPlacesThatAreKeptAsText) {
+  Database().Native(u"Drop Table SaveControls"_s);
+  Database().Native(
+      u"Create Table SaveControls(DataSource varchar(20),DataField varchar(20),ControlType integer,ControlIndex "
+      u"integer,"
+      "KeyOrder integer,F_Left varchar(20),F_Top varchar(20),F_Width varchar(20),F_Height varchar(20))"_s);
+  AddDictionaryField(u"Lwdj"_s, u"A"_s, u"文本型"_s, u"'','','',0,''"_s);
+  Database().Native(u"Insert Into SaveControls Values('Lwdj','A',1,1,1,'1200',' 300 ','3000.0','高')"_s);
+  const LayoutRow row = ReadEntryLayout(Connected(), u"Lwdj"_s).rows.at(0);
+  EXPECT_EQ((std::array{row.left, row.top, row.width, row.height}), (std::array{1200, 300, 3000, 300}));
+  EXPECT_TRUE(row.isArranged);
+}
+
+TEST_P(EntryLayoutTest, KeepsTheRowsBeforeOneThatCannotBeRead) {
+  for (const QString& name : {u"A"_s, u"B"_s}) AddDictionaryField(u"Lwdj"_s, name, u"文本型"_s, u"'','','',0,''"_s);
   AddControl(u"A"_s, 1, 1, 1);
-  Database().Native(u"Update SaveControls Set F_Left=null"_s);
-  EXPECT_THROW(ReadEntryLayout(Connected(), u"Lwdj"_s), NumberError);
+  AddControl(u"B"_s, 1, 2, 2);
+  Database().Native(u"Update SaveControls Set ControlIndex=null Where DataField='B'"_s);
+  const EntryLayout layout = ReadEntryLayout(Connected(), u"Lwdj"_s);
+  EXPECT_EQ(layout.KeyList, (std::vector<ControlId>{{}, {1, 1}}));
+  EXPECT_THROW(std::rethrow_exception(layout.failure), NumberError);
 }
 
 TEST_P(EntryLayoutTest, AsksForItAsTheDesignIsAskedEverywhere) {

@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
+#include <utility>
 
 #include "forms/EntryLayout.h"
 #include "forms/FormsFixture.h"
@@ -49,6 +50,42 @@ TEST_F(LengthGuardTest, PutsTheCaretToTheEnd) {
   Type(box, u"B"_s);
   EXPECT_EQ(field.Text(), u"B文件"_s);
   EXPECT_EQ(box.cursorPosition(), 3);
+}
+
+TEST_F(LengthGuardTest, BeepsForWhatItCuts) {
+  int beeps = 0;
+  Services().beep = [&] { ++beeps; };
+  for (const int kind : {ControlKind::Txt, ControlKind::Cmb, ControlKind::F_Organ, ControlKind::Txt_MLine}) {
+    EntryField& field = Guarded(kind);
+    Type(field.Widget(), u"文件A"_s);
+    EXPECT_EQ(std::exchange(beeps, 0), 0) << kind;
+    Type(field.Widget(), u"B"_s);
+    EXPECT_EQ(std::exchange(beeps, 0), 1) << kind;
+  }
+}
+
+TEST_F(LengthGuardTest, LeavesALongTextOfARecordAloneUntilItIsChanged) {
+  EntryField& field = Guarded(ControlKind::Txt);
+  field.Show(u"比五个字节长"_s);
+  Press(field.Widget(), Qt::Key_F11);
+  EXPECT_EQ(field.Text(), u"比五个字节长"_s);
+  field.CaretToEnd();
+  Press(field.Widget(), Qt::Key_Backspace);
+  EXPECT_EQ(field.Text(), u"比五"_s);
+}
+
+TEST_F(LengthGuardTest, RefusesAChoiceThatIsTooLong) {
+  Native(u"Insert Into AssistantDictionary(DicID,Name) Values('1','密级')"_s);
+  Native(u"Insert Into AssistantDicKey(DicID,Name,Note) Values('1','秘密','1'),('1','绝密级','2')"_s);
+  int beeps = 0;
+  Services().beep = [&] { ++beeps; };
+  EntryField& field = Guarded(ControlKind::Cmb);
+  field.SetText(u"秘密"_s);
+  QSignalSpy changes(&field, &EntryField::Changed);
+  Press(field.Widget(), Qt::Key_Down);
+  EXPECT_EQ(field.Text(), u"秘密"_s);
+  EXPECT_EQ(changes.count(), 0);
+  EXPECT_EQ(beeps, 1);
 }
 
 TEST_F(LengthGuardTest, IsSilent) {

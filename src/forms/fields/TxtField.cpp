@@ -30,6 +30,6 @@ void TxtField::SetText(const QString& text) {
   box_->home(false);  // a long text is read from its start
 }
 
-void TxtField::Show(const QString& stored) { SetText(showsWholeNumbers_ ? AsWholeNumber(stored) : stored); }
+void TxtField::ShowStored(const QString& stored) { SetText(showsWholeNumbers_ ? AsWholeNumber(stored) : stored); }
 
 }  // namespace folvane

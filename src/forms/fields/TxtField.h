@@ -12,13 +12,14 @@ class TxtField : public EntryField {
 
   QString Text() const override { return box_->text(); }
   void SetText(const QString& text) override;
-  void Show(const QString& stored) override;
   bool IsComposing() const override { return box_->IsComposing(); }
   void SetAdmission(TypingGate::Admission admission) override { box_->SetAdmission(std::move(admission)); }
   void SelectAll() override { box_->selectAll(); }
   void CaretToEnd() override { box_->end(false); }
 
  private:
+  void ShowStored(const QString& stored) override;
+
   TextBox* box_;
   bool showsWholeNumbers_;
 };
