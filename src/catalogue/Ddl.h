@@ -22,7 +22,8 @@ void CreateIndexes(Connection& connection, const Table& table);
 /// Removes a table if it is there. @throws DataError
 void DropTable(Connection& connection, const QString& name);
 
-/// Makes all design, flow and rights tables on an empty database. @throws DataError
+/// Makes the design, flow and rights tables that are missing, with their indexes, and the columns that the others lack.
+/// For use inside a transaction; see CreateTables. @throws DataError
 void CreateCatalogue(Connection& connection);
 
 }  // namespace folvane
