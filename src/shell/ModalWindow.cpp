@@ -1,6 +1,6 @@
 #include "shell/ModalWindow.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QEventLoop>
 #include <QPointer>
@@ -82,6 +82,11 @@ void ShowOver(QWidget& window, const QWidget* parent) {
 }
 
 }  // namespace
+
+void RequireApplication() {
+  if (qobject_cast<QApplication*>(QCoreApplication::instance())) return;
+  throw DataError(DataErrorKind::Usage, QStringLiteral("尚未建立 QApplication，不能显示窗口，请先建立它。"));
+}
 
 void ShowModal(QWidget& window, std::function<void()> opening) {
   if (window.isVisible()) {
