@@ -93,6 +93,16 @@ void AddColumn(Connection& connection, const Table& table, const Column& column)
   driver.Execute({QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 %3").arg(table.name, column.name, type).toUtf8(), {}});
 }
 
+void FillGaps(Connection& connection) {
+  for (const Gap& gap : Gaps(connection)) {
+    if (gap.IsWhole())
+      CreateTable(connection, *gap.table);
+    else
+      for (const Column& column : gap.columns) AddColumn(connection, *gap.table, column);
+  }
+  connection.RefreshSchema();
+}
+
 }  // namespace
 
 QByteArrayList CreateStatements(DialectKind dialect, const Table& table) {
@@ -118,19 +128,13 @@ void DropTable(Connection& connection, const QString& name) {
 }
 
 void CreateCatalogue(Connection& connection) {
-  for (const Gap& gap : Gaps(connection)) {
-    if (gap.IsWhole())
-      CreateTable(connection, *gap.table);
-    else
-      for (const Column& column : gap.columns) AddColumn(connection, *gap.table, column);
-  }
-  connection.RefreshSchema();
+  for (const Table& table : CatalogueTables()) CreateTable(connection, table);
 }
 
 void CreateTables(Connection& connection) {
-  if (connection.InTransaction()) return CreateCatalogue(connection);
+  if (connection.InTransaction()) return FillGaps(connection);
   Transaction transaction(connection);
-  CreateCatalogue(connection);
+  FillGaps(connection);
   transaction.Commit();
 }
 

@@ -22,8 +22,8 @@ void CreateIndexes(Connection& connection, const Table& table);
 /// Removes a table if it is there. @throws DataError
 void DropTable(Connection& connection, const QString& name);
 
-/// Makes the design, flow and rights tables that are missing, with their indexes, and the columns that the others lack.
-/// For use inside a transaction; see CreateTables. @throws DataError
+/// Makes all design, flow and rights tables on an empty database; CreateTables looks at what is there first.
+/// @throws DataError
 void CreateCatalogue(Connection& connection);
 
 }  // namespace folvane
