@@ -4,7 +4,7 @@
 #include <QIcon>
 #include <QStyleFactory>
 
-#include "widgets/Icons.h"
+#include <folvane/Icons.h>
 
 namespace folvane::host {
 namespace {

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-#include "widgets/Icons.h"
+#include <folvane/Icons.h>
 
 namespace folvane::host {
 namespace {

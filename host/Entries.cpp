@@ -5,7 +5,7 @@ namespace folvane::host {
 const std::array<Entry, 6>& Entries() {
   static const std::array<Entry, 6> entries{{
       {QStringLiteral("FileOpen"), QStringLiteral("register"), QStringLiteral("文件登记"),
-       QStringLiteral("浏览、登记和查找公文"), &ClsFolvane::FileOpen},
+       QStringLiteral("浏览、登记和查找公文"), &ClsFolvane::FileOpen, true},
       {QStringLiteral("FileArchive"), QStringLiteral("archive"), QStringLiteral("文件归档"),
        QStringLiteral("将办理完毕的文件移入档案"), &ClsFolvane::FileArchive},
       {QStringLiteral("DistributeFile"), QStringLiteral("distribute"), QStringLiteral("文件分发"),

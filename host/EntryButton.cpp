@@ -25,6 +25,15 @@ EntryButton::EntryButton(const QIcon& icon, const QString& title, const QString&
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
+void EntryButton::Disable(const QString& reason) {
+  setEnabled(false);
+  setToolTip(reason);
+  setAccessibleDescription(line_ + QStringLiteral("（%1）").arg(reason));
+  unsetCursor();
+}
+
+QString EntryButton::Corner() const { return isEnabled() ? shortcut().toString(QKeySequence::NativeText) : toolTip(); }
+
 QFont EntryButton::TitleFont() const {
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.3);
@@ -34,9 +43,8 @@ QFont EntryButton::TitleFont() const {
 
 QSize EntryButton::sizeHint() const {
   const QFontMetrics title(TitleFont());
-  const int texts =
-      qMax(title.horizontalAdvance(text()) + fontMetrics().horizontalAdvance(shortcut().toString()) + kPadding,
-           fontMetrics().horizontalAdvance(line_));
+  const int texts = qMax(title.horizontalAdvance(text()) + fontMetrics().horizontalAdvance(Corner()) + kPadding,
+                         fontMetrics().horizontalAdvance(line_));
   return {3 * kPadding + kPicture + texts, 2 * kPadding + title.height() + fontMetrics().lineSpacing() + 12};
 }
 
@@ -86,7 +94,7 @@ void EntryButton::DrawTexts(QPainter& painter) const {
   painter.setFont(font());
   painter.setPen(soft);
   painter.drawText(lower, Qt::AlignLeft | Qt::AlignVCenter, line_);
-  painter.drawText(upper, Qt::AlignRight | Qt::AlignVCenter, shortcut().toString(QKeySequence::NativeText));
+  painter.drawText(upper, Qt::AlignRight | Qt::AlignVCenter, Corner());
 }
 
 }  // namespace folvane::host

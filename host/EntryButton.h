@@ -4,11 +4,15 @@
 
 namespace folvane::host {
 
-/// A card to press: a picture, a title, a line that explains it and the keys that press it too.
+/// A card to press: a picture, a title, a line that explains it and the keys that press it too. One that is not enabled
+/// says in place of the keys why not.
 class EntryButton : public QAbstractButton {
  public:
   EntryButton(const QIcon& icon, const QString& title, const QString& line, const QKeySequence& keys,
               QWidget* parent = nullptr);
+
+  /// Takes the card out of use, for the reason given in a few words.
+  void Disable(const QString& reason);
 
   QSize sizeHint() const override;
 
@@ -18,6 +22,7 @@ class EntryButton : public QAbstractButton {
 
  private:
   QFont TitleFont() const;
+  QString Corner() const;
   void DrawCard(QPainter& painter) const;
   void DrawTexts(QPainter& painter) const;
 

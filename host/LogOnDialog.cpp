@@ -12,8 +12,9 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+
 #include "host/Banner.h"
-#include "widgets/Icons.h"
 
 namespace folvane::host {
 namespace {
@@ -54,6 +55,7 @@ QWidget* LogOnDialog::Form() {
   ways->addStretch();
 
   txtOdbc_ = Named(new QLineEdit, "TxtOdbc");
+  txtOdbc_->setAccessibleName(QStringLiteral("ODBC 连接串"));
   txtOdbc_->setPlaceholderText(QStringLiteral("Driver={PostgreSQL ANSI};Server=…;Database=…;Uid=…;Pwd=…;"));
   auto* where = new QVBoxLayout;
   where->setSpacing(0);
@@ -98,6 +100,7 @@ QWidget* LogOnDialog::Form() {
 QLayout* LogOnDialog::FileRow() {
   fileRow_ = new QWidget;
   txtFile_ = Named(new QLineEdit, "TxtFile");
+  txtFile_->setAccessibleName(QStringLiteral("数据库文件"));
   auto* browse = Button(QStringLiteral("浏览(&B)..."), "CmdBrowse", QStringLiteral("open"));
   auto* row = new QHBoxLayout(fileRow_);
   row->setContentsMargins(0, 0, 0, 0);

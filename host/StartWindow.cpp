@@ -1,7 +1,6 @@
 #include "host/StartWindow.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -9,8 +8,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+#include <folvane/Version.h>
+
 #include "host/EntryButton.h"
-#include "widgets/Icons.h"
 
 namespace folvane::host {
 namespace {
@@ -73,6 +74,7 @@ QLayout* StartWindow::Cards() {
     const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + place)));
     auto* button = new EntryButton(Icon(entry.icon), entry.title, entry.line, keys);
     button->setObjectName(entry.name);
+    if (!entry.provided) button->Disable(QStringLiteral("即将提供"));
     connect(button, &EntryButton::clicked, this, [this, &entry] { Open(entry); });
     grid->addWidget(button, place / 2, place % 2);
     ++place;
@@ -118,10 +120,11 @@ void StartWindow::Open(const Entry& entry) {
 
 void StartWindow::ShowAbout() {
   QMessageBox box(QMessageBox::NoIcon, QStringLiteral("关于"), QStringLiteral("公文登记归档系统"), {}, this);
+  box.setObjectName(QStringLiteral("About"));
   box.setIconPixmap(Icon(QStringLiteral("folvane")).pixmap(QSize(64, 64), devicePixelRatio()));
-  box.setInformativeText(QStringLiteral("演示程序 %1\n\n浏览、登记、流转和归档都由 Folvane 组件完成；"
+  box.setInformativeText(QStringLiteral("演示程序，Folvane 版本 %1\n\n浏览、登记、流转和归档都由 Folvane 组件完成；"
                                         "本程序只负责打开数据库和登录。")
-                             .arg(QCoreApplication::applicationVersion()));
+                             .arg(Version()));
   box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
   box.exec();
 }

@@ -3,6 +3,7 @@
 #include <QTranslator>
 
 #include <folvane/HostServices.h>
+#include <folvane/Version.h>
 
 #include "host/Appearance.h"
 #include "host/CommandLine.h"
@@ -25,7 +26,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setOrganizationName(QStringLiteral("Norvex"));
   QApplication::setApplicationName(QStringLiteral("folvane-demo"));
-  QApplication::setApplicationVersion(QStringLiteral(FOLVANE_VERSION));
+  QApplication::setApplicationVersion(folvane::Version());
   QApplication::setDesktopFileName(QStringLiteral("folvane-demo"));
   QApplication::setQuitOnLastWindowClosed(false);
   const folvane::host::Options options = folvane::host::ReadCommandLine(application.arguments());

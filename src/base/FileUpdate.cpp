@@ -14,11 +14,12 @@ namespace {
 constexpr int kLockWait = 5000;  // milliseconds; an update takes a few
 
 FileError Unreadable(const QFileDevice& file) {
-  return FileError(QStringLiteral("文件 %1 无法读取：%2").arg(file.fileName(), file.errorString()));
+  return FileError(
+      QStringLiteral("文件 %1 无法读取：%2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
 }
 
 FileError Unwritable(const QString& path, const QString& reason) {
-  return FileError(QStringLiteral("文件 %1 无法写入：%2").arg(path, reason));
+  return FileError(QStringLiteral("文件 %1 无法写入：%2").arg(QDir::toNativeSeparators(path), reason));
 }
 
 void SaveFile(const QString& path, const QByteArray& content) {

@@ -1,5 +1,8 @@
 #include "catalogue/Ddl.h"
 
+#include <algorithm>
+
+#include <folvane/Catalogue.h>
 #include <folvane/DataError.h>
 
 #include "catalogue/Catalogue.h"
@@ -55,6 +58,51 @@ QString CreateIndexText(const QString& table, const QStringList& columns) {
       .arg(table, columns.join(QLatin1Char('_')), columns.join(QLatin1Char(',')));
 }
 
+/// What the database lacks of a table: some of its columns, or all of it.
+struct Gap {
+  const Table* table;
+  std::vector<Column> columns;
+
+  bool IsWhole() const { return columns.size() == table->columns.size(); }
+};
+
+// Not by the description's own search: that one stays in the library, and the maker of the demo database takes this
+// folder alone.
+bool Has(const TableInfo& table, const QString& name) {
+  return std::any_of(table.columns.begin(), table.columns.end(),
+                     [&](const ColumnInfo& column) { return column.name.compare(name, Qt::CaseInsensitive) == 0; });
+}
+
+std::vector<Gap> Gaps(Connection& connection) {
+  connection.RefreshSchema();
+  std::vector<Gap> gaps;
+  for (const Table& table : CatalogueTables()) {
+    const TableInfo* present = connection.Table(table.name);
+    Gap gap{&table, {}};
+    for (const Column& column : table.columns)
+      if (!present || !Has(*present, column.name)) gap.columns.push_back(column);
+    if (!gap.columns.empty()) gaps.push_back(gap);
+  }
+  return gaps;
+}
+
+// Without NOT NULL: the rows that are there have no value for it.
+void AddColumn(Connection& connection, const Table& table, const Column& column) {
+  Driver& driver = connection.NativeDriver();
+  const QString type = WordsOf(driver.Dialect()).Of(column);
+  driver.Execute({QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 %3").arg(table.name, column.name, type).toUtf8(), {}});
+}
+
+void FillGaps(Connection& connection) {
+  for (const Gap& gap : Gaps(connection)) {
+    if (gap.IsWhole())
+      CreateTable(connection, *gap.table);
+    else
+      for (const Column& column : gap.columns) AddColumn(connection, *gap.table, column);
+  }
+  connection.RefreshSchema();
+}
+
 }  // namespace
 
 QByteArrayList CreateStatements(DialectKind dialect, const Table& table) {
@@ -81,6 +129,27 @@ void DropTable(Connection& connection, const QString& name) {
 
 void CreateCatalogue(Connection& connection) {
   for (const Table& table : CatalogueTables()) CreateTable(connection, table);
+}
+
+void CreateTables(Connection& connection) {
+  if (connection.InTransaction()) return FillGaps(connection);
+  Transaction transaction(connection);
+  FillGaps(connection);
+  transaction.Commit();
+}
+
+QStringList CheckTables(Connection& connection) {
+  QStringList tables, sentences;
+  for (const Gap& gap : Gaps(connection)) {
+    QStringList columns;
+    for (const Column& column : gap.columns) columns << column.name;
+    if (gap.IsWhole())
+      tables << gap.table->name;
+    else
+      sentences << QStringLiteral("表 %1 缺少列 %2。").arg(gap.table->name, columns.join(u'、'));
+  }
+  if (!tables.isEmpty()) sentences.prepend(QStringLiteral("缺少表 %1。").arg(tables.join(u'、')));
+  return sentences;
 }
 
 }  // namespace folvane

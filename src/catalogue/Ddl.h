@@ -22,7 +22,8 @@ void CreateIndexes(Connection& connection, const Table& table);
 /// Removes a table if it is there. @throws DataError
 void DropTable(Connection& connection, const QString& name);
 
-/// Makes all design, flow and rights tables on an empty database. @throws DataError
+/// Makes all design, flow and rights tables on an empty database; CreateTables looks at what is there first.
+/// @throws DataError
 void CreateCatalogue(Connection& connection);
 
 }  // namespace folvane

@@ -25,7 +25,8 @@ void SplitText(QStringList& elements, const QString& text, const QString& delimi
 /// The text for a quoted literal; with likeMode for a quoted pattern after Like.
 QString EscapeSql(const QString& text, bool likeMode = false);
 
-/// Shows a topic of help.chm in the program's directory, or says that the file is missing. Errors are not passed on.
+/// Shows a topic of help.chm in the program's directory or, where there is none, of the one that was installed with the
+/// library; says that the file is missing when neither is there. Errors are not passed on.
 void OpenHelp(QWidget* window, const QString& topic);
 
 // On the shared connection; each opens and closes its own record set. Errors rise, @throws DataError, unless said.

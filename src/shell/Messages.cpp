@@ -5,6 +5,7 @@
 
 #include "shell/CurrentWindow.h"
 #include "shell/MessageBox.h"
+#include "shell/ModalWindow.h"
 
 namespace folvane {
 namespace {
@@ -26,6 +27,7 @@ class PlainPointer {
 };
 
 int ShowMessageBox(const MessageRequest& request) {
+  RequireApplication();
   const PlainPointer pointer;
   MessageBox box(request, CurrentWindow());
   box.exec();
@@ -53,6 +55,7 @@ QString FirstSuffix(const QString& filter) {
 }
 
 QString ShowFileDialog(const FileRequest& request) {
+  RequireApplication();
   QFileDialog dialog(CurrentWindow(), request.title, request.directory, QtFilter(request.filter));
   dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

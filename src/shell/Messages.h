@@ -31,6 +31,7 @@ enum : int { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 /// Shows a message box over the active window and waits for the answer. Escape and the window's own button answer
 /// Cancel, or OK where that is the only key; a question that can only be answered Yes or No takes no notice of them.
+/// @throws DataError Usage when a box is to be shown and the host has made no QApplication
 int ShowMessage(const QString& text, int flags = 0, const QString& title = {});
 /// The same, with what stands beside the text.
 int ShowMessage(const MessageRequest& request);

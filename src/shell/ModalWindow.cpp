@@ -101,6 +101,11 @@ void ShowOver(QWidget& window, const QWidget* parent) {
 
 }  // namespace
 
+void RequireApplication() {
+  if (qobject_cast<QApplication*>(QCoreApplication::instance())) return;
+  throw DataError(DataErrorKind::Usage, QStringLiteral("尚未建立 QApplication，不能显示窗口，请先建立它。"));
+}
+
 void ShowModal(QWidget& window, std::function<void()> opening) {
   if (window.isVisible()) {
     throw DataError(DataErrorKind::Usage, QStringLiteral("窗口“%1”已经打开。").arg(window.windowTitle()));

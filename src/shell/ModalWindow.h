@@ -6,6 +6,10 @@ class QWidget;
 
 namespace folvane {
 
+/// For whatever is about to make a window: without the application object the toolkit would end the process.
+/// @throws DataError Usage when the host has made no QApplication
+void RequireApplication();
+
 /// Shows a window modally over the active one and returns when it is hidden, closed or deleted. The object stays and
 /// can be shown again. The window's size and place are remembered for the user under its object name.
 ///

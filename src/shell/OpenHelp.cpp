@@ -4,6 +4,7 @@
 
 #include "base/FileError.h"
 #include "base/IgnoreErrors.h"
+#include "base/InstalledData.h"
 #include "base/ProgramDirectory.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
@@ -11,6 +12,14 @@
 
 namespace folvane {
 namespace {
+
+// Beside the program, where an installation may have a help file of its own; otherwise the one that was installed with
+// the library.
+QString HelpFile() {
+  const QString name = QStringLiteral("help.chm");
+  const QString beside = ProgramFile(name);
+  return QFile::exists(beside) ? beside : InstalledFile(name);
+}
 
 void SayFileIsMissing() {
   const QString directory = ProgramDirectory();
@@ -29,7 +38,7 @@ void ShowTopic(QWidget* window, const QString& file, const QString& topic) {
 
 void OpenHelp(QWidget* window, const QString& topic) {
   IgnoreErrors([&] {
-    const QString file = ProgramFile(QStringLiteral("help.chm"));
+    const QString file = HelpFile();
     if (!QFile::exists(file)) return SayFileIsMissing();
     try {
       ShowTopic(window, file, topic);

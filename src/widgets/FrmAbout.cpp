@@ -3,9 +3,11 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+#include <folvane/Version.h>
+
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
-#include "widgets/Icons.h"
 
 namespace folvane {
 namespace {
@@ -26,11 +28,17 @@ FrmAbout::FrmAbout() {
   picture->setObjectName(u"Picture1"_s);
   picture->setPixmap(Icon(u"folvane"_s).pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatioF()));
   picture->setAlignment(Qt::AlignCenter);
+  picture->setAccessibleName(u"公文登记与归档系统的图标"_s);
+  auto* version = new QLabel(u"Folvane 版本 "_s + Version(), this);
+  version->setObjectName(u"LblVersion"_s);
+  version->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* link = new QLabel(u"<a href=\"help\">公文登记与归档系统的帮助</a>"_s, this);
   link->setObjectName(u"LblLink"_s);
+  link->setAccessibleName(u"公文登记与归档系统的帮助"_s);
   link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   ConnectGuarded(link, &QLabel::linkActivated, this, [this] { OpenHelp(this, u"文件登记.htm"_s); });
   column->addWidget(picture);
+  column->addWidget(version, 0, Qt::AlignCenter);
   column->addWidget(link, 0, Qt::AlignCenter);
 }
 

@@ -5,12 +5,13 @@
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
+#include <folvane/Icons.h>
+
 #include "browser/BrowserDesign.h"
 #include "entry/EntryCommandDesign.h"
 #include "host/Appearance.h"
 #include "host/Entries.h"
 #include "support/QtPrinting.h"
-#include "widgets/Icons.h"
 
 namespace folvane {
 namespace {
@@ -102,6 +103,13 @@ TEST(Icons, TheAccentStaysReadableInTheDark) {
   EXPECT_TRUE(HasColour(Drawn(u"search"_s, 96), QColor(0xff0b6bcb)));
   const InPalette dark(host::DarkPalette());
   EXPECT_TRUE(HasColour(Drawn(u"search"_s, 96), QColor(0xff6cb8ff)));
+}
+
+TEST(Icons, EveryWindowOfTheProgramHasItsPicture) {
+  const InPalette restored(QApplication::palette());
+  host::ApplyAppearance(*qApp);
+  EXPECT_FALSE(QWidget().windowIcon().isNull());
+  QApplication::setWindowIcon({});
 }
 
 TEST(Icons, ADisabledPictureHasNoAccent) {

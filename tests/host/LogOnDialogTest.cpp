@@ -7,6 +7,7 @@
 
 #include "HostTest.h"
 #include "host/LogOnDialog.h"
+#include "support/Accessibility.h"
 #include "support/WindowDriver.h"
 
 namespace folvane::test {
@@ -88,6 +89,14 @@ TEST_P(LogOnDialogTest, ConnectsWhenAnotherDatabaseIsTyped) {
   Retype(field, choices.useOdbc ? choices.odbc : choices.file);
   Q_EMIT field.editingFinished();
   EXPECT_EQ(Users(dialog).currentText(), u"2  李文书"_s) << Message(dialog).toStdString();
+}
+
+TEST(LogOnDialog, EveryControlHasANameForScreenReadersInBothWays) {
+  for (const bool useOdbc : {false, true}) {
+    LogOnDialog dialog({useOdbc, {}, {}, {}, host::kLocal}, NoDemo());
+    dialog.show();
+    EXPECT_EQ(UnnamedControls(dialog), QStringList());
+  }
 }
 
 TEST(LogOnDialog, StaysWithTheReasonForAWrongDatabase) {

@@ -1,11 +1,14 @@
+#include <QAbstractButton>
 #include <QLabel>
 #include <QMessageBox>
 
 #include <folvane/DataError.h>
+#include <folvane/Version.h>
 
 #include "HostTest.h"
 #include "host/LogOnChoices.h"
 #include "host/StartWindow.h"
+#include "support/Accessibility.h"
 #include "support/WindowDriver.h"
 
 namespace folvane::test {
@@ -30,13 +33,55 @@ TEST_P(StartWindowTest, EveryCardAndItsKeysOpenTheEntryOfTheName) {
   ASSERT_TRUE(WaitUntil([&] { return window.isActiveWindow(); }));
   QStringList expected;
   for (size_t place = 0; place < host::Entries().size(); ++place) {
-    const QString name = host::Entries()[place].name;
-    Click(Find(window, name));
+    const Entry& entry = host::Entries()[place];
+    Click(Find(window, entry.name));
     Press(window, Qt::Key(Qt::Key_1 + int(place)), Qt::ControlModifier);
-    expected << name << name;
+    if (!entry.provided) continue;
+    expected << entry.name << entry.name;
     WaitUntil([&] { return opened.size() == expected.size(); });  // a key shows the card pressed for a moment first
   }
   EXPECT_EQ(opened, expected);
+}
+
+TEST_P(StartWindowTest, ACardWhoseWindowIsStillToComeIsOutOfUseAndSaysSo) {
+  const Session session = LogOn();
+  const StartWindow window(session, [](const Entry&) {});
+  for (const Entry& entry : host::Entries()) {
+    const auto& card = Find<QAbstractButton>(window, entry.name);
+    EXPECT_EQ(card.isEnabled(), entry.provided) << entry.name.toStdString();
+    EXPECT_EQ(card.toolTip(), entry.provided ? QString() : u"即将提供"_s);
+    EXPECT_EQ(card.accessibleDescription().contains(u"即将提供"_s), !entry.provided);
+  }
+}
+
+TEST_P(StartWindowTest, TheCardsInUseAreThoseOfTheWindowsThatTheLibraryHas) {
+  Session session = LogOn();
+  for (const Entry& entry : host::Entries()) {
+    if (entry.provided) continue;
+    try {
+      (session.Library().*entry.open)();
+      ADD_FAILURE() << "it opens: " << entry.name.toStdString();
+    } catch (const DataError& error) {
+      EXPECT_TRUE(error.Message().contains(u"尚未提供"_s)) << error.what();
+    }
+  }
+}
+
+TEST_P(StartWindowTest, EveryControlHasANameForScreenReaders) {
+  const Session session = LogOn();
+  StartWindow window(session, [](const Entry&) {});
+  window.show();
+  EXPECT_EQ(UnnamedControls(window), QStringList());
+}
+
+TEST_P(StartWindowTest, AboutSaysWhichVersionOfTheLibraryIsLoaded) {
+  const Session session = LogOn();
+  StartWindow window(session, [](const Entry&) {});
+  window.show();
+  QString told;
+  WithWindow(u"About"_s, [&](QWidget& box) { told = static_cast<QMessageBox&>(box).informativeText(); });
+  Click(Find(window, u"CmdAbout"_s));
+  EXPECT_TRUE(told.contains(Version())) << told.toStdString();
 }
 
 TEST_P(StartWindowTest, SaysWhoWorksInWhichDatabase) {

@@ -1,38 +1,108 @@
-// The smallest host: opens a database, tells the library of it and of the user, and hears of an unknown one.
+// A host that looks closely: everything that the library promises from outside, with nothing but the public headers.
+//   consumer HELP-FILE VERSION
+#include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
 #include <QTextStream>
+#include <QTimer>
+#include <QWidget>
 #include <sqlite3.h>
+#include <stdexcept>
 
+#include <folvane/Catalogue.h>
 #include <folvane/ClsFolvane.h>
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 #include <folvane/SqliteConnection.h>
+#include <folvane/Version.h>
+
+namespace {
+
+using folvane::ClsFolvane;
+using folvane::DataError;
+using folvane::DataErrorKind;
+
+int failures = 0;
+
+void Expect(bool holds, const QString& what) {
+  if (holds) return;
+  QTextStream(stderr) << "not so: " << what << Qt::endl;
+  ++failures;
+}
+
+// The work ends with the library's error of that kind.
+template <typename Work>
+void ExpectError(DataErrorKind kind, const QString& what, Work work) {
+  try {
+    work();
+    Expect(false, what + QStringLiteral(": no error"));
+  } catch (const DataError& error) {
+    Expect(error.Kind() == kind, what + QStringLiteral(": ") + error.Message());
+  }
+}
+
+void WithoutApplication(ClsFolvane& library) {
+  for (const auto entry : {&ClsFolvane::FileOpen, &ClsFolvane::FileArchive, &ClsFolvane::DistributeFile,
+                           &ClsFolvane::PassReadFile, &ClsFolvane::TransactFile, &ClsFolvane::HastenFile})
+    ExpectError(DataErrorKind::Usage, QStringLiteral("an entry without QApplication"), [&] { (library.*entry)(); });
+}
+
+void MakeTables(folvane::Connection& connection, sqlite3* database) {
+  Expect(!folvane::CheckTables(connection).isEmpty(), QStringLiteral("an empty database lacks tables"));
+  folvane::CreateTables(connection);
+  Expect(folvane::CheckTables(connection).isEmpty(), QStringLiteral("all tables are made"));
+  const char* rows =
+      "Create Table Lwdj (ArchiveID varchar(20) Primary Key);"
+      "Insert Into UserPopedom (UserID, UserName) Values ('12', '张三');"
+      "Insert Into Design_ClassRelation (ClassId, ClassName, Class_Parent) Values (2, '收文', 1);"
+      "Insert Into Design_TableRelation (TableName, ChnTableName, ClassId, Table_Parent) Values ('Lwdj', '收文', 2, "
+      "'')";
+  Expect(sqlite3_exec(database, rows, nullptr, nullptr, nullptr) == SQLITE_OK, QStringLiteral("the first rows"));
+}
+
+void Errors(ClsFolvane& library) {
+  ExpectError(DataErrorKind::Usage, QStringLiteral("an unknown user"), [&] { library.GetUser(QStringLiteral("99")); });
+  library.GetUser(QStringLiteral("12"));
+  // The error's own class stays inside the library; its base is caught here all the same.
+  const QString profile = folvane::Services().programDirectory + QStringLiteral("/YearFormula.Ini");
+  QDir().mkdir(profile);
+  ExpectError(DataErrorKind::File, QStringLiteral("an unreadable file"), [&] { library.FileOpen(); });
+  QDir().rmdir(profile);
+}
+
+// Nothing in a host names the help viewer or the help file; both come with the library.
+void Help(ClsFolvane& library, const QString& installed) {
+  Expect(bool(folvane::Services().showHelp), QStringLiteral("the help viewer is there"));
+  QString shown;
+  folvane::Services().showHelp = [&](QWidget*, const QString& file, const QString&) { shown = file; };
+  QTimer::singleShot(500, qApp, [] {
+    QWidget* window = QApplication::activeModalWidget();
+    window->findChild<QAction*>(QStringLiteral("mnuHelpTitle"))->trigger();
+    window->close();
+  });
+  library.FileOpen();
+  Expect(shown == installed, QStringLiteral("help is shown of ") + shown);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  const QApplication application(argc, argv);
-  folvane::Services().programDirectory = QApplication::applicationDirPath();
-
+  const QTemporaryDir folder;
   sqlite3* database = nullptr;
   sqlite3_open(":memory:", &database);
-  sqlite3_exec(database,
-               "Create Table UserPopedom (UserID varchar(20) Primary Key, UserName varchar(20));"
-               "Insert Into UserPopedom (UserID, UserName) Values ('001', '张三')",
-               nullptr, nullptr, nullptr);
-  int status = 1;
   {
     const auto connection = folvane::AdoptSqlite(database);
-    folvane::ClsFolvane library;
+    ClsFolvane library;
     library.Connection(connection);
-    library.GetUser(QStringLiteral("001"));
-    library.GetCopyRight(QStringLiteral("SQL SERVER"));
-    try {
-      library.GetUser(QStringLiteral("nobody"));
-    } catch (const folvane::DataError& error) {
-      QTextStream(stdout) << error.Message() << Qt::endl;
-      // Nothing in a host names the help viewer; it has to come with the library by itself.
-      status = folvane::Services().showHelp ? 0 : 1;
-    }
+    WithoutApplication(library);
+    const QApplication application(argc, argv);
+    folvane::Services().programDirectory = folder.path();
+    Expect(folvane::Version() == QString::fromUtf8(argv[2]), folvane::Version());
+    MakeTables(*connection, database);
+    Errors(library);
+    Help(library, QString::fromUtf8(argv[1]));
   }
-  sqlite3_close(database);
-  return status;
+  sqlite3_close_v2(database);
+  return failures;
 }
