@@ -44,7 +44,7 @@ class Filling {
     NativeStatement native{translation.text, {}};
     native.parameters.reserve(translation.slots.size());
     for (const sql::Slot& slot : translation.slots)
-      native.parameters.push_back(sql::ValueOf(At(slot), statement_, slot.transform, slot.limit));
+      native.parameters.push_back(sql::ValueOf(At(slot), statement_, slot));
     return native;
   }
 
@@ -53,7 +53,7 @@ class Filling {
     qsizetype from = 0;
     for (const sql::Slot& slot : translation.slots) {
       native.text += translation.text.sliced(from, slot.at - from);
-      native.text += sql::TextOf(At(slot), statement_, slot.transform, slot.limit);
+      native.text += sql::TextOf(At(slot), statement_, slot);
       from = slot.at;
     }
     native.text += translation.text.sliced(from);
