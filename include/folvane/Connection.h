@@ -33,6 +33,8 @@ class FOLVANE_EXPORT Connection {
   /// Starts a transaction. One at a time: a second one inside the first is an error.
   void BeginTrans();
   void CommitTrans();
+  /// A rollback that is interrupted is tried again. Where that does not help, the changes stand on the handle without
+  /// being kept: every later statement and transaction tries once more, and is refused for as long as that fails.
   void RollbackTrans();
   bool InTransaction() const;
 
@@ -50,9 +52,11 @@ class FOLVANE_EXPORT Connection {
   void RefreshSchema();
   /// The table that a statement of the form Select ... From t ... reads alone; "" for joins and anything else.
   QString BaseTable(const QString& statement);
-  Driver& NativeDriver() { return *driver_; }
+  /// The driver, ready for a statement. @throws DataError where a rollback is due that fails
+  Driver& NativeDriver();
 
  private:
+  void RollBack();
   template <typename Work>
   auto Run(const QString& statement, Work work);
 
@@ -61,6 +65,7 @@ class FOLVANE_EXPORT Connection {
   std::unique_ptr<Translator> translator_;
   std::function<void(const QString&)> observer_;
   bool inTransaction_ = false;
+  bool owesRollback_ = false;  ///< the handle is still inside a transaction that is over
 };
 
 /// A transaction as a scope: rolls back when it is left without Commit.

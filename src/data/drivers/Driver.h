@@ -28,7 +28,10 @@ class Driver {
   virtual std::optional<TableInfo> Describe(const QString& table) = 0;
   virtual void Begin() = 0;
   virtual void Commit() = 0;
+  /// When it throws, InTransaction tells whether the changes still stand there unfinished.
   virtual void Rollback() = 0;
+  /// Whether the transaction that Begin started is still open on the handle.
+  virtual bool InTransaction() const = 0;
 };
 
 }  // namespace folvane

@@ -28,6 +28,7 @@ class OdbcDriver final : public Driver {
   void Begin() override;
   void Commit() override;
   void Rollback() override;
+  bool InTransaction() const override;
 
  private:
   template <typename Work>

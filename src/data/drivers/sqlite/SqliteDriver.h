@@ -25,6 +25,7 @@ class SqliteDriver final : public Driver {
   void Begin() override;
   void Commit() override;
   void Rollback() override;
+  bool InTransaction() const override;
 
  private:
   std::shared_ptr<SqliteStatement> Prepare(const QByteArray& text);
