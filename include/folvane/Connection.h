@@ -14,6 +14,12 @@ class Translator;
 struct TableInfo;
 struct FetchedRows;
 
+/// What Order By puts the texts of a record set in order by.
+enum class TextOrder {
+  Plain,   ///< by their codes, without regard to ASCII case and trailing blanks, as texts compare
+  Pinyin,  ///< Chinese by pinyin, where the database can
+};
+
 /// The host's open database connection. Made by AdoptSqlite or AdoptOdbc; it never opens or closes the handle behind
 /// it, and the host keeps that handle open for as long as a window of the library is shown.
 ///
@@ -45,7 +51,7 @@ class FOLVANE_EXPORT Connection {
   // What the record set needs of a connection.
 
   /// Runs a statement that gives rows and keeps them all. @throws DataError
-  FetchedRows Fetch(const QString& statement);
+  FetchedRows Fetch(const QString& statement, TextOrder order = TextOrder::Plain);
   /// The columns and the key of a table, nullptr when the database has no such table. Kept until RefreshSchema.
   const TableInfo* Table(const QString& name);
   /// Forgets what is known of the tables; called when a statement fails over a table or a column.
@@ -57,12 +63,14 @@ class FOLVANE_EXPORT Connection {
 
  private:
   void RollBack();
+  std::unique_ptr<Translator> MakeTranslator(const QByteArray& orderCollation);
+  Translator& TranslatorFor(TextOrder order);
   template <typename Work>
   auto Run(const QString& statement, Work work);
 
   std::unique_ptr<Driver> driver_;
   std::unique_ptr<TableCatalogue> tables_;
-  std::unique_ptr<Translator> translator_;
+  std::unique_ptr<Translator> translator_, pinyinTranslator_;
   std::function<void(const QString&)> observer_;
   bool inTransaction_ = false;
   bool owesRollback_ = false;  ///< the handle is still inside a transaction that is over

@@ -11,10 +11,20 @@ namespace folvane {
 Connection::Connection(std::unique_ptr<Driver> driver)
     : driver_(std::move(driver)),
       tables_(std::make_unique<TableCatalogue>(*driver_)),
-      translator_(std::make_unique<Translator>(driver_->Dialect(),
-                                               [this](const QString& name) { return tables_->Find(name); })) {}
+      translator_(MakeTranslator({})) {}
 
 Connection::~Connection() = default;
+
+std::unique_ptr<Translator> Connection::MakeTranslator(const QByteArray& orderCollation) {
+  return std::make_unique<Translator>(
+      driver_->Dialect(), [this](const QString& name) { return tables_->Find(name); }, orderCollation);
+}
+
+Translator& Connection::TranslatorFor(TextOrder order) {
+  if (order == TextOrder::Plain) return *translator_;
+  if (!pinyinTranslator_) pinyinTranslator_ = MakeTranslator(driver_->PinyinCollation());
+  return *pinyinTranslator_;
+}
 
 // Tells the observer, runs the work, and gives an error the statement that it belongs to. A statement that the server
 // refuses may have been translated over tables that have changed since.
@@ -55,9 +65,9 @@ qint64 Connection::Execute(const QString& statement) {
   });
 }
 
-FetchedRows Connection::Fetch(const QString& statement) {
+FetchedRows Connection::Fetch(const QString& statement, TextOrder order) {
   return Run(statement, [&](Driver& driver) {
-    const Plan plan = translator_->Translate(statement);
+    const Plan plan = TranslatorFor(order).Translate(statement);
     FetchedRows fetched;
     fetched.rows = std::make_unique<RowStore>();
     driver.Query(Chosen(plan, driver), fetched.columns, *fetched.rows);
@@ -69,6 +79,7 @@ const TableInfo* Connection::Table(const QString& name) { return tables_->Find(n
 
 void Connection::RefreshSchema() {
   translator_->Forget();
+  if (pinyinTranslator_) pinyinTranslator_->Forget();
   tables_->Forget();
 }
 

@@ -19,6 +19,7 @@ class UnwillingDriver final : public Driver {
     inner_.Query(statement, columns, rows);
   }
   std::optional<TableInfo> Describe(const QString& table) override { return inner_.Describe(table); }
+  QByteArray PinyinCollation() override { return inner_.PinyinCollation(); }
   void Begin() override { inner_.Begin(); }
   void Commit() override { inner_.Commit(); }
   void Rollback() override {

@@ -26,6 +26,8 @@ class Driver {
   /// Reads a table's columns and key from the database's own catalogue; nothing when there is no such table or view.
   /// The name is compared without regard to case.
   virtual std::optional<TableInfo> Describe(const QString& table) = 0;
+  /// The name of a collation that orders Chinese by pinyin, "" where the database has none.
+  virtual QByteArray PinyinCollation() = 0;
   virtual void Begin() = 0;
   virtual void Commit() = 0;
   /// When it throws, InTransaction tells whether the changes still stand there unfinished.

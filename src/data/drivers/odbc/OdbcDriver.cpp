@@ -137,6 +137,10 @@ std::optional<TableInfo> OdbcDriver::Describe(const QString& table) {
   return Run([&] { return DescribeOdbcTable(connection_, table); });
 }
 
+QByteArray OdbcDriver::PinyinCollation() {
+  return dialect_ == DialectKind::PostgreSql ? FindPostgresPinyin(*this) : QByteArray();
+}
+
 void OdbcDriver::ExecuteOnce(const char* text) { OdbcStatement(connection_).ExecuteDirect({text, {}}); }
 
 void OdbcDriver::CheckConnection(SQLRETURN outcome) {

@@ -145,6 +145,8 @@ void SqliteDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>&
 
 std::optional<TableInfo> SqliteDriver::Describe(const QString& table) { return DescribeSqliteTable(database_, table); }
 
+QByteArray SqliteDriver::PinyinCollation() { return RegisterPinyinCollation(database_); }
+
 void SqliteDriver::Begin() {
   // The write lock is taken at once: a transaction that starts by reading cannot be refused at its first write.
   SqliteStatement(database_, "BEGIN IMMEDIATE").Step();
