@@ -111,22 +111,22 @@ void BatchWriter::CheckLengths(RowId row) const {
   if (!change || !Rows::IsPending(*change) || change->state == RowChange::Deleted) return;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     const int at = static_cast<int>(i);
-    if (tableColumn_[i] >= 0 && (change->state == RowChange::Added || rows_.IsChanged(row, at))) ValueToStore(row, at);
+    if (tableColumn_[i] >= 0 && (change->state == RowChange::Added || rows_.IsChanged(row, at)))
+      Fitted(rows_.Value(row, at), row, at);
   }
 }
 
-QVariant BatchWriter::ValueToStore(RowId row, int at) const {
-  const QVariant value = rows_.Value(row, at);
+QVariant BatchWriter::Fitted(const QVariant& value, RowId row, int at) const {
   const ColumnInfo& column = TableColumn(at);
   if (value.typeId() != QMetaType::QString || GroupOfType(column.type) != TypeGroup::Text) return value;
   const QString text = value.toString();
   return FitsColumn(text, column) ? value : FittedText(text, column, rows_.Original(row, at).toString());
 }
 
-QVariant BatchWriter::Parameter(Written& written, int at) const {
-  const QVariant value = ValueToStore(written.row, at);
-  if (value != rows_.Value(written.row, at)) written.given.emplace_back(at, value);
-  return ForDriver(value, TableColumn(at));
+QVariant BatchWriter::Parameter(const QVariant& value, Written& written, int at) const {
+  const QVariant kept = Fitted(value, written.row, at);
+  if (kept != value) written.given.emplace_back(at, kept);
+  return ForDriver(kept, TableColumn(at));
 }
 
 void BatchWriter::Insert(Written& written) {
@@ -137,10 +137,11 @@ void BatchWriter::Insert(Written& written) {
     if (tableColumn_[i] < 0) continue;
     const int at = static_cast<int>(i);
     const ColumnInfo& column = TableColumn(at);
-    if (rows_.Value(written.row, at).isValid()) {
+    const QVariant value = rows_.Value(written.row, at);
+    if (value.isValid()) {
       names += (names.isEmpty() ? "" : ",") + Quoted(column.name);
       marks += marks.isEmpty() ? "?" : ",?";
-      statement.parameters.push_back(Parameter(written, at));
+      statement.parameters.push_back(Parameter(value, written, at));
     } else if (column.autoNumber) {
       given += (given.isEmpty() ? "" : ",") + Quoted(column.name);
       givenColumns.push_back(at);
@@ -175,7 +176,7 @@ void BatchWriter::Update(Written& written) {
     const int at = static_cast<int>(i);
     if (tableColumn_[i] < 0 || !rows_.IsChanged(row, at)) continue;
     assignments += (assignments.isEmpty() ? "" : ",") + Quoted(TableColumn(at).name) + "=?";
-    statement.parameters.push_back(Parameter(written, at));
+    statement.parameters.push_back(Parameter(rows_.Value(row, at), written, at));
   }
   if (assignments.isEmpty()) return;
   statement.text = "UPDATE " + TableText() + " SET " + assignments;

@@ -34,8 +34,8 @@ class BatchWriter {
   void RunOnOneRow(const NativeStatement& statement);
   void AddCondition(NativeStatement& statement, RowId row, bool withChanges) const;
   void CheckLengths(RowId row) const;
-  QVariant ValueToStore(RowId row, int at) const;  ///< @throws DataError TooLong
-  QVariant Parameter(Written& written, int at) const;
+  QVariant Fitted(const QVariant& value, RowId row, int at) const;  ///< @throws DataError TooLong
+  QVariant Parameter(const QVariant& value, Written& written, int at) const;
   const ColumnInfo& TableColumn(int at) const {
     return table_->columns[static_cast<std::size_t>(tableColumn_[static_cast<std::size_t>(at)])];
   }
