@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include <folvane/HostServices.h>
+
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserState.h"
 #include "browser/BrowserStatus.h"
@@ -74,18 +76,19 @@ void RecordListPart::KeepColumnWidths() {
   widthsOf_.clear();
 }
 
-QString RecordListPart::Statement(const QString& order) const {
+void RecordListPart::Open(Recordset& records, const QString& order) const {
   const TableParameters& parameters = parts_.State.Parameters;
-  return RecordStatement(
-      parts_.State.CurrTable,
-      JoinedWithRights(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter)), order);
+  const QString condition =
+      JoinedWithRights(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter));
+  records.SetTextOrder(Services().sortByPinyin ? TextOrder::Pinyin : TextOrder::Plain);
+  records.Open(RecordStatement(parts_.State.CurrTable, condition, order), SharedConnection());
 }
 
 void RecordListPart::OpenRecords() {
   if (Records().IsOpen()) Records().Close();
   parts_.State.RecordCount = 0;
   try {
-    Records().Open(Statement(parts_.State.Parameters.Selected(Parameter::Order)), SharedConnection());
+    Open(Records(), parts_.State.Parameters.Selected(Parameter::Order));
   } catch (const std::exception&) {
     Refused();
     throw;
@@ -96,7 +99,7 @@ void RecordListPart::OpenRecords() {
 // The records shown are let go only when there are others.
 void RecordListPart::OpenInOrder(const QString& order) {
   Recordset ordered;
-  ordered.Open(Statement(order), SharedConnection());
+  Open(ordered, order);
   Records() = std::move(ordered);
   parts_.State.Parameters.Set(parts_.State.Parameters.SelectedRow(), Parameter::Order, order);
   Opened();

@@ -61,7 +61,7 @@ class RecordListPart {
  private:
   void OpenRecords();
   void OpenInOrder(const QString& order);
-  QString Statement(const QString& order) const;
+  void Open(class Recordset& records, const QString& order) const;
   void Opened();
   void Refused();
   void ShowEmpty();

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "browser/BrowserTest.h"
+#include "data/drivers/Driver.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {
@@ -162,6 +163,19 @@ TEST_P(RecordListTest, AColumnClickSortsAndStoresTheOrder) {
                 ElementsAre(u"Select * From FindCirOrder Where TableName = 'Lwdj' and UserID=1"_s,
                             u"Update FindCirOrder Set OrderStr = 'Amaintitle Asc' Where TableName = 'Lwdj' and "
                             "UserID=1"_s));
+  });
+}
+
+TEST_P(RecordListTest, AHostMayHaveAColumnOfChineseSortedByPinyin) {
+  if (Connected()->NativeDriver().PinyinCollation().isEmpty()) GTEST_SKIP() << "no collation by pinyin here";
+  WithRecords(2, [&](const Browser& browser) {
+    design_->Run(u"update Lwdj set Amaintitle = case RegID when 1 then '啊' else '中' end"_s);
+    browser.ClickColumn(1);
+    EXPECT_EQ(browser.Column(u"LVData"_s, 1), (QStringList{u"中"_s, u"啊"_s})) << "by their codes";
+    Services().sortByPinyin = true;
+    browser.ClickColumn(0);
+    browser.ClickColumn(1);
+    EXPECT_EQ(browser.Column(u"LVData"_s, 1), (QStringList{u"啊"_s, u"中"_s}));
   });
 }
 
