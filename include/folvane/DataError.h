@@ -39,6 +39,11 @@ class FOLVANE_EXPORT DataError : public std::exception {
   /// The column that the error is about, "" when it is about none or the server does not tell.
   const QString& Column() const { return column_; }
   DataError& About(const QString& column);
+  /// Whether a row was refused because another one has its key, or another value that may occur only once.
+  bool IsDuplicate() const { return isDuplicate_; }
+  DataError& AsDuplicate();
+  /// Gives the error the statement that it belongs to.
+  DataError& During(const QString& statement);
   /// The message in UTF-8, for hosts that catch std::exception.
   const char* what() const noexcept override { return utf8_.constData(); }
 
@@ -46,6 +51,7 @@ class FOLVANE_EXPORT DataError : public std::exception {
   DataErrorKind kind_;
   QString message_, statement_, nativeCode_, column_;
   QByteArray utf8_;
+  bool isDuplicate_ = false;
 };
 
 }  // namespace folvane

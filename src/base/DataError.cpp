@@ -10,4 +10,14 @@ DataError& DataError::About(const QString& column) {
   return *this;
 }
 
+DataError& DataError::AsDuplicate() {
+  isDuplicate_ = true;
+  return *this;
+}
+
+DataError& DataError::During(const QString& statement) {
+  statement_ = statement;
+  return *this;
+}
+
 }  // namespace folvane

@@ -7,6 +7,7 @@
 
 #include "base/CodePage.h"
 #include "data/FetchedRows.h"
+#include "data/RefusedValues.h"
 #include "data/ValueText.h"
 #include "data/drivers/Driver.h"
 
@@ -73,7 +74,14 @@ void BatchWriter::Write(const std::vector<RowId>& pending) {
   written.reserve(pending.size());
   for (const RowId row : pending) {
     const RowChange* change = rows_.Change(row);
-    if (change && Rows::IsPending(*change)) written.push_back(WriteOne(row));
+    if (!change || !Rows::IsPending(*change)) continue;
+    try {
+      written.push_back(WriteOne(row));
+    } catch (const DataError& error) {
+      const int column = error.IsDuplicate() ? rows_.IndexOf(error.Column()) : -1;
+      if (column < 0) throw;
+      throw DuplicateError({error.Column()}, error.NativeCode(), ValueText(rows_.Value(row, column)));
+    }
   }
   if (transaction) transaction->Commit();
   for (const Written& done : written) {

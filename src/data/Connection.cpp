@@ -25,7 +25,7 @@ auto Connection::Run(const QString& statement, Work work) {
     return work();
   } catch (const DataError& error) {
     if (error.Kind() == DataErrorKind::Statement) RefreshSchema();
-    throw DataError(error.Kind(), error.Message(), statement, error.NativeCode());
+    throw DataError(error).During(statement);
   }
 }
 

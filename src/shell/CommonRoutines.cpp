@@ -2,8 +2,11 @@
 
 #include <QComboBox>
 
+#include <folvane/DataError.h>
+
 #include "base/IgnoreErrors.h"
 #include "shell/Beep.h"
+#include "shell/EventGuard.h"
 #include "shell/SharedState.h"
 
 namespace folvane {
@@ -72,6 +75,19 @@ QString GetChnFieldName(const QString& table, const QString& field) {
   return FirstText(QStringLiteral("Select ChnFieldName from DynamicWindows Where TableName='") + table +
                        QStringLiteral("' and FieldName='") + field + u'\'',
                    QStringLiteral("ChnFieldName"));
+}
+
+QString ErrorTextFor(const QString& table, const std::exception& error) {
+  QString text = ErrorText(error);
+  const auto* known = dynamic_cast<const DataError*>(&error);
+  const bool overValue =
+      known && (known->Kind() == DataErrorKind::TooLong || known->Kind() == DataErrorKind::Constraint);
+  if (!overValue || known->Column().isEmpty()) return text;
+  QString caption;
+  IgnoreErrors([&] { caption = GetChnFieldName(table, known->Column()); });
+  const qsizetype place = text.indexOf(u'“' + known->Column() + u'”');
+  if (!caption.isEmpty() && place >= 0) text.replace(place + 1, known->Column().size(), caption);
+  return text;
 }
 
 void FillSearchFields(const QString& table, QComboBox& fields, QComboBox& captions, QComboBox& types,

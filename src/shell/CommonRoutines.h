@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <exception>
 
 #include "base/CodePage.h"
 #include "data/Recordset.h"
@@ -27,6 +28,10 @@ QString EscapeSql(const QString& text, bool likeMode = false);
 
 /// Shows a topic of help.chm in the program's directory, or says that the file is missing. Errors are not passed on.
 void OpenHelp(QWidget* window, const QString& topic);
+
+/// An error's text for the user of a table: where a value was refused, the column is called by its caption if it has
+/// one. No error escapes from the look-up of the caption.
+QString ErrorTextFor(const QString& table, const std::exception& error);
 
 // On the shared connection; each opens and closes its own record set. Errors rise, @throws DataError, unless said.
 

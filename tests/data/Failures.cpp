@@ -96,6 +96,44 @@ TEST_P(Failures, ADoubleKeyIsRefusedWithTheNewRowKept) {
   EXPECT_EQ(Stored(6, QStringLiteral("code")), QStringLiteral("C-001"));
 }
 
+TEST_P(Failures, ADoubleKeyIsToldWithItsColumnAndItsValue) {
+  const auto records = Open();
+  records->AddNew();
+  (*records)[QStringLiteral("id")].SetValue(1);
+  (*records)[QStringLiteral("code")].SetValue(QStringLiteral("C-001"));
+  const DataError error = FailureOf([&] { records->UpdateBatch(); });
+  EXPECT_TRUE(error.IsDuplicate());
+  EXPECT_EQ(error.Column(), QStringLiteral("id"));
+  EXPECT_EQ(error.Message(), QStringLiteral("字段“id”的值“1”已经存在。"));
+}
+
+TEST_P(Failures, ADoubleValueOfAUniqueIndexIsToldWithItsColumn) {
+  Meanwhile(QStringLiteral("CREATE UNIQUE INDEX one_title ON files (title)"));
+  const QString statement = QStringLiteral("Update files Set title = '会议纪要' Where id = 1");
+  const DataError error = FailureOf([&] { Connected()->Execute(statement); });
+  EXPECT_EQ(error.Kind(), DataErrorKind::Constraint);
+  EXPECT_TRUE(error.IsDuplicate());
+  EXPECT_EQ(error.Column(), QStringLiteral("title"));
+  EXPECT_EQ(error.Message(), QStringLiteral("字段“title”的值已经存在。"));
+  EXPECT_EQ(error.Statement(), statement);
+}
+
+TEST_P(Failures, ADoubleKeyOfSeveralColumnsNamesThemAll) {
+  Meanwhile(QStringLiteral("CREATE UNIQUE INDEX one_day ON files (filed, pages)"));
+  const DataError error = FailureOf(
+      [&] { Connected()->Execute(QStringLiteral("Update files Set filed = '2002-03-04', pages = 10 Where id = 2")); });
+  EXPECT_TRUE(error.IsDuplicate());
+  EXPECT_EQ(error.Column(), QString());
+  EXPECT_EQ(error.Message(), QStringLiteral("已有字段“filed”、“pages”的值都相同的记录。"));
+}
+
+TEST_P(Failures, AMissingValueIsNoDoubleKey) {
+  const DataError error =
+      FailureOf([&] { Connected()->Execute(QStringLiteral("Update files Set code = Null Where id = 1")); });
+  EXPECT_EQ(error.Kind(), DataErrorKind::Constraint);
+  EXPECT_FALSE(error.IsDuplicate());
+}
+
 TEST_P(Failures, ATextThatIsNoNumberIsRefusedByTheField) {
   const auto records = Open();
   EXPECT_EQ(KindOf([&] { (*records)[QStringLiteral("pages")].SetValue(QStringLiteral("ten")); }),

@@ -52,6 +52,21 @@ TEST(OdbcMessage, KeepsTheServersDetailAndItsSquareBrackets) {
             QStringLiteral("duplicate key\nDETAIL: Key (a)=([1]) already exists."));
 }
 
+QStringList KeyIn(const char* detail) {
+  return KeyColumns(QStringLiteral("ERROR: duplicate (x)\n") + QString::fromUtf8(detail));
+}
+
+TEST(OdbcMessage, NamesTheColumnsOfADoubleKeyInAnyLanguage) {
+  EXPECT_EQ(KeyIn("DETAIL: Key (id)=(1) already exists."), QStringList{QStringLiteral("id")});
+  EXPECT_EQ(KeyIn("描述: 键值\"(文号, \"Reg ID\")=(甲)=(, 1)\" 已经存在"),
+            (QStringList{QStringLiteral("文号"), QStringLiteral("Reg ID")}));
+}
+
+TEST(OdbcMessage, NamesNoColumnWhereTheKeyIsAnExpression) {
+  EXPECT_EQ(KeyIn("DETAIL: Key (lower(code::text))=(a-001) already exists."), QStringList());
+  EXPECT_EQ(KeyIn("HINT: none"), QStringList());
+}
+
 }  // namespace
 
 }  // namespace folvane::test

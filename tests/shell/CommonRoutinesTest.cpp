@@ -131,6 +131,42 @@ TEST_P(CommonRoutines, GetChnFieldNameIsEmptyForAnUnknownField) {
             u"Select ChnFieldName from DynamicWindows Where TableName='Fwdj' and FieldName='DocNo'"_s);
 }
 
+class ErrorTexts : public SharedDatabase {
+ protected:
+  void SetUp() override {
+    SharedDatabase::SetUp();
+    Run({u"Insert Into DynamicWindows Values ('Fwdj', 'DocNo', '文件编号', '文件编号型', 40)"_s});
+  }
+  /// A refusal over the column of that name.
+  static DataError Refusal(const QString& column, DataErrorKind kind = DataErrorKind::TooLong) {
+    return DataError(kind, u"字段“%1”的值“%1”太长。"_s.arg(column)).About(column);
+  }
+};
+FOLVANE_ON_EACH_DATABASE(ErrorTexts);
+
+TEST_P(ErrorTexts, ARefusedValueIsToldWithTheCaptionOfItsColumn) {
+  EXPECT_EQ(ErrorTextFor(u"Fwdj"_s, Refusal(u"docno"_s)), u"字段“文件编号”的值“docno”太长。"_s);
+  EXPECT_EQ(ErrorTextFor(u"Fwdj"_s, Refusal(u"DocNo"_s, DataErrorKind::Constraint)),
+            u"字段“文件编号”的值“DocNo”太长。"_s);
+}
+
+TEST_P(ErrorTexts, AColumnWithoutACaptionKeepsItsName) {
+  EXPECT_EQ(ErrorTextFor(u"Fwdj"_s, Refusal(u"RegID"_s)), u"字段“RegID”的值“RegID”太长。"_s);
+  EXPECT_EQ(ErrorTextFor(u"Swdj"_s, Refusal(u"DocNo"_s)), u"字段“DocNo”的值“DocNo”太长。"_s);
+}
+
+TEST_P(ErrorTexts, AnErrorOfAnotherKindIsToldAsItIsWithoutALookUp) {
+  EXPECT_EQ(ErrorTextFor(u"Fwdj"_s, Refusal(u"DocNo"_s, DataErrorKind::Conversion)), u"字段“DocNo”的值“DocNo”太长。"_s);
+  EXPECT_EQ(ErrorTextFor(u"Fwdj"_s, std::runtime_error("broken")), u"broken"_s);
+  EXPECT_EQ(Statements(), QStringList());
+}
+
+TEST_P(ErrorTexts, NoErrorEscapesFromTheLookUp) {
+  EXPECT_EQ(ErrorTextFor(u"no ' table"_s, Refusal(u"DocNo"_s)), u"字段“DocNo”的值“DocNo”太长。"_s);
+  Shared().Connection = nullptr;
+  EXPECT_EQ(ErrorTextFor(u"Fwdj"_s, Refusal(u"DocNo"_s)), u"字段“DocNo”的值“DocNo”太长。"_s);
+}
+
 QStringList Entries(const QComboBox& list) {
   QStringList entries;
   for (int index = 0; index < list.count(); ++index) entries << list.itemText(index);

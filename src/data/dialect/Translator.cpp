@@ -84,7 +84,7 @@ class Translator::Impl {
     try {
       return kind_ == DialectKind::TransactSql ? Untouched(statement) : Filled(statement);
     } catch (const DataError& error) {
-      throw DataError(error.Kind(), error.Message(), statement, error.NativeCode());
+      throw DataError(error).During(statement);
     }
   }
 

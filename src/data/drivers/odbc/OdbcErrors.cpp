@@ -4,6 +4,8 @@
 #include <array>
 #include <sqlext.h>
 
+#include "data/RefusedValues.h"
+
 namespace folvane {
 
 namespace {
@@ -59,6 +61,12 @@ bool IsDead(SQLHDBC connection) {
   return result == SQL_INVALID_HANDLE || (SQL_SUCCEEDED(result) && dead == SQL_CD_TRUE);
 }
 
+// unique_violation of PostgreSQL; on SQL Server and Sybase 2601 for an index and 2627 for a constraint.
+bool IsDuplicate(const Diagnostic& diagnostic) {
+  return diagnostic.state == "23505" ||
+         (diagnostic.state == "23000" && (diagnostic.native == 2601 || diagnostic.native == 2627));
+}
+
 }  // namespace
 
 DataErrorKind KindOfSqlState(QByteArrayView state) {
@@ -77,12 +85,26 @@ QString ServerText(const QString& message) {
   return text;
 }
 
+QStringList KeyColumns(const QString& message) {
+  static const QRegularExpression key(QStringLiteral("\\n[^\\n(]*\\((.+?)\\)=\\("));
+  static const QRegularExpression name(QStringLiteral("^(?:\"((?:[^\"]|\"\")+)\"|([\\w$]+))$"),
+                                       QRegularExpression::UseUnicodePropertiesOption);
+  QStringList columns;
+  for (const QString& column : key.match(message).captured(1).split(QStringLiteral(", "))) {
+    const QRegularExpressionMatch match = name.match(column);
+    if (!match.hasMatch()) return {};
+    columns << match.captured(1).replace(QStringLiteral("\"\""), QStringLiteral("\"")) + match.captured(2);
+  }
+  return columns;
+}
+
 void ThrowOdbcError(SQLSMALLINT handleType, SQLHANDLE handle, SQLHDBC connection) {
   const Diagnostic diagnostic = FirstDiagnostic(handleType, handle);
   const QString code = QString::fromLatin1(diagnostic.state) + QLatin1Char(' ') + QString::number(diagnostic.native);
   const QString text = ServerText(diagnostic.message);
   if (IsDead(connection))
     throw DataError(DataErrorKind::Lost, text.isEmpty() ? QStringLiteral("数据库连接已经断开。") : text, {}, code);
+  if (IsDuplicate(diagnostic)) throw DuplicateError(KeyColumns(diagnostic.message), code);
   throw DataError(KindOfSqlState(diagnostic.state), text.isEmpty() ? QStringLiteral("数据库没有说明错误原因。") : text,
                   {}, code);
 }

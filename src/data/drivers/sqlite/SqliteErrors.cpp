@@ -1,6 +1,9 @@
 #include "data/drivers/sqlite/SqliteErrors.h"
 
+#include <QStringList>
 #include <sqlite3.h>
+
+#include "data/RefusedValues.h"
 
 namespace folvane {
 
@@ -29,13 +32,28 @@ DataErrorKind KindOf(int result) {
   }
 }
 
+bool IsDuplicate(int result) {
+  return result == SQLITE_CONSTRAINT_UNIQUE || result == SQLITE_CONSTRAINT_PRIMARYKEY ||
+         result == SQLITE_CONSTRAINT_ROWID;
+}
+
+// "UNIQUE constraint failed: files.id, files.code" names the columns; an index over expressions is named by itself.
+QStringList KeyColumns(const QString& message) {
+  QStringList columns;
+  for (const QString& name : message.section(QStringLiteral(": "), 1).split(QStringLiteral(", ")))
+    if (name.contains(u'.')) columns << name.section(u'.', -1);
+  return columns;
+}
+
 }  // namespace
 
 void ThrowSqliteError(sqlite3* database, int result) {
   const int code = sqlite3_extended_errcode(database);
   // The handle's code belongs to its last call; where that one was another, the result in hand says more.
   const int shown = (code & 0xff) == (result & 0xff) ? code : result;
-  throw DataError(KindOf(shown), QString::fromUtf8(sqlite3_errmsg(database)), {}, QString::number(shown));
+  const QString message = QString::fromUtf8(sqlite3_errmsg(database)), number = QString::number(shown);
+  if (IsDuplicate(shown)) throw DuplicateError(KeyColumns(message), number);
+  throw DataError(KindOf(shown), message, {}, number);
 }
 
 }  // namespace folvane
