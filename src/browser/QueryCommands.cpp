@@ -4,9 +4,11 @@
 
 #include "browser/AskQuery.h"
 #include "browser/BrowserState.h"
+#include "browser/BrowserStatus.h"
 #include "browser/RecordListPart.h"
 #include "browser/SearchBar.h"
 #include "bulk/FrmRecordMove.h"
+#include "query/ConditionText.h"
 #include "query/FrmOrderBy.h"
 #include "query/FrmReadOrder.h"
 #include "records/ColumnSort.h"
@@ -44,13 +46,20 @@ void QueryCommands::QuickSearch() {
 void QueryCommands::SimpleQuery() {
   if (parts_.State.CurrTable.isEmpty()) return;
   parts_.State.Parameters.SetTag(QString());
-  Show(AskSimpleQuery(parts_.State.CurrTable).condition);
+  Show(AskSimpleQuery(parts_.State.CurrTable));
 }
 
 void QueryCommands::CompoundQuery() {
   if (parts_.State.CurrTable.isEmpty()) return;
   parts_.State.Parameters.SetTag(QString());
-  Show(AskCompoundQuery(parts_.State.CurrTable).condition);
+  Show(AskCompoundQuery(parts_.State.CurrTable));
+}
+
+// What a query leaves out is to be told as long as its filter is in force.
+void QueryCommands::Show(const AskedQuery& query) {
+  parts_.State.Parameters.SetLeftOut(query.condition, query.ignored);
+  Show(query.condition);
+  if (!query.ignored.isEmpty()) parts_.Status.ShowNotice(LeftOutNote(query.ignored));
 }
 
 void QueryCommands::Show(const QString& filter) {
