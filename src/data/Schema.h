@@ -44,7 +44,7 @@ TypeGroup GroupOfType(int adoType);
 struct ColumnInfo {
   QString name;                 ///< as the database spells it
   int type = AdoType::VarChar;  ///< ADO type number
-  int definedSize = 0;          ///< characters of a text column, bytes of the others; 2147483647 for long columns
+  int definedSize = 0;          ///< as declared; see FitsColumn for texts; 2147483647 for long columns
   bool nullable = true;
   bool autoNumber = false;  ///< the database gives the value of a new row
 };
