@@ -222,6 +222,19 @@ TEST_P(BatchUpdateWindowTest, CancelEscapeAndTheWindowsButtonLeaveWhatTheCallerS
   EXPECT_FALSE(Open(1, [](QWidget& window) { window.close(); }));
 }
 
+TEST_P(BatchUpdateWindowTest, AValueThatIsTooLongIsToldByTheCaptionOfItsFieldAndChangesNothing) {
+  WithTitles({u"a"_s, u"aa"_s});
+  Open(-1, [&](QWidget& window) {
+    Fill(window, u"a"_s, QString(150, u'b'));
+    boxes_.Answer(6);
+    PressOk(window);
+    EXPECT_TRUE(boxes_.Last().text.startsWith(u"字段“题名”的值太长：有 300 个字节"_s))
+        << boxes_.Last().text.toStdString();
+    EXPECT_TRUE(window.isVisible());
+  });
+  EXPECT_EQ(Titles(), (QStringList{u"a"_s, u"aa"_s}));
+}
+
 TEST_P(BatchUpdateWindowTest, EveryControlHasANameAndTheWindowAnIcon) {
   Open(-1, [](QWidget& window) {
     EXPECT_EQ(UnnamedControls(window), QStringList());
