@@ -10,14 +10,14 @@ AskedQuery AskSimpleQuery(const QString& table) {
   const LoadedWindow<frmSimFind> window;
   window->TableName = table;
   window->Open();
-  return {window->ReturnSql, {}};
+  return {window->ReturnSql, {}, window->Ignored};
 }
 
 AskedQuery AskCompoundQuery(const QString& table) {
   const LoadedWindow<frmfhfind> window;
   window->FormTag = table;
   window->Open();
-  return {window->ReturnSql, window->ChnReturnSql};
+  return {window->ReturnSql, window->InForce, window->Ignored};
 }
 
 }  // namespace folvane

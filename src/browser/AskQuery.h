@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace folvane {
 
 /// A condition that the user put together; both texts are empty when there is none.
 struct AskedQuery {
   QString condition;
-  QString words;  ///< the same for reading; the compound query only
+  QString words;        ///< its conditions as they read in the list; the compound query only
+  QStringList ignored;  ///< what the user saw as conditions and does not count as it reads, each with why
 };
 
 // Each opens a query window for a table and unloads it again. @throws DataError

@@ -30,7 +30,7 @@ std::vector<CommandMenu> Menus() {
       {u"mnu_Tool"_s,
        u"工具(&T)"_s,
        {{u"mnu_Tool5_LSearch"_s, u"简单查询(&E)..."_s, u"search"_s, u"Ctrl+F"_s, u"按设定的字段查询"_s},
-        {u"mnu_Tool4_HSearch"_s, u"复合查询(&F)..."_s, u"query"_s, u"Ctrl+Shift+F"_s, u"组合多个条件查询"_s},
+        {u"mnu_Tool4_HSearch"_s, u"组合查询(&F)..."_s, u"query"_s, u"Ctrl+Shift+F"_s, u"组合多个条件查询"_s},
         {},
         {u"mnu_Tool3_Sort"_s, u"排序(&S)..."_s, u"sort"_s, u"Ctrl+T"_s, u"按多个字段排序"_s},
         {u"Mnu_ReadOrder"_s, u"浏览排序设置(&R)..."_s, u"order"_s, u"Ctrl+Shift+R"_s, u"设置类目树中各表的分组字段"_s},

@@ -6,6 +6,8 @@
 #include "browser/RecordListPart.h"
 #include "bulk/FrmBactchUpdate.h"
 #include "originals/OriginalStore.h"
+#include "query/ConditionText.h"
+#include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
@@ -18,11 +20,17 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int kNoRow = -1;
 
-QString CountText(const QString& table, const QString& condition) {
+// What a deletion would take, told beside its question.
+QString CountText(const QString& table, const AskedQuery& query) {
   const BusyPointer busy;
-  Recordset count;
-  count.Open(u"Select Count(*) From "_s + table + u" Where "_s + condition, SharedConnection());
-  return count.Fields().Item(0).Text();
+  try {
+    Recordset count;
+    count.Open(u"Select Count(*) From "_s + table + u" Where "_s + query.condition, SharedConnection());
+    const QString text = u"将删除 %1 条记录"_s.arg(count.Fields().Item(0).Text());
+    return query.words.isEmpty() ? text : text + u"："_s + query.words.trimmed();
+  } catch (const std::exception& error) {
+    return u"未能统计将删除的记录数：%1"_s.arg(ErrorText(error));
+  }
 }
 
 }  // namespace
@@ -35,13 +43,17 @@ void BulkCommands::DeleteQueried() {
   if (parts_.State.CurrTable.isEmpty()) return;
   const QString key = list_.SelectedKey();
   const AskedQuery query = AskCompoundQuery(parts_.State.CurrTable);
+  const QString leftOut = LeftOutNote(query.ignored);
+  parts_.Status.ShowNotice(query.condition.isEmpty() ? leftOut : QString());
   if (query.condition.isEmpty()) return;
-  parts_.Status.ShowNotice(
-      u"将删除 %1 条记录：%2"_s.arg(CountText(parts_.State.CurrTable, query.condition), query.words));
-  const int answer =
-      ShowMessage(u"确定要批量删除这些记录以及相关原文吗？"_s, MessageFlag::OkCancel | MessageFlag::Warning, u"警告"_s);
-  parts_.Status.ShowNotice({});
-  if (answer != Answer::Ok) return;
+  QStringList notes{CountText(parts_.State.CurrTable, query), leftOut};
+  notes.removeAll(QString());
+  const MessageRequest question{u"确定要批量删除这些记录以及相关原文吗？"_s,
+                                MessageFlag::OkCancel + MessageFlag::Warning + MessageFlag::SecondIsDefault,
+                                u"警告"_s,
+                                notes.join(u'\n'),
+                                {}};
+  if (ShowMessage(question) != Answer::Ok) return;
   const BusyPointer busy;
   const qint64 gone = DeleteWhere(query.condition);
   list_.Reload(key);

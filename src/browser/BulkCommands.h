@@ -13,8 +13,8 @@ class BulkCommands {
  public:
   BulkCommands(const BrowserParts& parts, RecordListPart& list) : parts_(parts), list_(list) {}
 
-  /// Deletes the records of a compound query with their originals, whether the user may see them or not. Before the
-  /// question the status line says how many they are. An error ends it; the status line tells.
+  /// Deletes the records of a compound query with their originals, whether the user may see them or not. Beside the
+  /// question stands how many they are. An error ends it; the status line tells.
   void Delete();
   /// Replaces a value in many records.
   void Update();

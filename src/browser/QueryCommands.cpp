@@ -4,9 +4,11 @@
 
 #include "browser/AskQuery.h"
 #include "browser/BrowserState.h"
+#include "browser/BrowserStatus.h"
 #include "browser/RecordListPart.h"
 #include "browser/SearchBar.h"
 #include "bulk/FrmRecordMove.h"
+#include "query/ConditionText.h"
 #include "query/FrmOrderBy.h"
 #include "query/FrmReadOrder.h"
 #include "records/ColumnSort.h"
@@ -44,17 +46,22 @@ void QueryCommands::QuickSearch() {
 void QueryCommands::SimpleQuery() {
   if (parts_.State.CurrTable.isEmpty()) return;
   parts_.State.Parameters.SetTag(QString());
-  const QString condition = AskSimpleQuery(parts_.State.CurrTable).condition;
-  Show(condition, u"简单查询 "_s + condition);
+  AskedQuery query = AskSimpleQuery(parts_.State.CurrTable);
+  if (query.words.isEmpty()) query.words = u"简单查询 "_s + query.condition;
+  Show(query);
 }
 
 void QueryCommands::CompoundQuery() {
   if (parts_.State.CurrTable.isEmpty()) return;
   parts_.State.Parameters.SetTag(QString());
-  const auto [condition, words] = AskCompoundQuery(parts_.State.CurrTable);
-  // The words of a condition that excludes say the contrary.
-  const bool excludes = condition.contains(u"Not Like"_s, Qt::CaseInsensitive);
-  Show(condition, excludes ? QString() : words.trimmed());
+  Show(AskCompoundQuery(parts_.State.CurrTable));
+}
+
+// What a query leaves out is to be told as long as its filter is in force.
+void QueryCommands::Show(const AskedQuery& query) {
+  parts_.State.Parameters.SetLeftOut(query.condition, query.ignored);
+  Show(query.condition, query.words.trimmed());
+  if (!query.ignored.isEmpty()) parts_.Status.ShowNotice(LeftOutNote(query.ignored));
 }
 
 void QueryCommands::Show(const QString& filter, const QString& words) {

@@ -7,6 +7,7 @@
 namespace folvane {
 
 class RecordListPart;
+struct AskedQuery;
 
 /// The commands that say which records the list shows and in what order, and those that go to one of them by number.
 class QueryCommands {
@@ -26,6 +27,7 @@ class QueryCommands {
   void GoToNumber(bool byPage);
 
  private:
+  void Show(const AskedQuery& query);
   /// @param words the same for reading where it cannot be told from its text; "" for none
   void Show(const QString& filter, const QString& words = {});
 

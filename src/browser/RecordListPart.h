@@ -11,6 +11,7 @@
 namespace folvane {
 
 class ChoiceRelay;
+class Recordset;
 
 /// The record list of the browser: opens the records of the current table, fills the list, moves in it and keeps the
 /// commands and the status in step with the selected row.
@@ -61,7 +62,7 @@ class RecordListPart {
  private:
   void OpenRecords();
   void OpenInOrder(const QString& order);
-  void Open(class Recordset& records, const QString& order) const;
+  void Open(Recordset& records, const QString& order) const;
   void Opened();
   void Refused();
   void ShowEmpty();

@@ -4,6 +4,7 @@
 
 #include "base/IgnoreErrors.h"
 #include "bulk/ReturnTo.h"
+#include "data/RefusedValues.h"
 #include "data/ValueText.h"
 #include "records/QueryText.h"
 
@@ -81,12 +82,25 @@ qint64 BatchWalk::Count() {
 
 bool BatchWalk::Run(const Progress& progress) {
   const ReturnTo place(records_);
+  CheckLengths();
   try {
     return Walk(progress);
   } catch (const std::exception&) {
     // The records before the failing one stay changed; that they are written must not hide what failed.
     IgnoreErrors([this] { WritePortion(); });
     throw;
+  }
+}
+
+void BatchWalk::CheckLengths() {
+  const Field field = records_[field_];
+  ColumnInfo column;
+  column.name = field.Name();
+  column.type = field.Type();
+  column.definedSize = field.DefinedSize();
+  if (GroupOfType(column.type) != TypeGroup::Text) return;
+  for (Start(); OnRow(); Step()) {
+    if (const std::optional<QString> value = Replaced()) FittedText(*value, column, field.Text());
   }
 }
 

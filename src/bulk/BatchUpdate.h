@@ -40,7 +40,8 @@ struct FillOfEmpty {
 
 /// Walks through a record set and replaces in one field of each record. What has been walked over is written in
 /// portions, so that an error or a stop leaves the records before it changed and written, the others as they were, and
-/// nothing waiting. The record set stands afterwards where it stood.
+/// nothing waiting; a value that does not fit the field is found before anything is changed. The record set stands
+/// afterwards where it stood.
 class BatchWalk {
  public:
   enum class Direction { All, Down, Up };
@@ -63,6 +64,7 @@ class BatchWalk {
   bool OnRow() const;
   void Step();
   std::optional<QString> Replaced() const;
+  void CheckLengths();
   bool Walk(const Progress& progress);
   void Replace();
   void WritePortion();

@@ -8,7 +8,9 @@
 #include "base/IgnoreErrors.h"
 #include "bulk/ControlRows.h"
 #include "bulk/FieldChoice.h"
+#include "query/ConditionText.h"
 #include "records/TableParameters.h"
+#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
@@ -16,6 +18,7 @@
 #include "widgets/BusyPointer.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/EditCombo.h"
+#include "widgets/Icons.h"
 #include "widgets/LongWork.h"
 #include "widgets/TextBox.h"
 
@@ -30,6 +33,7 @@ constexpr int kCharactersAcross = 30;
 FrmBactchUpdate::FrmBactchUpdate() {
   setObjectName(u"FrmBactchUpdate"_s);
   setWindowTitle(u"批量修改"_s);
+  setWindowIcon(Icon(u"batchupdate"_s));
   field_ = Named(new TextCombo(this), u"Cbo_Field"_s, u"要修改的字段"_s);
   find_ = Named(new EditCombo(this), u"Cbo_Find"_s, u"要被替换的内容，可选用该字段已有的值；留空则查找空值"_s);
   value_ = Named(new TextBox(this), u"TxtValue"_s, u"替换成的内容"_s);
@@ -139,8 +143,22 @@ void FrmBactchUpdate::ReplaceIfConfirmed() {
   ShowCount();
   const QString question = u"是否确定将字段（"_s + field_->currentText() + u"）值为 "_s + find_->currentText() +
                            u" 的记录全部替换为 "_s + value_->text() + u" ？"_s;
-  if (ShowMessage(question, MessageFlag::YesNo + MessageFlag::Question) != Answer::Yes) return;
-  Replace(FieldOfCaption(TableName, field_->currentText()));
+  if (ShowMessage(Asked(question)) != Answer::Yes) return;
+  try {
+    Replace(FieldOfCaption(TableName, field_->currentText()));
+  } catch (const std::exception& error) {
+    ShowMessage({ErrorTextFor(TableName, error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)});
+  }
+}
+
+// The records are those of the browser's filter. Where that was put together with conditions that do not count, there
+// may be more of them than the user has in mind.
+MessageRequest FrmBactchUpdate::Asked(const QString& question) const {
+  const QString leftOut = LeftOutNote(Parameters->LeftOut());
+  QStringList notes{count_->text(), leftOut};
+  notes.removeAll(QString());
+  const int flags = MessageFlag::YesNo + MessageFlag::Question;
+  return {question, leftOut.isEmpty() ? flags : flags + MessageFlag::SecondIsDefault, {}, notes.join(u'\n'), {}};
 }
 
 void FrmBactchUpdate::Replace(const QString& field) {

@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <QString>
 
+#include <folvane/HostServices.h>
+
 #include "bulk/BatchUpdate.h"
 
 class QCheckBox;
@@ -38,6 +40,7 @@ class FrmBactchUpdate : public QDialog {
   void ClearCount();
   void ShowCount();
   void ReplaceIfConfirmed();
+  MessageRequest Asked(const QString& question) const;
   void Replace(const QString& field);
   /// @return whether the walk came to its end
   bool WalkThrough(const QString& field);

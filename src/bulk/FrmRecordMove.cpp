@@ -13,6 +13,7 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/Icons.h"
 #include "widgets/TextBox.h"
 
 namespace folvane {
@@ -33,6 +34,7 @@ FrmRecordMove::FrmRecordMove()
     : question_(new QLabel(u"请键入您要移动到指定数据的"_s, this)), number_(new TextBox(this)) {
   setObjectName(u"FrmRecordMove"_s);
   setWindowTitle(u"数据快速定位"_s);
+  setWindowIcon(Icon(u"goto"_s));
   question_->setObjectName(u"LblCirName"_s);
   question_->setBuddy(number_);
   number_->setObjectName(u"TxtMoveNo"_s);

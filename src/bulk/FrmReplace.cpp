@@ -19,6 +19,7 @@
 #include "shell/SharedState.h"
 #include "shell/WindowPlacement.h"
 #include "widgets/EditCombo.h"
+#include "widgets/Icons.h"
 #include "widgets/LongWork.h"
 
 namespace folvane {
@@ -70,6 +71,7 @@ void OpenReplace(FrmInput& input) {
 FrmReplace::FrmReplace() : counting_(new QTimer(this)) {
   setObjectName(u"FrmReplace"_s);
   setWindowTitle(u"替换"_s);
+  setWindowIcon(Icon(u"replace"_s));
   MakeControls();
   MakeKeys();
   LayOut();

@@ -9,6 +9,7 @@
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/Icons.h"
 #include "widgets/TextBox.h"
 
 namespace folvane {
@@ -32,6 +33,7 @@ const std::array kHelpTexts{
 FrmCustomFormat::FrmCustomFormat() : format_(new TextBox(this)) {
   setObjectName(u"FrmCustomFormat"_s);
   setWindowTitle(u"设置自定义格式"_s);
+  setWindowIcon(Icon(u"collect"_s));
   format_->setObjectName(u"TxtFormat"_s);
   LayOut();
 }

@@ -32,6 +32,7 @@ FrmKeyOrder::FrmKeyOrder()
       byNumber_(new QCheckBox(u"设置"_s, this)) {
   setObjectName(u"FrmKeyOrder"_s);
   setWindowTitle(u"键盘顺序调整"_s);
+  setWindowIcon(Icon(u"order"_s));
   fields_->setObjectName(u"LstFieldList"_s);
   position_->setObjectName(u"PVNumeric1"_s);
   position_->setToolTip(u"选中字段在回车顺序中的位置"_s);

@@ -18,6 +18,7 @@
 #include "shell/ModalWindow.h"
 #include "widgets/ChoiceRelay.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
 #include "widgets/SuppliedCombo.h"
 
@@ -38,6 +39,7 @@ FrmSaveCollect::FrmSaveCollect()
       removeAll_(new QCheckBox(u"删除全部校对条件(&D)"_s, this)) {
   setObjectName(u"FrmSaveCollect"_s);
   setWindowTitle(u"校对条件设置"_s);
+  setWindowIcon(Icon(u"collect"_s));
   tableName_->setObjectName(u"LblTableName"_s);
   current_->setObjectName(u"ChkCustom"_s);
   current_->setToolTip(u"去掉对勾后可在下面的列表中选择其他的表"_s);

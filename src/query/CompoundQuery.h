@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <vector>
 
+#include "catalogue/FieldRows.h"
 #include "query/ConditionText.h"
 
 namespace folvane {
@@ -11,11 +12,13 @@ namespace folvane {
 /// A condition as the user sees it.
 struct ShownCondition {
   QString connector, field, relation, value;
-  QString place;  ///< as shown; not what Remove takes
+  QString place;      ///< as shown; not what Remove takes
+  QString flaw = {};  ///< why it does not count as it reads, in words for the user; "" when it does
+  int number = 0;     ///< the number that it is saved under; 0 for one that is not in the table and counts for nothing
 };
 
 /// The list of conditions of a table that all its users share: kept in FindCirSave as they are added and removed, so
-/// that the list and the table are in step. Where the table cannot follow, the list goes on alone.
+/// that the list and the table are in step. A condition that the table did not take stays in the list with its flaw.
 ///
 /// Rows of FindCirSave are removed and renumbered by their number alone, whatever table they are for.
 class CompoundQuery {
@@ -24,7 +27,7 @@ class CompoundQuery {
   explicit CompoundQuery(const QString& table);
 
   /// The captions of the fields on offer.
-  const QStringList& Fields() const { return fields_; }
+  QStringList Fields() const;
   const std::vector<ShownCondition>& Conditions() const { return conditions_; }
 
   /// The values that the dictionary of that name holds. @throws DataError
@@ -34,20 +37,30 @@ class CompoundQuery {
   QString Missing(const ShownCondition& typed) const;
   /// Adds a condition that nothing is missing from. @throws DataError when the field cannot be looked up
   void Add(const ShownCondition& typed);
-  /// Removes the condition at that place of the list, from 1. @throws DataError
+  /// Removes the condition at that place of the list, from 1. @throws DataError, the table being as before then, and
+  /// the list as the table
   void Remove(int place);
 
-  /// What is saved as a text, with the restriction behind the condition.
-  ConditionText Text(const QString& restriction) const;
+  /// What is saved as a text, with the restriction behind the condition. Conditions that another user has removed since
+  /// get their flaw.
+  ConditionText Text(const QString& restriction);
+  /// The conditions of the list that are in the table, as they read.
+  QString InForce() const;
+  /// The conditions of the list with a flaw, each with its flaw behind it.
+  QStringList Flawed() const;
   /// Removes all that is saved for the table. @throws DataError
   void Forget() const;
 
  private:
-  void Map(const ShownCondition& condition);
-  void Save(const ShownCondition& condition) const;
+  void ReadSaved();
+  QueryConditionRow Map(const ShownCondition& condition);
+  void Save(const QueryConditionRow& row) const;
+  void RemoveSaved(int place) const;
+  bool TakeOut(int place);
+  void MarkGone(std::vector<QueryConditionRow> saved);
 
   QString table_;
-  QStringList fields_;
+  std::vector<DictionaryFieldRow> fields_;
   std::vector<ShownCondition> conditions_;
   QString field_, comparison_, connector_;  ///< of the last words that could be mapped
 };

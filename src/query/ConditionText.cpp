@@ -34,4 +34,15 @@ QString Restricted(const QString& condition, const QString& restriction) {
   return condition + u" and "_s + restriction;
 }
 
+QString LeftOutText(const QStringList& words, const QString& reason) {
+  QStringList given = words;
+  given.removeAll(QString());
+  return u"%1（%2）"_s.arg(given.join(u' '), reason);
+}
+
+QString LeftOutNote(const QStringList& conditions) {
+  if (conditions.isEmpty()) return {};
+  return u"以下条件不参与查询，或与所示不符：\n"_s + conditions.join(u'\n');
+}
+
 }  // namespace folvane

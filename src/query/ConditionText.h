@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "catalogue/QueryRows.h"
@@ -25,5 +26,11 @@ ConditionText TextOf(const QString& table, const std::vector<QueryConditionRow>&
 /// The condition with a restriction behind it; both as they are, so that an Or in the condition leaves the restriction
 /// to the part that stands last.
 QString Restricted(const QString& condition, const QString& restriction);
+
+/// A condition that does not count as it reads, by its field, relation and value as far as they are there, and why.
+QString LeftOutText(const QStringList& words, const QString& reason);
+
+/// What the user is told of such conditions before a query of theirs is put to use; "" when there are none.
+QString LeftOutNote(const QStringList& conditions);
 
 }  // namespace folvane

@@ -13,9 +13,14 @@ CriterionBox::CriterionBox(QWidget* parent) : QWidget(parent), caption_(new QLab
 
 QString CriterionBox::Caption() const { return caption_->text(); }
 
-void CriterionBox::SetCaption(const QString& caption) { caption_->setText(caption); }
+// The caption is no buddy of the inputs: it would read an & as the mark of a shortcut.
+void CriterionBox::SetCaption(const QString& caption) {
+  caption_->setText(caption);
+  for (const auto& [input, part] : inputs_) input->setAccessibleName(caption + part);
+}
 
-void CriterionBox::AddInput(QWidget& input) {
+void CriterionBox::AddInput(QWidget& input, const QString& part) {
+  inputs_.emplace_back(&input, part);
   row_->addWidget(&input, 1);
   if (!focusProxy()) setFocusProxy(&input);
 }

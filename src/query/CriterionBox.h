@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QWidget>
+#include <utility>
 
 class QHBoxLayout;
 class QLabel;
@@ -30,11 +32,13 @@ class CriterionBox : public QWidget {
  protected:
   explicit CriterionBox(QWidget* parent);
   /// Puts an input behind what is in the row already; the first one takes the focus of the box.
-  void AddInput(QWidget& input);
+  /// @param part what to call it behind the caption, where there are several
+  void AddInput(QWidget& input, const QString& part = {});
   void AddText(const QString& text);
 
  private:
   QString dataField_;
+  QList<std::pair<QWidget*, QString>> inputs_;
   QLabel* caption_;
   QHBoxLayout* row_;
 };

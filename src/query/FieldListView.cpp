@@ -34,6 +34,7 @@ FieldListView::FieldListView(const QString& name, const QStringList& captions, Q
   setObjectName(name);
   rows_->setHorizontalHeaderLabels(captions);
   setModel(rows_);
+  setAccessibleName(captions.front());
   setDragEnabled(true);
   setAcceptDrops(true);
   setDropIndicatorShown(true);
@@ -134,13 +135,11 @@ FieldListView* FieldListView::SourceOf(const QDropEvent& event) const {
 }
 
 void FieldListView::dragEnterEvent(QDragEnterEvent* event) {
-  qWarning("enter");
   RecordListView::dragEnterEvent(event);
   event->setAccepted(SourceOf(*event) != nullptr);
 }
 
 void FieldListView::dragMoveEvent(QDragMoveEvent* event) {
-  qWarning("move");
   RecordListView::dragMoveEvent(event);
   event->setAccepted(SourceOf(*event) != nullptr);
 }
@@ -153,7 +152,6 @@ int FieldListView::PlaceOf(const QDropEvent& event) const {
 }
 
 void FieldListView::dropEvent(QDropEvent* event) {
-  qWarning("drop");
   FieldListView* source = SourceOf(*event);
   if (!source) return event->ignore();
   const QList<int> rows = source->Selected();

@@ -13,6 +13,7 @@
 #include "shell/ModalWindow.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/EmptyHint.h"
 #include "widgets/Icons.h"
 
 namespace folvane {
@@ -64,6 +65,8 @@ FrmOrderBy::FrmOrderBy()
   offered_->SetPartner(*chosen_);
   offered_->OnArrival(MakeOffered);
   chosen_->OnArrival(MakeChosen);
+  new EmptyHint(*offered_, u"全部字段均已选择。"_s);
+  new EmptyHint(*chosen_, u"尚无排序字段。\n请在左边选中字段，再按“>”。"_s);
   AddMoveKeys();
   LayOut();
   Connect();

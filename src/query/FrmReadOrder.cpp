@@ -13,6 +13,7 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
+#include "widgets/EmptyHint.h"
 #include "widgets/Icons.h"
 #include "widgets/TextCombo.h"
 
@@ -52,6 +53,8 @@ FrmReadOrder::FrmReadOrder()
     list->setDragDropMode(QAbstractItemView::NoDragDrop);
     list->setColumnWidth(0, 140);
   }
+  new EmptyHint(*fields_, u"请先在上面选择表。"_s);
+  new EmptyHint(*chosen_, u"尚未选择字段。\n请在左边选中字段，再按“选择”。"_s);
   LayOut();
   Connect();
 }

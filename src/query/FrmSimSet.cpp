@@ -11,6 +11,7 @@
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/EmptyHint.h"
 #include "widgets/Icons.h"
 
 namespace folvane {
@@ -47,6 +48,8 @@ FrmSimSet::FrmSimSet()
   SetUpMoveKey(*up_, u"CmdSort(1)"_s, u"上移一位"_s, u"Alt+Up"_s);
   SetUpMoveKey(*down_, u"CmdSort(2)"_s, u"下移一位"_s, u"Alt+Down"_s);
   offered_->SetPartner(*chosen_);
+  new EmptyHint(*offered_, u"全部字段均已选择。"_s);
+  new EmptyHint(*chosen_, u"尚无查询字段。\n请在左边选中字段，再按“选中 >”。"_s);
   LayOut();
   Connect();
 }

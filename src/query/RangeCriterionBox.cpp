@@ -23,9 +23,9 @@ RangeCriterionBox::RangeCriterionBox(QWidget* parent)
     : CriterionBox(parent),
       begin_(NewLimit(u"Begin"_s, u"从：数字或日期，不填则不限"_s)),
       end_(NewLimit(u"End"_s, u"到：数字或日期，不填则不限"_s)) {
-  AddInput(*begin_);
+  AddInput(*begin_, u"从"_s);
   AddText(u"至"_s);
-  AddInput(*end_);
+  AddInput(*end_, u"到"_s);
 }
 
 TextBox* RangeCriterionBox::NewLimit(const QString& name, const QString& tip) {

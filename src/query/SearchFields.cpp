@@ -3,9 +3,9 @@
 #include <QMap>
 #include <QSet>
 #include <algorithm>
-#include <optional>
 
 #include "catalogue/ReadRows.h"
+#include "data/OneTransaction.h"
 #include "shell/SharedState.h"
 
 namespace folvane {
@@ -78,19 +78,18 @@ std::vector<NamedField> ReadOfferedFields(const QString& table, const std::vecto
 
 void SaveSimSearch(const QString& table, const std::vector<NamedField>& chosen) {
   const std::shared_ptr<Connection> connection = SharedConnection();
-  std::optional<Transaction> transaction;
-  if (!connection->InTransaction()) transaction.emplace(*connection);
-  connection->Execute(u"Delete From SimSearch Where TableName = '"_s + table + u"'"_s);
-  Recordset records;
-  records.Open(u"Select * from SimSearch"_s, connection);
-  QMap<int, int> counts;
-  int order = 0;
-  for (const NamedField& field : chosen) {
-    const int kind = GetCtlType(table, field.field);
-    AddRow(records, table, field, ++order, kind, ++counts[kind]);
-  }
-  records.UpdateBatch(AffectKind::All);
-  if (transaction) transaction->Commit();
+  InOneTransaction(*connection, [&] {
+    connection->Execute(u"Delete From SimSearch Where TableName = '"_s + table + u"'"_s);
+    Recordset records;
+    records.Open(u"Select * from SimSearch"_s, connection);
+    QMap<int, int> counts;
+    int order = 0;
+    for (const NamedField& field : chosen) {
+      const int kind = GetCtlType(table, field.field);
+      AddRow(records, table, field, ++order, kind, ++counts[kind]);
+    }
+    records.UpdateBatch(AffectKind::All);
+  });
 }
 
 int GetCtlType(const QString& table, const QString& field) {

@@ -96,6 +96,7 @@ void frmSimFind::LayOut() {
 
 void frmSimFind::Open() {
   ReturnSql.clear();
+  Ignored.clear();
   ClearQueryForm();
   BuildQueryForm();
   ShowModal(*this);
@@ -159,6 +160,8 @@ QWidget* frmSimFind::NewDatePair(const SearchFieldRow& field) {
   between->setObjectName(Element(u"Lbl_DTP"_s, index));
   const DatePair boxes{caption, NewDate(pair, u"DTP_Begin"_s, index, u"从：不填则不限"_s),
                        NewDate(pair, u"DTP_End"_s, index, u"到：不填则不限"_s)};
+  boxes.begin->setAccessibleName(field.chnDataField + u"从"_s);
+  boxes.end->setAccessibleName(field.chnDataField + u"到"_s);
   QHBoxLayout* row = NewRow(pair);
   row->addWidget(caption);
   row->addWidget(boxes.begin, 1);
@@ -175,6 +178,7 @@ QWidget* frmSimFind::NewDictionaryBox(const SearchFieldRow& field) {
   const DictionaryBox list{NewCaption(line, u"Lbl_CboCaption"_s, field), new EditCombo(line)};
   list.box->setObjectName(Element(u"CboDict"_s, field.ctlIndex));
   list.box->setToolTip(u"字段中包含的文字，可从列表中选取"_s);
+  list.box->setAccessibleName(field.chnDataField);
   list.box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   FillDictionary(*list.box, u"(Select AuxiDictDetails From DynamicWindows Where TableName='"_s + TableName +
                                 u"' And FieldName = '"_s + field.dataField + u"')"_s);
@@ -229,6 +233,7 @@ void frmSimFind::GoToCompoundQuery() {
   compound->M_Condition = M_Condition;
   compound->FormTag = TableName;
   compound->Open();
+  Ignored = compound->Ignored;
   const QString& condition = compound->ReturnSql;
   if (!condition.isEmpty())
     ReturnSql = M_Condition.isEmpty() ? condition : M_Condition + u" And ("_s + condition + u")"_s;

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QMap>
 #include <QString>
+#include <QStringList>
 
 class QLabel;
 class QScrollArea;
@@ -25,6 +26,7 @@ class frmSimFind : public QDialog {
   QString TableName;    ///< in
   QString M_Condition;  ///< in: a restriction that is put behind the condition
   QString ReturnSql;    ///< out: the condition without Where; "" when the user left without a query
+  QStringList Ignored;  ///< out: what a compound query left out that was gone over to
 
   /// Makes the inputs of the table and shows the window modally. @throws DataError
   void Open();

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QStandardItemModel>
+#include <QStyle>
 #include <QToolBar>
 #include <array>
 #include <utility>
@@ -15,6 +16,7 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
+#include "widgets/EmptyHint.h"
 #include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
 #include "widgets/SuppliedCombo.h"
@@ -28,12 +30,36 @@ void Name(QWidget& box, int element, const QString& tip) {
   box.setToolTip(tip);
 }
 
-QList<QStandardItem*> RowOf(const ShownCondition& condition) {
+// A condition that counts for nothing is struck out as well.
+void Mark(const QList<QStandardItem*>& row, const ShownCondition& condition, const QWidget& window) {
+  const bool counts = condition.number != 0;
+  for (QStandardItem* cell : row) {
+    cell->setToolTip(counts ? condition.flaw : u"不参与查询："_s + condition.flaw);
+    cell->setData(cell->toolTip(), Qt::AccessibleDescriptionRole);
+    if (counts) continue;
+    QFont font = window.font();
+    font.setStrikeOut(true);
+    cell->setFont(font);
+    cell->setForeground(window.palette().brush(QPalette::PlaceholderText));
+  }
+  row.front()->setIcon(window.style()->standardIcon(QStyle::SP_MessageBoxWarning));
+}
+
+QList<QStandardItem*> RowOf(const ShownCondition& condition, const QWidget& window) {
   QList<QStandardItem*> row;
   for (const QString& text :
        {condition.connector, condition.field, condition.relation, condition.value, condition.place})
     row << new QStandardItem(text);
+  if (!condition.flaw.isEmpty()) Mark(row, condition, window);
   return row;
+}
+
+QLabel* NewNotice(const QString& name, QWidget* parent) {
+  auto* notice = new QLabel(parent);
+  notice->setObjectName(name);
+  notice->setTextFormat(Qt::PlainText);
+  notice->setWordWrap(true);
+  return notice;
 }
 
 }  // namespace
@@ -46,7 +72,9 @@ frmfhfind::frmfhfind()
       value_(new SuppliedCombo([this] { return CompoundQuery::ValuesFor(field_->Text()); }, this)),
       conditions_(new QStandardItemModel(0, 5, this)),
       list_(new RecordListView(this)),
-      forget_(new QCheckBox(u"不保存当前查询条件"_s, this)) {
+      forget_(new QCheckBox(u"不保存当前查询条件"_s, this)),
+      notice_(NewNotice(u"LblIgnored"_s, this)),
+      notAdded_(NewNotice(u"LblNotAdded"_s, this)) {
   setObjectName(u"frmfhfind"_s);
   setWindowTitle(u"组合查询窗体"_s);
   setWindowIcon(Icon(u"query"_s));
@@ -65,6 +93,8 @@ void frmfhfind::MakeBoxes() {
   Name(*value_, 3, u"要比较的值，可以直接输入 (回车添加条件)"_s);
   connector_->addItems(ConnectorWords());
   relation_->addItems(ComparisonWords());
+  ConnectGuarded(relation_, &QComboBox::activated, this, &frmfhfind::ShowNotAdded);
+  for (EditCombo* box : {field_, value_}) ConnectGuarded(box, &EditCombo::Changed, this, &frmfhfind::ShowNotAdded);
 }
 
 void frmfhfind::MakeKeys() {
@@ -97,6 +127,8 @@ void frmfhfind::MakeList() {
   conditions_->setHorizontalHeaderLabels({u"关系"_s, u"比较字段"_s, u"比较关系"_s, u"比较值"_s, u"顺序"_s});
   list_->setObjectName(u"ListView1"_s);
   list_->setModel(conditions_);
+  list_->setAccessibleName(u"查询条件"_s);
+  new EmptyHint(*list_, u"尚无查询条件。\n请先在下面选择比较字段、比较关系和比较值，再按“添加条件”。"_s);
   list_->setSelectionMode(QAbstractItemView::SingleSelection);
   list_->SetKeyHandler([this](int key) {
     if (key != Qt::Key_Delete) return false;
@@ -117,6 +149,7 @@ void frmfhfind::LayOut() {
   grid->addWidget(toolbar_, 0, 0, 1, 4);
   grid->addWidget(list_, 1, 0, 1, 4);
   grid->setRowStretch(1, 1);
+  grid->addWidget(notice_, 2, 0, 1, 4);
   const std::array<std::pair<QString, TextCombo*>, 4> boxes{
       {{u"连接关系"_s, connector_}, {u"比较字段"_s, field_}, {u"比较关系"_s, relation_}, {u"比较值"_s, value_}}};
   const std::array stretches{2, 5, 3, 6};
@@ -126,11 +159,18 @@ void frmfhfind::LayOut() {
     label->setBuddy(box);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    grid->addWidget(label, 2, column);
-    grid->addWidget(box, 3, column);
+    grid->addWidget(label, 3, column);
+    grid->addWidget(box, 4, column);
     grid->setColumnStretch(column, stretches[std::size_t(column)]);
   }
-  grid->addWidget(forget_, 4, 0, 1, 4, Qt::AlignLeft);
+  auto* bottom = new QHBoxLayout;
+  bottom->addWidget(forget_);
+  notAdded_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  bottom->addWidget(notAdded_, 1);
+  grid->addLayout(bottom, 5, 0, 1, 4);
+  // The Tab key goes the way of the eye.
+  const std::array<QWidget*, 6> eye{list_, connector_, field_, relation_, value_, forget_};
+  for (std::size_t at = 1; at < eye.size(); ++at) setTabOrder(eye[at - 1], eye[at]);
 }
 
 void frmfhfind::Open() {
@@ -140,38 +180,65 @@ void frmfhfind::Open() {
 
 void frmfhfind::Load() {
   ReturnSql.clear();
+  Ignored.clear();
   query_.emplace(FormTag);
   field_->clear();
   field_->addItems(query_->Fields());
   for (TextCombo* box : std::initializer_list<TextCombo*>{connector_, field_, relation_, value_}) box->SetText({});
+  added_ = {};
   forget_->setChecked(false);
   ShowConditions(0);
+  ShowNotAdded();
   (query_->Conditions().empty() ? static_cast<QWidget*>(field_) : connector_)->setFocus();
 }
 
 void frmfhfind::ShowConditions(int selected) {
   conditions_->removeRows(0, conditions_->rowCount());
-  for (const ShownCondition& condition : query_->Conditions()) conditions_->appendRow(RowOf(condition));
+  for (const ShownCondition& condition : query_->Conditions()) conditions_->appendRow(RowOf(condition, *this));
   list_->setCurrentIndex(conditions_->index(qMin(selected, conditions_->rowCount() - 1), 0));
+  notice_->setText(LeftOutNote(query_->Flawed()));
+  notice_->setVisible(!notice_->text().isEmpty());
 }
 
+ShownCondition frmfhfind::Typed() const {
+  return {connector_->currentText(), field_->Text(), relation_->currentText(), value_->Text(), {}};
+}
+
+// The boxes keep what they held when it was added.
+QString frmfhfind::NotAdded() const {
+  const ShownCondition typed = Typed();
+  const bool isAdded = typed.field == added_.field && typed.relation == added_.relation && typed.value == added_.value;
+  if (isAdded || (typed.field + typed.relation + typed.value).isEmpty()) return {};
+  return LeftOutText({typed.field, typed.relation, typed.value}, u"尚未添加"_s);
+}
+
+void frmfhfind::ShowNotAdded() { notAdded_->setText(NotAdded().isEmpty() ? QString() : u"尚未添加的条件不参与查询"_s); }
+
 void frmfhfind::AddCondition() {
-  const ShownCondition typed{connector_->currentText(), field_->Text(), relation_->currentText(), value_->Text(), {}};
+  const ShownCondition typed = Typed();
   if (const QString missing = query_->Missing(typed); !missing.isEmpty()) {
     ShowMessage(missing, MessageFlag::Critical, u"警告"_s);
     return;
   }
   const int selected = qMax(list_->CurrentRow() - 1, 0);
   query_->Add(typed);
+  added_ = typed;
   ShowConditions(selected);
+  ShowNotAdded();
   list_->scrollToBottom();
   connector_->setFocus();
 }
 
+// After an error too the list shows what is there.
 void frmfhfind::RemoveCondition() {
   const int place = list_->CurrentRow();
   if (place == 0) return;
-  query_->Remove(place);
+  try {
+    query_->Remove(place);
+  } catch (const std::exception&) {
+    ShowConditions(place - 1);
+    throw;
+  }
   ShowConditions(place - 1);
 }
 
@@ -182,11 +249,15 @@ void frmfhfind::Query() {
   if (query_->Conditions().empty()) return;
   ReturnSql = text.sql;
   ChnReturnSql = text.words;
+  InForce = query_->InForce();
+  Ignored = query_->Flawed();
+  if (const QString typed = NotAdded(); !typed.isEmpty()) Ignored << typed;
   accept();
 }
 
 void frmfhfind::reject() {
   ReturnSql.clear();
+  Ignored.clear();
   QDialog::reject();
 }
 

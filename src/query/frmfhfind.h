@@ -2,12 +2,14 @@
 
 #include <QDialog>
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 #include "query/CompoundQuery.h"
 
 class QAction;
 class QCheckBox;
+class QLabel;
 class QStandardItemModel;
 class QToolBar;
 
@@ -24,6 +26,8 @@ class frmfhfind : public QDialog {
 
   QString ReturnSql;     ///< out: the condition without Where; "" when the user left without a query
   QString ChnReturnSql;  ///< out: the same in words
+  QString InForce;       ///< out: the conditions that count, as they read in the list
+  QStringList Ignored;   ///< out: what the user sees as a condition and does not count as it reads, each with why
   QString M_Condition;   ///< in: a restriction that is put behind the condition
   QString FormTag;       ///< in: the table
 
@@ -50,6 +54,10 @@ class frmfhfind : public QDialog {
   void Load();
   /// Shows the list as it is, with that row selected, from 0.
   void ShowConditions(int selected);
+  ShownCondition Typed() const;
+  /// What stands in the boxes and has not been added, as a condition that does not count; "" when there is nothing.
+  QString NotAdded() const;
+  void ShowNotAdded();
   void AddCondition();
   void RemoveCondition();
   void Query();
@@ -61,7 +69,9 @@ class frmfhfind : public QDialog {
   QStandardItemModel* conditions_;
   RecordListView* list_;
   QCheckBox* forget_;
+  QLabel *notice_, *notAdded_;
   QAction* add_;
+  ShownCondition added_;  ///< what was added last
 };
 
 }  // namespace folvane

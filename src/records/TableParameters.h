@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QString>
+#include <QStringList>
 #include <array>
 #include <vector>
 
@@ -43,6 +45,10 @@ class TableParameters : public QAbstractTableModel {
   QString Table(int row) const { return rows_.at(size_t(row) - 1)[0]; }
   QString Get(int row, Parameter parameter) const { return rows_.at(size_t(row) - 1)[size_t(parameter)]; }
   void Set(int row, Parameter parameter, const QString& text);
+  /// Remembers the conditions that the user saw and that a filter leaves out, in words.
+  void SetLeftOut(const QString& filter, const QStringList& conditions) { leftOut_[filter] = conditions; }
+  /// Those that the filter of the selected row leaves out.
+  QStringList LeftOut() const { return leftOut_.value(Selected(Parameter::Filter)); }
   /// The first row of that table, blanks around and case not regarded; 0 when there is none.
   int Find(const QString& table) const;
 
@@ -66,6 +72,7 @@ class TableParameters : public QAbstractTableModel {
 
  private:
   std::vector<std::array<QString, kParameterCount + 1>> rows_;
+  QHash<QString, QStringList> leftOut_;  ///< by filter
   int selected_ = 0;
   QString tag_;
 };

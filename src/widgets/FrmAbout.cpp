@@ -20,6 +20,7 @@ constexpr int kPictureSize = 96;
 FrmAbout::FrmAbout() {
   setObjectName(u"frmAbout"_s);
   setWindowTitle(u"关于"_s);
+  setWindowIcon(Icon(u"about"_s));
   auto* column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
   column->setContentsMargins(48, 32, 48, 24);

@@ -10,6 +10,7 @@
 namespace folvane::test {
 
 using namespace Qt::Literals::StringLiterals;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
@@ -19,12 +20,13 @@ class BulkCommandsTest : public TwelveRecordsTest {
   QString Count() { return design_->Value(u"select count(*) from Lwdj"_s); }
 };
 
-void LeaveQuery(const QString& condition, const QString& words = {}) {
+void LeaveQuery(const QString& condition, const QString& words = {}, const QStringList& ignored = {}) {
   WithWindow(u"frmfhfind"_s, [=](QWidget& window) {
     auto& query = static_cast<frmfhfind&>(window);
     EXPECT_EQ(query.FormTag, u"Lwdj"_s);
     query.ReturnSql = condition;
-    query.ChnReturnSql = words;
+    query.InForce = words;
+    query.Ignored = ignored;
     query.hide();
   });
 }
@@ -44,7 +46,7 @@ TEST_P(BulkCommandsTest, ABatchDeletionTakesTheRecordsOfAQueryAndTheirOriginals)
     log_->Take();
     browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
     EXPECT_EQ(messages.Texts(), QStringList{u"确定要批量删除这些记录以及相关原文吗？"_s});
-    EXPECT_EQ(messages.Last().flags, 49);
+    EXPECT_EQ(messages.Last().flags, 49 + 256) << "the default key is Cancel";
     EXPECT_EQ(messages.Last().title, u"警告"_s);
     const QStringList statements = log_->Take();
     EXPECT_TRUE(statements.contains(
@@ -58,19 +60,61 @@ TEST_P(BulkCommandsTest, ABatchDeletionTakesTheRecordsOfAQueryAndTheirOriginals)
   EXPECT_EQ(design_->Value(u"select ID from Original_Text"_s), u"92"_s);
 }
 
-TEST_P(BulkCommandsTest, TheStatusLineSaysHowManyRecordsGoBeforeTheQuestionIsAnswered) {
-  QString shown;
+TEST_P(BulkCommandsTest, BesideTheQuestionStandsHowManyRecordsGo) {
+  MessageBoxes messages;
   InBrowser([&](const Browser& browser) {
-    Services().messageBox = [&](const MessageRequest&) {
-      shown = browser.Notice();
-      return int(Answer::Cancel);
-    };
+    messages.Answer(Answer::Cancel);
     LeaveQuery(u"Lwdj.RegID <= '3'"_s, u"登记号 小于等于 3"_s);
+    log_->Take();
     browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
-    EXPECT_EQ(browser.Notice(), QString());
+    EXPECT_EQ(messages.Last().note, u"将删除 3 条记录：登记号 小于等于 3"_s);
+    EXPECT_EQ(log_->Take().filter(u"Lwdj.RegID"_s),
+              QStringList{u"Select Count(*) From Lwdj Where Lwdj.RegID <= '3'"_s});
   });
-  EXPECT_EQ(shown, u"将删除 3 条记录：登记号 小于等于 3"_s);
   EXPECT_EQ(Count(), u"12"_s);
+}
+
+TEST_P(BulkCommandsTest, BesideTheQuestionOfADeletionStandWhichConditionsDoNotCount) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Cancel);
+    LeaveQuery(u"Lwdj.RegID <= '3'"_s, {}, {u"题名 等于 O'Brien（未能保存）"_s});
+    browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
+    EXPECT_EQ(messages.Last().note,
+              u"将删除 3 条记录\n以下条件不参与查询，或与所示不符：\n题名 等于 O'Brien（未能保存）"_s);
+  });
+}
+
+TEST_P(BulkCommandsTest, AQueryOfWhichNothingCountsAsksNothingAndTheStatusLineTells) {
+  InBrowser([&](const Browser& browser) {
+    LeaveQuery({}, {}, {u"题名 等于 O'Brien（未能保存）"_s});
+    browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
+    EXPECT_THAT(browser.Notice().toStdString(), HasSubstr("题名 等于 O'Brien（未能保存）"));
+  });
+  EXPECT_EQ(Count(), u"12"_s);
+}
+
+TEST_P(BulkCommandsTest, ABatchUpdateTellsWhichConditionsOfTheFilterDoNotCountUntilAnotherFilterIsSet) {
+  const auto asked = [](const Browser& browser) {
+    MessageBoxes messages;
+    messages.Answer(Answer::No);
+    WithWindow(u"FrmBactchUpdate"_s, [](QWidget& window) {
+      Find(window, u"TxtValue"_s).setProperty("text", u"x"_s);
+      Click(Find(window, u"CmdOK"_s));
+    });
+    browser.Entry(u"mnu_Tool1_BUpdate"_s).trigger();
+    return messages.Last();
+  };
+  InBrowser([&](const Browser& browser) {
+    LeaveQuery(u"Lwdj.RegID <= '3'"_s, {}, {u"题名 等于 x（尚未添加）"_s});
+    browser.Entry(u"mnu_Tool4_HSearch"_s).trigger();
+    EXPECT_EQ(asked(browser).note, u"以下条件不参与查询，或与所示不符：\n题名 等于 x（尚未添加）"_s);
+    EXPECT_EQ(asked(browser).flags, 36 + 256) << "the default key is No";
+    LeaveQuery(u"Lwdj.RegID <= '3'"_s);
+    browser.Entry(u"mnu_Tool4_HSearch"_s).trigger();
+    EXPECT_EQ(asked(browser).note, QString());
+    EXPECT_EQ(asked(browser).flags, 36);
+  });
 }
 
 TEST_P(BulkCommandsTest, ABatchDeletionReachesRecordsThatTheUserCannotSee) {
@@ -99,9 +143,10 @@ TEST_P(BulkCommandsTest, WithoutAConditionNothingIsAsked) {
 TEST_P(BulkCommandsTest, AConditionThatTheDatabaseRefusesDeletesNothingAndTheStatusLineTells) {
   MessageBoxes messages;
   InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Ok);
     LeaveQuery(u"Lwdj.Amaintitle = 'it's'"_s);
     browser.Entry(u"mnu_Tool2_BDel"_s).trigger();
-    EXPECT_TRUE(messages.Requests().empty());
+    EXPECT_THAT(messages.Last().note.toStdString(), StartsWith("未能统计将删除的记录数："));
     EXPECT_THAT(browser.Notice().toStdString(), StartsWith("未能完成："));
     EXPECT_EQ(browser.Status(), u"当前记录：第1条/共12条"_s);
   });

@@ -214,13 +214,14 @@ TEST_P(BatchUpdateTest, AValueThatIsNoNumberStopsTheWalkWithTheEarlierRowsWritte
   EXPECT_EQ(records.EditMode(), EditModeKind::None);
 }
 
-TEST_P(BatchUpdateTest, AValueThatIsTooLongStopsTheWalkWithTheEarlierRowsWritten) {
+TEST_P(BatchUpdateTest, AValueThatIsTooLongIsFoundBeforeAnythingIsChanged) {
   Recordset& records = WithTitles({u"a"_s, u"aa"_s, u"a"_s});
   const QString longText(150, u'b');
   BatchWalk walk(records, u"Amaintitle"_s, {u"a"_s, longText}, Direction::All, 1);
   EXPECT_THROW(walk.Run([](qint64, qint64) { return true; }), DataError);
-  EXPECT_EQ(Titles(), (QStringList{longText, u"aa"_s, u"a"_s}));
-  EXPECT_EQ(TitlesHeld(), (QStringList{longText, u"aa"_s, u"a"_s}));
+  EXPECT_EQ(walk.Written(), 0);
+  EXPECT_EQ(Titles(), (QStringList{u"a"_s, u"aa"_s, u"a"_s}));
+  EXPECT_EQ(TitlesHeld(), (QStringList{u"a"_s, u"aa"_s, u"a"_s}));
   EXPECT_EQ(records.PendingCount(), 0);
 }
 

@@ -6,6 +6,7 @@
 #include "records/TableParameters.h"
 #include "shell/LoadedWindow.h"
 #include "shell/SharedState.h"
+#include "support/Accessibility.h"
 #include "support/WindowDriver.h"
 
 namespace folvane::test {
@@ -122,6 +123,7 @@ TEST_P(BatchUpdateWindowTest, AsksWithTheNumberOfRecordsInSightAndOnNoStays) {
     PressOk(window);
     EXPECT_EQ(boxes_.Last().text, u"是否确定将字段（题名）值为 甲 的记录全部替换为 丙 ？"_s);
     EXPECT_EQ(boxes_.Last().flags, 36);
+    EXPECT_EQ(boxes_.Last().note, u"符合条件、将被修改的记录：2条"_s);
     EXPECT_EQ(TextIn(window, u"LblCount"_s), u"符合条件、将被修改的记录：2条"_s);
     EXPECT_TRUE(window.isVisible());
     Click(Find<QCheckBox>(window, u"Chk_All"_s));
@@ -218,6 +220,26 @@ TEST_P(BatchUpdateWindowTest, CancelEscapeAndTheWindowsButtonLeaveWhatTheCallerS
   EXPECT_FALSE(Open(1, [](QWidget& window) { Click(Find<QWidget>(window, u"CmdCancel"_s)); }));
   EXPECT_FALSE(Open(1, [](QWidget& window) { Press(window, Qt::Key_Escape); }));
   EXPECT_FALSE(Open(1, [](QWidget& window) { window.close(); }));
+}
+
+TEST_P(BatchUpdateWindowTest, AValueThatIsTooLongIsToldByTheCaptionOfItsFieldAndChangesNothing) {
+  WithTitles({u"a"_s, u"aa"_s});
+  Open(-1, [&](QWidget& window) {
+    Fill(window, u"a"_s, QString(150, u'b'));
+    boxes_.Answer(6);
+    PressOk(window);
+    EXPECT_TRUE(boxes_.Last().text.startsWith(u"字段“题名”的值太长：有 300 个字节"_s))
+        << boxes_.Last().text.toStdString();
+    EXPECT_TRUE(window.isVisible());
+  });
+  EXPECT_EQ(Titles(), (QStringList{u"a"_s, u"aa"_s}));
+}
+
+TEST_P(BatchUpdateWindowTest, EveryControlHasANameAndTheWindowAnIcon) {
+  Open(-1, [](QWidget& window) {
+    EXPECT_EQ(UnnamedControls(window), QStringList());
+    EXPECT_FALSE(window.windowIcon().isNull());
+  });
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <folvane/DataError.h>
 
+#include "data/drivers/Driver.h"
 #include "query/CompoundQuery.h"
 #include "query/QueryFixture.h"
 
@@ -63,7 +64,7 @@ TEST_P(CompoundQueryTest, ANewRowShowsOneMoreThanIsSavedUntilTheNextOpening) {
 TEST_P(CompoundQueryTest, TheTenthConditionStandsBehindTheNinth) {
   CompoundQuery query(u"Lwdj"_s);
   for (int value = 1; value <= 11; ++value) query.Add({u"与"_s, u"登记号"_s, u"不等于"_s, QString::number(value), {}});
-  const CompoundQuery again(u"Lwdj"_s);
+  CompoundQuery again(u"Lwdj"_s);
   EXPECT_EQ(again.Conditions().at(9).value, u"10"_s);
   EXPECT_TRUE(again.Text({}).sql.startsWith(u"Lwdj.RegID <> '11' and Lwdj.RegID <> '10' and"_s));
 }
@@ -88,6 +89,47 @@ TEST_P(CompoundQueryTest, AQuoteInAValueLeavesTheRowInTheListAndNotInTheTable) {
   EXPECT_EQ(query.Text(u"1 = 1"_s), ConditionText());
   query.Add({u"与"_s, u"登记号"_s, u"等于"_s, u"5"_s, {}});
   EXPECT_EQ(SavedRows(), (QStringList{u"2|Lwdj|RegID|=|5|and|与|登记号|等于"_s}));
+}
+
+TEST_P(CompoundQueryTest, AConditionThatTheTableDidNotTakeIsMarkedWithTheReason) {
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  query.Add({u"与"_s, u"题名"_s, u"等于"_s, u"O'Brien"_s, {}});
+  EXPECT_EQ(query.Conditions()[0].flaw, QString());
+  EXPECT_EQ(query.Conditions()[1].flaw, u"未能保存：其中有单引号"_s);
+  EXPECT_EQ(query.Conditions()[1].number, 0);
+  Refuse(u"Insert Into FindCirSave"_s);
+  query.Add({u"与"_s, u"题名"_s, u"等于"_s, u"x"_s, {}});
+  EXPECT_EQ(query.Flawed(),
+            (QStringList{u"题名 等于 O'Brien（未能保存：其中有单引号）"_s, u"题名 等于 x（未能保存：记录被锁定）"_s}));
+}
+
+TEST_P(CompoundQueryTest, WhatIsInForceReadsAsTheListDoes) {
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"题名"_s, u"等于"_s, u"O'Brien"_s, {}});
+  query.Add({u"与"_s, u"题名"_s, u"不包含"_s, u"x"_s, {}});
+  query.Add({u"或"_s, u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  EXPECT_EQ(query.InForce(), u"题名 不包含 x 或 登记号 等于 5"_s);
+}
+
+TEST_P(CompoundQueryTest, AConditionThatAnotherUserHasRemovedIsMarkedWhenTheQueryIsRead) {
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"登记号"_s, u"等于"_s, u" 5 "_s, {}});
+  query.Add({u"与"_s, u"题名"_s, u"包含"_s, u"x"_s, {}});
+  query.Text({});
+  EXPECT_EQ(query.Flawed(), QStringList());
+  CompoundQuery(u"Lwdj"_s).Remove(2);
+  query.Text({});
+  EXPECT_EQ(query.Flawed(), QStringList{u"题名 包含 x（已被其他用户删除）"_s});
+}
+
+TEST_P(CompoundQueryTest, AConditionThatCannotBeComparedIsAddedAndMarkedAtOnceAndWhenItIsReadAgain) {
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"登记号"_s, u"等于"_s, u"abc"_s, {}});
+  const QStringList flawed{u"登记号 等于 abc（“abc”不是数字）"_s};
+  EXPECT_EQ(query.Flawed(), flawed);
+  EXPECT_EQ(CompoundQuery(u"Lwdj"_s).Flawed(), flawed);
+  EXPECT_EQ(query.Text({}).sql, u"Lwdj.RegID = 'abc'"_s);
 }
 
 TEST_P(CompoundQueryTest, ACaptionWithoutAFieldKeepsTheNameOfTheLastLookUp) {
@@ -131,6 +173,49 @@ TEST_P(CompoundQueryTest, RemovingALaterOrTheOnlyRowClearsNoConnectorInTheTable)
   EXPECT_EQ(TakeStatements().filter(u"RelationS"_s), QStringList());
   EXPECT_EQ(SavedRows(), QStringList());
   EXPECT_TRUE(query.Conditions().empty());
+}
+
+TEST_P(CompoundQueryTest, ARemovalThatFailsAtAnyOfItsStatementsLeavesTheTableAndTheListAsTheyWere) {
+  CompoundQuery query(u"Lwdj"_s);
+  for (const QString& value : {u"1"_s, u"2"_s, u"3"_s}) query.Add({u"与"_s, u"登记号"_s, u"等于"_s, value, {}});
+  const QStringList before = SavedRows();
+  for (const QString& statement : {u"Delete From FindCirSave"_s, u"Update FindCirSave Set OrderNo"_s,
+                                   u"Update FindCirSave Set AndOr"_s, u"Update FindCirsave set ChnAndOr"_s}) {
+    Refuse(statement);
+    EXPECT_THROW(query.Remove(1), DataError);
+    Refuse({});
+    EXPECT_EQ(SavedRows(), before) << statement.toStdString();
+    EXPECT_EQ(Shown(query), (QStringList{u"|登记号|等于|1|1"_s, u"与|登记号|等于|2|2"_s, u"与|登记号|等于|3|3"_s}));
+  }
+  query.Remove(2);
+  EXPECT_EQ(Rows(u"select CompValue from FindCirSave order by OrderNo"_s), (QStringList{u"1"_s, u"3"_s}));
+}
+
+TEST_P(CompoundQueryTest, ARemovalTakesPartInTheTransactionThatIsGoingOn) {
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  Connected()->BeginTrans();
+  query.Remove(1);
+  Connected()->RollbackTrans();
+  EXPECT_EQ(Shown(CompoundQuery(u"Lwdj"_s)), QStringList{u"|登记号|等于|5|1"_s});
+}
+
+TEST_P(CompoundQueryTest, ARemovalTakesPartInATransactionThatTheHostHasBegunOnItsHandle) {
+  if (!OnSqlite()) GTEST_SKIP() << "there a transaction is begun by a setting of the handle";
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  Connected()->NativeDriver().Execute({"BEGIN", {}});
+  query.Remove(1);
+  Connected()->NativeDriver().Execute({"ROLLBACK", {}});
+  EXPECT_EQ(Shown(CompoundQuery(u"Lwdj"_s)), QStringList{u"|登记号|等于|5|1"_s});
+}
+
+TEST_P(CompoundQueryTest, ARemovalThatMeetsAnotherRowInTheTableShowsWhatIsThere) {
+  CompoundQuery(u"Lwdj"_s).Add({QString(), u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  Run(u"update FindCirSave set OrderNo = 3"_s);  // as after rows that could not be saved
+  CompoundQuery query(u"Lwdj"_s);
+  query.Remove(1);
+  EXPECT_EQ(Shown(query), QStringList{u"|登记号|等于|5|2"_s}) << "it is still in the table";
 }
 
 TEST_P(CompoundQueryTest, RemovingTouchesTheRowsOfOtherTablesWithThatNumber) {
@@ -188,7 +273,7 @@ TEST_P(CompoundQueryTest, ForgettingRemovesTheRowsOfTheTableAlone) {
 TEST_P(CompoundQueryTest, ASavedConditionForAFieldThatIsGoneIsTextLikeAnyOther) {
   Run(u"insert into FindCirSave (OrderNo,TableName,CompField,CompRelation,CompValue,ChnCompField,ChnCompRelation) "
       "values (1,'Lwdj','OldField','=','1','旧字段','等于')"_s);
-  const CompoundQuery query(u"Lwdj"_s);
+  CompoundQuery query(u"Lwdj"_s);
   EXPECT_EQ(Shown(query), QStringList{u"|旧字段|等于|1|1"_s});
   EXPECT_EQ(query.Text({}).sql, u"Lwdj.OldField = '1'"_s);
   EXPECT_THROW(Found(query.Text({}).sql), DataError);

@@ -3,6 +3,7 @@
 
 #include "query/FrmOrderBy.h"
 #include "query/QueryFixture.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -192,6 +193,15 @@ TEST_P(FrmOrderByTest, AFailureIsShownAndTheWindowStaysWithTheChoice) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   });
   EXPECT_EQ(window_.ReturnSql, QString());
+}
+
+TEST_P(FrmOrderByTest, AnEmptyListSaysWhatToDoAndEveryControlHasAName) {
+  InWindow([&] {
+    EXPECT_TRUE(Find(Find(window_, u"LV2"_s), u"EmptyHint"_s).isVisible());
+    EXPECT_EQ(UnnamedControls(window_), QStringList());
+    Click(window_, u"CmdSort(3)"_s);
+    EXPECT_TRUE(Find(Find(window_, u"LV1"_s), u"EmptyHint"_s).isVisible());
+  });
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "query/QueryFixture.h"
 #include "records/YearFormula.h"
 #include "shell/Messages.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -156,6 +157,16 @@ TEST_P(FrmReadOrderTest, AChosenFieldIsRemovedByItsKeyOrByDelete) {
 TEST_P(FrmReadOrderTest, WithoutATableThereIsNothingToSet) {
   InWindow([&] { EXPECT_FALSE(Find(window_, u"CmdOK"_s).isEnabled()); });
   EXPECT_EQ(Section(), u"Lwdj=0"_s);
+}
+
+TEST_P(FrmReadOrderTest, EmptyListsSayWhatToDoAndEveryControlHasAName) {
+  InWindow([&] {
+    EXPECT_TRUE(Find(Find(window_, u"ListView1"_s), u"EmptyHint"_s).isVisible());
+    EXPECT_TRUE(Find(Find(window_, u"ListView2"_s), u"EmptyHint"_s).isVisible());
+    EXPECT_EQ(UnnamedControls(window_), QStringList());
+    Choose(u"收文登记--Lwdj"_s);
+    EXPECT_FALSE(Find(Find(window_, u"ListView1"_s), u"EmptyHint"_s).isVisible());
+  });
 }
 
 }  // namespace

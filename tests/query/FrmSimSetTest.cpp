@@ -1,6 +1,7 @@
 #include "query/FieldListView.h"
 #include "query/FrmSimSet.h"
 #include "query/QueryFixture.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -152,6 +153,34 @@ TEST_P(FrmSimSetTest, AFieldThatIsGoneFromTheDesignCanBeRemoved) {
     Click(window_, u"CmdOK"_s);
   });
   EXPECT_EQ(Saved(), QStringList{u"RegID|登记号|1|2|1"_s});
+}
+
+TEST_P(FrmSimSetTest, AFailedSaveLeavesTheFieldsAsTheyWereAndTheWindowWithTheChoice) {
+  MessageBoxes boxes;
+  const QStringList before = Saved();
+  for (const QString& statement :
+       {u"Delete From SimSearch"_s, u"Select * from SimSearch"_s, u"Select ChnFieldName"_s}) {
+    InWindow([&] {
+      ClickRow(window_, u"LV1"_s, 0);
+      Click(window_, u"Image3"_s);
+      Refuse(statement);
+      Click(window_, u"CmdOK"_s);
+      Refuse({});
+      EXPECT_EQ(Saved(), before);
+      EXPECT_TRUE(boxes.Last().details.startsWith(u"语句：%1"_s.arg(statement)));
+      EXPECT_EQ(Chosen(), u"文号 登记号 题名"_s);
+    });
+    EXPECT_TRUE(window_.IsCancel);
+  }
+}
+
+TEST_P(FrmSimSetTest, AnEmptyListSaysWhatToDoAndEveryControlHasAName) {
+  Run(u"delete from SimSearch"_s);
+  InWindow([&] {
+    EXPECT_TRUE(Find(Find(window_, u"LV2"_s), u"EmptyHint"_s).isVisible());
+    EXPECT_FALSE(Find(Find(window_, u"LV1"_s), u"EmptyHint"_s).isVisible());
+    EXPECT_EQ(UnnamedControls(window_), QStringList());
+  });
 }
 
 }  // namespace

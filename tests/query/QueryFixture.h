@@ -5,6 +5,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include <folvane/DataError.h>
+
 #include "catalogue/Ddl.h"
 #include "data/Recordset.h"
 #include "shell/SharedState.h"
@@ -27,7 +29,11 @@ class QueryTest : public OnEachDatabase {
     Shared().UserId = u"7"_s;
     CreateCatalogue(*Connected());
     MakeLwdj();
-    Connected()->OnStatement([this](const QString& statement) { statements_ << statement; });
+    Connected()->OnStatement([this](const QString& statement) {
+      statements_ << statement;
+      if (!refused_.isEmpty() && statement.startsWith(refused_))
+        throw DataError(DataErrorKind::Locked, u"记录被锁定"_s, statement, u"5"_s);
+    });
   }
   void TearDown() override {
     Connected()->OnStatement({});
@@ -62,6 +68,8 @@ class QueryTest : public OnEachDatabase {
     for (; !records.EOF_(); records.MoveNext()) numbers << records[u"RegID"_s].Text();
     return numbers.join(u' ');
   }
+  /// Has the statements fail that begin like that; "" ends it.
+  void Refuse(const QString& statement) { refused_ = statement; }
   /// The statements since the last call.
   QStringList TakeStatements() { return std::exchange(statements_, {}); }
 
@@ -92,6 +100,7 @@ class QueryTest : public OnEachDatabase {
   }
 
   QStringList statements_;
+  QString refused_;
 };
 
 /// The texts of a column of the view of that name.

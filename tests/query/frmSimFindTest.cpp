@@ -4,8 +4,10 @@
 #include "query/QueryFixture.h"
 #include "query/SearchFields.h"
 #include "query/frmSimFind.h"
+#include "query/frmfhfind.h"
 #include "shell/DefaultInstance.h"
 #include "shell/Messages.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -302,6 +304,22 @@ TEST_P(StepOverTest, WithoutACompoundQueryTheFormStaysHiddenAndTheTextAsItWas) {
   StepOver(u"F_Exit"_s);
   EXPECT_FALSE(window_.isVisible());
   EXPECT_EQ(window_.ReturnSql, QString());
+}
+
+TEST_P(StepOverTest, WhatTheCompoundQueryLeavesOutIsHandedOn) {
+  WithWindow(u"frmfhfind"_s, [&](QWidget& compound) {
+    auto& query = static_cast<frmfhfind&>(compound);
+    query.ReturnSql = u"Lwdj.RegID = '1'"_s;
+    query.Ignored << u"题名 等于 x（尚未添加）"_s;
+    query.hide();
+  });
+  InWindow([&] { Click(window_, u"Command1"_s); });
+  EXPECT_EQ(window_.Ignored, QStringList{u"题名 等于 x（尚未添加）"_s});
+}
+
+TEST_P(frmSimFindTest, EveryControlHasAName) {
+  ChooseEachKind();
+  InWindow([&] { EXPECT_EQ(UnnamedControls(window_), QStringList()); });
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "query/QueryFixture.h"
 #include "query/frmfhfind.h"
 #include "shell/Messages.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -43,6 +44,11 @@ class frmfhfindTest : public QueryTest {
     for (int at = 0; at < box.count(); ++at) entries << box.itemText(at);
     return entries;
   }
+  QVariant OfRow(int row, int role) {
+    return Find<QTreeView>(window_, u"ListView1"_s).model()->index(row, 3).data(role);
+  }
+  bool IsStruckOut(int row) { return OfRow(row, Qt::FontRole).value<QFont>().strikeOut(); }
+  QString Tip(int row) { return OfRow(row, Qt::ToolTipRole).toString(); }
   QString SavedCount() { return Value(u"select count(*) from FindCirSave"_s); }
 
   MessageBoxes boxes_;
@@ -250,6 +256,97 @@ TEST_P(frmfhfindTest, AQuoteInAValueShowsNoMessageAndLeavesTheRowInTheList) {
   });
   EXPECT_TRUE(boxes_.Requests().empty());
   EXPECT_EQ(window_.ReturnSql, QString());
+}
+
+TEST_P(frmfhfindTest, AConditionThatIsNotInTheTableIsStruckOutWithTheReasonAndHandedToTheCaller) {
+  InWindow([&] {
+    Add({}, u"登记号"_s, u"大于"_s, u"1"_s);
+    EXPECT_FALSE(Find(window_, u"LblIgnored"_s).isVisible());
+    Add(u"与"_s, u"题名"_s, u"等于"_s, u"O'Brien"_s);
+    EXPECT_EQ(List(), (QStringList{u"|登记号|大于|1|2"_s, u"与|题名|等于|O'Brien|3"_s})) << "the texts stay as given";
+    EXPECT_FALSE(IsStruckOut(0));
+    EXPECT_TRUE(IsStruckOut(1));
+    EXPECT_EQ(Tip(1), u"不参与查询：未能保存：其中有单引号"_s);
+    EXPECT_TRUE(Find(window_, u"LblIgnored"_s).isVisible());
+    EXPECT_TRUE(TextIn(window_, u"LblIgnored"_s).endsWith(u"题名 等于 O'Brien（未能保存：其中有单引号）"_s));
+    Key(u"F_Query"_s).trigger();
+  });
+  EXPECT_EQ(window_.ReturnSql, u"Lwdj.RegID > '1'"_s);
+  EXPECT_EQ(window_.Ignored, QStringList{u"题名 等于 O'Brien（未能保存：其中有单引号）"_s});
+  EXPECT_TRUE(boxes_.Requests().empty());
+}
+
+TEST_P(frmfhfindTest, AConditionOnAFieldThatTheTableDoesNotHaveIsMarkedButNotStruckOut) {
+  Describe(u"Pages"_s, u"页数"_s, u"数值型"_s);
+  InWindow([&] {
+    Add({}, u"页数"_s, u"等于"_s, u"5"_s);
+    EXPECT_FALSE(IsStruckOut(0)) << "it is in the query, which the database will refuse";
+    EXPECT_EQ(Tip(0), u"表中没有字段“页数”"_s);
+    EXPECT_TRUE(TextIn(window_, u"LblIgnored"_s).endsWith(u"页数 等于 5（表中没有字段“页数”）"_s));
+    Key(u"F_Query"_s).trigger();
+  });
+  EXPECT_EQ(window_.ReturnSql, u"Lwdj.Pages = '5'"_s);
+  EXPECT_EQ(window_.Ignored, QStringList{u"页数 等于 5（表中没有字段“页数”）"_s});
+}
+
+TEST_P(frmfhfindTest, WhatIsTypedAndNotAddedIsPointedOutAndHandedToTheCaller) {
+  InWindow([&] {
+    Add({}, u"登记号"_s, u"大于"_s, u"1"_s);
+    EXPECT_EQ(TextIn(window_, u"LblNotAdded"_s), QString());
+    Retype(Find(window_, u"Cmb(3)"_s), u"10"_s);
+    EXPECT_EQ(TextIn(window_, u"LblNotAdded"_s), u"尚未添加的条件不参与查询"_s);
+    EXPECT_TRUE(Find(window_, u"LblNotAdded"_s).isVisible());
+    Key(u"F_Query"_s).trigger();
+  });
+  EXPECT_EQ(window_.ReturnSql, u"Lwdj.RegID > '1'"_s);
+  EXPECT_EQ(window_.Ignored, QStringList{u"登记号 大于 10（尚未添加）"_s});
+}
+
+TEST_P(frmfhfindTest, AQueryWhoseConditionsAllCountLeavesNothingOut) {
+  window_.Ignored << u"old"_s;
+  InWindow([&] {
+    Add({}, u"登记号"_s, u"大于"_s, u"1"_s);
+    Key(u"F_Query"_s).trigger();
+  });
+  EXPECT_EQ(window_.Ignored, QStringList());
+}
+
+TEST_P(frmfhfindTest, ADeletionThatFailsIsShownWithItsStatementAndTheListStaysAsTheTable) {
+  InWindow([&] {
+    for (const QString& value : {u"1"_s, u"2"_s}) Add(u"与"_s, u"登记号"_s, u"等于"_s, value);
+    ClickRow(window_, u"ListView1"_s, 0);
+    Refuse(u"Update FindCirSave Set AndOr"_s);
+    Key(u"F_DelRecord"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"记录被锁定"_s);
+    EXPECT_TRUE(boxes_.Last().details.contains(u"Update FindCirSave Set AndOrRelation=''"_s));
+    EXPECT_EQ(List(), (QStringList{u"|登记号|等于|1|1"_s, u"与|登记号|等于|2|2"_s}));
+    Refuse({});
+    Key(u"F_DelRecord"_s).trigger();
+    EXPECT_EQ(ColumnOf(window_, u"ListView1"_s, 3), QStringList{u"2"_s}) << "the row that was selected";
+  });
+  EXPECT_EQ(Rows(u"select OrderNo,CompValue from FindCirSave"_s), QStringList{u"1|2"_s});
+}
+
+TEST_P(frmfhfindTest, TheTabKeyGoesFromTheListThroughTheBoxesToTheTick) {
+  InWindow([&] {
+    Find(window_, u"ListView1"_s).setFocus();
+    QStringList way;
+    for (int step = 0; step < 5; ++step) {
+      Press(*window_.focusWidget(), Qt::Key_Tab);
+      way << window_.focusWidget()->objectName();
+    }
+    EXPECT_EQ(way, (QStringList{u"Cmb(0)"_s, u"Cmb(1)"_s, u"Cmb(2)"_s, u"Cmb(3)"_s, u"Check1"_s}));
+  });
+}
+
+TEST_P(frmfhfindTest, AnEmptyListSaysWhatToDoAndEveryControlHasAName) {
+  InWindow([&] {
+    EXPECT_TRUE(Find(window_, u"EmptyHint"_s).isVisible());
+    EXPECT_EQ(UnnamedControls(window_), QStringList());
+    EXPECT_FALSE(window_.windowIcon().isNull());
+    Add({}, u"登记号"_s, u"等于"_s, u"5"_s);
+    EXPECT_FALSE(Find(window_, u"EmptyHint"_s).isVisible());
+  });
 }
 
 TEST_P(frmfhfindTest, ATableThatTheDesignDoesNotKnowOffersNothing) {
