@@ -10,7 +10,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kDateLength = 8;
-const QString kNotSaved = u"当前数据保存失败，原因在于："_s;
 
 CheckFailure Failure(const QString& reason, const ControlId& control) {
   return {kNotSaved + reason, MessageFlag::Information, control};

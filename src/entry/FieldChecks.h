@@ -9,6 +9,9 @@
 
 namespace folvane {
 
+/// How the messages of a refused save begin.
+inline const QString kNotSaved = QStringLiteral("当前数据保存失败，原因在于：");
+
 /// Why a record is not saved: a message to show under the caption of the form, and the field that gets the focus.
 struct CheckFailure {
   QString text;

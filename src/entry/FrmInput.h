@@ -12,6 +12,7 @@
 #include "entry/ShownField.h"
 #include "records/TableParameters.h"
 
+class QLabel;
 class QTimer;
 
 namespace folvane {
@@ -20,6 +21,7 @@ class EntryField;
 class EntryForm;
 class EntryStatus;
 class WindowCommands;
+class DataError;
 struct CheckFailure;
 
 /// The entry window: the one form for the records of any table, made from the table's design and bound to the shared
@@ -53,6 +55,7 @@ class FrmInput : public QMainWindow {
 
  private:
   // Opening.
+  void LayOut();
   void Connect();
   void ConnectMoves();
   void ConnectTools();
@@ -60,6 +63,7 @@ class FrmInput : public QMainWindow {
   void Activate();
   RegIdRule ReadRule(const Recordset& records) const;
   ParentRecord ReadParent() const;
+  void ShowHint(const QString& text);
   void ConnectFields(const QStringList& wideFields);
   void LoadReportMenu();
   void ReadFlags();
@@ -92,7 +96,11 @@ class FrmInput : public QMainWindow {
   bool PassesChecks();
   bool Refuse(const CheckFailure& failure);
   bool PassesRules();
-  bool WriteRecord(void (RecordLifecycle::*write)());
+  bool WriteRecord();
+  bool MayWriteAgain(const DataError& error);
+  /// Takes over what someone else has made of the record. Answers whether it can be written, once the user agrees.
+  bool TakeTheirs();
+  void FocusColumn(const QString& column);
   void TrimMultiLines();
   void KeepComboTexts();
   ShownFields FieldsShown() const;
@@ -109,6 +117,7 @@ class FrmInput : public QMainWindow {
   EntryForm* form_;
   WindowCommands* commands_;
   EntryStatus* status_;
+  QLabel* hint_;  ///< over the form: what the design of the table lacks
   QTimer* timer_;
   EntryGrants grants_;
   bool showsEditing_ = false;  ///< the toolbar has gone over to the edit
