@@ -33,6 +33,7 @@ FrmCustomFormat::FrmCustomFormat() : format_(new TextBox(this)) {
   setObjectName(u"FrmCustomFormat"_s);
   setWindowTitle(u"设置自定义格式"_s);
   format_->setObjectName(u"TxtFormat"_s);
+  format_->setAccessibleName(u"自定义格式"_s);
   LayOut();
 }
 
