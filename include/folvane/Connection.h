@@ -14,6 +14,12 @@ class Translator;
 struct TableInfo;
 struct FetchedRows;
 
+/// What Order By puts the texts of a record set in order by.
+enum class TextOrder {
+  Plain,   ///< by their codes, without regard to ASCII case and trailing blanks, as texts compare
+  Pinyin,  ///< Chinese by pinyin, where the database can
+};
+
 /// The host's open database connection. Made by AdoptSqlite or AdoptOdbc; it never opens or closes the handle behind
 /// it, and the host keeps that handle open for as long as a window of the library is shown.
 ///
@@ -33,6 +39,8 @@ class FOLVANE_EXPORT Connection {
   /// Starts a transaction. One at a time: a second one inside the first is an error.
   void BeginTrans();
   void CommitTrans();
+  /// A rollback that is interrupted is tried again. Where that does not help, the changes stand on the handle without
+  /// being kept: every later statement and transaction tries once more, and is refused for as long as that fails.
   void RollbackTrans();
   bool InTransaction() const;
 
@@ -43,24 +51,29 @@ class FOLVANE_EXPORT Connection {
   // What the record set needs of a connection.
 
   /// Runs a statement that gives rows and keeps them all. @throws DataError
-  FetchedRows Fetch(const QString& statement);
+  FetchedRows Fetch(const QString& statement, TextOrder order = TextOrder::Plain);
   /// The columns and the key of a table, nullptr when the database has no such table. Kept until RefreshSchema.
   const TableInfo* Table(const QString& name);
   /// Forgets what is known of the tables; called when a statement fails over a table or a column.
   void RefreshSchema();
   /// The table that a statement of the form Select ... From t ... reads alone; "" for joins and anything else.
   QString BaseTable(const QString& statement);
-  Driver& NativeDriver() { return *driver_; }
+  /// The driver, ready for a statement. @throws DataError where a rollback is due that fails
+  Driver& NativeDriver();
 
  private:
+  void RollBack();
+  std::unique_ptr<Translator> MakeTranslator(const QByteArray& orderCollation);
+  Translator& TranslatorFor(TextOrder order);
   template <typename Work>
   auto Run(const QString& statement, Work work);
 
   std::unique_ptr<Driver> driver_;
   std::unique_ptr<TableCatalogue> tables_;
-  std::unique_ptr<Translator> translator_;
+  std::unique_ptr<Translator> translator_, pinyinTranslator_;
   std::function<void(const QString&)> observer_;
   bool inTransaction_ = false;
+  bool owesRollback_ = false;  ///< the handle is still inside a transaction that is over
 };
 
 /// A transaction as a scope: rolls back when it is left without Commit.

@@ -1,5 +1,6 @@
 #include "base/CodePage.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <iconv.h>
 #include <stdexcept>
@@ -77,6 +78,12 @@ QByteArray ToCodePage(const QString& text) { return Encode(text).bytes; }
 bool FitsCodePage(const QString& text) { return Encode(text).exact; }
 
 int ByteLength(const QString& text) { return int(Encode(text).bytes.size()); }
+
+bool FitsByteLength(const QString& text, int maximum) {
+  if (text.size() * 2 <= maximum) return true;
+  const auto beyondAscii = std::count_if(text.begin(), text.end(), [](QChar c) { return c.unicode() >= 0x80; });
+  return text.size() + beyondAscii <= maximum || ByteLength(text) <= maximum;
+}
 
 QString FromCodePage(QByteArrayView bytes) {
   thread_local Converter converter(kUtf16, kCodePage);

@@ -16,6 +16,9 @@ QString FromCodePage(QByteArrayView bytes);
 /// The length of the text in bytes of the national code page, which is how columns and length hints count.
 int ByteLength(const QString& text);
 
+/// Whether the text is of at most so many bytes. Costs next to nothing for a text of half as many characters.
+bool FitsByteLength(const QString& text, int maximum);
+
 /// The text cut from the right, at whole characters, so that it fits a column of that many bytes of the code page.
 QString LimitByteLength(const QString& text, int maximum);
 

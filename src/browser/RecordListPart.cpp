@@ -3,6 +3,8 @@
 #include <QHeaderView>
 #include <algorithm>
 
+#include <folvane/HostServices.h>
+
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserState.h"
 #include "browser/BrowserStatus.h"
@@ -76,6 +78,7 @@ void RecordListPart::OpenRecords() {
       JoinedWithRights(parameters.Selected(Parameter::RowLimit), parameters.Selected(Parameter::Filter));
   if (Records().IsOpen()) Records().Close();
   parts_.State.RecordCount = 0;
+  Records().SetTextOrder(Services().sortByPinyin ? TextOrder::Pinyin : TextOrder::Plain);
   Records().Open(RecordStatement(parts_.State.CurrTable, condition, parameters.Selected(Parameter::Order)),
                  SharedConnection());
   parts_.State.RecordCount = Records().RecordCount();

@@ -5,7 +5,6 @@
 
 #include <folvane/DataError.h>
 
-#include "base/CodePage.h"
 #include "data/FetchedRows.h"
 #include "data/RefusedValues.h"
 #include "data/ValueText.h"
@@ -68,6 +67,7 @@ QByteArray BatchWriter::Quoted(const QString& name) const {
 }
 
 void BatchWriter::Write(const std::vector<RowId>& pending) {
+  for (const RowId row : pending) CheckLengths(row);
   std::optional<Transaction> transaction;
   if (pending.size() > 1 && !connection_.InTransaction()) transaction.emplace(connection_);
   std::vector<Written> written;
@@ -91,50 +91,59 @@ void BatchWriter::Write(const std::vector<RowId>& pending) {
 }
 
 BatchWriter::Written BatchWriter::WriteOne(RowId row) {
-  CheckLengths(row);
+  Written written{row, {}};
   switch (rows_.Change(row)->state) {
     case RowChange::Added:
-      return Insert(row);
+      Insert(written);
+      break;
     case RowChange::Deleted:
       Delete(row);
       break;
     default:
-      Update(row);
+      Update(written);
   }
-  return {row, {}};
+  return written;
 }
 
-// SQLite takes a text of any length into a column of a declared one; the other databases refuse it by themselves.
+// A batch that cannot be written whole is refused before its first row is.
 void BatchWriter::CheckLengths(RowId row) const {
-  const RowChange& change = *rows_.Change(row);
-  if (connection_.NativeDriver().Dialect() != DialectKind::Sqlite || change.state == RowChange::Deleted) return;
+  const RowChange* change = rows_.Change(row);
+  if (!change || !Rows::IsPending(*change) || change->state == RowChange::Deleted) return;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     const int at = static_cast<int>(i);
-    if (tableColumn_[i] < 0 || (change.state == RowChange::Modified && !rows_.IsChanged(row, at))) continue;
-    const QVariant value = rows_.Value(row, at);
-    if (value.typeId() != QMetaType::QString) continue;
-    const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
-    if (ByteLength(value.toString()) > column.definedSize)
-      throw DataError(DataErrorKind::TooLong,
-                      QStringLiteral("字段“%1”的值超过了长度 %2。").arg(column.name).arg(column.definedSize));
+    if (tableColumn_[i] >= 0 && (change->state == RowChange::Added || rows_.IsChanged(row, at))) ValueToStore(row, at);
   }
 }
 
-BatchWriter::Written BatchWriter::Insert(RowId row) {
+QVariant BatchWriter::ValueToStore(RowId row, int at) const {
+  const QVariant value = rows_.Value(row, at);
+  const ColumnInfo& column = TableColumn(at);
+  if (value.typeId() != QMetaType::QString || GroupOfType(column.type) != TypeGroup::Text) return value;
+  const QString text = value.toString();
+  return FitsColumn(text, column) ? value : FittedText(text, column, rows_.Original(row, at).toString());
+}
+
+QVariant BatchWriter::Parameter(Written& written, int at) const {
+  const QVariant value = ValueToStore(written.row, at);
+  if (value != rows_.Value(written.row, at)) written.given.emplace_back(at, value);
+  return ForDriver(value, TableColumn(at));
+}
+
+void BatchWriter::Insert(Written& written) {
   NativeStatement statement;
   QByteArray names, marks, given;
   std::vector<int> givenColumns;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     if (tableColumn_[i] < 0) continue;
-    const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
-    const QVariant value = rows_.Value(row, static_cast<int>(i));
-    if (value.isValid()) {
+    const int at = static_cast<int>(i);
+    const ColumnInfo& column = TableColumn(at);
+    if (rows_.Value(written.row, at).isValid()) {
       names += (names.isEmpty() ? "" : ",") + Quoted(column.name);
       marks += marks.isEmpty() ? "?" : ",?";
-      statement.parameters.push_back(ForDriver(value, column));
+      statement.parameters.push_back(Parameter(written, at));
     } else if (column.autoNumber) {
       given += (given.isEmpty() ? "" : ",") + Quoted(column.name);
-      givenColumns.push_back(static_cast<int>(i));
+      givenColumns.push_back(at);
     }
   }
   const bool outputFirst = connection_.NativeDriver().Dialect() == DialectKind::TransactSql;
@@ -146,10 +155,9 @@ BatchWriter::Written BatchWriter::Insert(RowId row) {
   statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
   if (!outputFirst) statement.text += output;
 
-  Written written{row, {}};
   if (givenColumns.empty()) {
     connection_.NativeDriver().Execute(statement);
-    return written;
+    return;
   }
   FetchedRows fetched;
   RowStore store;
@@ -157,18 +165,17 @@ BatchWriter::Written BatchWriter::Insert(RowId row) {
   for (std::size_t i = 0; i < givenColumns.size() && store.RowCount(); ++i)
     written.given.emplace_back(givenColumns[i], DecodeCell(store.At(0, static_cast<int>(i)),
                                                            rows_.Columns()[static_cast<std::size_t>(givenColumns[i])]));
-  return written;
 }
 
-void BatchWriter::Update(RowId row) {
+void BatchWriter::Update(Written& written) {
+  const RowId row = written.row;
   NativeStatement statement;
   QByteArray assignments;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     const int at = static_cast<int>(i);
     if (tableColumn_[i] < 0 || !rows_.IsChanged(row, at)) continue;
-    const ColumnInfo& column = table_->columns[static_cast<std::size_t>(tableColumn_[i])];
-    assignments += (assignments.isEmpty() ? "" : ",") + Quoted(column.name) + "=?";
-    statement.parameters.push_back(ForDriver(rows_.Value(row, at), column));
+    assignments += (assignments.isEmpty() ? "" : ",") + Quoted(TableColumn(at).name) + "=?";
+    statement.parameters.push_back(Parameter(written, at));
   }
   if (assignments.isEmpty()) return;
   statement.text = "UPDATE " + TableText() + " SET " + assignments;

@@ -23,16 +23,22 @@ class BatchWriter {
  private:
   struct Written {
     RowId row;
-    std::vector<std::pair<int, QVariant>> given;  ///< values that the database gave: column of the record set, value
+    std::vector<std::pair<int, QVariant>>
+        given;  ///< values as the database keeps them: column of the record set, value
   };
 
   Written WriteOne(RowId row);
-  Written Insert(RowId row);
-  void Update(RowId row);
+  void Insert(Written& written);
+  void Update(Written& written);
   void Delete(RowId row);
   void RunOnOneRow(const NativeStatement& statement);
   void AddCondition(NativeStatement& statement, RowId row, bool withChanges) const;
   void CheckLengths(RowId row) const;
+  QVariant ValueToStore(RowId row, int at) const;  ///< @throws DataError TooLong
+  QVariant Parameter(Written& written, int at) const;
+  const ColumnInfo& TableColumn(int at) const {
+    return table_->columns[static_cast<std::size_t>(tableColumn_[static_cast<std::size_t>(at)])];
+  }
   QByteArray Quoted(const QString& name) const;
   QByteArray TableText() const { return Quoted(table_->name); }
 

@@ -11,10 +11,20 @@ namespace folvane {
 Connection::Connection(std::unique_ptr<Driver> driver)
     : driver_(std::move(driver)),
       tables_(std::make_unique<TableCatalogue>(*driver_)),
-      translator_(std::make_unique<Translator>(driver_->Dialect(),
-                                               [this](const QString& name) { return tables_->Find(name); })) {}
+      translator_(MakeTranslator({})) {}
 
 Connection::~Connection() = default;
+
+std::unique_ptr<Translator> Connection::MakeTranslator(const QByteArray& orderCollation) {
+  return std::make_unique<Translator>(
+      driver_->Dialect(), [this](const QString& name) { return tables_->Find(name); }, orderCollation);
+}
+
+Translator& Connection::TranslatorFor(TextOrder order) {
+  if (order == TextOrder::Plain) return *translator_;
+  if (!pinyinTranslator_) pinyinTranslator_ = MakeTranslator(driver_->PinyinCollation());
+  return *pinyinTranslator_;
+}
 
 // Tells the observer, runs the work, and gives an error the statement that it belongs to. A statement that the server
 // refuses may have been translated over tables that have changed since.
@@ -22,7 +32,7 @@ template <typename Work>
 auto Connection::Run(const QString& statement, Work work) {
   if (observer_) observer_(statement);
   try {
-    return work();
+    return work(NativeDriver());
   } catch (const DataError& error) {
     if (error.Kind() == DataErrorKind::Statement) RefreshSchema();
     throw DataError(error).During(statement);
@@ -44,23 +54,23 @@ const NativeStatement& Chosen(const Plan& plan, Driver& driver) {
 }  // namespace
 
 qint64 Connection::Execute(const QString& statement) {
-  return Run(statement, [&]() -> qint64 {
+  return Run(statement, [&](Driver& driver) -> qint64 {
     const Plan plan = translator_->Translate(statement);
-    const NativeStatement& native = Chosen(plan, *driver_);
-    if (!plan.givesRows) return driver_->Execute(native);
+    const NativeStatement& native = Chosen(plan, driver);
+    if (!plan.givesRows) return driver.Execute(native);
     std::vector<ColumnInfo> columns;
     RowStore rows;
-    driver_->Query(native, columns, rows);
+    driver.Query(native, columns, rows);
     return -1;
   });
 }
 
-FetchedRows Connection::Fetch(const QString& statement) {
-  return Run(statement, [&] {
-    const Plan plan = translator_->Translate(statement);
+FetchedRows Connection::Fetch(const QString& statement, TextOrder order) {
+  return Run(statement, [&](Driver& driver) {
+    const Plan plan = TranslatorFor(order).Translate(statement);
     FetchedRows fetched;
     fetched.rows = std::make_unique<RowStore>();
-    driver_->Query(Chosen(plan, *driver_), fetched.columns, *fetched.rows);
+    driver.Query(Chosen(plan, driver), fetched.columns, *fetched.rows);
     return fetched;
   });
 }
@@ -69,6 +79,7 @@ const TableInfo* Connection::Table(const QString& name) { return tables_->Find(n
 
 void Connection::RefreshSchema() {
   translator_->Forget();
+  if (pinyinTranslator_) pinyinTranslator_->Forget();
   tables_->Forget();
 }
 
@@ -79,7 +90,7 @@ void Connection::OnStatement(std::function<void(const QString&)> observer) { obs
 void Connection::BeginTrans() {
   if (inTransaction_)
     throw DataError(DataErrorKind::Usage, QStringLiteral("已有一个事务正在进行，不能再开始另一个事务。"));
-  driver_->Begin();
+  NativeDriver().Begin();
   inTransaction_ = true;
 }
 
@@ -92,7 +103,30 @@ void Connection::CommitTrans() {
 void Connection::RollbackTrans() {
   if (!inTransaction_) throw DataError(DataErrorKind::Usage, QStringLiteral("没有正在进行的事务，不能回滚。"));
   inTransaction_ = false;
-  driver_->Rollback();
+  RollBack();
+}
+
+void Connection::RollBack() {
+  constexpr int kMostTries = 8;
+  for (int tries = 1;; ++tries) {
+    try {
+      driver_->Rollback();
+      owesRollback_ = false;
+      return;
+    } catch (const DataError& error) {
+      owesRollback_ = driver_->InTransaction();
+      if (!owesRollback_) throw;
+      if (tries == kMostTries)
+        throw DataError(error.Kind(),
+                        QStringLiteral("未完成的修改还没有撤销，撤销之前不能再使用数据库：%1").arg(error.Message()), {},
+                        error.NativeCode());
+    }
+  }
+}
+
+Driver& Connection::NativeDriver() {
+  if (owesRollback_) RollBack();
+  return *driver_;
 }
 
 bool Connection::InTransaction() const { return inTransaction_; }
@@ -103,7 +137,7 @@ Transaction::~Transaction() {
   try {
     if (open_) connection_.RollbackTrans();
   } catch (const DataError&) {
-    // The connection is gone, and the server has rolled back by itself.
+    // Either the connection is gone, and the server has rolled back by itself, or the next statement tries again.
   }
 }
 

@@ -55,7 +55,7 @@ void Recordset::Open(const QString& source, std::shared_ptr<Connection> connecti
                      CursorLocation) {
   if (state_) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集已经打开。"), source);
   if (!connection) throw DataError(DataErrorKind::Usage, QStringLiteral("没有数据库连接。"), source);
-  FetchedRows fetched = connection->Fetch(source);
+  FetchedRows fetched = connection->Fetch(source, textOrder_);
   state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
 }
 
@@ -261,7 +261,7 @@ void Recordset::Delete(AffectKind affect) {
 void Recordset::Requery() {
   RecordsetState& state = Opened(state_);
   if (state.edit) throw DataError(DataErrorKind::Usage, QStringLiteral("当前记录正在编辑，请先保存或取消。"));
-  FetchedRows fetched = state.connection->Fetch(state.source);
+  FetchedRows fetched = state.connection->Fetch(state.source, textOrder_);
   auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
   fresh->filter = state.filter;
   fresh->sort = state.sort;

@@ -78,6 +78,8 @@ class Recordset {
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
+  /// How the statement's Order By puts texts in order, from the next Open or Requery on.
+  void SetTextOrder(TextOrder order) { textOrder_ = order; }
   /// Runs the statement and stands on the first row. A failed Open leaves the record set closed.
   /// With BatchOptimistic changes wait for UpdateBatch; with Optimistic and Pessimistic Update writes at once.
   void Open(const QString& source, std::shared_ptr<Connection> connection, CursorType type = CursorType::Static,
@@ -148,6 +150,7 @@ class Recordset {
 
  private:
   std::unique_ptr<RecordsetState> state_;
+  TextOrder textOrder_ = TextOrder::Plain;
 };
 
 }  // namespace folvane

@@ -1,8 +1,25 @@
 #include "data/RefusedValues.h"
 
+#include "base/CodePage.h"
+
 namespace folvane {
 
 namespace {
+
+bool CountsUnits(const ColumnInfo& column) {
+  return column.type == AdoType::WChar || column.type == AdoType::VarWChar || column.type == AdoType::LongVarWChar;
+}
+
+int LengthIn(const ColumnInfo& column, const QString& text) {
+  return CountsUnits(column) ? int(text.size()) : ByteLength(text);
+}
+
+DataError TooLongError(const ColumnInfo& column, int length) {
+  const QString text = CountsUnits(column) ? QStringLiteral("字段“%1”的值太长：有 %2 个字符，最多 %3 个字符。")
+                                           : QStringLiteral("字段“%1”的值太长：有 %2 个字节，最多 %3 个字节。");
+  return DataError(DataErrorKind::TooLong, text.arg(column.name).arg(length).arg(column.definedSize))
+      .About(column.name);
+}
 
 QString DuplicateText(const QStringList& columns, const QString& value) {
   if (columns.isEmpty()) return QStringLiteral("已有键值相同的记录。");
@@ -14,11 +31,20 @@ QString DuplicateText(const QStringList& columns, const QString& value) {
 
 }  // namespace
 
-DataError TooLongError(const QString& column, int length, int limit) {
-  return DataError(
-             DataErrorKind::TooLong,
-             QStringLiteral("字段“%1”的值太长：有 %2 个字节，最多 %3 个字节。").arg(column).arg(length).arg(limit))
-      .About(column);
+bool FitsColumn(const QString& text, const ColumnInfo& column) {
+  if (column.definedSize <= 0) return true;  // nothing is known of its size
+  return CountsUnits(column) ? text.size() <= column.definedSize : FitsByteLength(text, column.definedSize);
+}
+
+QString FittedText(const QString& text, const ColumnInfo& column, const QString& before) {
+  if (FitsColumn(text, column)) return text;
+  qsizetype bare = text.size();
+  while (bare > 0 && text[bare - 1] == u' ') --bare;
+  const QString trimmed = text.left(bare);
+  const int length = LengthIn(column, trimmed);
+  if (length <= column.definedSize) return trimmed + QString(column.definedSize - length, u' ');
+  if (!before.isEmpty() && LengthIn(column, text) <= LengthIn(column, before)) return text;
+  throw TooLongError(column, length);
 }
 
 DataError DuplicateError(const QStringList& columns, const QString& nativeCode, const QString& value) {

@@ -35,6 +35,15 @@ TEST(CodePage, HalfACharacterIsReadAsAReplacement) {
   EXPECT_EQ(FromCodePage(""), QString());
 }
 
+TEST(FitsByteLength, CountsAsByteLengthDoes) {
+  for (const QString& text : {u""_s, u"ABCDE"_s, u"文件A"_s, u"ññññ"_s, u"\U00020000文"_s}) {
+    const int length = ByteLength(text);
+    EXPECT_TRUE(FitsByteLength(text, length)) << text.toStdString();
+    EXPECT_TRUE(FitsByteLength(text, 1000)) << text.toStdString();
+    EXPECT_FALSE(FitsByteLength(text, length - 1)) << text.toStdString();
+  }
+}
+
 TEST(LimitByteLength, ATextThatFitsStaysAsItIs) {
   EXPECT_EQ(LimitByteLength(u"文件"_s, 4), u"文件"_s);
   EXPECT_EQ(LimitByteLength(u""_s, 0), QString());

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "data/DataSuite.h"
 
@@ -79,6 +80,33 @@ TEST_P(Searches, AFindKeepsWithinFilterAndSort) {
   EXPECT_EQ(Found("id < 9", 1), QStringLiteral("2"));
   records_->MoveFirst();
   EXPECT_EQ(Found("code = 'B-001'"), QStringLiteral("EOF"));
+}
+
+TEST_P(Searches, AFindForAnEqualValueStandsOnTheNearestHitInTheOrderShown) {
+  for (const auto& [order, first, second] : {std::tuple("id Asc", "2", "5"), std::tuple("id Desc", "5", "2")}) {
+    records_->SetSort(QLatin1String(order));
+    EXPECT_EQ(Found("pages = 25"), QLatin1String(first)) << order;
+    EXPECT_EQ(Found("pages = 25", 1), QLatin1String(second)) << order;
+    records_->MoveLast();
+    EXPECT_EQ(Found("pages = 25", 0, SearchDirection::Backward), QLatin1String(second)) << order;
+    EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), QLatin1String(first)) << order;
+  }
+}
+
+TEST_P(Searches, ATextThatIsNoNumberIsNotComparedWithANumber) {
+  EXPECT_EQ(FailureOf([&] { Found("pages = 'ten'"); }).Kind(), DataErrorKind::Conversion);
+  EXPECT_EQ(FailureOf([&] { Filtered("pages > 'ten'"); }).Kind(), DataErrorKind::Conversion);
+  EXPECT_EQ(records_->Filter(), QString());
+  EXPECT_EQ(Filtered("pages > '10'"), Of("2 5"));
+}
+
+TEST_P(Searches, ATextInAColumnOfNumbersIsNoNumber) {
+  if (!OnSqlite()) GTEST_SKIP() << "only SQLite keeps a text in a column of numbers";
+  Meanwhile(QStringLiteral("UPDATE files SET pages = 'none' WHERE id = 3"));
+  records_ = Open();
+  EXPECT_EQ(Found("pages = 0"), QStringLiteral("EOF"));
+  EXPECT_EQ(Filtered("pages < 5"), QStringList());
+  EXPECT_EQ(Filtered("pages < 15"), Of("1"));
 }
 
 TEST_P(Searches, AFindTakesOneConditionOnly) {

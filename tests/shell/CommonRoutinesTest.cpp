@@ -131,7 +131,7 @@ TEST_P(CommonRoutines, GetChnFieldNameIsEmptyForAnUnknownField) {
             u"Select ChnFieldName from DynamicWindows Where TableName='Fwdj' and FieldName='DocNo'"_s);
 }
 
-class ErrorTexts : public SharedDatabase {
+class ErrorTexts : public test::SharedDatabase {
  protected:
   void SetUp() override {
     SharedDatabase::SetUp();

@@ -120,7 +120,8 @@ class Emitter {
   static QByteArray PlainlyQuoted(const QString& text) { return '\'' + text.toUtf8().replace("'", "''") + '\''; }
 
   void PutLiteral(const Expression& value) {
-    const Slot slot{out_.text.size(), value.literal, value.transform, value.limit};
+    Slot slot{out_.text.size(), value.literal, value.transform, value.limit, {}};
+    if (value.column) slot.column = *value.column;
     if (!dialect_.bindsLiterals) return out_.slots.push_back(slot);
     const auto known =
         std::find_if(out_.slots.begin(), out_.slots.end(), [&](const Slot& other) { return slot.IsSameValue(other); });

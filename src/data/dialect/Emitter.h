@@ -4,21 +4,10 @@
 #include <vector>
 
 #include "data/dialect/Dialect.h"
+#include "data/dialect/Literals.h"
 #include "data/dialect/SyntaxTree.h"
 
 namespace folvane::sql {
-
-/// A place in a translated text where a literal goes.
-struct Slot {
-  qsizetype at;
-  int literal;
-  Transform transform;
-  int limit;
-
-  bool IsSameValue(const Slot& other) const {
-    return literal == other.literal && transform == other.transform && limit == other.limit;
-  }
-};
 
 /// A statement in a dialect, for every statement of its shape. Where the dialect binds literals, the text has the
 /// marker ?n for the nth slot; where not, the literals are put in at the slots' places.

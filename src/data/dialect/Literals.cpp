@@ -3,8 +3,7 @@
 #include <QStringList>
 #include <algorithm>
 
-#include <folvane/DataError.h>
-
+#include "data/RefusedValues.h"
 #include "data/dialect/LikePatterns.h"
 #include "data/dialect/Refusal.h"
 #include "data/dialect/TextValues.h"
@@ -26,13 +25,6 @@ QString Folded(const QString& text) {
   return folded;
 }
 
-// A stored text may lose trailing blanks that do not fit, but nothing else.
-QString Fitted(const QString& text, int limit) {
-  if (limit <= 0 || text.size() <= limit) return text;
-  if (Trimmed(text).size() <= limit) return text.left(limit);
-  throw DataError(DataErrorKind::TooLong, QStringLiteral("“%1”超过了字段的长度 %2。").arg(text).arg(limit));
-}
-
 template <typename Value>
 QVariant Required(const std::optional<Value>& value, const QString& text, const QString& wanted) {
   if (!value) RejectValue(text, wanted);
@@ -48,7 +40,7 @@ QString DateEnd(const QString& text) {
 QVariant NumberValue(const QString& text, Transform transform) {
   bool whole = false;
   const qlonglong value = text.toLongLong(&whole);
-  if (transform == Transform::Text) return whole ? QString::number(value) : text;
+  if (transform == Transform::Text || transform == Transform::Stored) return whole ? QString::number(value) : text;
   if (whole) return value;
   return text.toDouble();
 }
@@ -60,10 +52,15 @@ QString Literal::ValueIn(const QString& statement) const {
   return statement.mid(begin, length).replace(QLatin1String("''"), QLatin1String("'"));
 }
 
-QVariant ValueOf(const Literal& literal, const QString& statement, Transform transform, int limit) {
+QVariant ValueOf(const Literal& literal, const QString& statement, const Slot& slot) {
   const QString text = literal.ValueIn(statement);
-  if (literal.kind != Literal::Text) return NumberValue(text, transform);
-  switch (transform) {
+  if (literal.kind != Literal::Text) {
+    const QVariant value = NumberValue(text, slot.transform);
+    return slot.transform == Transform::Stored ? FittedText(value.toString(), slot.column) : value;
+  }
+  switch (slot.transform) {
+    case Transform::Stored:
+      return FittedText(text, slot.column);
     case Transform::Integer:
       return Required(IntegerFromText(text), text, IntegerWord());
     case Transform::Decimal:
@@ -85,7 +82,7 @@ QVariant ValueOf(const Literal& literal, const QString& statement, Transform tra
     case Transform::Regex:
       return RegexOf(ReadPattern(text));
     default:
-      return Fitted(text, limit);
+      return text;
   }
 }
 
@@ -103,14 +100,16 @@ QByteArray Variants(const QString& text, int limit) {
 
 }  // namespace
 
-QByteArray TextOf(const Literal& literal, const QString& statement, Transform transform, int limit) {
-  if (transform == Transform::Variants) return Variants(literal.ValueIn(statement), limit);
-  if (literal.kind != Literal::Text && transform != Transform::Text) return literal.ValueIn(statement).toUtf8();
+QByteArray TextOf(const Literal& literal, const QString& statement, const Slot& slot) {
+  const Transform transform = slot.transform;
+  if (transform == Transform::Variants) return Variants(literal.ValueIn(statement), slot.limit);
+  if (literal.kind != Literal::Text && transform != Transform::Text && transform != Transform::Stored)
+    return literal.ValueIn(statement).toUtf8();
   if (literal.kind == Literal::Text && transform == Transform::Decimal) {  // keeps every digit
-    ValueOf(literal, statement, transform, limit);
+    ValueOf(literal, statement, slot);
     return literal.ValueIn(statement).trimmed().toUtf8();
   }
-  const QVariant value = ValueOf(literal, statement, transform, limit);
+  const QVariant value = ValueOf(literal, statement, slot);
   return value.typeId() == QMetaType::QString ? QuotedText(value.toString()) : value.toString().toUtf8();
 }
 

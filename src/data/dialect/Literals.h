@@ -31,12 +31,26 @@ struct Literal {
   QString ValueIn(const QString& statement) const;
 };
 
+/// A place in a translated text where a literal goes.
+struct Slot {
+  qsizetype at;
+  int literal;
+  Transform transform;
+  int limit;
+  ColumnInfo column;  ///< that Transform::Stored is for
+
+  bool IsSameValue(const Slot& other) const {
+    return literal == other.literal && transform == other.transform && limit == other.limit &&
+           column.name == other.column.name;
+  }
+};
+
 /// The value that a transformed literal stands for; it may lie in the statement's text and goes with it.
 /// @throws DataError Conversion, TooLong
-QVariant ValueOf(const Literal& literal, const QString& statement, Transform transform, int limit);
+QVariant ValueOf(const Literal& literal, const QString& statement, const Slot& slot);
 
 /// The same as a piece of a statement, quoted for PostgreSQL.
-QByteArray TextOf(const Literal& literal, const QString& statement, Transform transform, int limit);
+QByteArray TextOf(const Literal& literal, const QString& statement, const Slot& slot);
 
 /// A text as a literal of PostgreSQL, safe whatever standard_conforming_strings says.
 /// https://www.postgresql.org/docs/15/sql-syntax-lexical.html#SQL-SYNTAX-STRINGS

@@ -27,6 +27,7 @@ inline bool IsNumeric(ValueType type) {
 enum class Transform {
   Plain,     ///< as it is written
   Text,      ///< a text; a number's digits as a text
+  Stored,    ///< the same, as its column keeps it
   Integer,   ///< a quoted whole number, "" for 0
   Decimal,   ///< a quoted number
   Float,     ///< a quoted number, "" for 0
@@ -76,12 +77,12 @@ struct Expression {
 
   int literal = -1;  ///< of Text and Number: its place among the statement's literals, from 0
   Transform transform = Transform::Plain;
-  int limit = 0;  ///< the most characters that Transform::Text and Variants may give; 0 for any number
+  int limit = 0;  ///< the most characters that Transform::Variants may give; 0 for any number
 
   // Found when the names are resolved.
   ValueType type = ValueType::Unknown;
-  const ColumnInfo* column = nullptr;
-  bool isKey = false;  ///< a column that is its table's whole key
+  const ColumnInfo* column = nullptr;  ///< of a literal: the column that Transform::Stored is for
+  bool isKey = false;                  ///< a column that is its table's whole key
 
   explicit Expression(Kind kind) : kind(kind) {}
 };

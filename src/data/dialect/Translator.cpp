@@ -44,7 +44,7 @@ class Filling {
     NativeStatement native{translation.text, {}};
     native.parameters.reserve(translation.slots.size());
     for (const sql::Slot& slot : translation.slots)
-      native.parameters.push_back(sql::ValueOf(At(slot), statement_, slot.transform, slot.limit));
+      native.parameters.push_back(sql::ValueOf(At(slot), statement_, slot));
     return native;
   }
 
@@ -53,7 +53,7 @@ class Filling {
     qsizetype from = 0;
     for (const sql::Slot& slot : translation.slots) {
       native.text += translation.text.sliced(from, slot.at - from);
-      native.text += sql::TextOf(At(slot), statement_, slot.transform, slot.limit);
+      native.text += sql::TextOf(At(slot), statement_, slot);
       from = slot.at;
     }
     native.text += translation.text.sliced(from);
@@ -78,7 +78,8 @@ bool IsAggregated(const sql::Query& query) {
 
 class Translator::Impl {
  public:
-  Impl(DialectKind dialect, TableLookup tables) : kind_(dialect), tables_(std::move(tables)) {}
+  Impl(DialectKind dialect, TableLookup tables, const QByteArray& orderCollation)
+      : kind_(dialect), tables_(std::move(tables)), orderCollation_(orderCollation) {}
 
   Plan Translate(const QString& statement) {
     try {
@@ -112,7 +113,7 @@ class Translator::Impl {
     sql::Statement& statement = parsed.statement;
     sql::InferTypes(statement, tables_);
     const sql::Dialect& dialect = sql::DialectOf(kind_);
-    sql::RewriteContext context(dialect, shape_.Literals());
+    sql::RewriteContext context(dialect, shape_.Literals(), orderCollation_);
     sql::RewriteStatement(statement, context);
     sql::Translated translated;
     translated.conditional = statement.kind == sql::Statement::Conditional;
@@ -135,12 +136,13 @@ class Translator::Impl {
 
   DialectKind kind_;
   TableLookup tables_;
+  QByteArray orderCollation_;
   sql::Shape shape_;
   sql::ShapeCache cache_;
 };
 
-Translator::Translator(DialectKind dialect, TableLookup tables)
-    : impl_(std::make_unique<Impl>(dialect, std::move(tables))) {}
+Translator::Translator(DialectKind dialect, TableLookup tables, const QByteArray& orderCollation)
+    : impl_(std::make_unique<Impl>(dialect, std::move(tables), orderCollation)) {}
 
 Translator::~Translator() = default;
 

@@ -26,7 +26,8 @@ class Translator {
  public:
   using TableLookup = std::function<const TableInfo*(const QString&)>;
 
-  Translator(DialectKind dialect, TableLookup tables);
+  /// @param orderCollation what Order By puts texts in order by, "" for the comparison's own order
+  Translator(DialectKind dialect, TableLookup tables, const QByteArray& orderCollation = {});
   ~Translator();
 
   /// The plan's values may lie in the statement's text: it is to be run before the text goes.

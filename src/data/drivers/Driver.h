@@ -26,9 +26,14 @@ class Driver {
   /// Reads a table's columns and key from the database's own catalogue; nothing when there is no such table or view.
   /// The name is compared without regard to case.
   virtual std::optional<TableInfo> Describe(const QString& table) = 0;
+  /// The name of a collation that orders Chinese by pinyin, "" where the database has none.
+  virtual QByteArray PinyinCollation() = 0;
   virtual void Begin() = 0;
   virtual void Commit() = 0;
+  /// When it throws, InTransaction tells whether the changes still stand there unfinished.
   virtual void Rollback() = 0;
+  /// Whether the transaction that Begin started is still open on the handle.
+  virtual bool InTransaction() const = 0;
 };
 
 }  // namespace folvane

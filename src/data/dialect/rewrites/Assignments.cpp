@@ -7,17 +7,17 @@ namespace folvane::sql {
 
 namespace {
 
-constexpr int kUnlimited = 2147483647;
-
 ExpressionPtr Stored(const ExpressionPtr& value, const ColumnInfo* column, RewriteContext& context) {
   if (!column || value->type == ValueType::Null || value->type == ValueType::Unknown) return value;
   const Dialect& dialect = context.Dialect();
   const ValueType type = TypeOfColumn(column->type);
   if (type == ValueType::Text) {
-    const int limit = column->definedSize < kUnlimited ? column->definedSize : 0;
     const Expression::Kind kind = Bare(*value).kind;
-    if (kind == Expression::Text || kind == Expression::Number)
-      return Transformed(*value, Transform::Text, type, limit);
+    if (kind == Expression::Text || kind == Expression::Number) {
+      ExpressionPtr literal = Transformed(*value, Transform::Stored, type);
+      literal->column = column;
+      return literal;
+    }
   }
   ExpressionPtr stored = Coerce(value, type, context);
   if (type == ValueType::Integer && (stored->type == ValueType::Decimal || stored->type == ValueType::Float))

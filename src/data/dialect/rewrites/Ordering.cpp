@@ -27,6 +27,14 @@ ExpressionPtr Ordinal(const Expression& value) {
   return Native(value.text.toLatin1().constData(), {}, ValueType::Unknown);
 }
 
+// Where rows are told apart by the very values that they are ordered by, their comparison's own order has to do.
+ExpressionPtr Ordered(const ExpressionPtr& value, const Query& query, RewriteContext& context) {
+  const ExpressionPtr folded = Fold(value, context);
+  if (context.OrderCollation().isEmpty() || query.distinct || query.next) return folded;
+  const QByteArray form = "$1 COLLATE \"" + context.OrderCollation() + '"';
+  return Native(form.constData(), {folded}, ValueType::Text);
+}
+
 void Order(OrderItem& item, const Query& query, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
   bool isOrdinal = false;
@@ -41,10 +49,11 @@ void Order(OrderItem& item, const Query& query, RewriteContext& context) {
   }
   if (isOrdinal && !selected) item.value = Ordinal(*item.value);
   if (dialect.distinctByColumn && (selected || query.next)) {
-    item.value = Fold(isOrdinal ? Ordinal(*item.value) : item.value, context);  // the collation fits a column's number
+    // The collation fits a column's number.
+    item.value = Ordered(isOrdinal ? Ordinal(*item.value) : item.value, query, context);
     return;
   }
-  item.value = Fold(shown, context);
+  item.value = Ordered(shown, query, context);
 }
 
 // The order of a union stands around it, over its columns' names.

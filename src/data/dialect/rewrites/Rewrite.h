@@ -11,10 +11,12 @@ namespace folvane::sql {
 /// What a rewrite may know and remember.
 class RewriteContext {
  public:
-  RewriteContext(const Dialect& dialect, const std::vector<Literal>& literals)
-      : dialect_(dialect), literals_(literals) {}
+  RewriteContext(const Dialect& dialect, const std::vector<Literal>& literals, const QByteArray& orderCollation)
+      : dialect_(dialect), literals_(literals), orderCollation_(orderCollation) {}
 
   const sql::Dialect& Dialect() const { return dialect_; }
+  /// What Order By puts texts in order by, "" for the comparison's own order.
+  const QByteArray& OrderCollation() const { return orderCollation_; }
   /// What is known of a literal without looking at its value.
   bool Has(const Expression& literal, Literal::Trait trait) const;
   /// A literal's value. The translation serves only statements with that very value from now on.
@@ -24,6 +26,7 @@ class RewriteContext {
  private:
   const sql::Dialect& dialect_;
   const std::vector<Literal>& literals_;
+  const QByteArray& orderCollation_;
   std::vector<int> pinned_;
 };
 

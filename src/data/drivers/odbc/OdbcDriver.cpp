@@ -137,6 +137,10 @@ std::optional<TableInfo> OdbcDriver::Describe(const QString& table) {
   return Run([&] { return DescribeOdbcTable(connection_, table); });
 }
 
+QByteArray OdbcDriver::PinyinCollation() {
+  return dialect_ == DialectKind::PostgreSql ? FindPostgresPinyin(*this) : QByteArray();
+}
+
 void OdbcDriver::ExecuteOnce(const char* text) { OdbcStatement(connection_).ExecuteDirect({text, {}}); }
 
 void OdbcDriver::CheckConnection(SQLRETURN outcome) {
@@ -177,12 +181,17 @@ void OdbcDriver::Commit() {
 
 void OdbcDriver::Rollback() {
   prepared_.clear();
-  const struct Leaving {
-    OdbcDriver& driver;
-    ~Leaving() { driver.LeaveTransaction(); }
-  } leaving{*this};
-  CheckConnection(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK));
+  try {
+    CheckConnection(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK));
+  } catch (const DataError& error) {
+    // A server that is gone has rolled back by itself. On one that is not, autocommit would keep the changes.
+    if (error.Kind() == DataErrorKind::Lost) LeaveTransaction();
+    throw;
+  }
+  LeaveTransaction();
 }
+
+bool OdbcDriver::InTransaction() const { return inTransaction_; }
 
 // Puts the host's setting back, which fails only where the connection is gone.
 void OdbcDriver::LeaveTransaction() {

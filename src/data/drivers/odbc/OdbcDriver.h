@@ -25,9 +25,11 @@ class OdbcDriver final : public Driver {
   qint64 Execute(const NativeStatement& statement) override;
   void Query(const NativeStatement& statement, std::vector<ColumnInfo>& columns, RowStore& rows) override;
   std::optional<TableInfo> Describe(const QString& table) override;
+  QByteArray PinyinCollation() override;
   void Begin() override;
   void Commit() override;
   void Rollback() override;
+  bool InTransaction() const override;
 
  private:
   template <typename Work>

@@ -43,6 +43,14 @@ JOIN pg_catalog.pg_attribute a ON a.attnum = k.number
 WHERE a.attrelid = i.indrelid AND k.place <= i.indnkeyatts
 ORDER BY k.place)";
 
+// ICU's collations first: those of the C library are there only where the system has the locale.
+// https://www.postgresql.org/docs/15/collation.html
+constexpr const char* kPostgresPinyin = R"(
+SELECT collname FROM pg_catalog.pg_collation
+WHERE collnamespace = 'pg_catalog'::regnamespace AND collencoding IN (-1, pg_char_to_encoding(getdatabaseencoding()))
+      AND collname IN ('zh-x-icu', 'zh-Hans-x-icu', 'zh_CN.utf8', 'zh_CN')
+ORDER BY CASE collname WHEN 'zh-x-icu' THEN 1 WHEN 'zh-Hans-x-icu' THEN 2 ELSE 3 END LIMIT 1)";
+
 // PostgreSQL's internal type names as SQL types.
 struct PostgresType {
   const char* name;
@@ -196,6 +204,13 @@ std::optional<TableInfo> DescribePostgresTable(Driver& driver, const QString& ta
   driver.Query({kPostgresKey, {info.name}}, described, keyRows);
   for (std::size_t row = 0; row < keyRows.RowCount(); ++row) info.key.push_back(info.IndexOf(Text(keyRows, row, 0)));
   return info;
+}
+
+QByteArray FindPostgresPinyin(Driver& driver) {
+  RowStore rows;
+  std::vector<ColumnInfo> described;
+  driver.Query({kPostgresPinyin, {}}, described, rows);
+  return rows.RowCount() ? Text(rows, 0, 0).toUtf8() : QByteArray();
 }
 
 std::optional<TableInfo> DescribeOdbcTable(SQLHDBC connection, const QString& table) {

@@ -15,4 +15,7 @@ std::optional<TableInfo> DescribePostgresTable(Driver& driver, const QString& ta
 /// The same by ODBC's catalogue functions, for any other server.
 std::optional<TableInfo> DescribeOdbcTable(SQLHDBC connection, const QString& table);
 
+/// The name of a collation of PostgreSQL that orders Chinese by pinyin, "" where the server has none.
+QByteArray FindPostgresPinyin(Driver& driver);
+
 }  // namespace folvane

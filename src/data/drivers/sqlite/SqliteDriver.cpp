@@ -105,6 +105,9 @@ SqliteDriver::~SqliteDriver() = default;
 
 std::shared_ptr<SqliteStatement> SqliteDriver::Prepare(const QByteArray& text) {
   if (!inTransaction_) return std::make_shared<SqliteStatement>(database_, text);
+  // What follows would be kept one by one, and what went before is gone.
+  if (!InTransaction())
+    throw DataError(DataErrorKind::Other, QStringLiteral("数据库已撤销本次事务的全部修改，不能继续。"));
   if (const auto known = prepared_.constFind(text); known != prepared_.constEnd()) return *known;
   if (prepared_.size() >= kMostPrepared) prepared_.clear();
   auto statement = std::make_shared<SqliteStatement>(database_, text);
@@ -142,6 +145,8 @@ void SqliteDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>&
 
 std::optional<TableInfo> SqliteDriver::Describe(const QString& table) { return DescribeSqliteTable(database_, table); }
 
+QByteArray SqliteDriver::PinyinCollation() { return RegisterPinyinCollation(database_); }
+
 void SqliteDriver::Begin() {
   // The write lock is taken at once: a transaction that starts by reading cannot be refused at its first write.
   SqliteStatement(database_, "BEGIN IMMEDIATE").Step();
@@ -156,10 +161,12 @@ void SqliteDriver::Commit() {
 
 void SqliteDriver::Rollback() {
   prepared_.clear();
+  if (InTransaction()) SqliteStatement(database_, "ROLLBACK").Step();
   inTransaction_ = false;
-  // Some errors roll back by themselves: https://www.sqlite.org/lang_transaction.html
-  if (!sqlite3_get_autocommit(database_)) SqliteStatement(database_, "ROLLBACK").Step();
 }
+
+// Some errors roll back by themselves: https://www.sqlite.org/lang_transaction.html
+bool SqliteDriver::InTransaction() const { return inTransaction_ && !sqlite3_get_autocommit(database_); }
 
 std::shared_ptr<Connection> AdoptSqlite(sqlite3* database) {
   if (!database) throw DataError(DataErrorKind::Usage, QStringLiteral("没有打开的 SQLite 数据库。"));

@@ -1,6 +1,8 @@
 #include "data/drivers/sqlite/SqliteFunctions.h"
 
+#include <QCollator>
 #include <algorithm>
+#include <memory>
 #include <sqlite3.h>
 
 #include "data/TextFold.h"
@@ -21,6 +23,20 @@ int Collate(void*, int lengthA, const void* a, int lengthB, const void* b) {
     if (x != y) return x < y ? -1 : 1;
   }
   return left.size() < right.size() ? -1 : left.size() > right.size();
+}
+
+int CollatePinyin(void* collator, int lengthA, const void* a, int lengthB, const void* b) {
+  const auto text = [](const void* bytes, int length) {
+    return QString::fromUtf8(WithoutTrailingBlanks({static_cast<const char*>(bytes), length}));
+  };
+  const int order = static_cast<const QCollator*>(collator)->compare(text(a, lengthA), text(b, lengthB));
+  return order ? order : Collate(nullptr, lengthA, a, lengthB, b);
+}
+
+// Whether Qt was built with the tables for it: "a", "yi" and "zhong" stand in another order by their codes.
+bool KnowsPinyin(const QCollator& collator) {
+  const QString a(QChar(0x554A)), yi(QChar(0x4E00)), zhong(QChar(0x4E2D));
+  return collator.compare(a, yi) < 0 && collator.compare(yi, zhong) < 0;
 }
 
 }  // namespace
@@ -64,6 +80,18 @@ void RegisterSqliteFunctions(sqlite3* database) {
   AddNumberFunctions(list);
   AddDateFunctions(list);
   if (list.Result() != SQLITE_OK) ThrowSqliteError(database, list.Result());
+}
+
+QByteArray RegisterPinyinCollation(sqlite3* database) {
+  constexpr char kName[] = "FOLVANE_PINYIN";
+  auto collator = std::make_unique<QCollator>(QLocale(QLocale::Chinese, QLocale::China));
+  collator->setCaseSensitivity(Qt::CaseInsensitive);
+  if (!KnowsPinyin(*collator)) return {};
+  const int result = sqlite3_create_collation_v2(database, kName, SQLITE_UTF8, collator.get(), CollatePinyin,
+                                                 [](void* registered) { delete static_cast<QCollator*>(registered); });
+  if (result != SQLITE_OK) ThrowSqliteError(database, result);
+  collator.release();  // the handle's from now on
+  return kName;
 }
 
 }  // namespace folvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+
 struct sqlite3;
 
 namespace folvane {
@@ -9,5 +11,9 @@ namespace folvane {
 /// no date and a division by zero are errors with the code SQLITE_MISMATCH.
 /// @throws DataError
 void RegisterSqliteFunctions(sqlite3* database);
+
+/// Registers a collation that orders Chinese by pinyin, and stays with the handle.
+/// @return its name, "" where Qt was built without the tables for it
+QByteArray RegisterPinyinCollation(sqlite3* database);
 
 }  // namespace folvane
