@@ -304,6 +304,21 @@ TEST_P(ReplaceWindowTest, TellsHowManyHitsCouldNotBeWrittenAndWhy) {
   EXPECT_TRUE(boxes_.Requests().empty());
 }
 
+TEST_P(ReplaceWindowTest, TellsThatTheReplacementIsTooLong) {
+  AddRecords(2);
+  Design({u"FondsNo"_s, u"全宗号"_s});
+  Run(u"update Lwdj set FondsNo = '01'"_s);
+  WithReplace([&](const Input&, const Replacing& replacing) {
+    replacing.Do(u"OptField"_s);
+    replacing.Choose(u"CboField"_s, 3);
+    replacing.Enter(u"CboFindTxt"_s, u"01"_s);
+    replacing.Enter(u"CboRelaceTxt"_s, u"五字全宗号"_s);
+    replacing.Do(u"CmdReplaceAll"_s);
+    EXPECT_EQ(replacing.Status(),
+              u"已替换的记录：0条\n未能写入的记录：2条，字段“全宗号”的值太长：有 10 个字节，最多 4 个字节。"_s);
+  });
+}
+
 TEST_P(ReplaceWindowTest, TellsThatTheCurrentRecordCouldNotBeWritten) {
   AddRecords(2);
   Run(u"create unique index OneTitle on Lwdj (Amaintitle)"_s);

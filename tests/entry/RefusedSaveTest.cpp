@@ -36,6 +36,20 @@ TEST_P(RefusedSaveTest, NamesTheFieldThatIsTooLongWithBothLengthsAndGoesThere) {
   EXPECT_EQ(Stored(u"Amaintitle"_s), u"新题"_s);
 }
 
+TEST_P(RefusedSaveTest, SavesTheRestOfARecordThatHoldsAValueTooLongAlready) {
+  Run(u"update Lwdj set FondsNo = '全宗号码'"_s);
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"新题"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_TRUE(boxes_.Requests().empty());
+    input.Retype(u"Txt(3)"_s, u"全宗号码甲"_s);
+    EXPECT_FALSE(input.Form().SaveData()) << "made longer";
+    input.Form().CancelEdit();
+  });
+  EXPECT_EQ(Stored(u"Amaintitle"_s), u"新题"_s);
+  EXPECT_EQ(Stored(u"FondsNo"_s), u"全宗号码"_s);
+}
+
 TEST_P(RefusedSaveTest, NamesTheFieldWhoseValueAnotherRecordHolds) {
   Run(u"create unique index OneNumber on Lwdj (DocNo)"_s);
   InWindow([&](const Input& input) {
