@@ -8,8 +8,8 @@
 #include "entry/EnterWalk.h"
 #include "entry/EntryEnabling.h"
 #include "entry/EntrySurroundings.h"
+#include "entry/FieldChecks.h"
 #include "entry/RecordLifecycle.h"
-#include "entry/ShownField.h"
 #include "records/TableParameters.h"
 
 class QLabel;
@@ -22,7 +22,6 @@ class EntryForm;
 class EntryStatus;
 class WindowCommands;
 class DataError;
-struct CheckFailure;
 
 /// The entry window: the one form for the records of any table, made from the table's design and bound to the shared
 /// record set. Used through DefaultInstance; whoever opened it unloads it afterwards.
