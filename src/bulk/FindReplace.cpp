@@ -31,6 +31,7 @@ FindReplace::FindReplace(std::shared_ptr<Connection> connection, QString tableNa
 
 void FindReplace::SetTerms(const SearchTerms& terms) {
   replacement_ = terms.replace;
+  refused_ = {};
   search_ = RecordSearch();
   IgnoreErrors([&] { search_ = RecordSearch(terms, terms.allFields ? QString() : GetFieldName(terms.caption)); });
 }
@@ -49,7 +50,15 @@ void FindReplace::GetFieldControl(const QString& field) {
 }
 
 void FindReplace::FindInRecord(const Recordset& records, bool replace, bool& found) {
-  IgnoreErrors([&] { Look(records, replace, found); });
+  try {
+    Look(records, replace, found);
+  } catch (const std::exception& error) {
+    if (replace) NoteRefusal(error);
+  }
+}
+
+void FindReplace::NoteRefusal(const std::exception& error) {
+  if (++refused_.count == 1) refused_.reason = ErrorTextFor(tableName_, error).simplified();
 }
 
 void FindReplace::Look(const Recordset& records, bool replace, bool& found) {

@@ -25,6 +25,13 @@ class FindReplace {
   void SetTerms(const SearchTerms& terms);
   const RecordSearch& Search() const { return search_; }
 
+  /// The records that could not be overwritten since SetTerms, and why the first of them.
+  struct Refusals {
+    qint64 count = 0;
+    QString reason;
+  };
+  const Refusals& Refused() const { return refused_; }
+
   /// Looks at the record that the record set stands on. Without `replace` the control of the hit field is looked up;
   /// with it the whole of every hit field is overwritten. `found` becomes true on a hit and is left otherwise.
   void FindInRecord(const Recordset& records, bool replace, bool& found);
@@ -46,6 +53,7 @@ class FindReplace {
   void GetFieldControl(const QString& field);
 
  private:
+  void NoteRefusal(const std::exception& error);
   void Look(const Recordset& records, bool replace, bool& found);
   void Overwrite(const Recordset& records, const QString& field) const;
   qint64 ReplacePortion(Recordset& records, SearchWay way);
@@ -54,6 +62,7 @@ class FindReplace {
   QString tableName_;
   QString replacement_;
   RecordSearch search_;
+  Refusals refused_;
   qint64 hitPosition_ = 0;
   ControlId hitControl_;
 };

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QWindow>
@@ -93,6 +94,7 @@ void FrmReplace::Connect() {
   counting_->setSingleShot(true);
   ConnectGuarded(counting_, &QTimer::timeout, this, &FrmReplace::CountOn);
   ConnectGuarded(findNext_, &QPushButton::clicked, this, &FrmReplace::FindNext);
+  connect(new QShortcut(QKeySequence(Qt::Key_F3), this), &QShortcut::activated, findNext_, &QPushButton::click);
   ConnectGuarded(replaceOne_, &QPushButton::clicked, this, &FrmReplace::Replace);
   ConnectGuarded(replaceAll_, &QPushButton::clicked, this, &FrmReplace::ReplaceAll);
   connect(cancel_, &QPushButton::clicked, this, &FrmReplace::reject);
@@ -247,8 +249,11 @@ void FrmReplace::CountOn() {
 
 void FrmReplace::ShowReplaced(qint64 count) {
   counting_->stop();
-  const QString hint = count > 0 ? u"，重新读取后显示新值"_s : QString();
-  status_->setText(u"已替换的记录：%1条"_s.arg(count) + hint);
+  const FindReplace::Refusals& refused = search_->Refused();
+  QString text = u"已替换的记录：%1条"_s.arg(count);
+  if (count > 0) text += u"，重新读取后显示新值"_s;
+  if (refused.count > 0) text += u"\n未能写入的记录：%1条，%2"_s.arg(QString::number(refused.count), refused.reason);
+  status_->setText(text);
 }
 
 }  // namespace folvane

@@ -27,7 +27,11 @@ void FrmReplace::MakeControls() {
   like_ = Named(new QCheckBox(u"模糊匹配(&U)"_s, this), u"ChkLike"_s, u"值中含有查找内容"_s);
   case_ = Named(new QCheckBox(u"区分大小写(&S)"_s, this), u"ChkApp"_s, {});
   status_ = Named(new QLabel(this), u"LblStatus"_s, {});
+  status_->setTextFormat(Qt::PlainText);
+  status_->setWordWrap(true);
   progress_ = Named(new QProgressBar(this), u"ProReplace"_s, {});
+  field_->setAccessibleName(field_->toolTip());
+  progress_->setAccessibleName(u"查找和替换的进度"_s);
 }
 
 void FrmReplace::MakeKeys() {
@@ -36,7 +40,7 @@ void FrmReplace::MakeKeys() {
     made->setAutoDefault(false);
     return made;
   };
-  findNext_ = key(u"CmdFindNext"_s, u"查找下一个(&N)"_s, u"从当前记录起查找"_s);
+  findNext_ = key(u"CmdFindNext"_s, u"查找下一个(&N)"_s, u"从当前记录起查找 (F3)"_s);
   replaceOne_ = key(u"CmdReplace"_s, u"替换(&R)"_s, u"替换当前记录中找到的字段"_s);
   replaceAll_ = key(u"CmdReplaceAll"_s, u"全部替换(&L)"_s, u"替换该方向上所有找到的字段"_s);
   cancel_ = key(u"CmdCancel"_s, u"取消(&C)"_s, {});

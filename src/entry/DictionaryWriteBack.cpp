@@ -13,7 +13,7 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-// The dictionaries as they were when it began, and what it added to them since.
+// The dictionaries as they were when it began, and what is to be added to them.
 class WriteBack {
  public:
   explicit WriteBack(const QString& table) {
@@ -23,11 +23,19 @@ class WriteBack {
     entries_.Open(u"Select DicID,Name From AssistantDicKey"_s, SharedConnection());
   }
 
-  void Write(const ComboEntries& combo) {
+  void Gather(const ComboEntries& combo) {
     const QString id = Dictionary(combo.dataField);
     for (const QString& entry : combo.entries) {
       if (!HasEntry(id, entry)) AddEntry(id, entry);
     }
+  }
+
+  // All or nothing: a dictionary without the entries that it was made for would be of no use.
+  void Write() {
+    if (statements_.isEmpty()) return;
+    Transaction transaction(*SharedConnection());
+    for (const QString& statement : statements_) SharedConnection()->Execute(statement);
+    transaction.Commit();
   }
 
  private:
@@ -40,10 +48,10 @@ class WriteBack {
     return made_.value(name);
   }
 
-  static QString MakeDictionary(const QString& name) {
+  QString MakeDictionary(const QString& name) {
     const QString id = CreateName();
-    SharedConnection()->Execute(u"Insert Into AssistantDictionary(DicID,Name,ClassType,IsSystem) Values('"_s + id +
-                                u"','"_s + EscapeSql(name) + u"','2 - 字符型','0')"_s);
+    statements_ << u"Insert Into AssistantDictionary(DicID,Name,ClassType,IsSystem) Values('"_s + id + u"','"_s +
+                       EscapeSql(name) + u"','2 - 字符型','0')"_s;
     return id;
   }
 
@@ -54,12 +62,13 @@ class WriteBack {
   }
 
   void AddEntry(const QString& id, const QString& entry) {
-    SharedConnection()->Execute(u"Insert Into AssistantDicKey(DicID,Name,IsSystem) Values('"_s + id + u"','"_s +
-                                EscapeSql(entry) + u"','0')"_s);
+    statements_ << u"Insert Into AssistantDicKey(DicID,Name,IsSystem) Values('"_s + id + u"','"_s + EscapeSql(entry) +
+                       u"','0')"_s;
     added_.insert({id, entry});
   }
 
   Recordset design_, dictionaries_, entries_;
+  QStringList statements_;
   QMap<QString, QString> made_;
   QSet<QPair<QString, QString>> added_;
 };
@@ -69,7 +78,8 @@ class WriteBack {
 void WriteBackDictionaries(const QString& table, const std::vector<ComboEntries>& combos) {
   if (combos.empty()) return;
   WriteBack writeBack(table);
-  for (const ComboEntries& combo : combos) writeBack.Write(combo);
+  for (const ComboEntries& combo : combos) writeBack.Gather(combo);
+  writeBack.Write();
 }
 
 }  // namespace folvane

@@ -1,5 +1,7 @@
 #include "entry/FieldChecks.h"
 
+#include <algorithm>
+
 #include "base/CodePage.h"
 #include "base/TextTests.h"
 #include "forms/LimitText.h"
@@ -10,7 +12,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kDateLength = 8;
-const QString kNotSaved = u"当前数据保存失败，原因在于："_s;
 
 CheckFailure Failure(const QString& reason, const ControlId& control) {
   return {kNotSaved + reason, MessageFlag::Information, control};
@@ -43,6 +44,13 @@ std::optional<CheckFailure> CheckFixedLength(const ShownField& field) {
   if (length == wanted || length == 0) return {};
   return Failure(u"“"_s + field.caption + u"”字段值必须为"_s + QString::number(wanted) + u"个字符，请重新输入!"_s,
                  field.control);
+}
+
+// Null when the form has no such field.
+const ShownField* FindField(const ShownFields& fields, const ControlId& control) {
+  const auto found =
+      std::find_if(fields.begin(), fields.end(), [&](const ShownField& field) { return field.control == control; });
+  return found == fields.end() ? nullptr : &*found;
 }
 
 // Fields that were not built, of a kind that the form does not know, are passed over.

@@ -5,9 +5,23 @@
 #include <optional>
 #include <vector>
 
-#include "entry/ShownField.h"
+#include "forms/EntryLayout.h"
 
 namespace folvane {
+
+/// What an entry form shows of a field at the moment, for checks that need no controls.
+struct ShownField {
+  ControlId control;
+  QString dataField;
+  QString caption;    ///< the name that messages use
+  QString limitText;  ///< the hint on its length
+  QString text;       ///< "" for a date picker without a date
+};
+
+using ShownFields = std::vector<ShownField>;
+
+/// How the messages of a refused save begin.
+inline const QString kNotSaved = QStringLiteral("当前数据保存失败，原因在于：");
 
 /// Why a record is not saved: a message to show under the caption of the form, and the field that gets the focus.
 struct CheckFailure {

@@ -35,6 +35,7 @@ FrmCustomFormat::FrmCustomFormat() : format_(new TextBox(this)) {
   setWindowTitle(u"设置自定义格式"_s);
   setWindowIcon(Icon(u"collect"_s));
   format_->setObjectName(u"TxtFormat"_s);
+  format_->setAccessibleName(u"自定义格式"_s);
   LayOut();
 }
 

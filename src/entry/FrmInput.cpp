@@ -24,8 +24,6 @@ bool SelectsOnEntry(int controlType) {
   return controlType != ControlKind::Txt && controlType != ControlKind::Cmb && controlType != ControlKind::Txt_MLine;
 }
 
-QString CurrentKey() { return Shared().CurrentRecords[u"ArchiveID"_s].Text(); }
-
 }  // namespace
 
 // Records.
@@ -61,7 +59,7 @@ void FrmInput::DelRecord() {
   if (ShowMessage(u"确实要删除当前的记录及相关原文吗？"_s, MessageFlag::YesNo + MessageFlag::Information,
                   windowTitle()) != Answer::Yes)
     return;
-  DeleteOriginals(u" Where RecordID = '"_s + CurrentKey() + u"'"_s);
+  DeleteOriginals(u" Where RecordID = '"_s + lifecycle_->CurrentKey() + u"'"_s);
   try {
     lifecycle_->Delete();
   } catch (const std::exception&) {

@@ -8,10 +8,11 @@
 #include "entry/EnterWalk.h"
 #include "entry/EntryEnabling.h"
 #include "entry/EntrySurroundings.h"
+#include "entry/FieldChecks.h"
 #include "entry/RecordLifecycle.h"
-#include "entry/ShownField.h"
 #include "records/TableParameters.h"
 
+class QLabel;
 class QTimer;
 
 namespace folvane {
@@ -20,7 +21,7 @@ class EntryField;
 class EntryForm;
 class EntryStatus;
 class WindowCommands;
-struct CheckFailure;
+class DataError;
 
 /// The entry window: the one form for the records of any table, made from the table's design and bound to the shared
 /// record set. Used through DefaultInstance; whoever opened it unloads it afterwards.
@@ -53,6 +54,7 @@ class FrmInput : public QMainWindow {
 
  private:
   // Opening.
+  void LayOut();
   void Connect();
   void ConnectMoves();
   void ConnectTools();
@@ -60,6 +62,7 @@ class FrmInput : public QMainWindow {
   void Activate();
   RegIdRule ReadRule(const Recordset& records) const;
   ParentRecord ReadParent() const;
+  void ShowHint(const QString& text);
   void ConnectFields(const QStringList& wideFields);
   void LoadReportMenu();
   void ReadFlags();
@@ -92,7 +95,11 @@ class FrmInput : public QMainWindow {
   bool PassesChecks();
   bool Refuse(const CheckFailure& failure);
   bool PassesRules();
-  bool WriteRecord(void (RecordLifecycle::*write)());
+  bool WriteRecord();
+  bool MayWriteAgain(const DataError& error);
+  /// Takes over what someone else has made of the record. Answers whether it can be written, once the user agrees.
+  bool TakeTheirs();
+  void FocusColumn(const QString& column);
   void TrimMultiLines();
   void KeepComboTexts();
   ShownFields FieldsShown() const;
@@ -109,6 +116,7 @@ class FrmInput : public QMainWindow {
   EntryForm* form_;
   WindowCommands* commands_;
   EntryStatus* status_;
+  QLabel* hint_;  ///< over the form: what the design of the table lacks
   QTimer* timer_;
   EntryGrants grants_;
   bool showsEditing_ = false;  ///< the toolbar has gone over to the edit

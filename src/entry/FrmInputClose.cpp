@@ -8,7 +8,6 @@
 #include "forms/EntryForm.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
-#include "shell/SharedState.h"
 #include "widgets/EditCombo.h"
 
 namespace folvane {
@@ -33,7 +32,7 @@ bool FrmInput::MayClose() {
   };
   leave(u"<NULL>"_s);
   if (!SettleEdit()) return false;
-  if (HasRecord()) leave(Shared().CurrentRecords[u"ArchiveID"_s].Text());
+  if (const QString key = lifecycle_->CurrentKey(); !key.isEmpty()) leave(key);
   RunGuarded([this] { WriteBack(); });
   End();
   return true;

@@ -1,6 +1,8 @@
+#include <QLabel>
 #include <QMenu>
 #include <QScreen>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "catalogue/ReadRows.h"
@@ -22,6 +24,7 @@
 #include "shell/LoadedWindow.h"
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
+#include "shell/WindowPlacement.h"
 #include "widgets/AgencyCodePicker.h"
 #include "widgets/FrmAbout.h"
 #include "widgets/Icons.h"
@@ -33,6 +36,19 @@ using namespace Qt::Literals::StringLiterals;
 const QString kCaption = u"著录界面"_s;
 const QString kGranted = u"1"_s;
 constexpr int kLookInterval = 500;
+constexpr int kHintMargin = 24;
+constexpr int kEmptyHeight = 300;  // of a form without fields
+
+bool HasKey(const Recordset& records) { return FieldExists(records, u"ArchiveID"_s); }
+
+// What the design of the table lacks, in words; "" for nothing.
+QString MissingIn(const QString& table, const EntryLayout& layout, const Recordset& records) {
+  QStringList missing;
+  if (layout.rows.empty()) missing << u"表“%1”还没有录入界面：请在 SaveControls 中为其字段安排位置。"_s.arg(table);
+  if (!HasKey(records))
+    missing << u"表“%1”没有关键字段 ArchiveID，其中的记录只能查看：请在数据库中为该表增加此字段。"_s.arg(table);
+  return missing.join(u'\n');
+}
 
 }  // namespace
 
@@ -40,16 +56,39 @@ FrmInput::FrmInput()
     : form_(new EntryForm(this)),
       commands_(new WindowCommands(*this, EntryCommandDesign())),
       status_(new EntryStatus(this)),
+      hint_(new QLabel(this)),
       timer_(new QTimer(this)) {
   setObjectName(u"FrmInput"_s);
   setWindowTitle(kCaption);
   setWindowIcon(Icon(u"register"_s));
-  setCentralWidget(form_);
+  LayOut();
   setStatusBar(status_);
   timer_->setObjectName(u"Timer1"_s);
   timer_->setSingleShot(true);
   timer_->setInterval(kLookInterval);
   Connect();
+}
+
+void FrmInput::LayOut() {
+  hint_->setObjectName(u"LblHint"_s);
+  hint_->setTextFormat(Qt::PlainText);
+  hint_->setAlignment(Qt::AlignCenter);
+  hint_->setWordWrap(true);
+  hint_->setMargin(kHintMargin);
+  auto* middle = new QWidget(this);
+  auto* column = new QVBoxLayout(middle);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(hint_);
+  column->addWidget(form_, 1);
+  setCentralWidget(middle);
+}
+
+void FrmInput::ShowHint(const QString& text) {
+  hint_->setText(text);
+  hint_->setVisible(!text.isEmpty());
+  const bool hasForm = !form_->Layout().rows.empty();
+  form_->setVisible(hasForm);
+  hint_->setMinimumHeight(hasForm ? 0 : kEmptyHeight);
 }
 
 void FrmInput::Connect() {
@@ -120,14 +159,16 @@ ParentRecord FrmInput::ReadParent() const {
 void FrmInput::Load() {
   Recordset& records = Shared().CurrentRecords;
   lifecycle_.reset();
+  SetPlacementOf(*this, CurrTable);
   setWindowTitle(Surroundings.NodeText + u"  -  "_s + kCaption);
   const qint64 openPosition = records.AbsolutePosition();
   const RegIdRule rule = ReadRule(records);
   const auto carried = LoadCarryFields(SharedConnection(), CurrTable, ReadParent());
   form_->BuildEntryControls(CurrTable, records);
+  ShowHint(MissingIn(CurrTable, form_->Layout(), records));
   LoadReportMenu();
   grants_ = {Selected(Parameter::LookFile) == kGranted, Selected(Parameter::Print) == kGranted,
-             Selected(Parameter::Edit) == kGranted, !Selected(Parameter::Target).isEmpty()};
+             Selected(Parameter::Edit) == kGranted && HasKey(records), !Selected(Parameter::Target).isEmpty()};
   lifecycle_ = std::make_unique<RecordLifecycle>(records, LifecycleStart{form_->Layout(), carried, rule}, openPosition);
   ReadFlags();
   ConnectFields(RegCbcIni(CurrTable));

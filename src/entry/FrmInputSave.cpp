@@ -5,6 +5,7 @@
 #include "entry/FieldChecks.h"
 #include "entry/FrmInput.h"
 #include "entry/RowConflict.h"
+#include "entry/SaveRefusal.h"
 #include "forms/EntryForm.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
@@ -18,7 +19,15 @@ using namespace Qt::Literals::StringLiterals;
 
 bool FrmInput::SaveData() {
   bool saved = false;
-  RunGuarded([&] { saved = SaveTyped(); });
+  RunGuarded([&] {
+    try {
+      saved = SaveTyped();
+    } catch (const DataError& error) {
+      if (error.Column().isEmpty()) throw;
+      TellRefusal(CurrTable, error, windowTitle());
+      FocusColumn(error.Column());
+    }
+  });
   if (!saved) status_->ShowWork(u"准备就绪"_s);
   return saved;
 }
@@ -34,7 +43,7 @@ bool FrmInput::SaveTyped() {
   form_->Binding().StoreShown();
   if (!PassesChecks()) return false;
   KeepComboTexts();
-  return PassesRules() && WriteRecord(&RecordLifecycle::Write);
+  return PassesRules() && WriteRecord();
 }
 
 bool FrmInput::PassesChecks() {
@@ -65,6 +74,12 @@ bool FrmInput::Refuse(const CheckFailure& failure) {
   return false;
 }
 
+void FrmInput::FocusColumn(const QString& column) {
+  for (const auto& field : form_->Fields()) {
+    if (field->DataField().compare(column, Qt::CaseInsensitive) == 0) return field->Focus();
+  }
+}
+
 bool FrmInput::PassesRules() {
   const EntryField* fonds = form_->FondsControl();
   bool failed = false;
@@ -72,20 +87,39 @@ bool FrmInput::PassesRules() {
   return !failed;
 }
 
-bool FrmInput::WriteRecord(void (RecordLifecycle::*write)()) {
+bool FrmInput::WriteRecord() {
+  const QStringList& contested = lifecycle_->Contested();
+  if (!contested.isEmpty() &&
+      !AskAboutConflicts(ConflictsIn(Shared().CurrentRecords, contested, lifecycle_->Layout()), windowTitle()))
+    return false;
   status_->ShowWork(u"正在保存数据，请稍等..."_s);
   try {
     const BusyPointer busy;
-    (*lifecycle_.*write)();
+    lifecycle_->Write();
   } catch (const DataError& error) {
-    if (error.Kind() != DataErrorKind::Conflict) throw;
-    const RowConflict conflict = ReadConflict(Shared().CurrentRecords, lifecycle_->Layout(), CurrTable);
-    if (!conflict.isDeleted && conflict.differences.empty()) throw;
-    return AskAboutConflict(conflict, windowTitle()) && WriteRecord(&RecordLifecycle::WriteOver);
+    return MayWriteAgain(error) && WriteRecord();
   }
   form_->Binding().Refresh();  // the database may have given a number
   ShowSettled();
   return true;
+}
+
+// Called while the error is handled: one that nothing can be done about goes on.
+bool FrmInput::MayWriteAgain(const DataError& error) {
+  if (error.Kind() == DataErrorKind::Conflict) return TakeTheirs();
+  const bool isNewKey = lifecycle_->State() == RecordState::Add && error.Column().toUpper() == u"ARCHIVEID";
+  if (!error.IsDuplicate() || !isNewKey) throw;
+  if (!AskForNewKey(CurrTable, error, windowTitle())) return false;
+  lifecycle_->TakeNewKey();
+  return true;
+}
+
+bool FrmInput::TakeTheirs() {
+  const RecordLifecycle::Theirs theirs = lifecycle_->TakeTheirs();
+  if (theirs == RecordLifecycle::Theirs::Same) throw;
+  if (theirs == RecordLifecycle::Theirs::Deleted) TellOfDeletion(windowTitle());
+  form_->Binding().Refresh();
+  return theirs == RecordLifecycle::Theirs::Changed;
 }
 
 void FrmInput::TrimMultiLines() {

@@ -37,6 +37,8 @@ FrmKeyOrder::FrmKeyOrder()
   position_->setObjectName(u"PVNumeric1"_s);
   position_->setToolTip(u"选中字段在回车顺序中的位置"_s);
   position_->setEnabled(false);
+  position_->setAccessibleName(position_->toolTip());
+  fields_->setAccessibleName(u"回车键经过各字段的顺序"_s);
   fields_->setSpacing(2);
   byNumber_->setObjectName(u"ChkOrder"_s);
   byNumber_->setToolTip(u"直接输入选中字段的位置"_s);
@@ -48,6 +50,7 @@ QToolButton* FrmKeyOrder::NewMoveKey(const QString& name, const QString& tip, co
   auto* button = new QToolButton(this);
   button->setObjectName(name);
   button->setToolTip(tip);
+  button->setAccessibleName(tip);
   button->setIcon(Icon(icon));
   button->setIconSize(QSize(kIconSize, kIconSize));
   button->setAutoRaise(true);  // raised only while the mouse is over it
@@ -128,7 +131,11 @@ void FrmKeyOrder::TakePosition(int wanted) {
 }
 
 void FrmKeyOrder::Save() {
-  order_->Commit();
+  try {
+    order_->Commit();
+  } catch (const std::exception& error) {
+    return ShowError(error, u"没有写入任何字段的顺序，所做的调整仍保留在窗口中。"_s);
+  }
   accept();
 }
 

@@ -68,6 +68,7 @@ EditCombo* FrmSaveCollect::NewBox(const QString& array, int line, const QString&
   auto* box = new SuppliedCombo(std::move(read), this);
   box->setObjectName(u"%1(%2)"_s.arg(array).arg(line));
   box->setToolTip(tip);
+  box->setAccessibleName(u"第%1个条件，%2"_s.arg(line + 1).arg(tip));
   box->setEnabled(false);
   box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   return box;
@@ -76,6 +77,7 @@ EditCombo* FrmSaveCollect::NewBox(const QString& array, int line, const QString&
 void FrmSaveCollect::AddTables() {
   tables_->setHorizontalHeaderLabels({u"中文表名"_s, u"英文表名"_s, u"所属类别"_s});
   tableList_->setObjectName(u"LVData"_s);
+  tableList_->setAccessibleName(u"可选择的表"_s);
   tableList_->setModel(tables_);
   tableList_->setSelectionMode(QAbstractItemView::SingleSelection);
   tableList_->setEnabled(false);
@@ -249,7 +251,11 @@ void FrmSaveCollect::DeleteAll() {
 void FrmSaveCollect::Save() {
   ok_->setFocus();
   SaveTempOfLeft();
-  editor_->Commit();
+  try {
+    editor_->Commit();
+  } catch (const std::exception& error) {
+    return ShowError(error, u"没有写入任何校对条件，所做的设置仍保留在窗口中。"_s);
+  }
   accept();
 }
 

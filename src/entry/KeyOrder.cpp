@@ -42,11 +42,13 @@ int KeyOrderList::Move(int from, int to) {
 }
 
 void KeyOrderList::Commit() const {
+  Transaction transaction(*SharedConnection());
   for (int i = 1; i <= Count(); ++i) {
     SharedConnection()->Execute(u"Update SaveControls Set KeyOrder='"_s + QString::number(i) +
                                 u"' Where DataSource='"_s + table_ + u"' and DataField='"_s +
                                 FieldOf(table_, names_[i - 1]) + u"' and ControlType<>'3'"_s);
   }
+  transaction.Commit();
 }
 
 std::vector<ControlId> ReadKeyList(const QString& table) {

@@ -24,7 +24,7 @@ class KeyOrderList {
   int MoveUp(int position) { return Move(position, position - 1); }
   int MoveDown(int position) { return Move(position, position + 1); }
 
-  /// Writes the order. Of two fields with one name the first is written, twice. @throws DataError
+  /// Writes the order, whole or not at all. Of two fields with one name the first is written, twice. @throws DataError
   void Commit() const;
 
  private:

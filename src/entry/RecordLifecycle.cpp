@@ -6,9 +6,18 @@
 #include <folvane/DataError.h>
 
 #include "base/IgnoreErrors.h"
+#include "base/KeyMaker.h"
+#include "data/ValueText.h"
 #include "entry/NewRecord.h"
+#include "shell/CommonRoutines.h"
 
 namespace folvane {
+
+namespace {
+
+const QString kKey = QStringLiteral("ArchiveID");
+
+}  // namespace
 
 RecordLifecycle::RecordLifecycle(Recordset& records, LifecycleStart start, qint64 openPosition)
     : records_(records),
@@ -24,6 +33,10 @@ RecordLifecycle::RecordLifecycle(Recordset& records, LifecycleStart start, qint6
 EntryPlace RecordLifecycle::Place() const { return {state_, records_.AbsolutePosition(), records_.RecordCount()}; }
 
 bool RecordLifecycle::HasRow() const { return records_.AbsolutePosition() > 0; }
+
+QString RecordLifecycle::CurrentKey() const {
+  return HasRow() && FieldExists(records_, kKey) ? records_[kKey].Text() : QString();
+}
 
 bool RecordLifecycle::IsPending() const {
   return records_.EditMode() != EditModeKind::None || records_.PendingCount() > 0;
@@ -66,24 +79,40 @@ void RecordLifecycle::NoteWritten() {
   lastBookmark_ = HasRow() ? records_.Bookmark() : kNoPlace;
   state_ = RecordState::Browse;
   refused_ = false;
+  contested_.clear();
 }
 
-void RecordLifecycle::WriteOver() {
-  std::vector<std::pair<QString, QVariant>> mine;
-  for (int i = 0; i < records_.Fields().Count(); ++i) {
-    const Field field = records_.Fields().Item(i);
-    if (field.Value() != field.OriginalValue()) mine.emplace_back(field.Name(), field.Value());
+RecordLifecycle::Theirs RecordLifecycle::TakeTheirs() {
+  std::vector<std::pair<QVariant, QVariant>> before;  // as it was read, and as it is here
+  for (int i = 0; i < records_.Fields().Count(); ++i)
+    before.emplace_back(records_.Fields().Item(i).OriginalValue(), records_.Fields().Item(i).Value());
+  try {
+    records_.Resync(AffectKind::Current);
+  } catch (const DataError& error) {
+    if (error.Kind() != DataErrorKind::Conflict) throw;
+    return Theirs::Deleted;
   }
-  records_.Resync(AffectKind::Current);
-  for (const auto& [name, value] : mine) records_[name].SetValue(value);
-  Write();
+  Theirs theirs = Theirs::Same;
+  for (int i = 0; i < records_.Fields().Count(); ++i) {
+    const auto& [read, mine] = before[size_t(i)];
+    Field field = records_.Fields().Item(i);
+    if (ValueText(field.OriginalValue()) != ValueText(read)) {
+      theirs = Theirs::Changed;
+      if (!contested_.contains(field.Name())) contested_ << field.Name();
+    }
+    if (mine != read) field.SetValue(mine);
+  }
+  return theirs;
 }
+
+void RecordLifecycle::TakeNewKey() { records_[kKey].SetValue(CreateName()); }
 
 void RecordLifecycle::Cancel() {
   records_.CancelUpdate();
   records_.CancelBatch(AffectKind::All);
   Return();
   if (std::exchange(refused_, false)) ReadAgain();
+  contested_.clear();
   state_ = RecordState::Browse;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "data/Recordset.h"
@@ -31,6 +32,8 @@ class RecordLifecycle {
   EntryPlace Place() const;
   /// Whether the record set stands on a record.
   bool HasRow() const;
+  /// Of the current record; "" without one, and in a table without keys.
+  QString CurrentKey() const;
   bool IsEmpty() const { return records_.RecordCount() == 0; }
   /// Whether something in the record set waits to be written.
   bool IsPending() const;
@@ -43,11 +46,17 @@ class RecordLifecycle {
   void CarryForward();
   /// Adds a record and fills it. After an error the record stands as far as it was filled, to be cancelled.
   void StartNewRecord(bool autoStatus);
-  /// Writes the record.
+  /// Writes the record. @throws DataError Conflict when someone else has changed the same fields since it was read
   void Write();
-  /// Writes over what someone else has made of the record: of what was changed here nothing is lost, the rest becomes
-  /// what the other has saved.
-  void WriteOver();
+  /// What someone else has made of a record that is being edited.
+  enum class Theirs { Same, Changed, Deleted };
+  /// Reads the record again under what was changed here, after a conflict: of that nothing is lost, the rest becomes
+  /// what the other has saved. Write then goes over what was read here, and over nothing newer.
+  Theirs TakeTheirs();
+  /// Gives a record that is being added another key.
+  void TakeNewKey();
+  /// The columns that others were found to have changed since the edit began; until it is written or dropped.
+  const QStringList& Contested() const { return contested_; }
   /// Drops what was changed and returns to where it began.
   void Cancel();
   /// Deletes the current record, not its originals. When the database refuses, the record stays.
@@ -79,6 +88,7 @@ class RecordLifecycle {
   qint64 lastBookmark_ = 0;
   bool copyAll_ = false;
   bool refused_ = false;  ///< the last write, so that the record may be another's by now
+  QStringList contested_;
 };
 
 }  // namespace folvane

@@ -34,7 +34,7 @@ std::optional<CheckFailure> CheckPopedom(const EntryRights& rights,
                    "Else Select 'True' As Result,Count(1)as T From DynamicWindows"_s,
                SharedConnection());
   if (records[u"Result"_s].Text() == u"True") return {};
-  return CheckFailure{u"当前数据保存失败，原因在于：您输入的数据与您的权限不符！\r\n"_s + rights.words, 0, {}};
+  return CheckFailure{kNotSaved + u"您输入的数据与您的权限不符！\r\n"_s + rights.words, 0, {}};
 }
 
 }  // namespace folvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 #include "data/Recordset.h"
@@ -8,22 +9,23 @@
 
 namespace folvane {
 
-/// What someone else has made of a record that is being edited.
-struct RowConflict {
-  struct Difference {
-    QString caption;
-    QString mine;  ///< what the other saved, where it was not changed here
-    QString theirs;
-  };
-  bool isDeleted = false;
-  std::vector<Difference> differences;  ///< the fields that the other has changed, in the order of the form
+/// A field of a record that is being edited and that someone else has changed meanwhile.
+struct FieldConflict {
+  QString caption;
+  QString mine;  ///< what the other saved, where it was not changed here
+  QString theirs;
 };
 
-/// Compares the current record with the database. @throws DataError
-RowConflict ReadConflict(const Recordset& records, const EntryLayout& layout, const QString& table);
+/// What has become of the contested columns of the current record, which was read again under what was changed here; in
+/// the order of the record set. @throws DataError
+std::vector<FieldConflict> ConflictsIn(const Recordset& records, const QStringList& contested,
+                                       const EntryLayout& layout);
 
-/// Tells the user about it under a title and lets him look at the other's values. Answers whether he wants to save his
-/// own over them.
-bool AskAboutConflict(const RowConflict& conflict, const QString& title);
+/// Tells the user under a title and lets him look at the other's values. Answers whether he wants to save his own over
+/// them.
+bool AskAboutConflicts(const std::vector<FieldConflict>& conflicts, const QString& title);
+
+/// Tells the user that the record he has edited is gone.
+void TellOfDeletion(const QString& title);
 
 }  // namespace folvane

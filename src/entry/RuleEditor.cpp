@@ -1,5 +1,8 @@
 #include "entry/RuleEditor.h"
 
+#include <algorithm>
+#include <functional>
+
 #include "catalogue/FieldRows.h"
 #include "catalogue/QueryRows.h"
 #include "catalogue/ReadRows.h"
@@ -46,9 +49,9 @@ QString RuleEditor::ReadFormat(int line) const {
 
 void RuleEditor::WriteFormat(int line, const QString& pattern) {
   if (pattern.isEmpty()) return;
-  formats_.at(size_t(line)) = pattern;
   SharedConnection()->Execute(u"Update SaveCollect Set CustomFormat='"_s + EscapeSql(pattern) + u"'"_s + OfTable() +
                               u" And CenterControlIndex='"_s + QString::number(line) + u"'"_s);
+  formats_.at(size_t(line)) = pattern;
 }
 
 void RuleEditor::SaveTemp(int line, const RuleLine& said) {
@@ -112,10 +115,13 @@ QString RuleEditor::InsertStatement(int line, const RuleLine& said) const {
 }
 
 void RuleEditor::Commit() {
-  for (QString& statement : SqlList_) {
+  if (std::all_of(SqlList_.begin(), SqlList_.end(), std::mem_fn(&QString::isEmpty))) return;
+  Transaction transaction(*SharedConnection());
+  for (const QString& statement : SqlList_) {
     if (!statement.isEmpty()) SharedConnection()->Execute(statement);
-    statement.clear();
   }
+  transaction.Commit();
+  SqlList_ = {};
 }
 
 bool RuleEditor::DeleteAll() {

@@ -46,7 +46,7 @@ class RuleEditor {
   void SaveTemp(int line, const RuleLine& said);
   /// The statement that waits for a line, "" for none.
   const QString& Pending(int line) const { return SqlList_.at(size_t(line)); }
-  /// Runs the statements that wait.
+  /// Runs the statements that wait, all or none. After an error they still wait.
   void Commit();
 
   /// Removes all rules of the table, after asking, with what waits to be written of them. Answers whether the user

@@ -20,6 +20,7 @@ ScrolledFields::ScrolledFields(QWidget* parent)
     : QWidget(parent), area_(new QWidget(this)), bar_(new QScrollBar(Qt::Vertical, this)) {
   area_->setObjectName(QStringLiteral("PicControls"));
   bar_->setObjectName(QStringLiteral("HScroll"));
+  bar_->setAccessibleName(QStringLiteral("上下移动字段"));
   bar_->setSingleStep(kStep);
   bar_->hide();
   connect(bar_, &QScrollBar::valueChanged, this, &ScrolledFields::PutAllInPlace);

@@ -20,10 +20,10 @@ QString ErrorDetails(const std::exception& error) {
   return lines.join(u'\n');
 }
 
-void ShowError(const std::exception& error) {
+void ShowError(const std::exception& error, const QString& note) {
   // Called from catch clauses right under the event loop; not even a host's own message box may throw from here.
-  IgnoreErrors([&error] {
-    ShowMessage({ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)});
+  IgnoreErrors([&] {
+    ShowMessage({ErrorText(error), MessageFlag::Critical, kSystemTitle, note, ErrorDetails(error)});
   });
 }
 

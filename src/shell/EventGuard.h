@@ -15,7 +15,8 @@ QString ErrorText(const std::exception& error);
 QString ErrorDetails(const std::exception& error);
 
 /// Shows an error that no routine has trapped.
-void ShowError(const std::exception& error);
+/// @param note what the user should know beside it
+void ShowError(const std::exception& error, const QString& note = {});
 
 /// Runs a part of an event handler. No exception crosses the event loop: an error is shown in a message box, and the
 /// window stays with what was typed.

@@ -13,11 +13,18 @@ namespace {
 
 const QString kWindows = QStringLiteral("Software\\Norvex\\Folvane\\Windows");
 
+constexpr char kPlacementOf[] = "PlacementOf";
+
+QString StoredName(const QWidget& window) {
+  const QString what = window.property(kPlacementOf).toString();
+  return what.isEmpty() ? window.objectName() : window.objectName() + u'.' + what;
+}
+
 bool RestoreStored(QWidget& window) {
   QString stored;
   // Where a window stood is a comfort; no trouble with the store may keep the window from opening.
   if (!window.objectName().isEmpty()) {
-    IgnoreErrors([&] { stored = QueryValue(kCurrentUser, kWindows, window.objectName()); });
+    IgnoreErrors([&] { stored = QueryValue(kCurrentUser, kWindows, StoredName(window)); });
   }
   return !stored.isEmpty() && window.restoreGeometry(QByteArray::fromBase64(stored.toLatin1()));
 }
@@ -52,6 +59,8 @@ void PutInTheMiddle(QWidget& window) {
 
 }  // namespace
 
+void SetPlacementOf(QWidget& window, const QString& what) { window.setProperty(kPlacementOf, what); }
+
 void RestorePlacement(QWidget& window) {
   if (!RestoreStored(window)) {
     PutInTheMiddle(window);
@@ -63,7 +72,7 @@ void RestorePlacement(QWidget& window) {
 void RememberPlacement(const QWidget& window) {
   if (window.objectName().isEmpty()) return;
   const QString geometry = QString::fromLatin1(window.saveGeometry().toBase64());
-  IgnoreErrors([&] { SaveValue(kCurrentUser, kWindows, window.objectName(), geometry); });
+  IgnoreErrors([&] { SaveValue(kCurrentUser, kWindows, StoredName(window), geometry); });
 }
 
 }  // namespace folvane

@@ -211,6 +211,7 @@ TEST_P(FindReplaceTest, AQuoteInTheReplacementBreaksTheStatementsQuietly) {
   WithTitles({u"a"_s, u"a"_s});
   EXPECT_EQ(ReplaceAll(In(u"题名"_s, u"a"_s, u"it's"_s)), 0);
   EXPECT_EQ(Rows(), (QStringList{u"a|局1"_s, u"a|局2"_s}));
+  EXPECT_EQ(search_->Refused().count, 2);
   EXPECT_FALSE(Connected()->InTransaction());
 }
 
@@ -219,6 +220,10 @@ TEST_P(FindReplaceTest, ARowThatTheDatabaseRefusesDoesNotTakeBackTheOthers) {
   WithTitles({u"a"_s, u"a"_s, u"a"_s});
   EXPECT_EQ(ReplaceAll(In(u"单位"_s, u"局"_s, u"处"_s)), 1);
   EXPECT_EQ(Rows(), (QStringList{u"a|处"_s, u"a|局2"_s, u"a|局3"_s}));
+  EXPECT_EQ(search_->Refused().count, 2);
+  EXPECT_THAT(search_->Refused().reason.toStdString(), testing::HasSubstr("单位"));
+  search_->SetTerms({});
+  EXPECT_EQ(search_->Refused().count, 0);
 }
 
 TEST_P(FindReplaceTest, ReplacesWithinTheHostsTransaction) {

@@ -6,6 +6,7 @@
 #include "bulk/PageOffset.h"
 #include "shell/LoadedWindow.h"
 #include "shell/ModalWindow.h"
+#include "support/Accessibility.h"
 #include "support/HostDoubles.h"
 #include "support/WindowDriver.h"
 
@@ -43,6 +44,10 @@ TEST(RecordMoveTest, PageOneGivesZeroTheSameAsCancel) {
 TEST(RecordMoveTest, PageTwoGivesThirtyAndPageThreeSixty) {
   EXPECT_EQ(AskByTyping(true, u"2"_s), 30);
   EXPECT_EQ(AskByTyping(true, u"3"_s), 60);
+}
+
+TEST(RecordMoveTest, NamesItsControlsForScreenReaders) {
+  Ask(false, [](QWidget& window) { EXPECT_EQ(UnnamedControls(window), QStringList()); });
 }
 
 TEST(RecordMoveTest, PageZeroGivesZero) { EXPECT_EQ(AskByTyping(true, u"0"_s), 0); }

@@ -1,3 +1,5 @@
+#include <folvane/DataError.h>
+
 #include "EntryFixture.h"
 #include "entry/DictionaryWriteBack.h"
 
@@ -47,6 +49,14 @@ TEST_P(DictionaryWriteBackTest, AddsOnceWhatTwoCombosOfOneDictionaryHold) {
   WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {u"新"_s}}, {u"FondsNo"_s, {u"新"_s, u"新"_s}}});
   EXPECT_EQ(Value(u"select count(*) from AssistantDictionary"_s), u"1"_s);
   EXPECT_EQ(Value(u"select count(*) from AssistantDicKey"_s), u"1"_s);
+}
+
+TEST_P(DictionaryWriteBackTest, MakesNoDictionaryWithoutItsEntries) {
+  Refuse(u"AssistantDicKey"_s, u"insert"_s, u"new.Name = '已归档'"_s);
+  EXPECT_THROW(WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {u"需归档"_s, u"已归档"_s}}}), DataError);
+  EXPECT_EQ(Value(u"select count(*) from AssistantDictionary"_s), u"0"_s);
+  EXPECT_EQ(Value(u"select count(*) from AssistantDicKey"_s), u"0"_s);
+  EXPECT_FALSE(Connected()->InTransaction());
 }
 
 TEST_P(DictionaryWriteBackTest, KeepsAnApostrophe) {

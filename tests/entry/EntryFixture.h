@@ -43,6 +43,17 @@ class EntryTest : public OnEachDatabase {
 
   void Run(const QString& sql) { Database().Native(sql); }
   QString Value(const QString& sql) { return Database().Value(sql); }
+  /// Has the database refuse what makes a row of that kind, such as "insert" where "new.Name = 'x'".
+  void Refuse(const QString& table, const QString& act, const QString& condition) {
+    if (OnSqlite()) {
+      Run(u"create trigger Refuse before %2 on %1 when %3 begin select raise(abort, 'refused'); end"_s.arg(table, act,
+                                                                                                           condition));
+      return;
+    }
+    Run(u"create function Refuse() returns trigger language plpgsql as 'begin raise exception ''refused''; end'"_s);
+    Run(u"create trigger Refuse before %2 on %1 for each row when (%3) execute function Refuse()"_s.arg(table, act,
+                                                                                                        condition));
+  }
   /// All records of Lwdj in the shared record set.
   Recordset& OpenRecords() {
     if (Shared().CurrentRecords.IsOpen()) Shared().CurrentRecords.Close();

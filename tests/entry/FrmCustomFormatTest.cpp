@@ -3,6 +3,7 @@
 
 #include "entry/FrmCustomFormat.h"
 #include "shell/Messages.h"
+#include "support/Accessibility.h"
 #include "support/HostDoubles.h"
 #include "support/WindowDriver.h"
 
@@ -34,6 +35,10 @@ TEST_F(FrmCustomFormatTest, ExplainsThePatterns) {
                             u"请详细阅读示例说明后在下面框中输入自定义格式......"_s};
     for (int i = 0; i < texts.size(); ++i) EXPECT_EQ(TextIn(window, u"Label%1"_s.arg(i + 1)), texts[i]);
   });
+}
+
+TEST_F(FrmCustomFormatTest, NamesItsControlsForScreenReaders) {
+  InWindow({}, [](QWidget& window) { EXPECT_EQ(UnnamedControls(window), QStringList()); });
 }
 
 TEST_F(FrmCustomFormatTest, GivesThePatternBackWithoutOuterBlanks) {

@@ -3,6 +3,7 @@
 
 #include "InputFixture.h"
 #include "shell/RegistryValues.h"
+#include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
@@ -24,6 +25,55 @@ TEST_P(FrmInputTest, YieldsAnEmptyFormWithAWorkingToolbarForATableWithoutControl
     EXPECT_EQ(input.Position(), u"当前共3条"_s);
     input.Do(u"SaveRecord"_s);
     EXPECT_EQ(Value(u"select count(*) from Lwdj"_s), u"3"_s);
+  });
+}
+
+TEST_P(FrmInputTest, SaysWhatATableWithoutAFormLacks) {
+  AddRecords(1);
+  InWindow([](const Input& input) {
+    EXPECT_EQ(input.Text(u"LblHint"_s), u"表“Lwdj”还没有录入界面：请在 SaveControls 中为其字段安排位置。"_s);
+    EXPECT_TRUE(input.Control(u"LblHint"_s).isVisible());
+  });
+  Design({u"Amaintitle"_s, u"题名"_s});
+  InWindow([](const Input& input) {
+    EXPECT_FALSE(input.Control(u"LblHint"_s).isVisible());
+    EXPECT_TRUE(input.Control(u"Txt(1)"_s).isVisible());
+  });
+}
+
+TEST_P(FrmInputTest, LetsTheRecordsOfATableWithoutAKeyOnlyBeLookedAt) {
+  Run(u"create table Loose (Amaintitle varchar(50))"_s);
+  Run(u"insert into Loose (Amaintitle) values ('甲')"_s);
+  Design({u"Amaintitle"_s, u"题名"_s}, u"Loose"_s);
+  Shared().CurrentRecords.Open(u"Select * From Loose"_s, Connected());
+  Reopen(
+      [](const Input& input) {
+        EXPECT_EQ(input.Text(u"LblHint"_s),
+                  u"表“Loose”没有关键字段 ArchiveID，其中的记录只能查看：请在数据库中为该表增加此字段。"_s);
+        EXPECT_EQ(input.Text(u"Txt(1)"_s), u"甲"_s);
+        for (const QString& key : {u"AddRecord"_s, u"SaveRecord"_s, u"DelRecord"_s})
+          EXPECT_FALSE(input.KeyOn(key)) << key.toStdString();
+        input.Retype(u"Txt(1)"_s, u"乙"_s);
+      },
+      u"Loose"_s);
+  EXPECT_TRUE(boxes_.Requests().empty());
+  EXPECT_EQ(tags_, QStringList{u"<NULL>"_s});
+}
+
+TEST_P(FrmInputTest, KeepsASizeForEveryTable) {
+  CreateTable(*Connected(), BusinessTable(u"Fwdj"_s, {{u"Unit"_s, ColumnType::Text, 40}}));
+  const QSize size(1100, 400);
+  InWindow([&](const Input& input) { input.Window().resize(size); });
+  DefaultInstance<FrmInput>::Unload();
+  Reopen([&](const Input& input) { EXPECT_NE(input.Window().size(), size); }, u"Fwdj"_s);
+  DefaultInstance<FrmInput>::Unload();
+  Reopen([&](const Input& input) { EXPECT_EQ(input.Window().size(), size); });
+}
+
+TEST_P(FrmInputTest, NamesItsControlsForScreenReaders) {
+  InWindow([](const Input& input) {
+    EXPECT_EQ(UnnamedControls(input.Window()), QStringList());
+    EXPECT_NE(input.Control(u"HScroll"_s).accessibleName(), QString());
   });
 }
 

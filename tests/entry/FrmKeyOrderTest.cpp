@@ -9,6 +9,7 @@
 #include "entry/FrmKeyOrder.h"
 #include "entry/KeyOrder.h"
 #include "shell/Messages.h"
+#include "support/Accessibility.h"
 #include "support/WindowDriver.h"
 
 namespace folvane::test {
@@ -161,6 +162,25 @@ TEST_P(FrmKeyOrderTest, WritesTheOrderWithOkButNotOfAFieldThatIsNotBuilt) {
   EXPECT_EQ(OrderOf(u"RegID"_s), u"3"_s);
   EXPECT_EQ(OrderOf(u"Hidden"_s), u"3"_s);
   EXPECT_EQ(ReadKeyList(u"Lwdj"_s)[1], (ControlId{10, 1}));
+}
+
+TEST_P(FrmKeyOrderTest, KeepsTheWindowWhenTheOrderCannotBeWritten) {
+  Refuse(u"SaveControls"_s, u"update"_s, u"new.DataField = 'RegID'"_s);
+  InWindow([&] {
+    Choose(3);
+    Click(Control(u"ImgUp"_s));
+    Click(Control(u"ImgUp"_s));
+    Click(Control(u"CmdOK"_s));
+    EXPECT_TRUE(List().window()->isVisible());
+    EXPECT_EQ(Names().front(), u"题名"_s);
+    EXPECT_EQ(boxes_.Last().note, u"没有写入任何字段的顺序，所做的调整仍保留在窗口中。"_s);
+    EXPECT_TRUE(boxes_.Last().details.contains(u"Update SaveControls"_s));
+  });
+  EXPECT_EQ(OrderOf(u"Amaintitle"_s), u"4"_s);
+}
+
+TEST_P(FrmKeyOrderTest, NamesItsControlsForScreenReaders) {
+  InWindow([&] { EXPECT_EQ(UnnamedControls(*List().window()), QStringList()); });
 }
 
 TEST_P(FrmKeyOrderTest, LeavesTheTableUnchangedWhenCancelledAfterMoves) {

@@ -6,6 +6,7 @@
 #include "EntryFixture.h"
 #include "entry/FrmSaveCollect.h"
 #include "shell/Messages.h"
+#include "support/Accessibility.h"
 #include "support/WindowDriver.h"
 
 namespace folvane::test {
@@ -328,6 +329,26 @@ TEST_P(FrmSaveCollectTest, NamesTheColumnsOfTheTables) {
     EXPECT_EQ(captions, (QStringList{u"中文表名"_s, u"英文表名"_s, u"所属类别"_s}));
     EXPECT_EQ(Tables().model()->rowCount(), 2);
   });
+}
+
+TEST_P(FrmSaveCollectTest, WritesAllLinesOrNoneAndKeepsThemForAnotherTry) {
+  Refuse(u"SaveCollect"_s, u"insert"_s, u"new.CenterControlIndex = 1"_s);
+  InWindow([&] {
+    Fill(0, u"文号"_s, u"等于"_s, u"1"_s);
+    Fill(1, u"文号"_s, u"等于"_s, u"2"_s);
+    Click(Control(u"CmdOK"_s));
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_EQ(RuleCount(), u"0"_s);
+    EXPECT_EQ(boxes_.Last().note, u"没有写入任何校对条件，所做的设置仍保留在窗口中。"_s);
+    Run(OnSqlite() ? u"drop trigger Refuse"_s : u"drop trigger Refuse on SaveCollect"_s);
+    Click(Control(u"CmdOK"_s));
+    EXPECT_FALSE(Window().isVisible());
+  });
+  EXPECT_EQ(RuleCount(), u"2"_s);
+}
+
+TEST_P(FrmSaveCollectTest, NamesItsControlsForScreenReaders) {
+  InWindow([&] { EXPECT_EQ(UnnamedControls(Window()), QStringList()); });
 }
 
 TEST_P(FrmSaveCollectTest, StaysOpenWhenARuleCannotBeWritten) {

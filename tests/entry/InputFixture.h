@@ -79,6 +79,13 @@ class InputTest : public EntryTest {
   void InWindow(const std::function<void(const Input&)>& steps, bool adding = false, qint64 position = 1);
   /// Opens the window on the record set as it stands.
   void Reopen(const std::function<void(const Input&)>& steps, const QString& table = u"Lwdj"_s);
+  /// Has something happen while a message box stands, counted from 1 from now on.
+  void WhileBoxStands(int number, const std::function<void()>& happens) {
+    Services().messageBox = [show = Services().messageBox, happens, left = number](const MessageRequest& box) mutable {
+      if (--left == 0) happens();
+      return show(box);
+    };
+  }
   QString Tag() const { return tags_.isEmpty() ? QString() : tags_.last(); }
 
   TempProgramDirectory program_;

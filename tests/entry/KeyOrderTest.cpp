@@ -1,3 +1,5 @@
+#include <folvane/DataError.h>
+
 #include "KeyOrderFixture.h"
 #include "entry/EnterWalk.h"
 #include "entry/KeyOrder.h"
@@ -53,6 +55,16 @@ TEST_P(KeyOrderTest, NeitherListsNorWritesAFieldThatIsNotBuilt) {
   EXPECT_FALSE(list.Names().contains(u"图片"_s));
   list.Commit();
   EXPECT_EQ(OrderOf(u"Hidden"_s), u"3"_s);
+}
+
+TEST_P(KeyOrderTest, WritesTheWholeOrderOrNothingOfIt) {
+  Refuse(u"SaveControls"_s, u"update"_s, u"new.DataField = 'RegID'"_s);
+  KeyOrderList list(u"Lwdj"_s);
+  list.Move(3, 1);
+  EXPECT_THROW(list.Commit(), DataError);
+  EXPECT_EQ(OrderOf(u"Amaintitle"_s), u"4"_s);
+  EXPECT_EQ(OrderOf(u"DocNo"_s), u"1"_s);
+  EXPECT_FALSE(Connected()->InTransaction());
 }
 
 TEST_P(KeyOrderTest, WritesNothingWithoutCommit) {

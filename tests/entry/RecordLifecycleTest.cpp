@@ -142,7 +142,11 @@ TEST_P(RecordLifecycleTest, WritesOverWhatAnotherHasMadeOfTheRecord) {
   EXPECT_THROW(lifecycle.Write(), DataError);
   EXPECT_EQ(lifecycle.State(), RecordState::Modify);
   EXPECT_EQ(Title(), u"我的"_s);
-  lifecycle.WriteOver();
+  EXPECT_EQ(lifecycle.TakeTheirs(), RecordLifecycle::Theirs::Changed);
+  EXPECT_TRUE(lifecycle.Contested().contains(u"DocNo"_s, Qt::CaseInsensitive)) << "changed by the other alone";
+  EXPECT_EQ(Title(), u"我的"_s);
+  lifecycle.Write();
+  EXPECT_TRUE(lifecycle.Contested().isEmpty());
   EXPECT_EQ(Value(u"select Amaintitle from Lwdj where ArchiveID = '1'"_s), u"我的"_s);
   EXPECT_EQ(Value(u"select DocNo from Lwdj where ArchiveID = '1'"_s), u"对方文号"_s);
   EXPECT_EQ(lifecycle.State(), RecordState::Browse);

@@ -1,3 +1,5 @@
+#include <folvane/DataError.h>
+
 #include "EntryFixture.h"
 #include "entry/RuleEditor.h"
 #include "shell/Messages.h"
@@ -47,6 +49,16 @@ TEST_P(RuleEditorTest, InsertsANewRuleOnCommit) {
   EXPECT_EQ(RuleCount(), u"0"_s);
   editor_.Commit();
   EXPECT_EQ(editor_.ReadRules()[1], (RuleLine{u"文号"_s, u"不能是"_s, u"重复值"_s}));
+}
+
+TEST_P(RuleEditorTest, WritesAllThatWaitsOrNothing) {
+  Refuse(u"SaveCollect"_s, u"insert"_s, u"new.CenterControlIndex = 1"_s);
+  editor_.SaveTemp(0, {u"文号"_s, u"等于"_s, u"1"_s});
+  editor_.SaveTemp(1, {u"文号"_s, u"等于"_s, u"2"_s});
+  EXPECT_THROW(editor_.Commit(), DataError);
+  EXPECT_EQ(RuleCount(), u"0"_s);
+  EXPECT_FALSE(Connected()->InTransaction());
+  EXPECT_FALSE(editor_.Pending(0).isEmpty()) << "what was said waits for another try";
 }
 
 TEST_P(RuleEditorTest, LooksUpFieldAndControlByTheName) {

@@ -1,5 +1,4 @@
 #include "InputFixture.h"
-#include "entry/RowConflict.h"
 
 namespace folvane::test {
 namespace {
@@ -87,6 +86,72 @@ TEST_P(TwoClerksTest, KeepsWhatWasTypedWhenTheOtherHasDeletedTheRecord) {
     EXPECT_TRUE(input.Form().SaveData()) << "nothing of the lost record is in the way";
   });
   EXPECT_EQ(Value(u"select count(*) from Lwdj where Amaintitle = '别的'"_s), u"1"_s);
+}
+
+TEST_P(TwoClerksTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"我的题名"_s);
+    OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
+    WhileBoxStands(2, [&] { OtherSaves(u"Amaintitle"_s, u"第三人题名"_s); });
+    boxes_.Answer(kYes).Answer(kYes).Answer(kYes).Answer(kNo);
+    EXPECT_FALSE(input.Form().SaveData());
+    EXPECT_EQ(boxes_.Requests().size(), 4u);
+    EXPECT_TRUE(boxes_.Last().text.contains(u"题名：第三人题名（您的内容：我的题名）"_s));
+    EXPECT_EQ(Stored(u"Amaintitle"_s), u"第三人题名"_s);
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"我的题名"_s);
+    boxes_.Answer(kYes).Answer(kYes);
+    EXPECT_TRUE(input.Form().SaveData()) << "what is overwritten has been shown";
+    EXPECT_EQ(Stored(u"Amaintitle"_s), u"我的题名"_s);
+  });
+}
+
+TEST_P(TwoClerksTest, ShowsAllThatOthersHaveChangedWhenItAsksAgain) {
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"我的题名"_s);
+    input.Retype(u"Txt(2)"_s, u"我的文号"_s);
+    OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
+    WhileBoxStands(2, [&] { OtherSaves(u"DocNo"_s, u"第三人文号"_s); });
+    boxes_.Answer(kYes).Answer(kYes).Answer(kYes).Answer(kNo);
+    EXPECT_FALSE(input.Form().SaveData());
+    EXPECT_TRUE(boxes_.Last().text.contains(
+        u"题名：对方题名（您的内容：我的题名）\r\n文号：第三人文号（您的内容：我的文号）"_s));
+    input.Form().CancelEdit();
+    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"第三人文号"_s);
+  });
+}
+
+TEST_P(TwoClerksTest, TellsThatTheRecordIsGoneWhenItIsDeletedWhileTheQuestionStands) {
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"我的题名"_s);
+    OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
+    WhileBoxStands(2, [&] { other_->Execute(u"Delete From Lwdj Where ArchiveID = '"_s + Key(1) + u"'"_s); });
+    boxes_.Answer(kYes).Answer(kYes).Answer(kOk);
+    EXPECT_FALSE(input.Form().SaveData());
+    EXPECT_TRUE(boxes_.Last().text.startsWith(u"当前数据保存失败，原因在于：该记录已被其他用户删除！"_s));
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"我的题名"_s);
+    input.Form().CancelEdit();
+  });
+  EXPECT_EQ(Value(u"select count(*) from Lwdj"_s), u"1"_s);
+}
+
+TEST_P(TwoClerksTest, AsksBeforeEverySaveUntilTheUserAgrees) {
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"我的题名"_s);
+    OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+      boxes_.Answer(kYes).Answer(kNo);
+      EXPECT_FALSE(input.Form().SaveData());
+      EXPECT_EQ(Stored(u"Amaintitle"_s), u"对方题名"_s);
+    }
+    input.Retype(u"Txt(1)"_s, u"再改"_s);
+    boxes_.Answer(kYes).Answer(kYes);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_TRUE(boxes_.Last().text.contains(u"题名：对方题名（您的内容：再改）"_s));
+    boxes_.Clear();
+    input.Retype(u"Txt(1)"_s, u"又改"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_TRUE(boxes_.Requests().empty()) << "it is settled";
+  });
 }
 
 TEST_P(TwoClerksTest, TellsOfARecordThatIsGoneBeforeItIsDeleted) {
