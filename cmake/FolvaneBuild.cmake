@@ -1,4 +1,4 @@
-# How every target of the house is compiled, and the one function that makes a folder a target.
+# How every target of the house is compiled, and the functions that make a folder a target.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -25,14 +25,14 @@ endif()
 add_library(folvane_options INTERFACE)
 target_compile_options(folvane_options INTERFACE -Wall -Wextra -Werror -Wnon-virtual-dtor -Woverloaded-virtual)
 # Where it optimises, this compiler takes values of std::optional that were tested for unset ones.
-target_compile_options(folvane_options INTERFACE
-                       $<$<OR:$<CONFIG:Release>,$<BOOL:${FOLVANE_SANITIZE}>>:-Wno-maybe-uninitialized>)
+target_compile_options(folvane_options INTERFACE $<$<CONFIG:Release>:-Wno-maybe-uninitialized>)
 target_compile_definitions(folvane_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
-if(FOLVANE_SANITIZE)
-  target_compile_options(folvane_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
-                                                   -fno-omit-frame-pointer -O1)
-  target_link_options(folvane_options INTERFACE -fsanitize=address,undefined)
-endif()
+
+# Under FOLVANE_SANITIZE each library has a twin NAME_sanitized of the same sources beside it.
+add_library(folvane_sanitizers INTERFACE)
+target_compile_options(folvane_sanitizers INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                                                    -fno-omit-frame-pointer -O1 -g1 -Wno-maybe-uninitialized)
+target_link_options(folvane_sanitizers INTERFACE -fsanitize=address,undefined)
 
 # folvane_precompiled(NAME HEADERS header... LINKS target...)
 #
@@ -46,35 +46,55 @@ function(folvane_precompiled name)
   target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
 endfunction()
 
+# folvane_twins_of(RESULT item...)
+#
+# The items with the twin in place of each of the house's own libraries, also inside generator expressions.
+function(folvane_twins_of result)
+  set(items ${ARGN})
+  list(TRANSFORM items REPLACE "folvane_(([a-z]+)(,|>|$))" "folvane_\\2_sanitized\\3")
+  list(TRANSFORM items REPLACE "folvane_(options|sanitizers|qt)_sanitized" "folvane_\\1")
+  set(${result} ${items} PARENT_SCOPE)
+endfunction()
+
+# folvane_static(NAME PCH target SOURCES file... LINKS target...)
+#
+# A static library of the house, and its sanitized twin where twins are wanted. The twin is compiled in few large units:
+# nobody edits against it.
+function(folvane_static name)
+  cmake_parse_arguments(arg "" "PCH" "SOURCES;LINKS" ${ARGN})
+  set(names ${name})
+  if(FOLVANE_SANITIZE)
+    list(APPEND names ${name}_sanitized)
+  endif()
+  foreach(target IN LISTS names)
+    add_library(${target} STATIC ${arg_SOURCES})
+    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src
+                                                ${PROJECT_SOURCE_DIR})
+    set(links ${arg_LINKS})
+    set(pch ${arg_PCH})
+    if(target MATCHES "_sanitized$")
+      folvane_twins_of(links ${arg_LINKS})
+      list(APPEND links folvane_sanitizers)
+      string(APPEND pch _sanitized)
+      set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    endif()
+    target_link_libraries(${target} PUBLIC folvane_options Qt6::Core ${links})
+    target_precompile_headers(${target} REUSE_FROM ${pch})
+  endforeach()
+endfunction()
+
 # folvane_folder(NAME [WIDGETS] [DEPENDS target...])
 #
-# Makes the library folvane_NAME of all sources in and below the calling folder. WIDGETS precompiles the Qt Widgets
-# headers. Folders name the folders they build on; a check in the test run holds the includes to that order.
+# Makes the library folvane_NAME of all sources in and below the calling folder, WIDGETS with Qt's widgets. Folders name
+# the folders they build on; a check in the test run holds the includes to that order.
 function(folvane_folder name)
   cmake_parse_arguments(arg "WIDGETS" "" "DEPENDS" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
        ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
-  add_library(folvane_${name} STATIC ${sources})
-  target_include_directories(folvane_${name} PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src
-                                                    ${PROJECT_SOURCE_DIR})
-  target_link_libraries(folvane_${name} PUBLIC folvane_options Qt6::Core ${arg_DEPENDS})
   if(arg_WIDGETS)
-    target_link_libraries(folvane_${name} PUBLIC Qt6::Widgets Qt6::Svg)
-    target_precompile_headers(folvane_${name} REUSE_FROM folvane_widgets_pch)
+    folvane_static(folvane_${name} PCH folvane_widgets_pch SOURCES ${sources}
+                   LINKS ${arg_DEPENDS} Qt6::Widgets Qt6::Svg)
+  else()
+    folvane_static(folvane_${name} PCH folvane_core_pch SOURCES ${sources} LINKS ${arg_DEPENDS})
   endif()
-endfunction()
-
-# folvane_test(NAME [DEPENDS target...])
-#
-# Makes the GoogleTest program test_NAME of all sources in the calling folder and the test NAME, which runs it beside a
-# PostgreSQL server.
-function(folvane_test name)
-  cmake_parse_arguments(arg "" "" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
-  add_executable(test_${name} ${sources})
-  target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(test_${name} PRIVATE ${arg_DEPENDS} folvane_testsupport folvane_options)
-  target_precompile_headers(test_${name} REUSE_FROM folvane_tests_pch)
-  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/with-postgres $<TARGET_FILE:test_${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()

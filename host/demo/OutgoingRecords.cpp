@@ -8,13 +8,13 @@ namespace folvane::demo {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QStringList kColumns{
+const QStringList kOutgoingColumns{
     u"ArchiveID"_s,  u"RegID"_s,         u"CreatedDate"_s, u"DocNo"_s,         u"FileDate"_s,      u"Amaintitle"_s,
     u"MainSend"_s,   u"ResponsibleBy"_s, u"CopySend"_s,    u"DocType"_s,       u"SecurityClass"_s, u"Urgency"_s,
     u"AecNo"_s,      u"Department"_s,    u"Drafter"_s,     u"Signer"_s,        u"Phone"_s,         u"SbtWord"_s,
     u"FondsNo"_s,    u"Quantity"_s,      u"Pages"_s,       u"DisPenseState"_s, u"ReadState"_s,     u"HandleState"_s,
     u"FileStatus"_s, u"Note"_s};
-constexpr int kWithSheets = 500, kWithFiles = 150;
+constexpr int kOutgoingWithSheets = 500, kOutgoingWithFiles = 150;
 
 // Which word a kind of document is numbered under.
 const QHash<QString, QStringList> kWords{{u"通知"_s, {u"青政发"_s, u"青政办发"_s}},
@@ -42,7 +42,7 @@ OutgoingRecords::OutgoingRecords(const RecordSurroundings& around, SingleRecords
       singles_(singles),
       calendar_(around.plan.first, around.plan.today),
       keys_(KeyKind::Outgoing, around.random),
-      rows_(around.connection, u"Fwdj"_s, kColumns) {}
+      rows_(around.connection, u"Fwdj"_s, kOutgoingColumns) {}
 
 void OutgoingRecords::Write() {
   for (int year = around_.plan.first.year(); year <= around_.plan.today.year(); ++year) {
@@ -61,8 +61,8 @@ void OutgoingRecords::WriteYear(int year, int begin, int end) {
     const Letter letter = NewLetter(calendar_.At(i, total));
     const bool kept = archived.Next();
     const QString entityClass = around_.random.Pick(classes);
-    Add(letter, entityClass, StatusOf(year, kept), i >= total - std::min(total / 3, kWithSheets));
-    const auto originals = around_.originals.Attach(letter, i >= total - kWithFiles);
+    Add(letter, entityClass, StatusOf(year, kept), i >= total - std::min(total / 3, kOutgoingWithSheets));
+    const auto originals = around_.originals.Attach(letter, i >= total - kOutgoingWithFiles);
     around_.recordDone();
     if (!kept) continue;
     singles_.Take(letter, entityClass, originals);

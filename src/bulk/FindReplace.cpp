@@ -14,12 +14,12 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 // Large enough for the cost of a transaction not to count, small enough for progress and a stop to show soon.
-constexpr int kPortion = 500;
+constexpr int kSteps = 500;
 
 template <typename LookAt>
 qint64 CountPortion(Recordset& records, SearchWay way, LookAt lookAt) {
   qint64 found = 0;
-  for (int done = 0; done < kPortion && StandsOnRecord(records); ++done, StepSearch(records, way))
+  for (int done = 0; done < kSteps && StandsOnRecord(records); ++done, StepSearch(records, way))
     found += lookAt() ? 1 : 0;
   return found;
 }
@@ -103,7 +103,7 @@ qint64 FindReplace::ReplaceAll(Recordset& records, SearchWay way, const Progress
   BeginSearch(records, way);
   while (StandsOnRecord(records)) {
     replaced += ReplacePortion(records, way);
-    done = std::min<qint64>(done + kPortion, count);
+    done = std::min<qint64>(done + kSteps, count);
     if (!progress(done, count)) break;
   }
   return replaced;

@@ -12,7 +12,7 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kCharactersAcross = 28;
+constexpr int kTextCharacters = 28;
 
 }  // namespace
 
@@ -53,7 +53,7 @@ void FrmReplace::LayOut() {
   grid->setColumnStretch(2, 1);
   AddRow(*grid, u"查找内容(&I):"_s, find_);
   AddRow(*grid, u"替换为(&W):"_s, replace_);
-  find_->setMinimumWidth(fontMetrics().averageCharWidth() * kCharactersAcross * 2);
+  find_->setMinimumWidth(fontMetrics().averageCharWidth() * kTextCharacters * 2);
   const int row = grid->rowCount();
   grid->addWidget(allFields_, row, 1, 1, 2, Qt::AlignLeft);
   grid->addWidget(oneField_, row + 1, 1);

@@ -8,23 +8,23 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-struct Case {
+struct MatchCase {
   QString pattern, text;
   bool matches;
 };
 
-void PrintTo(const Case& c, std::ostream* out) {
+void PrintTo(const MatchCase& c, std::ostream* out) {
   *out << '"' << c.pattern.toStdString() << "\" on \"" << c.text.toStdString() << '"';
 }
 
-class Pattern : public testing::TestWithParam<Case> {};
+class Pattern : public testing::TestWithParam<MatchCase> {};
 
 TEST_P(Pattern, MatchesAsTheOperatorDoes) {
   EXPECT_EQ(LikePattern(GetParam().pattern).Matches(GetParam().text), GetParam().matches);
 }
 
 // clang-format off
-const Case kSigns[] = {
+const MatchCase kSigns[] = {
     {u"AB###"_s, u"AB123"_s, true},
     {u"AB###"_s, u"ab123"_s, false},                   // binary: case counts
     {u"AB###"_s, u"AB12"_s, false},
@@ -46,7 +46,7 @@ const Case kSigns[] = {
 INSTANTIATE_TEST_SUITE_P(Signs, Pattern, testing::ValuesIn(kSigns));
 
 // clang-format off
-const Case kRuns[] = {
+const MatchCase kRuns[] = {
     {u""_s, u""_s, true},
     {u""_s, u"a"_s, false},
     {u"*"_s, u""_s, true},
@@ -62,7 +62,7 @@ const Case kRuns[] = {
 INSTANTIATE_TEST_SUITE_P(Runs, Pattern, testing::ValuesIn(kRuns));
 
 // clang-format off
-const Case kLists[] = {
+const MatchCase kLists[] = {
     {u"[abc]"_s, u"b"_s, true},
     {u"[abc]"_s, u"d"_s, false},
     {u"[abc]"_s, u""_s, false},

@@ -8,19 +8,19 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-struct Case {
+struct TextCase {
   QString text;
   bool accepted;
 };
 
-void PrintTo(const Case& c, std::ostream* out) { *out << '"' << c.text.toStdString() << '"'; }
+void PrintTo(const TextCase& c, std::ostream* out) { *out << '"' << c.text.toStdString() << '"'; }
 
-class Number : public testing::TestWithParam<Case> {};
+class Number : public testing::TestWithParam<TextCase> {};
 
 TEST_P(Number, IsJudgedAsThePlatformDoes) { EXPECT_EQ(IsNumeric(GetParam().text), GetParam().accepted); }
 
 // clang-format off
-const Case kNumbers[] = {
+const TextCase kNumbers[] = {
     {u"0"_s, true},
     {u"17"_s, true},
     {u"017"_s, true},
@@ -43,7 +43,7 @@ const Case kNumbers[] = {
 INSTANTIATE_TEST_SUITE_P(Plain, Number, testing::ValuesIn(kNumbers));
 
 // clang-format off
-const Case kSigned[] = {
+const TextCase kSigned[] = {
     {u"-5"_s, true},
     {u"+5"_s, true},
     {u"- 5"_s, true},
@@ -62,7 +62,7 @@ const Case kSigned[] = {
 INSTANTIATE_TEST_SUITE_P(Signed, Number, testing::ValuesIn(kSigned));
 
 // clang-format off
-const Case kForms[] = {
+const TextCase kForms[] = {
     {u" 17 "_s, true},
     {u"\t17"_s, true},
     {u"1 7"_s, false},
@@ -139,12 +139,12 @@ TEST(ToInteger, SaysThatATextIsNoNumber) {
   }
 }
 
-class Date : public testing::TestWithParam<Case> {};
+class Date : public testing::TestWithParam<TextCase> {};
 
 TEST_P(Date, IsJudgedAsThePlatformDoes) { EXPECT_EQ(IsDate(GetParam().text), GetParam().accepted); }
 
 // clang-format off
-const Case kDates[] = {
+const TextCase kDates[] = {
     {u"2002-01-01"_s, true},
     {u"2002-1-1"_s, true},
     {u"2002/1/1"_s, true},
@@ -173,7 +173,7 @@ const Case kDates[] = {
 INSTANTIATE_TEST_SUITE_P(YearFirst, Date, testing::ValuesIn(kDates));
 
 // clang-format off
-const Case kOtherOrders[] = {
+const TextCase kOtherOrders[] = {
     {u"1-2-2002"_s, true},        // month, day, year
     {u"13-2-2002"_s, true},       // day, month, year, where the other does not exist
     {u"13-13-2002"_s, false},
@@ -201,7 +201,7 @@ const Case kOtherOrders[] = {
 INSTANTIATE_TEST_SUITE_P(OtherOrders, Date, testing::ValuesIn(kOtherOrders));
 
 // clang-format off
-const Case kChinese[] = {
+const TextCase kChinese[] = {
     {u"2002年1月1日"_s, true},
     {u"2002 年 1 月 1 日"_s, true},
     {u"2002年1月"_s, true},
@@ -218,7 +218,7 @@ const Case kChinese[] = {
 INSTANTIATE_TEST_SUITE_P(Chinese, Date, testing::ValuesIn(kChinese));
 
 // clang-format off
-const Case kTimes[] = {
+const TextCase kTimes[] = {
     {u"12:30"_s, true},                      // a time of day is a date of the first day of the calendar
     {u"23:59:59"_s, true},
     {u"24:00"_s, false},

@@ -1,9 +1,8 @@
 #include "RecordRoad.h"
+#include "shell/Messages.h"
 
 namespace folvane::test {
 namespace {
-
-constexpr int kYes = 6, kNo = 7;
 
 /// Records that the database does not take: what the user reads, and that nothing typed is lost.
 class RefusedSaveTest : public RecordRoad {
@@ -74,7 +73,7 @@ TEST_P(RefusedSaveTest, OffersANewKeyWhereAnotherStationHasTakenIt) {
         const QString taken = NewKey();
         TakeKeyOfNewRecord();
         input.Retype(u"Txt(1)"_s, u"我的"_s);
-        boxes_.Answer(kYes);
+        boxes_.Answer(Answer::Yes);
         EXPECT_TRUE(input.Form().SaveData());
         EXPECT_TRUE(boxes_.Last().text.endsWith(u"\r\n是否换用新的关键字再次保存？"_s));
         EXPECT_NE(NewKey(), taken);
@@ -90,7 +89,7 @@ TEST_P(RefusedSaveTest, KeepsTheNewRecordWhenNoNewKeyIsWanted) {
       [&](const Input& input) {
         TakeKeyOfNewRecord();
         input.Retype(u"Txt(1)"_s, u"我的"_s);
-        boxes_.Answer(kNo);
+        boxes_.Answer(Answer::No);
         EXPECT_FALSE(input.Form().SaveData());
         EXPECT_EQ(input.Text(u"Txt(1)"_s), u"我的"_s);
         EXPECT_TRUE(input.KeyOn(u"SaveRecord"_s));

@@ -1,11 +1,10 @@
 #include <QPlainTextEdit>
 
 #include "InputFixture.h"
+#include "shell/Messages.h"
 
 namespace folvane::test {
 namespace {
-
-constexpr int kYes = 6;
 
 /// Records with texts of other programs, in a column for each kind of control.
 class ShownRecordTest : public InputTest {
@@ -104,7 +103,7 @@ TEST_P(ShownRecordTest, KeepsWhatWasNotTypedOverInATextOfSeveralLines) {
   InWindow([&](const Input& input) {
     Find<QPlainTextEdit>(input.Window(), u"Txt_MLine(1)"_s).moveCursor(QTextCursor::End);
     Type(input.Control(u"Txt_MLine(1)"_s), u"丙"_s);
-    boxes_.Answer(kYes);
+    boxes_.Answer(Answer::Yes);
   });
   EXPECT_EQ(Stored(1).last(), u"甲\u00a0乙丙"_s);
 }

@@ -1,9 +1,8 @@
 #include "InputFixture.h"
+#include "shell/Messages.h"
 
 namespace folvane::test {
 namespace {
-
-constexpr int kOk = 1, kYes = 6, kNo = 7;
 
 /// A record that another clerk, on a connection of his own, changes while it is being edited.
 class TwoClerksTest : public InputTest {
@@ -32,7 +31,7 @@ TEST_P(TwoClerksTest, KeepsWhatWasTypedWhenTheOtherHasChangedTheRecord) {
   InWindow([&](const Input& input) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
-    boxes_.Answer(kNo);
+    boxes_.Answer(Answer::No);
     EXPECT_FALSE(input.Form().SaveData());
     EXPECT_TRUE(boxes_.Last().text.startsWith(
         u"当前数据保存失败，原因在于：该记录已被其他用户修改！\r\n您输入的内容仍保留在界面上"_s));
@@ -49,7 +48,7 @@ TEST_P(TwoClerksTest, ShowsWhatTheOtherHasSaved) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
     OtherSaves(u"DocNo"_s, QString());
-    boxes_.Answer(kYes).Answer(kNo);
+    boxes_.Answer(Answer::Yes).Answer(Answer::No);
     EXPECT_FALSE(input.Form().SaveData());
     EXPECT_TRUE(boxes_.Last().text.contains(u"题名：对方题名（您的内容：我的题名）"_s));
     EXPECT_TRUE(boxes_.Last().text.contains(u"文号：（空）\r\n"_s)) << "was not changed here";
@@ -63,7 +62,7 @@ TEST_P(TwoClerksTest, SavesOverTheOtherOnlyWhatWasChangedHere) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
     OtherSaves(u"DocNo"_s, u"对方文号"_s);
-    boxes_.Answer(kYes).Answer(kYes);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Yes);
     EXPECT_TRUE(input.Form().SaveData());
     EXPECT_EQ(Stored(u"Amaintitle"_s), u"我的题名"_s);
     EXPECT_EQ(Stored(u"DocNo"_s), u"对方文号"_s);
@@ -76,7 +75,7 @@ TEST_P(TwoClerksTest, KeepsWhatWasTypedWhenTheOtherHasDeletedTheRecord) {
   InWindow([&](const Input& input) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     other_->Execute(u"Delete From Lwdj Where ArchiveID = '"_s + Key(1) + u"'"_s);
-    boxes_.Answer(kOk);
+    boxes_.Answer(Answer::Ok);
     EXPECT_FALSE(input.Form().SaveData());
     EXPECT_TRUE(boxes_.Last().text.startsWith(u"当前数据保存失败，原因在于：该记录已被其他用户删除！"_s));
     EXPECT_EQ(input.Text(u"Txt(1)"_s), u"我的题名"_s);
@@ -93,13 +92,13 @@ TEST_P(TwoClerksTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
     WhileBoxStands(2, [&] { OtherSaves(u"Amaintitle"_s, u"第三人题名"_s); });
-    boxes_.Answer(kYes).Answer(kYes).Answer(kYes).Answer(kNo);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Yes).Answer(Answer::Yes).Answer(Answer::No);
     EXPECT_FALSE(input.Form().SaveData());
     EXPECT_EQ(boxes_.Requests().size(), 4u);
     EXPECT_TRUE(boxes_.Last().text.contains(u"题名：第三人题名（您的内容：我的题名）"_s));
     EXPECT_EQ(Stored(u"Amaintitle"_s), u"第三人题名"_s);
     EXPECT_EQ(input.Text(u"Txt(1)"_s), u"我的题名"_s);
-    boxes_.Answer(kYes).Answer(kYes);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Yes);
     EXPECT_TRUE(input.Form().SaveData()) << "what is overwritten has been shown";
     EXPECT_EQ(Stored(u"Amaintitle"_s), u"我的题名"_s);
   });
@@ -111,7 +110,7 @@ TEST_P(TwoClerksTest, ShowsAllThatOthersHaveChangedWhenItAsksAgain) {
     input.Retype(u"Txt(2)"_s, u"我的文号"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
     WhileBoxStands(2, [&] { OtherSaves(u"DocNo"_s, u"第三人文号"_s); });
-    boxes_.Answer(kYes).Answer(kYes).Answer(kYes).Answer(kNo);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Yes).Answer(Answer::Yes).Answer(Answer::No);
     EXPECT_FALSE(input.Form().SaveData());
     EXPECT_TRUE(boxes_.Last().text.contains(
         u"题名：对方题名（您的内容：我的题名）\r\n文号：第三人文号（您的内容：我的文号）"_s));
@@ -125,7 +124,7 @@ TEST_P(TwoClerksTest, TellsThatTheRecordIsGoneWhenItIsDeletedWhileTheQuestionSta
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
     WhileBoxStands(2, [&] { other_->Execute(u"Delete From Lwdj Where ArchiveID = '"_s + Key(1) + u"'"_s); });
-    boxes_.Answer(kYes).Answer(kYes).Answer(kOk);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Yes).Answer(Answer::Ok);
     EXPECT_FALSE(input.Form().SaveData());
     EXPECT_TRUE(boxes_.Last().text.startsWith(u"当前数据保存失败，原因在于：该记录已被其他用户删除！"_s));
     EXPECT_EQ(input.Text(u"Txt(1)"_s), u"我的题名"_s);
@@ -139,12 +138,12 @@ TEST_P(TwoClerksTest, AsksBeforeEverySaveUntilTheUserAgrees) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);
     OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
     for (int attempt = 0; attempt < 2; ++attempt) {
-      boxes_.Answer(kYes).Answer(kNo);
+      boxes_.Answer(Answer::Yes).Answer(Answer::No);
       EXPECT_FALSE(input.Form().SaveData());
       EXPECT_EQ(Stored(u"Amaintitle"_s), u"对方题名"_s);
     }
     input.Retype(u"Txt(1)"_s, u"再改"_s);
-    boxes_.Answer(kYes).Answer(kYes);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Yes);
     EXPECT_TRUE(input.Form().SaveData());
     EXPECT_TRUE(boxes_.Last().text.contains(u"题名：对方题名（您的内容：再改）"_s));
     boxes_.Clear();
@@ -157,11 +156,11 @@ TEST_P(TwoClerksTest, AsksBeforeEverySaveUntilTheUserAgrees) {
 TEST_P(TwoClerksTest, TellsOfARecordThatIsGoneBeforeItIsDeleted) {
   InWindow([&](const Input& input) {
     other_->Execute(u"Delete From Lwdj Where ArchiveID = '"_s + Key(1) + u"'"_s);
-    boxes_.Answer(kYes).Answer(kOk);
+    boxes_.Answer(Answer::Yes).Answer(Answer::Ok);
     input.Do(u"DelRecord"_s);
     EXPECT_EQ(boxes_.Last().text, u"该记录已被其他用户修改或删除，未能保存。"_s);
     input.Do(u"Next_R"_s);
-    boxes_.Answer(kYes);
+    boxes_.Answer(Answer::Yes);
     input.Do(u"DelRecord"_s);
     EXPECT_EQ(Value(u"select count(*) from Lwdj"_s), u"0"_s);
   });

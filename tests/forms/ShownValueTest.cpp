@@ -31,8 +31,8 @@ QStringList AwkwardValues() {
           u"比限长得多的一段文字"_s};
 }
 
-const int kKinds[] = {ControlKind::Txt,   ControlKind::Cmb,     ControlKind::DTP,      ControlKind::F_FondsNo,
-                      ControlKind::F_Aec, ControlKind::F_Organ, ControlKind::DTP_Arch, ControlKind::Txt_MLine};
+const int kControlKinds[] = {ControlKind::Txt,   ControlKind::Cmb,     ControlKind::DTP,      ControlKind::F_FondsNo,
+                             ControlKind::F_Aec, ControlKind::F_Organ, ControlKind::DTP_Arch, ControlKind::Txt_MLine};
 
 /// A record of each awkward value, shown by a guarded field of one kind with another field beside it.
 class ShownValue : public FormsTest, public testing::WithParamInterface<int> {
@@ -85,7 +85,7 @@ class ShownValue : public FormsTest, public testing::WithParamInterface<int> {
   std::vector<std::unique_ptr<EntryField>> fields_;
   RecordBinding binding_;
 };
-INSTANTIATE_TEST_SUITE_P(Kinds, ShownValue, testing::ValuesIn(kKinds),
+INSTANTIATE_TEST_SUITE_P(Kinds, ShownValue, testing::ValuesIn(kControlKinds),
                          [](const auto& kind) { return ControlArrayName(kind.param).toStdString(); });
 
 TEST_P(ShownValue, IsNoChangeAndIsNeverWritten) {

@@ -18,7 +18,7 @@ endfunction()
 
 function(build_host source)
   run(${CMAKE_COMMAND} -S ${source} -B ${source}/build -G Ninja -D CMAKE_PREFIX_PATH=${prefix}
-      -D CMAKE_FIND_USE_PACKAGE_REGISTRY=OFF -D CMAKE_CXX_FLAGS=${flags})
+      -D CMAKE_FIND_USE_PACKAGE_REGISTRY=OFF)
   run(${CMAKE_COMMAND} --build ${source}/build)
 endfunction()
 
@@ -62,7 +62,7 @@ if(pkg_config)
   cmake_path(GET folder PARENT_PATH libraries)
   set(with_package ${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${folder})
   run(${with_package} ${pkg_config} --exact-version=${version} folvane)
-  run(${with_package} sh -c "${compiler} -std=c++20 ${flags} ${work}/page/main.cpp -o ${work}/page/plain \
+  run(${with_package} sh -c "${compiler} -std=c++20 ${work}/page/main.cpp -o ${work}/page/plain \
       $(${pkg_config} --cflags --libs folvane sqlite3) -Wl,-rpath,${libraries}")
   execute_process(COMMAND ${offscreen} ${work}/page/plain RESULT_VARIABLE outcome)
   if(NOT outcome EQUAL 1)

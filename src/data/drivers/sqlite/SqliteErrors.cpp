@@ -38,7 +38,7 @@ bool IsDuplicate(int result) {
 }
 
 // "UNIQUE constraint failed: files.id, files.code" names the columns; an index over expressions is named by itself.
-QStringList KeyColumns(const QString& message) {
+QStringList ColumnsNamedIn(const QString& message) {
   QStringList columns;
   for (const QString& name : message.section(QStringLiteral(": "), 1).split(QStringLiteral(", ")))
     if (name.contains(u'.')) columns << name.section(u'.', -1);
@@ -52,7 +52,7 @@ void ThrowSqliteError(sqlite3* database, int result) {
   // The handle's code belongs to its last call; where that one was another, the result in hand says more.
   const int shown = (code & 0xff) == (result & 0xff) ? code : result;
   const QString message = QString::fromUtf8(sqlite3_errmsg(database)), number = QString::number(shown);
-  if (IsDuplicate(shown)) throw DuplicateError(KeyColumns(message), number);
+  if (IsDuplicate(shown)) throw DuplicateError(ColumnsNamedIn(message), number);
   throw DataError(KindOf(shown), message, {}, number);
 }
 

@@ -14,7 +14,7 @@ struct DeclaredType {
   int size;  // 0: the number in brackets
 };
 
-constexpr int kUnlimited = 2147483647;
+constexpr int kAnyLength = 2147483647;
 
 // In the order of the tests: the first word that the declaration starts with decides.
 constexpr std::array kDeclaredTypes{
@@ -23,9 +23,9 @@ constexpr std::array kDeclaredTypes{
     DeclaredType{"character varying", AdoType::VarChar, 0},
     DeclaredType{"nchar", AdoType::WChar, 0},
     DeclaredType{"char", AdoType::Char, 0},
-    DeclaredType{"ntext", AdoType::LongVarWChar, kUnlimited},
-    DeclaredType{"text", AdoType::LongVarChar, kUnlimited},
-    DeclaredType{"clob", AdoType::LongVarChar, kUnlimited},
+    DeclaredType{"ntext", AdoType::LongVarWChar, kAnyLength},
+    DeclaredType{"text", AdoType::LongVarChar, kAnyLength},
+    DeclaredType{"clob", AdoType::LongVarChar, kAnyLength},
     DeclaredType{"bigint", AdoType::BigInt, 8},
     DeclaredType{"smallint", AdoType::SmallInt, 2},
     DeclaredType{"tinyint", AdoType::UnsignedTinyInt, 1},
@@ -43,8 +43,8 @@ constexpr std::array kDeclaredTypes{
     DeclaredType{"timestamp", AdoType::DbTimeStamp, 16},
     DeclaredType{"date", AdoType::DbDate, 6},
     DeclaredType{"time", AdoType::DbTime, 6},
-    DeclaredType{"image", AdoType::LongVarBinary, kUnlimited},
-    DeclaredType{"blob", AdoType::LongVarBinary, kUnlimited},
+    DeclaredType{"image", AdoType::LongVarBinary, kAnyLength},
+    DeclaredType{"blob", AdoType::LongVarBinary, kAnyLength},
     DeclaredType{"varbinary", AdoType::VarBinary, 0},
     DeclaredType{"binary", AdoType::Binary, 0},
 };
@@ -87,11 +87,11 @@ void ReadDeclaredType(const QString& declared, ColumnInfo& column) {
     if (!declared.startsWith(QLatin1String(known.word), Qt::CaseInsensitive)) continue;
     column.type = known.type;
     column.definedSize = known.size ? known.size : SizeInBrackets(declared);
-    if (column.definedSize == 0) column.definedSize = kUnlimited;
+    if (column.definedSize == 0) column.definedSize = kAnyLength;
     return;
   }
   column.type = AdoType::LongVarChar;
-  column.definedSize = kUnlimited;
+  column.definedSize = kAnyLength;
 }
 
 std::optional<TableInfo> DescribeSqliteTable(sqlite3* database, const QString& table) {
