@@ -8,7 +8,6 @@
 #include "browser/ListLimits.h"
 #include "browser/RecordListPart.h"
 #include "browser/SearchBar.h"
-#include "browser/ViewHint.h"
 #include "originals/OriginalStore.h"
 #include "records/LastPlace.h"
 #include "records/ReportEntries.h"
@@ -19,6 +18,7 @@
 #include "shell/SharedState.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/ChoiceRelay.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {

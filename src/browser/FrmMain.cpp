@@ -4,6 +4,8 @@
 #include <QSplitter>
 #include <QTreeView>
 
+#include <folvane/Icons.h>
+
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
 #include "browser/BulkCommands.h"
@@ -15,14 +17,13 @@
 #include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
-#include "browser/ViewHint.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 #include "widgets/FrmAbout.h"
-#include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 

@@ -3,17 +3,18 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
 #include "browser/FilterBar.h"
 #include "browser/FrmMain.h"
 #include "browser/OriginalsView.h"
 #include "browser/SearchBar.h"
-#include "browser/ViewHint.h"
 #include "records/RowIcon.h"
 #include "shell/RegistryValues.h"
-#include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {

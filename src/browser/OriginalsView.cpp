@@ -2,9 +2,10 @@
 
 #include <QHeaderView>
 
-#include "browser/ViewHint.h"
+#include <folvane/Icons.h>
+
 #include "records/RowIcon.h"
-#include "widgets/Icons.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {

@@ -6,9 +6,9 @@
 #include "browser/OriginalsView.h"
 #include "browser/RecordListPart.h"
 #include "browser/SearchBar.h"
-#include "browser/ViewHint.h"
 #include "shell/SharedState.h"
 #include "widgets/RecordListView.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {

@@ -6,12 +6,13 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include <folvane/Icons.h>
+
 #include "browser/QuickSearch.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
-#include "widgets/Icons.h"
 #include "widgets/TextCombo.h"
 
 namespace folvane {

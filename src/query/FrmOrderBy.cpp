@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+
 #include "query/FieldListView.h"
 #include "query/Hint.h"
 #include "query/MoveKey.h"
@@ -13,8 +15,7 @@
 #include "shell/ModalWindow.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/EmptyHint.h"
-#include "widgets/Icons.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {
@@ -65,8 +66,8 @@ FrmOrderBy::FrmOrderBy()
   offered_->SetPartner(*chosen_);
   offered_->OnArrival(MakeOffered);
   chosen_->OnArrival(MakeChosen);
-  new EmptyHint(*offered_, u"全部字段均已选择。"_s);
-  new EmptyHint(*chosen_, u"尚无排序字段。\n请在左边选中字段，再按“>”。"_s);
+  AddEmptyHint(*offered_, u"全部字段均已选择。"_s);
+  AddEmptyHint(*chosen_, u"尚无排序字段。\n请在左边选中字段，再按“>”。"_s);
   AddMoveKeys();
   LayOut();
   Connect();

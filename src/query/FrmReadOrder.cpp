@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
+#include <folvane/Icons.h>
+
 #include "query/BrowseGrouping.h"
 #include "query/FieldListView.h"
 #include "query/Hint.h"
@@ -13,9 +15,8 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
-#include "widgets/EmptyHint.h"
-#include "widgets/Icons.h"
 #include "widgets/TextCombo.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {
@@ -53,8 +54,8 @@ FrmReadOrder::FrmReadOrder()
     list->setDragDropMode(QAbstractItemView::NoDragDrop);
     list->setColumnWidth(0, 140);
   }
-  new EmptyHint(*fields_, u"请先在上面选择表。"_s);
-  new EmptyHint(*chosen_, u"尚未选择字段。\n请在左边选中字段，再按“选择”。"_s);
+  AddEmptyHint(*fields_, u"请先在上面选择表。"_s);
+  AddEmptyHint(*chosen_, u"尚未选择字段。\n请在左边选中字段，再按“选择”。"_s);
   LayOut();
   Connect();
 }

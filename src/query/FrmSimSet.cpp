@@ -5,14 +5,15 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+
 #include "query/FieldListView.h"
 #include "query/MoveKey.h"
 #include "query/SearchFields.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/EmptyHint.h"
-#include "widgets/Icons.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {
@@ -48,8 +49,8 @@ FrmSimSet::FrmSimSet()
   SetUpMoveKey(*up_, u"CmdSort(1)"_s, u"上移一位"_s, u"Alt+Up"_s);
   SetUpMoveKey(*down_, u"CmdSort(2)"_s, u"下移一位"_s, u"Alt+Down"_s);
   offered_->SetPartner(*chosen_);
-  new EmptyHint(*offered_, u"全部字段均已选择。"_s);
-  new EmptyHint(*chosen_, u"尚无查询字段。\n请在左边选中字段，再按“选中 >”。"_s);
+  AddEmptyHint(*offered_, u"全部字段均已选择。"_s);
+  AddEmptyHint(*chosen_, u"尚无查询字段。\n请在左边选中字段，再按“选中 >”。"_s);
   LayOut();
   Connect();
 }

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include "base/CodePage.h"
+
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
@@ -32,8 +34,8 @@ QString OrderWordsOf(const std::vector<OrderItem>& items) { return Joined(items,
 bool OrdersByKey(const QString& order) { return order.contains(u"ArchiveID"_s, Qt::CaseInsensitive); }
 
 QString FittedOrder(const QString& order, int size) {
-  if (order.size() <= size) return order;
-  const QString cut = order.left(size);
+  if (FitsByteLength(order, size)) return order;
+  const QString cut = LimitByteLength(order, size);
   return cut.left(qMax(cut.lastIndexOf(u','), 0));
 }
 

@@ -6,6 +6,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+
 #include "query/FrmSimSet.h"
 #include "query/Hint.h"
 #include "query/LikeCriterionBox.h"
@@ -20,7 +22,6 @@
 #include "shell/ModalWindow.h"
 #include "widgets/DateBox.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/Icons.h"
 
 namespace folvane {
 namespace {

@@ -12,14 +12,15 @@
 #include <array>
 #include <utility>
 
+#include <folvane/Icons.h>
+
 #include "query/Comparison.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
-#include "widgets/EmptyHint.h"
-#include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
 #include "widgets/SuppliedCombo.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {
@@ -128,7 +129,7 @@ void frmfhfind::MakeList() {
   list_->setObjectName(u"ListView1"_s);
   list_->setModel(conditions_);
   list_->setAccessibleName(u"查询条件"_s);
-  new EmptyHint(*list_, u"尚无查询条件。\n请先在下面选择比较字段、比较关系和比较值，再按“添加条件”。"_s);
+  AddEmptyHint(*list_, u"尚无查询条件。\n请先在下面选择比较字段、比较关系和比较值，再按“添加条件”。"_s);
   list_->setSelectionMode(QAbstractItemView::SingleSelection);
   list_->SetKeyHandler([this](int key) {
     if (key != Qt::Key_Delete) return false;

@@ -44,6 +44,8 @@ TEST(OrderTextTest, ALongOrderIsShortenedToWholeItems) {
   EXPECT_EQ(FittedOrder(order, 12), u"A Desc"_s) << "before the last comma, though the second item would just fit";
   EXPECT_EQ(FittedOrder(order, 6), QString());
   EXPECT_EQ(FittedOrder(QString(), 5), QString());
+  EXPECT_EQ(FittedOrder(u"题名 Desc,B Asc"_s, 15), u"题名 Desc,B Asc"_s);
+  EXPECT_EQ(FittedOrder(u"题名 Desc,B Asc"_s, 14), u"题名 Desc"_s) << "a Chinese character takes two bytes";
 }
 
 class OrderChoiceTest : public QueryTest {

@@ -3,25 +3,26 @@
 #include <gtest/gtest.h>
 
 #include "support/QtPrinting.h"
-#include "widgets/EmptyHint.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane::test {
 namespace {
 
-class EmptyHintTest : public testing::Test {
+class ViewHintTest : public testing::Test {
  protected:
-  EmptyHintTest() {
+  ViewHintTest() {
     view_.setModel(&model_);
-    hint_ = new EmptyHint(view_, QStringLiteral("没有记录"));
+    AddEmptyHint(view_, QStringLiteral("没有记录"));
+    hint_ = view_.findChild<ViewHint*>(QStringLiteral("EmptyHint"));
     view_.show();
   }
 
   QStandardItemModel model_{0, 2};
   QTreeView view_;
-  EmptyHint* hint_;
+  ViewHint* hint_;
 };
 
-TEST_F(EmptyHintTest, IsShownWhileTheViewHasNoRows) {
+TEST_F(ViewHintTest, IsShownWhileTheViewHasNoRows) {
   EXPECT_TRUE(hint_->isVisible());
   model_.appendRow(new QStandardItem(QStringLiteral("1")));
   EXPECT_FALSE(hint_->isVisible());
@@ -32,12 +33,12 @@ TEST_F(EmptyHintTest, IsShownWhileTheViewHasNoRows) {
   EXPECT_TRUE(hint_->isVisible()) << "a model that is made anew";
 }
 
-TEST_F(EmptyHintTest, CoversTheRoomOfTheRowsWhateverTheSizeOfTheView) {
+TEST_F(ViewHintTest, CoversTheRoomOfTheRowsWhateverTheSizeOfTheView) {
   view_.resize(500, 320);
   EXPECT_EQ(hint_->geometry(), view_.viewport()->geometry());
 }
 
-TEST_F(EmptyHintTest, LeavesClicksToTheView) { EXPECT_EQ(view_.childAt(hint_->geometry().center()), view_.viewport()); }
+TEST_F(ViewHintTest, LeavesClicksToTheView) { EXPECT_EQ(view_.childAt(hint_->geometry().center()), view_.viewport()); }
 
 }  // namespace
 }  // namespace folvane::test

@@ -6,7 +6,8 @@ class QAbstractItemView;
 
 namespace folvane {
 
-/// What to do next, written over a view that has nothing to show. The view takes the mouse as if it were not there.
+/// What a view says in its middle: why it shows nothing, or what to do next. It lies over the view and is no row of its
+/// model, and the view takes mouse and drops as if it were not there.
 class ViewHint : public QLabel {
  public:
   ViewHint(QAbstractItemView& view, const QString& name);
@@ -22,5 +23,9 @@ class ViewHint : public QLabel {
 
   QAbstractItemView& view_;
 };
+
+/// Gives a view a hint named "EmptyHint" that stands there whenever the view has no rows.
+/// @param view has its model already, and keeps it
+void AddEmptyHint(QAbstractItemView& view, const QString& text);
 
 }  // namespace folvane

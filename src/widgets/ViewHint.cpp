@@ -1,4 +1,4 @@
-#include "browser/ViewHint.h"
+#include "widgets/ViewHint.h"
 
 #include <QAbstractItemView>
 #include <QEvent>
@@ -35,6 +35,16 @@ void ViewHint::Place() { setGeometry(view_.viewport()->geometry()); }
 bool ViewHint::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::Resize || event->type() == QEvent::Move) Place();
   return false;
+}
+
+void AddEmptyHint(QAbstractItemView& view, const QString& text) {
+  auto* hint = new ViewHint(view, QStringLiteral("EmptyHint"));
+  const QAbstractItemModel* model = view.model();
+  const auto follow = [hint, model, text] { hint->ShowHint(model->rowCount() == 0 ? text : QString()); };
+  for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+    QObject::connect(model, signal, hint, follow);
+  QObject::connect(model, &QAbstractItemModel::modelReset, hint, follow);
+  follow();
 }
 
 }  // namespace folvane
