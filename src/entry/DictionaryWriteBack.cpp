@@ -5,6 +5,7 @@
 #include <QSet>
 
 #include "base/KeyMaker.h"
+#include "data/OneTransaction.h"
 #include "data/Recordset.h"
 #include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
@@ -33,9 +34,9 @@ class WriteBack {
   // All or nothing: a dictionary without the entries that it was made for would be of no use.
   void Write() {
     if (statements_.isEmpty()) return;
-    Transaction transaction(*SharedConnection());
-    for (const QString& statement : statements_) SharedConnection()->Execute(statement);
-    transaction.Commit();
+    InOneTransaction(*SharedConnection(), [this] {
+      for (const QString& statement : statements_) SharedConnection()->Execute(statement);
+    });
   }
 
  private:

@@ -5,11 +5,12 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include <folvane/Icons.h>
+
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/Icons.h"
 #include "widgets/TextBox.h"
 
 namespace folvane {

@@ -5,6 +5,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include <folvane/Icons.h>
+
 #include "catalogue/ReadRows.h"
 #include "catalogue/ReportRows.h"
 #include "entry/EntryCommandDesign.h"
@@ -27,7 +29,6 @@
 #include "shell/WindowPlacement.h"
 #include "widgets/AgencyCodePicker.h"
 #include "widgets/FrmAbout.h"
-#include "widgets/Icons.h"
 
 namespace folvane {
 namespace {

@@ -9,11 +9,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <folvane/Icons.h>
+
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/Icons.h"
 #include "widgets/NumberBox.h"
 
 namespace folvane {

@@ -11,6 +11,8 @@
 #include <QStandardItemModel>
 #include <functional>
 
+#include <folvane/Icons.h>
+
 #include "entry/FrmCustomFormat.h"
 #include "entry/ProofingRule.h"
 #include "shell/EventGuard.h"
@@ -18,7 +20,6 @@
 #include "shell/ModalWindow.h"
 #include "widgets/ChoiceRelay.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/Icons.h"
 #include "widgets/RecordListView.h"
 #include "widgets/SuppliedCombo.h"
 

@@ -2,6 +2,7 @@
 
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
+#include "data/OneTransaction.h"
 #include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
 
@@ -42,13 +43,13 @@ int KeyOrderList::Move(int from, int to) {
 }
 
 void KeyOrderList::Commit() const {
-  Transaction transaction(*SharedConnection());
-  for (int i = 1; i <= Count(); ++i) {
-    SharedConnection()->Execute(u"Update SaveControls Set KeyOrder='"_s + QString::number(i) +
-                                u"' Where DataSource='"_s + table_ + u"' and DataField='"_s +
-                                FieldOf(table_, names_[i - 1]) + u"' and ControlType<>'3'"_s);
-  }
-  transaction.Commit();
+  InOneTransaction(*SharedConnection(), [this] {
+    for (int i = 1; i <= Count(); ++i) {
+      SharedConnection()->Execute(u"Update SaveControls Set KeyOrder='"_s + QString::number(i) +
+                                  u"' Where DataSource='"_s + table_ + u"' and DataField='"_s +
+                                  FieldOf(table_, names_[i - 1]) + u"' and ControlType<>'3'"_s);
+    }
+  });
 }
 
 std::vector<ControlId> ReadKeyList(const QString& table) {

@@ -6,6 +6,7 @@
 #include "catalogue/FieldRows.h"
 #include "catalogue/QueryRows.h"
 #include "catalogue/ReadRows.h"
+#include "data/OneTransaction.h"
 #include "entry/ProofingRule.h"
 #include "shell/CommonRoutines.h"
 #include "shell/Messages.h"
@@ -116,11 +117,11 @@ QString RuleEditor::InsertStatement(int line, const RuleLine& said) const {
 
 void RuleEditor::Commit() {
   if (std::all_of(SqlList_.begin(), SqlList_.end(), std::mem_fn(&QString::isEmpty))) return;
-  Transaction transaction(*SharedConnection());
-  for (const QString& statement : SqlList_) {
-    if (!statement.isEmpty()) SharedConnection()->Execute(statement);
-  }
-  transaction.Commit();
+  InOneTransaction(*SharedConnection(), [this] {
+    for (const QString& statement : SqlList_) {
+      if (!statement.isEmpty()) SharedConnection()->Execute(statement);
+    }
+  });
   SqlList_ = {};
 }
 
