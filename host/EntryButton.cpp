@@ -7,7 +7,7 @@ namespace folvane::host {
 namespace {
 
 constexpr int kPadding = 18;
-constexpr int kPicture = 40;
+constexpr int kCardPicture = 40;
 constexpr int kRadius = 8;
 
 }  // namespace
@@ -16,7 +16,7 @@ EntryButton::EntryButton(const QIcon& icon, const QString& title, const QString&
                          QWidget* parent)
     : QAbstractButton(parent), line_(line) {
   setIcon(icon);
-  setIconSize({kPicture, kPicture});
+  setIconSize({kCardPicture, kCardPicture});
   setText(title);
   setShortcut(keys);
   setAccessibleDescription(line);
@@ -45,7 +45,7 @@ QSize EntryButton::sizeHint() const {
   const QFontMetrics title(TitleFont());
   const int texts = qMax(title.horizontalAdvance(text()) + fontMetrics().horizontalAdvance(Corner()) + kPadding,
                          fontMetrics().horizontalAdvance(line_));
-  return {3 * kPadding + kPicture + texts, 2 * kPadding + title.height() + fontMetrics().lineSpacing() + 12};
+  return {3 * kPadding + kCardPicture + texts, 2 * kPadding + title.height() + fontMetrics().lineSpacing() + 12};
 }
 
 bool EntryButton::event(QEvent* event) {
@@ -58,7 +58,7 @@ void EntryButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   DrawCard(painter);
   const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
-  icon().paint(&painter, kPadding, (height() - kPicture) / 2, kPicture, kPicture, Qt::AlignCenter, mode);
+  icon().paint(&painter, kPadding, (height() - kCardPicture) / 2, kCardPicture, kCardPicture, Qt::AlignCenter, mode);
   DrawTexts(painter);
 }
 
@@ -81,7 +81,7 @@ void EntryButton::DrawCard(QPainter& painter) const {
 
 void EntryButton::DrawTexts(QPainter& painter) const {
   const QFontMetrics title(TitleFont());
-  const int left = 2 * kPadding + kPicture;
+  const int left = 2 * kPadding + kCardPicture;
   const int block = title.height() + 6 + fontMetrics().height();
   const QRect upper(left, (height() - block) / 2, width() - left - kPadding, title.height());
   const QRect lower(left, upper.bottom() + 7, upper.width(), fontMetrics().height());

@@ -5,6 +5,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include <folvane/Icons.h>
+
 #include "base/IgnoreErrors.h"
 #include "bulk/ControlRows.h"
 #include "bulk/FieldChoice.h"
@@ -18,7 +20,6 @@
 #include "widgets/BusyPointer.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/EditCombo.h"
-#include "widgets/Icons.h"
 #include "widgets/LongWork.h"
 #include "widgets/TextBox.h"
 

@@ -8,12 +8,13 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include <folvane/Icons.h>
+
 #include "bulk/PageOffset.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/Icons.h"
 #include "widgets/TextBox.h"
 
 namespace folvane {

@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <folvane/Icons.h>
+
 #include "bulk/FieldChoice.h"
 #include "entry/FrmInput.h"
 #include "forms/EntryForm.h"
@@ -20,7 +22,6 @@
 #include "shell/SharedState.h"
 #include "shell/WindowPlacement.h"
 #include "widgets/EditCombo.h"
-#include "widgets/Icons.h"
 #include "widgets/LongWork.h"
 
 namespace folvane {

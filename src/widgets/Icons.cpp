@@ -1,4 +1,3 @@
-#include "widgets/Icons.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,6 +7,8 @@
 #include <QPalette>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+
+#include <folvane/Icons.h>
 
 // Resources of a static library are dropped by the linker unless someone names them, and the naming has to stand
 // outside every namespace.

@@ -7,8 +7,9 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include <folvane/Icons.h>
+
 #include "shell/EventGuard.h"
-#include "widgets/Icons.h"
 
 namespace folvane {
 namespace {

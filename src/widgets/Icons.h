@@ -1,4 +1,0 @@
-#pragma once
-
-// Hosts may use the pictures too.
-#include <folvane/Icons.h>
