@@ -167,10 +167,9 @@ void PlanBatchDeletion(Tour& tour) {
   tour.Step(
       QStringLiteral("see how many would go, and leave them"), [] { return AnswerKey(kCancel) != nullptr; },
       [&tour] {
-        const QString notice = In<QLabel>(kBrowser, QStringLiteral("Notice")).text();
-        Expect(notice.startsWith(QStringLiteral("将删除 ")), notice);
-        tour.Picture(Window(kBrowser), QStringLiteral("batch-deletion-count"));
-        tour.Picture(*AnswerKey(kCancel)->window(), QStringLiteral("batch-deletion-question"));
+        auto& question = static_cast<QMessageBox&>(*AnswerKey(kCancel)->window());
+        Expect(question.informativeText().startsWith(QStringLiteral("将删除 ")), question.informativeText());
+        tour.Picture(question, QStringLiteral("batch-deletion-question"));
         hands::Click(*AnswerKey(kCancel));
         Window(kBrowser).activateWindow();  // as a window manager does; offscreen there is none
       });

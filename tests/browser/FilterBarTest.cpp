@@ -57,7 +57,7 @@ void LeaveQuery(const QString& name, const QString& condition, const QString& wo
   WithWindow(name, [=](QWidget& window) {
     auto& query = static_cast<Window&>(window);
     query.ReturnSql = condition;
-    if constexpr (requires { query.ChnReturnSql; }) query.ChnReturnSql = words;
+    if constexpr (requires { query.InForce; }) query.InForce = words;
     window.hide();
   });
 }
@@ -145,7 +145,7 @@ TEST_P(FilterBarTest, AQueryWindowIsToldInWordsOrByItsCondition) {
     LeaveQuery<frmfhfind>(u"frmfhfind"_s, u"RegID + 1 > 3"_s, u"登记号 大于 2"_s);
     browser.Entry(u"mnu_Tool4_HSearch"_s).trigger();
     EXPECT_EQ(Limit(browser), u"查询：登记号 大于 2"_s);
-    LeaveQuery<frmfhfind>(u"frmfhfind"_s, u"Lwdj.Amaintitle Not Like '%1%'  "_s, u"题名 包含 1"_s);
+    LeaveQuery<frmfhfind>(u"frmfhfind"_s, u"Lwdj.Amaintitle Not Like '%1%'  "_s, u"题名 不包含 1"_s);
     browser.Entry(u"mnu_Tool4_HSearch"_s).trigger();
     EXPECT_EQ(Limit(browser), u"查询：题名 不包含 1"_s);
   });

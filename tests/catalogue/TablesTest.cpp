@@ -22,7 +22,7 @@ QString ColumnList(const Table& table) {
   return names.join(u","_s);
 }
 
-// A literal that a column of the type takes.
+// A literal that fills a column of the type, of which a Chinese character takes two bytes.
 QString Sample(const Column& column) {
   switch (column.type) {
     case ColumnType::Integer:
@@ -30,7 +30,7 @@ QString Sample(const Column& column) {
     case ColumnType::Date:
       return u"'2024-03-15'"_s;
     case ColumnType::Text:
-      return u"'%1'"_s.arg(u"文"_s.repeated(column.length));
+      return u"'%1'"_s.arg(u"文"_s.repeated(column.length / 2) + u"a"_s.repeated(column.length % 2));
     default:
       return u"'文字'"_s;
   }
