@@ -47,7 +47,7 @@ void WriteRecords(Connection& connection, const DemoOptions& options, const QStr
   const auto recordDone = [&] {
     if (options.progress && ++done % kRecordsToReport == 0) options.progress(done, options.records);
   };
-  const RecordSurroundings around{connection, plan, words, random, originals, sheets, recordDone};
+  const RecordContext around{connection, plan, words, random, originals, sheets, recordDone};
   VolumeRecords volumes(connection, plan, words, random, originals);
   IncomingRecords(around, volumes).Write();
   volumes.Finish();

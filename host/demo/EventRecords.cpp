@@ -8,7 +8,7 @@
 namespace folvane::demo {
 using namespace Qt::Literals::StringLiterals;
 
-void WriteEvents(const RecordSurroundings& around) {
+void WriteEvents(const RecordContext& around) {
   const WorkCalendar calendar(around.plan.first, around.plan.today);
   Random& random = around.random;
   RecordKeys keys(KeyKind::Event, random);

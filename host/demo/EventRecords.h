@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/demo/RecordSurroundings.h"
+#include "host/demo/RecordContext.h"
 
 namespace folvane::demo {
 
 /// Writes the chronicle of events, Dsj.
-void WriteEvents(const RecordSurroundings& around);
+void WriteEvents(const RecordContext& around);
 
 }  // namespace folvane::demo

@@ -19,7 +19,7 @@ constexpr int kWithSheets = 1500, kWithFiles = 400;
 
 }  // namespace
 
-IncomingRecords::IncomingRecords(const RecordSurroundings& around, VolumeRecords& volumes)
+IncomingRecords::IncomingRecords(const RecordContext& around, VolumeRecords& volumes)
     : around_(around),
       volumes_(volumes),
       calendar_(around.plan.first, around.plan.today),

@@ -3,8 +3,8 @@
 #include <QHash>
 
 #include "catalogue/RowWriter.h"
+#include "host/demo/RecordContext.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RecordSurroundings.h"
 #include "host/demo/VolumeRecords.h"
 #include "host/demo/WorkCalendar.h"
 
@@ -13,7 +13,7 @@ namespace folvane::demo {
 /// The register of incoming documents, Lwdj. Of closed years some go on into the volumes.
 class IncomingRecords {
  public:
-  IncomingRecords(const RecordSurroundings& around, VolumeRecords& volumes);
+  IncomingRecords(const RecordContext& around, VolumeRecords& volumes);
   void Write();
 
  private:
@@ -23,7 +23,7 @@ class IncomingRecords {
   void Add(const Letter& letter, const QString& fileStatus, bool recent);
   QString StatusOf(int year, bool archived);
 
-  RecordSurroundings around_;
+  RecordContext around_;
   VolumeRecords& volumes_;
   WorkCalendar calendar_;
   RecordKeys keys_;

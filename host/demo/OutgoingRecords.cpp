@@ -37,7 +37,7 @@ QStringList ReceiversOf(const QString& kind, const QStringList& all) {
 
 }  // namespace
 
-OutgoingRecords::OutgoingRecords(const RecordSurroundings& around, SingleRecords& singles)
+OutgoingRecords::OutgoingRecords(const RecordContext& around, SingleRecords& singles)
     : around_(around),
       singles_(singles),
       calendar_(around.plan.first, around.plan.today),

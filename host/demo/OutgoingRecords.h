@@ -4,8 +4,8 @@
 
 #include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
+#include "host/demo/RecordContext.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RecordSurroundings.h"
 #include "host/demo/SingleRecords.h"
 #include "host/demo/WorkCalendar.h"
 
@@ -14,7 +14,7 @@ namespace folvane::demo {
 /// The register of outgoing documents, Fwdj. Of closed years some are kept by item in the archive.
 class OutgoingRecords {
  public:
-  OutgoingRecords(const RecordSurroundings& around, SingleRecords& singles);
+  OutgoingRecords(const RecordContext& around, SingleRecords& singles);
   void Write();
 
  private:
@@ -23,7 +23,7 @@ class OutgoingRecords {
   void Add(const Letter& letter, const QString& entityClass, const QString& fileStatus, bool recent);
   QString StatusOf(int year, bool archived);
 
-  RecordSurroundings around_;
+  RecordContext around_;
   SingleRecords& singles_;
   WorkCalendar calendar_;
   RecordKeys keys_;

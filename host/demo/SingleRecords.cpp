@@ -12,7 +12,7 @@ QString Padded(int number) { return QString::number(number).rightJustified(4, u'
 
 }  // namespace
 
-SingleRecords::SingleRecords(const RecordSurroundings& around)
+SingleRecords::SingleRecords(const RecordContext& around)
     : around_(around),
       keys_(KeyKind::SingleItem, around.random),
       rows_(around.connection, u"Gdwj"_s,

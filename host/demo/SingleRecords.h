@@ -5,8 +5,8 @@
 
 #include "catalogue/RowWriter.h"
 #include "host/demo/Letter.h"
+#include "host/demo/RecordContext.h"
 #include "host/demo/RecordKeys.h"
-#include "host/demo/RecordSurroundings.h"
 #include "host/demo/WorkCalendar.h"
 
 namespace folvane::demo {
@@ -15,7 +15,7 @@ namespace folvane::demo {
 /// entity class and retention period.
 class SingleRecords {
  public:
-  explicit SingleRecords(const RecordSurroundings& around);
+  explicit SingleRecords(const RecordContext& around);
 
   /// Begins a year; gives how many documents it takes.
   int OpenYear(int year);
@@ -23,7 +23,7 @@ class SingleRecords {
   void Finish() { rows_.Finish(); }
 
  private:
-  RecordSurroundings around_;
+  RecordContext around_;
   RecordKeys keys_;
   RowWriter rows_;
   QHash<QString, int> lastItems_;  ///< of the year, by the number's fixed parts

@@ -29,7 +29,8 @@ class BrowserCommands {
   void BindShortcut(const QString& entry, QWidget& widget) { commands_.BindShortcut(entry, widget); }
   bool IsEntryEnabled(const QString& entry) const { return commands_.IsEntryEnabled(entry); }
 
-  // Three of the four groups by which rights take effect; the fourth reaches beyond the commands.
+  // The commands that reading, changing and printing take. Looking at originals takes a right too, which also enables
+  // the list of originals; RecordListPart sees to that.
   void SetBrowseCommands(bool on, bool hasParentTable);
   void SetEditCommands(bool on, bool hasTarget);
   void SetPrintCommands(bool on);

@@ -19,7 +19,7 @@ class ClassTreePart {
 
   /// The work of the first activation. @throws DataError
   void Start();
-  /// Keeps the place for the next start and lets go of what Start has opened.
+  /// Stores the place for the next start and closes the record set that Start has opened.
   void End();
 
   /// Shows a node's table, or for a class its tables in the tree. An error is shown and ends it.

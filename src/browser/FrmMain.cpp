@@ -49,7 +49,7 @@ FrmMain::FrmMain() {
   list_->DisableCommands();
 }
 
-// The views go first: they look at the models of the state.
+// The models are members and destroyed before the views, which are children: the views must not ask them any more.
 FrmMain::~FrmMain() {
   for (QTreeView* view : findChildren<QTreeView*>()) view->setModel(nullptr);
 }

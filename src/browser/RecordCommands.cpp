@@ -34,8 +34,8 @@ void RecordCommands::OpenEntry(const QString& addOnOpen) {
     const LoadedWindow<FrmInput> entry;
     entry->CurrTable = parts_.State.CurrTable;
     entry->AddOnOpen = addOnOpen;
-    entry->Surroundings = {parts_.Tree.currentIndex().data().toString(), &parts_.State.Parameters,
-                           [&list](const QString& key) { list.setProperty("Tag", key); }, OpenReplace};
+    entry->Context = {parts_.Tree.currentIndex().data().toString(), &parts_.State.Parameters,
+                      [&list](const QString& key) { list.setProperty("Tag", key); }, OpenReplace};
     entry->Open();
   }
   list_.EnableCommands();

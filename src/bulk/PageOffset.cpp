@@ -1,6 +1,6 @@
 #include "bulk/PageOffset.h"
 
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "records/MovePlan.h"
 
 namespace folvane {

@@ -3,7 +3,7 @@
 #include <QString>
 #include <optional>
 
-#include "base/LikePattern.h"
+#include "base/WildcardPattern.h"
 #include "data/Recordset.h"
 
 namespace folvane {
@@ -41,8 +41,8 @@ class RecordSearch {
   bool Hits(const Field& field) const;
 
   QString field_;
-  QString whole_;                       ///< the pattern as a text
-  std::optional<LikePattern> pattern_;  ///< none when whole values are compared
+  QString whole_;                           ///< the pattern as a text
+  std::optional<WildcardPattern> pattern_;  ///< none when whole values are compared
   bool hasHits_ = false;
 };
 

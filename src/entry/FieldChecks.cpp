@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/CodePage.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "forms/LimitText.h"
 #include "shell/Messages.h"
 

@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "entry/EnterWalk.h"
+#include "entry/EntryContext.h"
 #include "entry/EntryEnabling.h"
-#include "entry/EntrySurroundings.h"
 #include "entry/FieldChecks.h"
 #include "entry/RecordLifecycle.h"
 #include "records/TableParameters.h"
@@ -32,7 +32,7 @@ class FrmInput : public QMainWindow {
 
   QString CurrTable;
   QString AddOnOpen;  ///< "1" begins a new record as the window opens, and is "0" from then on
-  EntrySurroundings Surroundings;
+  EntryContext Context;
 
   /// Builds the form of the table and shows the window modally. @throws DataError what fails while it opens
   void Open();

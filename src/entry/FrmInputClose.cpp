@@ -28,7 +28,7 @@ void FrmInput::closeEvent(QCloseEvent* event) {
 
 bool FrmInput::MayClose() {
   const auto leave = [this](const QString& key) {
-    if (Surroundings.LeaveTag) Surroundings.LeaveTag(key);
+    if (Context.LeaveTag) Context.LeaveTag(key);
   };
   leave(u"<NULL>"_s);
   if (!SettleEdit()) return false;

@@ -113,7 +113,7 @@ void FrmInput::ConnectMoves() {
 }
 
 void FrmInput::ConnectTools() {
-  commands_->OnEntry(u"mnuReplace"_s, [this] { Surroundings.OpenReplace(*this); });
+  commands_->OnEntry(u"mnuReplace"_s, [this] { Context.OpenReplace(*this); });
   for (const EntryFlag& flag : EntryFlags()) {
     commands_->OnEntry(flag.entry, [this, flag] {
       SaveFlag(flag, commands_->IsMarked(flag.entry));
@@ -144,7 +144,7 @@ void FrmInput::Open() {
 }
 
 QString FrmInput::Selected(Parameter parameter) const {
-  return Surroundings.Parameters ? Surroundings.Parameters->Selected(parameter) : QString();
+  return Context.Parameters ? Context.Parameters->Selected(parameter) : QString();
 }
 
 RegIdRule FrmInput::ReadRule(const Recordset& records) const {
@@ -153,7 +153,7 @@ RegIdRule FrmInput::ReadRule(const Recordset& records) const {
 }
 
 ParentRecord FrmInput::ReadParent() const {
-  const QString tag = Surroundings.Parameters ? Surroundings.Parameters->Tag() : QString();
+  const QString tag = Context.Parameters ? Context.Parameters->Tag() : QString();
   return {Selected(Parameter::Parent).trimmed(), tag};
 }
 
@@ -161,7 +161,7 @@ void FrmInput::Load() {
   Recordset& records = Shared().CurrentRecords;
   lifecycle_.reset();
   SetPlacementOf(*this, CurrTable);
-  setWindowTitle(Surroundings.NodeText + u"  -  "_s + kCaption);
+  setWindowTitle(Context.NodeText + u"  -  "_s + kCaption);
   const qint64 openPosition = records.AbsolutePosition();
   const RegIdRule rule = ReadRule(records);
   const auto carried = LoadCarryFields(SharedConnection(), CurrTable, ReadParent());
@@ -179,7 +179,7 @@ void FrmInput::Load() {
 void FrmInput::ShowOpened(qint64 openPosition) {
   enabling_ = EntryEnabling(grants_);
   enabling_.ApplyRights();
-  commands_->EnableEntry(u"mnuReplace"_s, bool(Surroundings.OpenReplace));
+  commands_->EnableEntry(u"mnuReplace"_s, bool(Context.OpenReplace));
   status_->ShowUser(Shared().UserName);
   status_->ShowOpened(openPosition, lifecycle_->Place().count);
   walk_.SetKeys(form_->Layout().KeyList);

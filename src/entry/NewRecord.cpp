@@ -5,8 +5,8 @@
 #include "base/CodePage.h"
 #include "base/DocumentNumber.h"
 #include "base/KeyMaker.h"
-#include "base/TextTests.h"
 #include "base/Today.h"
+#include "base/TypedValues.h"
 #include "data/ValueText.h"
 #include "shell/CommonRoutines.h"
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "base/LikePattern.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
+#include "base/WildcardPattern.h"
 
 namespace folvane {
 namespace {
@@ -55,7 +55,7 @@ Breach TestMustBe(const ProofingRuleRow& rule, const QString& text) {
     return WrongValue(rule, u"只能输入日期格式('2002-01-01')"_s, Keep);
   }
   if (value == kCustomFormat) {
-    if (LikePattern(rule.customFormat).Matches(text)) return {};
+    if (WildcardPattern(rule.customFormat).Matches(text)) return {};
     return WrongValue(rule, u"不是指定的输入格式"_s, Keep);
   }
   const std::optional<double> length = ReadNumber(value);
@@ -94,7 +94,7 @@ Breach TestNumber(const NumberRelation& relation, const ProofingRuleRow& rule, c
 }
 
 Breach TestContains(const ProofingRuleRow& rule, const QString& text) {
-  const bool contains = LikePattern(u'*' + rule.collectValue + u'*').Matches(text);
+  const bool contains = WildcardPattern(u'*' + rule.collectValue + u'*').Matches(text);
   if (contains == (rule.relation == kContains)) return {};
   const QString must = contains ? u"必须不包含"_s : u"必须包含"_s;
   return WrongField(rule, must + rule.collectValue + u"，请重新输入！"_s, Keep);

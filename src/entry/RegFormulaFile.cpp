@@ -2,7 +2,7 @@
 
 #include "base/ProgramDirectory.h"
 #include "base/TableProfile.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "shell/CommonRoutines.h"
 
 namespace folvane {

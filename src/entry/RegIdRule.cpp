@@ -2,7 +2,7 @@
 
 #include <QDateTime>
 
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "data/ValueText.h"
 #include "forms/EntryLayout.h"
 #include "records/QueryText.h"

@@ -15,13 +15,12 @@ bool HasTypingRules(int controlType) {
 
 }  // namespace
 
-TypingAids::TypingAids(EntryField& field, bool isNumeric, const QStringList& wideFields,
-                       TypingSurroundings surroundings)
-    : QObject(&field), field_(field), isNumeric_(isNumeric), surroundings_(std::move(surroundings)) {
+TypingAids::TypingAids(EntryField& field, bool isNumeric, const QStringList& wideFields, TypingContext context)
+    : QObject(&field), field_(field), isNumeric_(isNumeric), context_(std::move(context)) {
   field.Widget().installEventFilter(this);
   if (!HasTypingRules(field.ControlType())) return;
   const TypingRules rules = TypingRules::Of(field.ControlType(), field.DataField(), isNumeric, wideFields);
-  field.SetAdmission([rules, hasRecord = surroundings_.hasRecord](const QString& typed) {
+  field.SetAdmission([rules, hasRecord = context_.hasRecord](const QString& typed) {
     return hasRecord() ? rules.Admit(typed) : typed;
   });
 }
@@ -36,15 +35,15 @@ bool TypingAids::eventFilter(QObject* watched, QEvent* event) {
 
 bool TypingAids::TakeKey(int key, bool withControl) {
   if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    if (!withControl && surroundings_.hasRecord()) surroundings_.onEnter(field_);
+    if (!withControl && context_.hasRecord()) context_.onEnter(field_);
     return true;
   }
-  return surroundings_.hasRecord() && AddYearSign(key);
+  return context_.hasRecord() && AddYearSign(key);
 }
 
 bool TypingAids::AddYearSign(int key) {
   if (field_.ControlType() != ControlKind::Txt) return false;
-  const QString sign = YearSignOf(key, surroundings_.usesSign(), isNumeric_);
+  const QString sign = YearSignOf(key, context_.usesSign(), isNumeric_);
   if (sign.isEmpty()) return false;
   field_.CaretToEnd();
   static_cast<TextBox&>(field_.Widget()).insert(sign);

@@ -9,7 +9,7 @@
 namespace folvane {
 
 /// What the typing aids of a field ask and tell of the window around it.
-struct TypingSurroundings {
+struct TypingContext {
   std::function<bool()> hasRecord;  ///< without a current record the aids rest
   std::function<bool()> usesSign;   ///< the function keys add brackets
   std::function<void(EntryField& field)> onEnter;
@@ -20,7 +20,7 @@ struct TypingSurroundings {
 class TypingAids : public QObject {
  public:
   /// @param wideFields as RegCbcIni gives them
-  TypingAids(EntryField& field, bool isNumeric, const QStringList& wideFields, TypingSurroundings surroundings);
+  TypingAids(EntryField& field, bool isNumeric, const QStringList& wideFields, TypingContext context);
 
  private:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -29,7 +29,7 @@ class TypingAids : public QObject {
 
   EntryField& field_;
   bool isNumeric_;
-  TypingSurroundings surroundings_;
+  TypingContext context_;
 };
 
 }  // namespace folvane

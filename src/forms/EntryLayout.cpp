@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "base/CodePage.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "data/Recordset.h"
 
 namespace folvane {

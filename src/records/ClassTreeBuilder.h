@@ -32,7 +32,7 @@ class ClassTreeBuilder {
   bool LacksTables(int node) const { return unfinished_.contains(node); }
   /// Adds second-level nodes when the table's grouping field asks for them; the node's image becomes "Cent1".
   void GroupTable(int node);
-  /// Lets go of what is held open for the targets of the tables.
+  /// Closes the record set that the targets of the tables are looked up in.
   void Close() { transfers_.Close(); }
 
  private:

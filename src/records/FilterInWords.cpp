@@ -36,9 +36,9 @@ class ConditionReader {
       text += *term;
       if (Peek().kind == TokenKind::End) return text;
       if (TakeWord("and"_L1)) {
-        text += u" 并且 "_s;
+        text += u" 与 "_s;
       } else if (TakeWord("or"_L1)) {
-        text += u" 或者 "_s;
+        text += u" 或 "_s;
       } else {
         return {};
       }

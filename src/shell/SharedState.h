@@ -18,7 +18,8 @@ struct SharedState {
   QString DatabaseKind;      ///< "SQL SERVER" or "SYSBASE": originals lie on an FTP server; any other: in a directory
   Recordset CurrentRecords;  ///< behind the browser's list; the entry window edits it in place
 
-  // The store of originals, opened on first need and kept for the rest of the run.
+  // The store of originals. A connection to its server is opened when a file is first asked for and kept until the
+  // process ends.
   QString OriginalRoot;
   void* hOpen = nullptr;
   void* hConnection = nullptr;

@@ -138,7 +138,7 @@ TEST_P(FilterBarTest, AQueryWindowIsToldInWordsOrByItsCondition) {
   InBrowser([&](const Browser& browser) {
     LeaveQuery<frmSimFind>(u"frmSimFind"_s, u"Lwdj.Amaintitle Like '%题名%' And (Lwdj.RegID BETWEEN '1' And '2')"_s);
     browser.Entry(u"mnu_Tool5_LSearch"_s).trigger();
-    EXPECT_EQ(Limit(browser), u"查询：题名 包含 题名 并且 登记号 从 1 到 2"_s);
+    EXPECT_EQ(Limit(browser), u"查询：题名 包含 题名 与 登记号 从 1 到 2"_s);
     LeaveQuery<frmSimFind>(u"frmSimFind"_s, u"RegID + 1 > 2"_s);
     browser.Entry(u"mnu_Tool5_LSearch"_s).trigger();
     EXPECT_EQ(Limit(browser), u"查询：简单查询 RegID + 1 > 2"_s);

@@ -33,7 +33,7 @@ void LeaveEntryOn(const QString& key, const std::function<void(FrmInput&)>& step
   WithWindow(u"FrmInput"_s, [=](QWidget& window) {
     auto& entry = static_cast<FrmInput&>(window);
     if (steps) steps(entry);
-    entry.Surroundings.LeaveTag(key);
+    entry.Context.LeaveTag(key);
     entry.hide();
   });
 }
@@ -192,8 +192,8 @@ TEST_P(RecordCommandsTest, TheEntryWindowIsToldTheTableAndWhereItStandsInTheTree
   InBrowser([&](const Browser& browser) {
     LeaveEntryOn(DesignedDatabase::Key(3), [](FrmInput& entry) {
       EXPECT_EQ(entry.CurrTable, u"Lwdj"_s);
-      EXPECT_EQ(entry.Surroundings.NodeText, u"来文登记"_s);
-      EXPECT_EQ(entry.Surroundings.Parameters->Selected(Parameter::Order), u"ArchiveId Desc"_s);
+      EXPECT_EQ(entry.Context.NodeText, u"来文登记"_s);
+      EXPECT_EQ(entry.Context.Parameters->Selected(Parameter::Order), u"ArchiveId Desc"_s);
     });
     browser.Key(u"Mod"_s).trigger();
     EXPECT_FALSE(DefaultInstance<FrmInput>::IsLoaded());

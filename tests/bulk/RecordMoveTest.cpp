@@ -1,7 +1,7 @@
 #include <QApplication>
 #include <QLineEdit>
 
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "bulk/FrmRecordMove.h"
 #include "bulk/PageOffset.h"
 #include "shell/LoadedWindow.h"

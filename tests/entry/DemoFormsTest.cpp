@@ -34,8 +34,8 @@ class DemoFormsTest : public testing::TestWithParam<const char*> {
     FrmInput& window = DefaultInstance<FrmInput>::Get();
     window.CurrTable = table_;
     window.AddOnOpen = u"0"_s;
-    window.Surroundings.NodeText = table_;
-    window.Surroundings.Parameters = &parameters_;
+    window.Context.NodeText = table_;
+    window.Context.Parameters = &parameters_;
     WithWindow(u"FrmInput"_s, [&](QWidget& shown) { steps(Input(shown)); });
     window.Open();
   }

@@ -22,7 +22,7 @@ class EntryErrorsTest : public RecordRoad {
     OpenRecords();
     FrmInput& window = DefaultInstance<FrmInput>::Get();
     window.CurrTable = u"Lwdj"_s;
-    window.Surroundings = {u"收文登记"_s, &parameters_, {}, {}};
+    window.Context = {u"收文登记"_s, &parameters_, {}, {}};
     try {
       window.Open();
     } catch (const DataError& error) {

@@ -1,5 +1,5 @@
 #include "EntryFixture.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "entry/FieldChecks.h"
 #include "shell/Messages.h"
 

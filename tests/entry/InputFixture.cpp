@@ -68,7 +68,7 @@ void InputTest::InWindow(const std::function<void(const Input&)>& steps, bool ad
 void InputTest::Reopen(const std::function<void(const Input&)>& steps, const QString& table) {
   FrmInput& window = DefaultInstance<FrmInput>::Get();
   window.CurrTable = table;
-  window.Surroundings = {u"收文登记"_s, &parameters_, [this](const QString& tag) { tags_ << tag; }, openReplace_};
+  window.Context = {u"收文登记"_s, &parameters_, [this](const QString& tag) { tags_ << tag; }, openReplace_};
   WithWindow(u"FrmInput"_s, [&](QWidget& shown) { steps(Input(shown)); });
   window.Open();
 }

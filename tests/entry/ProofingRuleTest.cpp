@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "base/LikePattern.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
+#include "base/WildcardPattern.h"
 #include "entry/ProofingRule.h"
 #include "support/QtPrinting.h"
 

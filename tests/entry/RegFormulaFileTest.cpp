@@ -1,6 +1,6 @@
 #include "EntryFixture.h"
 #include "base/CodePage.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "entry/RegFormulaFile.h"
 
 namespace folvane::test {

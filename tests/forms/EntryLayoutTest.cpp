@@ -1,7 +1,7 @@
 #include <array>
 #include <gtest/gtest.h>
 
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "catalogue/Ddl.h"
 #include "forms/EntryLayout.h"
 #include "support/HostDoubles.h"

@@ -49,10 +49,10 @@ TEST(FilterInWordsTest, AConditionOfTheSearchBarIsAQuery) {
 
 TEST(FilterInWordsTest, TermsOfTheQueryWindowsAreJoined) {
   EXPECT_EQ(WordsOf(u"Lwdj.Amaintitle Like '%环保%' And (Lwdj.DocNo BETWEEN '1' And '9')"_s),
-            u"题名 包含 环保 并且 文号 从 1 到 9"_s);
+            u"题名 包含 环保 与 文号 从 1 到 9"_s);
   EXPECT_EQ(WordsOf(u"Lwdj.DocNo <> '3' or Lwdj.Amaintitle Not Like '%决定%'  "_s),
-            u"文号 不等于 3 或者 题名 不包含 决定"_s);
-  EXPECT_EQ(WordsOf(u"(DocNo >= '1') And Left(CreatedDate,4) = '2001'"_s), u"文号 大于等于 1 并且 年度 等于 2001"_s);
+            u"文号 不等于 3 或 题名 不包含 决定"_s);
+  EXPECT_EQ(WordsOf(u"(DocNo >= '1') And Left(CreatedDate,4) = '2001'"_s), u"文号 大于等于 1 与 年度 等于 2001"_s);
 }
 
 TEST(FilterInWordsTest, AnythingElseHasNoWords) {

@@ -8,8 +8,8 @@
 #include <folvane/createdname.h>
 
 #include "base/IgnoreErrors.h"
-#include "base/LikePattern.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
+#include "base/WildcardPattern.h"
 #include "shell/SharedState.h"
 #include "support/HostDoubles.h"
 #include "support/TestDatabase.h"

@@ -4,7 +4,7 @@
 
 namespace folvane::sql {
 
-/// The sign that takes a wildcard its meaning in the patterns written here; its own meaning in data is rare.
+/// The sign that makes the wildcard behind it stand for itself in the patterns written here; rare in data.
 constexpr char16_t kPatternEscape = u'!';
 
 /// A Like pattern of the language, told in the languages of the other databases.

@@ -23,7 +23,7 @@ QueryPtr StatementParser::ReadQuery() {
 void StatementParser::ReadOrder(Query& query) {
   NeedWord("by");
   do {
-    OrderItem item;
+    OrderTerm item;
     item.value = ReadExpression();
     item.descending = TakeWord("desc");
     if (!item.descending) TakeWord("asc");

@@ -54,7 +54,7 @@ void RewriteQuery(Query& query, RewriteContext& context) {
   RewriteIfThere(query.where, context);
   for (ExpressionPtr& group : query.groupBy) RewriteOne(group, context);
   RewriteIfThere(query.having, context);
-  for (OrderItem& item : query.orderBy) RewriteOne(item.value, context);
+  for (OrderTerm& item : query.orderBy) RewriteOne(item.value, context);
   if (query.next) RewriteQuery(*query.next, context);
   RewriteGrouping(query, context);
   RewriteOrder(query, context);

@@ -102,7 +102,7 @@ struct TableReference {
   const TableInfo* info = nullptr;
 };
 
-struct OrderItem {
+struct OrderTerm {
   ExpressionPtr value;
   bool descending = false;
   QByteArray nulls;  ///< what the dialect writes behind the item
@@ -116,7 +116,7 @@ struct Query {
   std::vector<TableReference> tables;
   ExpressionPtr where, having;
   std::vector<ExpressionPtr> groupBy;
-  std::vector<OrderItem> orderBy;  ///< of the first query of a union: the order of the whole
+  std::vector<OrderTerm> orderBy;  ///< of the first query of a union: the order of the whole
   QByteArray unionWord;            ///< "UNION" or "UNION ALL" when another query follows
   QueryPtr next;
   /// A union in brackets, told apart and ordered from outside, by more than its columns' names.

@@ -69,7 +69,7 @@ class Inference {
     for (ExpressionPtr* condition : {&query.where, &query.having})
       if (*condition) ReadCondition(**condition, scope);
     for (ExpressionPtr& group : query.groupBy) ReadValue(*group, scope);
-    for (OrderItem& item : query.orderBy) ReadValue(*item.value, scope);
+    for (OrderTerm& item : query.orderBy) ReadValue(*item.value, scope);
     if (query.next) Read(*query.next, outer);
   }
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 
 namespace folvane {
 namespace {

@@ -85,7 +85,7 @@ void PrepareGrouping(Query& query, RewriteContext& context) {
       if (item.alias.isEmpty() && item.value->kind == Expression::Native) item.alias = item.value->text;
     }
     if (query.having) ChooseOne(query.having, *wanted, form);
-    for (OrderItem& item : query.orderBy) ChooseOne(item.value, *wanted, form);
+    for (OrderTerm& item : query.orderBy) ChooseOne(item.value, *wanted, form);
   }
 }
 

@@ -35,7 +35,7 @@ ExpressionPtr Ordered(const ExpressionPtr& value, const Query& query, RewriteCon
   return Native(form.constData(), {folded}, ValueType::Text);
 }
 
-void Order(OrderItem& item, const Query& query, RewriteContext& context) {
+void Order(OrderTerm& item, const Query& query, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
   bool isOrdinal = false;
   const SelectItem* selected = ItemOf(*item.value, query, &isOrdinal, context);
@@ -57,7 +57,7 @@ void Order(OrderItem& item, const Query& query, RewriteContext& context) {
 }
 
 // The order of a union stands around it, over its columns' names.
-void OrderUnion(OrderItem& item, const Query& query, RewriteContext& context) {
+void OrderUnion(OrderTerm& item, const Query& query, RewriteContext& context) {
   item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
   if (item.value->kind == Expression::Number) {
     const auto place = static_cast<std::size_t>(context.Pin(*item.value).toInt());
@@ -72,7 +72,7 @@ void OrderUnion(OrderItem& item, const Query& query, RewriteContext& context) {
 void RewriteOrder(Query& query, RewriteContext& context) {
   const bool aroundUnion = query.next && context.Dialect().ordersUnionsByName && !query.orderBy.empty();
   if (aroundUnion) query.wrapped = true;
-  for (OrderItem& item : query.orderBy) aroundUnion ? OrderUnion(item, query, context) : Order(item, query, context);
+  for (OrderTerm& item : query.orderBy) aroundUnion ? OrderUnion(item, query, context) : Order(item, query, context);
 }
 
 }  // namespace folvane::sql

@@ -11,7 +11,7 @@ namespace folvane {
 /// https://learn.microsoft.com/sql/t-sql/language-elements/like-transact-sql
 class LikeMatcher {
  public:
-  /// @param escape the sign that takes the next one its meaning, 0 for none
+  /// @param escape the sign behind which the next one stands for itself, 0 for none
   explicit LikeMatcher(QByteArrayView pattern, char32_t escape = 0);
   bool Matches(QByteArrayView text) const;
 

@@ -22,10 +22,10 @@ class PatternError : public DataError {
 /// end of it stands for itself, and so do `?`, `*`, `#` and `[`. `[]` is no character at all, `[!]` an exclamation
 /// mark, and
 /// `]` outside a list stands for itself.
-class LikePattern {
+class WildcardPattern {
  public:
   /// @throws PatternError for a list that is not closed, a descending range, a hyphen that joins nothing
-  explicit LikePattern(QStringView pattern);
+  explicit WildcardPattern(QStringView pattern);
 
   bool Matches(QStringView text) const;
 

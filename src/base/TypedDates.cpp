@@ -1,10 +1,9 @@
-// The half of the text tests that judges dates.
 #include <QDate>
 #include <QRegularExpression>
 #include <vector>
 
 #include "base/HalfWidth.h"
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 
 namespace folvane {
 namespace {

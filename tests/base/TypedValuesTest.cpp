@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "base/TextTests.h"
+#include "base/TypedValues.h"
 #include "support/QtPrinting.h"
 
 namespace folvane {

@@ -1,4 +1,4 @@
-#include "base/LikePattern.h"
+#include "base/WildcardPattern.h"
 
 namespace folvane {
 namespace {
@@ -11,7 +11,7 @@ constexpr qsizetype kNone = -1;
 
 }  // namespace
 
-LikePattern::LikePattern(QStringView pattern) {
+WildcardPattern::WildcardPattern(QStringView pattern) {
   for (qsizetype place = 0; place < pattern.size(); ++place) {
     const char16_t letter = pattern[place].unicode();
     switch (letter) {
@@ -37,7 +37,7 @@ LikePattern::LikePattern(QStringView pattern) {
   }
 }
 
-void LikePattern::AddList(QStringView list) {
+void WildcardPattern::AddList(QStringView list) {
   if (list.isEmpty()) return;  // no character at all
   OneOf set;
   set.negated = list.size() > 1 && list.front() == u'!';
@@ -55,7 +55,7 @@ void LikePattern::AddList(QStringView list) {
   elements_.emplace_back(std::move(set));
 }
 
-bool LikePattern::Accepts(const OneOf& set, QChar letter) {
+bool WildcardPattern::Accepts(const OneOf& set, QChar letter) {
   for (const Range& range : set.ranges) {
     if (letter >= range.first && letter <= range.last) return !set.negated;
   }
@@ -64,7 +64,7 @@ bool LikePattern::Accepts(const OneOf& set, QChar letter) {
 
 // A run takes as little as it can and one character more each time what follows it does not fit. Only the last run met
 // has to be tried again: what stood before it has already been matched in the shortest way.
-bool LikePattern::Matches(QStringView text) const {
+bool WildcardPattern::Matches(QStringView text) const {
   const std::size_t count = elements_.size();
   std::size_t element = 0, afterRun = count;
   qsizetype place = 0, runEnd = 0;

@@ -9,7 +9,7 @@ class FrmInput;
 class TableParameters;
 
 /// What the entry window is told by the window that opens it.
-struct EntrySurroundings {
+struct EntryContext {
   QString NodeText;                       ///< of the tree node that is selected there
   TableParameters* Parameters = nullptr;  ///< the row selected in it is that of the table; outlives the entry window
   /// Takes the key of the record that the list is to stand on afterwards, "<NULL>" for none.

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "base/LikePattern.h"
+#include "base/WildcardPattern.h"
 #include "support/QtPrinting.h"
 
 namespace folvane {
@@ -20,7 +20,7 @@ void PrintTo(const MatchCase& c, std::ostream* out) {
 class Pattern : public testing::TestWithParam<MatchCase> {};
 
 TEST_P(Pattern, MatchesAsTheOperatorDoes) {
-  EXPECT_EQ(LikePattern(GetParam().pattern).Matches(GetParam().text), GetParam().matches);
+  EXPECT_EQ(WildcardPattern(GetParam().pattern).Matches(GetParam().text), GetParam().matches);
 }
 
 // clang-format off
@@ -96,27 +96,27 @@ const MatchCase kLists[] = {
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(Lists, Pattern, testing::ValuesIn(kLists));
 
-TEST(LikePattern, RefusesAListThatIsNotClosed) {
-  EXPECT_THROW(LikePattern(u"a["), PatternError);
-  EXPECT_THROW(LikePattern(u"[abc"), PatternError);
+TEST(WildcardPattern, RefusesAListThatIsNotClosed) {
+  EXPECT_THROW(WildcardPattern(u"a["), PatternError);
+  EXPECT_THROW(WildcardPattern(u"[abc"), PatternError);
 }
 
-TEST(LikePattern, RefusesADescendingRange) { EXPECT_THROW(LikePattern(u"[z-a]"), PatternError); }
+TEST(WildcardPattern, RefusesADescendingRange) { EXPECT_THROW(WildcardPattern(u"[z-a]"), PatternError); }
 
-TEST(LikePattern, RefusesAHyphenThatJoinsNothing) { EXPECT_THROW(LikePattern(u"[a-c-e]"), PatternError); }
+TEST(WildcardPattern, RefusesAHyphenThatJoinsNothing) { EXPECT_THROW(WildcardPattern(u"[a-c-e]"), PatternError); }
 
-TEST(LikePattern, SaysWhatIsWrongWithAPattern) {
+TEST(WildcardPattern, SaysWhatIsWrongWithAPattern) {
   try {
-    LikePattern(u"AB[12");
+    WildcardPattern(u"AB[12");
     FAIL() << "the pattern was taken";
   } catch (const PatternError& error) {
     EXPECT_EQ(QString::fromUtf8(error.what()), u"格式“AB[12”有误：方括号没有闭合。"_s);
   }
 }
 
-TEST(LikePattern, StaysFastOnRunsThatDoNotFit) {
+TEST(WildcardPattern, StaysFastOnRunsThatDoNotFit) {
   const QString text(20000, u'a');
-  EXPECT_FALSE(LikePattern(u"*a*a*a*a*a*a*a*b").Matches(text));
+  EXPECT_FALSE(WildcardPattern(u"*a*a*a*a*a*a*a*b").Matches(text));
 }
 
 }  // namespace

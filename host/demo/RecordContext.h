@@ -12,7 +12,7 @@
 namespace folvane::demo {
 
 /// Where the records come from and where they leave their traces.
-struct RecordSurroundings {
+struct RecordContext {
   Connection& connection;
   const Plan& plan;
   const Words& words;

@@ -1,10 +1,9 @@
-#include "base/TextTests.h"
-
 #include <QRegularExpression>
 #include <cmath>
 #include <limits>
 
 #include "base/HalfWidth.h"
+#include "base/TypedValues.h"
 
 namespace folvane {
 namespace {
