@@ -1,11 +1,11 @@
 #include "browser/BulkCommands.h"
 
-#include "browser/AskQuery.h"
 #include "browser/BrowserState.h"
 #include "browser/CommandTrap.h"
 #include "browser/RecordListPart.h"
 #include "bulk/FrmBactchUpdate.h"
 #include "originals/OriginalStore.h"
+#include "query/AskQuery.h"
 #include "query/ConditionText.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"

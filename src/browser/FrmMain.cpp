@@ -120,7 +120,7 @@ void FrmMain::LiftFilter() {
 }
 
 void FrmMain::ShowOriginalsMenu(const QPoint& at) {
-  if (listView_->CurrentRow() == 0 || state_.Parameters.Selected(Parameter::LookFile) != u"1"_s) return;
+  if (listView_->CurrentRow() == 0 || !state_.Parameters.Grants().lookFile) return;
   commands_->OriginalsMenu().popup(originals_->viewport()->mapToGlobal(at));
 }
 

@@ -63,7 +63,7 @@ QString UnshownHint(const BrowserState& state) {
 QString NoRecordsHint(const BrowserState& state) {
   const QString limit = state.Parameters.Selected(Parameter::RowLimit);
   if (limit == u"1 = 2"_s) return u"您没有查看"_s + TableCaption(state) + u"的权限，请与管理员联系。"_s;
-  const bool mayAdd = state.Parameters.Selected(Parameter::Edit) == u"1"_s;
+  const bool mayAdd = state.Parameters.Grants().edit;
   if (!state.ShownFilter.isEmpty()) {
     return u"当前条件下没有记录。按 F5 刷新以显示全部"_s + (mayAdd ? u"，或按 Ctrl+N 新增。"_s : u"。"_s);
   }

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "browser/AskQuery.h"
 #include "browser/BrowserState.h"
 #include "browser/BrowserStatus.h"
 #include "browser/RecordListPart.h"
 #include "browser/SearchBar.h"
 #include "bulk/FrmRecordMove.h"
+#include "query/AskQuery.h"
 #include "query/ConditionText.h"
-#include "query/FrmOrderBy.h"
 #include "query/FrmReadOrder.h"
 #include "records/ColumnSort.h"
 #include "shell/LoadedWindow.h"
@@ -18,14 +17,6 @@
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-QString AskOrder(const QString& table, const QString& oldOrder) {
-  const LoadedWindow<FrmOrderBy> window;
-  window->OldOrder = oldOrder;
-  window->TableName = table;
-  window->Open();
-  return window->ReturnSql;
-}
 
 int AskNumber(bool ofPage) {
   const LoadedWindow<FrmRecordMove> window;

@@ -9,7 +9,7 @@
 #include "bulk/FrmReplace.h"
 #include "entry/FrmInput.h"
 #include "originals/OriginalStore.h"
-#include "records/KeyList.h"
+#include "records/RecordStatement.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"

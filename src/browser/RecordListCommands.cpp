@@ -11,12 +11,7 @@
 #include "widgets/ViewHint.h"
 
 namespace folvane {
-namespace {
 using namespace Qt::Literals::StringLiterals;
-
-const QString kGranted = u"1"_s;
-
-}  // namespace
 
 void RecordListPart::DisableCommands() {
   parts_.Commands.SetBrowseCommands(false, false);
@@ -26,13 +21,11 @@ void RecordListPart::DisableCommands() {
 }
 
 void RecordListPart::EnableCommands() {
-  const TableParameters& parameters = parts_.State.Parameters;
+  const TableGrants grants = parts_.State.Parameters.Grants();
   parts_.Commands.SetBrowseCommands(true, HasParentTable());
-  if (parameters.Selected(Parameter::LookFile) == kGranted) SetLookFileCommands(true);
-  if (parameters.Selected(Parameter::Print) == kGranted) parts_.Commands.SetPrintCommands(true);
-  if (parameters.Selected(Parameter::Edit) == kGranted) {
-    parts_.Commands.SetEditCommands(true, !parameters.Selected(Parameter::Target).isEmpty());
-  }
+  if (grants.lookFile) SetLookFileCommands(true);
+  if (grants.print) parts_.Commands.SetPrintCommands(true);
+  if (grants.edit) parts_.Commands.SetEditCommands(true, grants.hasTarget);
 }
 
 void RecordListPart::SetLookFileCommands(bool on) {
@@ -73,13 +66,12 @@ void RecordListPart::UpdateCommands() {
   const bool selected = parts_.List.CurrentRow() > 0;
   const qint64 position = Shared().CurrentRecords.IsOpen() ? Shared().CurrentRecords.AbsolutePosition() : 0;
   if (selected) parts_.Status.ShowPosition(position, parts_.State.RecordCount);
-  if (parts_.State.Parameters.Selected(Parameter::Edit) == kGranted) {
+  const TableGrants grants = parts_.State.Parameters.Grants();
+  if (grants.edit) {
     commands.EnableEntries({u"mnu_File4_Property"_s, u"mnu_File3_Del"_s, u"mnu_Manager"_s}, true);
     commands.EnableKeys({u"Del"_s, u"Mod"_s, u"Archive"_s}, true);
   }
-  if (parts_.State.Parameters.Selected(Parameter::LookFile) == kGranted) {
-    commands.EnableKeys({u"LookFiles"_s}, true);
-  }
+  if (grants.lookFile) commands.EnableKeys({u"LookFiles"_s}, true);
   if (selected) EnableMoves(position, parts_.State.RecordCount);
 }
 

@@ -14,7 +14,6 @@
 #include "browser/OriginalsView.h"
 #include "records/ColumnSort.h"
 #include "records/ListColumns.h"
-#include "records/QueryText.h"
 #include "records/RecordStatement.h"
 #include "records/TableRights.h"
 #include "shell/EventGuard.h"

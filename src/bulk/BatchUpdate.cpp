@@ -6,7 +6,7 @@
 #include "bulk/ReturnTo.h"
 #include "data/RefusedValues.h"
 #include "data/ValueText.h"
-#include "records/QueryText.h"
+#include "records/RecordStatement.h"
 
 namespace folvane {
 namespace {

@@ -12,7 +12,7 @@ const QStringList kAddKey{u"AddRecord"_s}, kAddEntry{u"AddNewRecord"_s};
 
 }  // namespace
 
-EntryEnabling::EntryEnabling(const EntryGrants& grants) : grants_(grants) {
+EntryEnabling::EntryEnabling(const TableGrants& grants) : grants_(grants) {
   SetKeys(kAddKey, true);
   SetEntries(kAddEntry, true);
 }

@@ -4,15 +4,9 @@
 #include <QString>
 #include <QStringList>
 
-namespace folvane {
+#include "records/TableParameters.h"
 
-/// What the user may do with the table of an entry form.
-struct EntryGrants {
-  bool lookFile = false;
-  bool print = false;
-  bool edit = false;
-  bool hasTarget = false;  ///< the table has an archive table
-};
+namespace folvane {
 
 /// What the record of an entry form is in the middle of.
 enum class RecordState { Browse = 0, Add = 1, Modify = 2 };
@@ -28,7 +22,7 @@ struct EntryPlace {
 /// Rights only ever take away.
 class EntryEnabling {
  public:
-  explicit EntryEnabling(const EntryGrants& grants = {});
+  explicit EntryEnabling(const TableGrants& grants = {});
 
   /// Once, as the window opens.
   void ApplyRights();
@@ -56,7 +50,7 @@ class EntryEnabling {
   void EnableOnRecord();
   void EnableMoves(const EntryPlace& place);
 
-  EntryGrants grants_;
+  TableGrants grants_;
   QHash<QString, bool> keys_, entries_;
 };
 

@@ -118,7 +118,7 @@ class FrmInput : public QMainWindow {
   EntryStatus* status_;
   QLabel* hint_;  ///< over the form: what the design of the table lacks
   QTimer* timer_;
-  EntryGrants grants_;
+  TableGrants grants_;
   bool showsEditing_ = false;  ///< the toolbar has gone over to the edit
   EntryEnabling enabling_;
   EnterWalk walk_;

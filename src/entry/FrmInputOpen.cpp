@@ -35,7 +35,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QString kCaption = u"著录界面"_s;
-const QString kGranted = u"1"_s;
 constexpr int kLookInterval = 500;
 constexpr int kHintMargin = 24;
 constexpr int kEmptyHeight = 300;  // of a form without fields
@@ -168,8 +167,8 @@ void FrmInput::Load() {
   form_->BuildEntryControls(CurrTable, records);
   ShowHint(MissingIn(CurrTable, form_->Layout(), records));
   LoadReportMenu();
-  grants_ = {Selected(Parameter::LookFile) == kGranted, Selected(Parameter::Print) == kGranted,
-             Selected(Parameter::Edit) == kGranted && HasKey(records), !Selected(Parameter::Target).isEmpty()};
+  grants_ = Context.Parameters ? Context.Parameters->Grants() : TableGrants{};
+  grants_.edit = grants_.edit && HasKey(records);
   lifecycle_ = std::make_unique<RecordLifecycle>(records, LifecycleStart{form_->Layout(), carried, rule}, openPosition);
   ReadFlags();
   ConnectFields(RegCbcIni(CurrTable));

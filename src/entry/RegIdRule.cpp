@@ -5,7 +5,7 @@
 #include "base/TypedValues.h"
 #include "data/ValueText.h"
 #include "forms/EntryLayout.h"
-#include "records/QueryText.h"
+#include "records/RecordStatement.h"
 #include "shell/CommonRoutines.h"
 
 namespace folvane {

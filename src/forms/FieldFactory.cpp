@@ -7,9 +7,8 @@
 #include "forms/fields/TxtField.h"
 #include "forms/fields/TxtMLineField.h"
 #include "widgets/AgencyCodePicker.h"
-#include "widgets/ClassCodePicker.h"
+#include "widgets/CodePicker.h"
 #include "widgets/RecordDatePicker.h"
-#include "widgets/UnitCodePicker.h"
 
 namespace folvane {
 

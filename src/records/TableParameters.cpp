@@ -27,6 +27,12 @@ void TableParameters::RemoveFrom(int row) {
   endRemoveRows();
 }
 
+TableGrants TableParameters::Grants() const {
+  const auto granted = [this](Parameter right) { return Selected(right) == QLatin1String("1"); };
+  return {granted(Parameter::LookFile), granted(Parameter::Print), granted(Parameter::Edit),
+          !Selected(Parameter::Target).isEmpty()};
+}
+
 void TableParameters::Set(int row, Parameter parameter, const QString& text) {
   rows_.at(size_t(row) - 1)[size_t(parameter)] = text;
   const QModelIndex changed = index(row - 1, int(parameter));

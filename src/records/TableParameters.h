@@ -26,6 +26,14 @@ enum class Parameter {
   Relation = 14,      ///< the column of this table that holds the parent's value
 };
 
+/// What a table's parameters let the user do with it.
+struct TableGrants {
+  bool lookFile = false;
+  bool print = false;
+  bool edit = false;
+  bool hasTarget = false;  ///< the table has an archive table
+};
+
 /// The parameter list of the tables built so far, one row each: rights, filter, order, relations and archive target.
 /// Everything that opens or limits a table reads it here. Rows count from 1; 0 stands for no row.
 ///
@@ -57,6 +65,9 @@ class TableParameters : public QAbstractTableModel {
   void Select(int row);
   /// A parameter of the selected row; "" when none is selected.
   QString Selected(Parameter parameter) const { return selected_ == 0 ? QString() : Get(selected_, parameter); }
+
+  /// Those of the selected row; none when none is selected.
+  TableGrants Grants() const;
 
   /// The condition that a query window or the way down to a child table left.
   QString Tag() const { return tag_; }

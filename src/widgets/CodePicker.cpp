@@ -6,6 +6,7 @@
 #include <QTreeView>
 
 #include "data/Recordset.h"
+#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
 
 namespace folvane {
@@ -51,6 +52,16 @@ void CodePicker::PrepareList() {
   rows->resizeColumnToContents(1);
   const int bar = list_->rowCount() > kRowsShown ? rows->verticalScrollBar()->sizeHint().width() : 0;
   rows->setMinimumWidth(rows->columnWidth(0) + rows->columnWidth(1) + bar + fontMetrics().averageCharWidth() * 2);
+}
+
+QString UnitCodePicker::ListStatement() const {
+  return QStringLiteral("Select FondsNo,FondsName From FondsDefine Order By FondsNo");
+}
+
+QString ClassCodePicker::ListStatement() const {
+  const QString fonds = QueryValue(kLocalMachine, kFondsSet, QStringLiteral("CurrFondsNo"));
+  return QStringLiteral("Select ClassNo,ClassName From EntityClass Where FondsNo='") + EscapeSql(fonds) +
+         QStringLiteral("' Order By ClassNo");
 }
 
 }  // namespace folvane

@@ -24,4 +24,26 @@ class CodePicker : public ListCombo {
   QStandardItemModel* list_;
 };
 
+/// The number of a fonds.
+class UnitCodePicker : public CodePicker {
+  Q_OBJECT
+
+ public:
+  using CodePicker::CodePicker;
+
+ protected:
+  QString ListStatement() const override;
+};
+
+/// The number of an entity class of the current fonds, which the station's settings name.
+class ClassCodePicker : public CodePicker {
+  Q_OBJECT
+
+ public:
+  using CodePicker::CodePicker;
+
+ protected:
+  QString ListStatement() const override;
+};
+
 }  // namespace folvane

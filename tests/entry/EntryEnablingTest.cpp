@@ -8,16 +8,16 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr EntryGrants kAll{true, true, true, true};
+constexpr TableGrants kAll{true, true, true, true};
 
-EntryGrants Without(bool EntryGrants::*right) {
-  EntryGrants grants = kAll;
+TableGrants Without(bool TableGrants::*right) {
+  TableGrants grants = kAll;
   grants.*right = false;
   return grants;
 }
 
 /// What is enabled after the toolbar was set and the record shown, as the window does it.
-EntryEnabling Shown(const EntryGrants& grants, const EntryPlace& place, bool autoSave = false) {
+EntryEnabling Shown(const TableGrants& grants, const EntryPlace& place, bool autoSave = false) {
   EntryEnabling enabling(grants);
   enabling.ApplyRights();
   enabling.SetToolbarState(place.state == RecordState::Browse, autoSave);
@@ -43,7 +43,7 @@ const QStringList kEntries{u"AddNewRecord"_s, u"SaveRecord"_s,   u"DelRecord"_s,
 
 struct Case {
   const char* name;
-  EntryGrants grants;
+  TableGrants grants;
   EntryPlace place;
   QStringList keysOff, entriesOff;
 };
@@ -99,24 +99,24 @@ INSTANTIATE_TEST_SUITE_P(
               u"mnuCopyAll"_s, u"AddFile"_s, u"BorrowFile"_s, u"ReportDesign"_s, u"mnuDistibute"_s, u"mnuPassRead"_s,
               u"mnuTransact"_s, u"mnuArchive"_s, u"Tools"_s, u"DoRecord"_s, u"File_Or"_s}},
         Case{"WithoutTheRightToEdit",
-             Without(&EntryGrants::edit),
+             Without(&TableGrants::edit),
              kMiddle,
              {u"AddRecord"_s, u"SaveRecord"_s, u"CancelRecord"_s, u"DelRecord"_s, u"Distribute"_s, u"PassRead"_s,
               u"Transact"_s},
              {u"AddNewRecord"_s, u"SaveRecord"_s, u"CancelRecord"_s, u"DelRecord"_s, u"mnuDistibute"_s,
               u"mnuPassRead"_s, u"mnuTransact"_s, u"Tools"_s}},
         Case{"WithoutTheRightToPrint",
-             Without(&EntryGrants::print),
+             Without(&TableGrants::print),
              kMiddle,
              {u"SaveRecord"_s, u"CancelRecord"_s, u"ReportView"_s},
              {u"SaveRecord"_s, u"CancelRecord"_s, u"ReportDesign"_s}},
         Case{"WithoutTheRightToLookAtFiles",
-             Without(&EntryGrants::lookFile),
+             Without(&TableGrants::lookFile),
              kMiddle,
              {u"SaveRecord"_s, u"CancelRecord"_s, u"FileArea"_s},
              {u"SaveRecord"_s, u"CancelRecord"_s, u"AddFile"_s, u"BorrowFile"_s}},
         Case{"WithoutAnArchiveTable",
-             Without(&EntryGrants::hasTarget),
+             Without(&TableGrants::hasTarget),
              kMiddle,
              {u"SaveRecord"_s, u"CancelRecord"_s, u"DoArchive"_s},
              {u"SaveRecord"_s, u"CancelRecord"_s, u"mnuArchive"_s}}),
@@ -126,11 +126,11 @@ TEST(EntryEnabling, AddingStaysEnabledWhileEditingWithAutoSave) {
   const EntryPlace editing{RecordState::Modify, 1, 3};
   EXPECT_TRUE(Shown(kAll, editing, true).IsKeyEnabled(u"AddRecord"_s));
   EXPECT_TRUE(Shown(kAll, editing, true).IsEntryEnabled(u"AddNewRecord"_s));
-  EXPECT_FALSE(Shown(Without(&EntryGrants::edit), editing, true).IsKeyEnabled(u"AddRecord"_s));
+  EXPECT_FALSE(Shown(Without(&TableGrants::edit), editing, true).IsKeyEnabled(u"AddRecord"_s));
 }
 
 TEST(EntryEnabling, SavingIsNeverEnabledWithoutTheRightToEdit) {
-  const EntryEnabling enabling = Shown(Without(&EntryGrants::edit), {RecordState::Modify, 1, 3});
+  const EntryEnabling enabling = Shown(Without(&TableGrants::edit), {RecordState::Modify, 1, 3});
   EXPECT_FALSE(enabling.IsKeyEnabled(u"SaveRecord"_s));
   EXPECT_FALSE(enabling.IsEntryEnabled(u"CancelRecord"_s));
 }

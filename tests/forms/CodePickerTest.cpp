@@ -3,8 +3,7 @@
 #include "forms/FormsFixture.h"
 #include "shell/RegistryValues.h"
 #include "widgets/AgencyCodePicker.h"
-#include "widgets/ClassCodePicker.h"
-#include "widgets/UnitCodePicker.h"
+#include "widgets/CodePicker.h"
 
 namespace folvane::test {
 namespace {

@@ -202,7 +202,7 @@ TEST_P(EntryErrorsTest, ATextThatIsNoNumberIsOneOfConversion) {
 TEST_P(EntryErrorsTest, NumbersAndPatternsThatCannotBeReadLeaveAServiceAsTheyAre) {
   Services().now = []() -> QDateTime { return ToInteger(u"x"_s), QDateTime(); };
   EXPECT_EQ(ErrorOfFileOpen().Message(), u"“x”不是数字。"_s);
-  Services().now = []() -> QDateTime { return LikePattern(u"[a"_s), QDateTime(); };
+  Services().now = []() -> QDateTime { return WildcardPattern(u"[a"_s), QDateTime(); };
   EXPECT_EQ(ErrorOfFileOpen().Kind(), DataErrorKind::Conversion);
 }
 

@@ -1,8 +1,5 @@
 #include "data/dialect/Dialect.h"
 
-#include "data/dialect/PostgreSqlDialect.h"
-#include "data/dialect/SqliteDialect.h"
-
 namespace folvane::sql {
 
 const char* LiteralForms::Of(const QString& op) const {

@@ -91,4 +91,7 @@ struct Dialect {
 
 const Dialect& DialectOf(DialectKind kind);
 
+extern const Dialect kSqliteDialect;
+extern const Dialect kPostgreSqlDialect;
+
 }  // namespace folvane::sql

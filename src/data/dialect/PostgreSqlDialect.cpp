@@ -1,4 +1,4 @@
-#include "data/dialect/PostgreSqlDialect.h"
+#include "data/dialect/Dialect.h"
 
 namespace folvane::sql {
 

@@ -1,4 +1,4 @@
-#include "data/dialect/SqliteDialect.h"
+#include "data/dialect/Dialect.h"
 
 namespace folvane::sql {
 

@@ -16,4 +16,7 @@ struct AskedQuery {
 AskedQuery AskSimpleQuery(const QString& table);
 AskedQuery AskCompoundQuery(const QString& table);
 
+/// Opens the window that puts a sort order together and unloads it again. @return "" for no change @throws DataError
+QString AskOrder(const QString& table, const QString& oldOrder);
+
 }  // namespace folvane

@@ -1,5 +1,6 @@
-#include "browser/AskQuery.h"
+#include "query/AskQuery.h"
 
+#include "query/FrmOrderBy.h"
 #include "query/frmSimFind.h"
 #include "query/frmfhfind.h"
 #include "shell/LoadedWindow.h"
@@ -18,6 +19,14 @@ AskedQuery AskCompoundQuery(const QString& table) {
   window->FormTag = table;
   window->Open();
   return {window->ReturnSql, window->InForce, window->Ignored};
+}
+
+QString AskOrder(const QString& table, const QString& oldOrder) {
+  const LoadedWindow<FrmOrderBy> window;
+  window->OldOrder = oldOrder;
+  window->TableName = table;
+  window->Open();
+  return window->ReturnSql;
 }
 
 }  // namespace folvane

@@ -1,35 +1,35 @@
 #include <gtest/gtest.h>
 
-#include "records/QueryText.h"
+#include "records/RecordStatement.h"
 #include "support/QtPrinting.h"
 
 namespace folvane::test {
 
 using namespace Qt::Literals::StringLiterals;
 
-TEST(QueryTextTest, RightsAndAQueryAreJoinedByAnd) {
+TEST(RecordStatementTest, RightsAndAQueryAreJoinedByAnd) {
   EXPECT_EQ(JoinedWithRights(u"(a = 1)"_s, u"b = 2"_s), u"(a = 1) And b = 2"_s);
   EXPECT_EQ(JoinedWithRights(u"1 = 2"_s, QString()), u"1 = 2"_s);
   EXPECT_EQ(JoinedWithRights(QString(), u"b = 2"_s), u"b = 2"_s);
   EXPECT_EQ(JoinedWithRights(QString(), QString()), QString());
 }
 
-TEST(QueryTextTest, AQueryThatJoinsByOrIsBoundAsAWhole) {
+TEST(RecordStatementTest, AQueryThatJoinsByOrIsBoundAsAWhole) {
   EXPECT_EQ(JoinedWithRights(u"(a = 1)"_s, u"T.G > '2' or T.F = '1'  "_s), u"(a = 1) And (T.G > '2' or T.F = '1'  )"_s);
   EXPECT_EQ(JoinedWithRights(u"(a = 1)"_s, u"b = 2 And c = 3 Or d = 4"_s), u"(a = 1) And (b = 2 And c = 3 Or d = 4)"_s);
 }
 
-TEST(QueryTextTest, AQueryWithoutRightsStaysAsItIs) {
+TEST(RecordStatementTest, AQueryWithoutRightsStaysAsItIs) {
   EXPECT_EQ(JoinedWithRights(QString(), u"b = 2 Or c = 3"_s), u"b = 2 Or c = 3"_s);
 }
 
-TEST(QueryTextTest, AnOrInsideParenthesesIsBoundAlready) {
+TEST(RecordStatementTest, AnOrInsideParenthesesIsBoundAlready) {
   EXPECT_FALSE(HasTopLevelOr(u"(DocNo = '' Or DocNo Is Null)"_s));
   EXPECT_FALSE(HasTopLevelOr(u"((a = 1 Or b = 2) And c = 3)"_s));
   EXPECT_TRUE(HasTopLevelOr(u"(a = 1 And b = 2) OR (c = 3)"_s));
 }
 
-TEST(QueryTextTest, AnOrInAValueOrANameIsNone) {
+TEST(RecordStatementTest, AnOrInAValueOrANameIsNone) {
   EXPECT_FALSE(HasTopLevelOr(u"T.F Like '%this or that%'"_s));
   EXPECT_FALSE(HasTopLevelOr(u"T.F = 'it''s ( Or'"_s));
   EXPECT_FALSE(HasTopLevelOr(u"[a Or b] = 1 And \"c Or d\" = 2"_s));
@@ -38,7 +38,7 @@ TEST(QueryTextTest, AnOrInAValueOrANameIsNone) {
 }
 
 // Parentheses around such a text would make whole what the database has to refuse.
-TEST(QueryTextTest, ATextThatDoesNotCloseWhatItOpensIsLeftToTheDatabase) {
+TEST(RecordStatementTest, ATextThatDoesNotCloseWhatItOpensIsLeftToTheDatabase) {
   EXPECT_FALSE(HasTopLevelOr(u"T.F = 'x') Or ('1'='1'"_s));
   EXPECT_FALSE(HasTopLevelOr(u"T.F = ('x' Or '1'='1'"_s));
   EXPECT_FALSE(HasTopLevelOr(u"T.F = 'it's' Or a = 1"_s));
