@@ -90,7 +90,7 @@ class Entry {
     auto& window = DefaultInstance<FrmInput>::Get();
     window.CurrTable = u"Records"_s;
     window.AddOnOpen = u"0"_s;
-    window.Surroundings = {u"收文"_s, &parameters_, [](const QString&) {}, {}};
+    window.Context = {u"收文"_s, &parameters_, [](const QString&) {}, {}};
     QTimer::singleShot(0, &window, [&] {
       QApplication::processEvents();
       work(window);
