@@ -95,7 +95,7 @@ void RecordListPart::OpenRecords() {
   Opened();
 }
 
-// The records shown are let go only when there are others.
+// The records in view stay open until the statement in the new order has succeeded.
 void RecordListPart::OpenInOrder(const QString& order) {
   Recordset ordered;
   Open(ordered, order);

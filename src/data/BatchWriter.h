@@ -23,8 +23,8 @@ class BatchWriter {
  private:
   struct Written {
     RowId row;
-    std::vector<std::pair<int, QVariant>>
-        given;  ///< values as the database keeps them: column of the record set, value
+    /// Values as the database keeps them, where it gave them or they were fitted: column of the record set, value.
+    std::vector<std::pair<int, QVariant>> given;
   };
 
   Written WriteOne(RowId row);

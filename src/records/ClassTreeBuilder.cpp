@@ -60,7 +60,8 @@ bool ClassTreeBuilder::HasChild(int parent, const QString& key) const {
   return std::any_of(children.begin(), children.end(), [&](int child) { return tree_.Node(child).key == key; });
 }
 
-// Whole or not at all: half a table would open by half a statement for as long as the window is loaded.
+// Without its rights and its order a table would be opened by an incomplete statement until the window is loaded anew.
+// So it comes into the tree with everything that was to be read for it, or not at all.
 void ClassTreeBuilder::AddTable(int parent, const QString& classId, const QString& parentTable,
                                 const TableRelationRow& table) {
   const int node = tree_.Count() + 1;

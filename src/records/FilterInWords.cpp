@@ -122,7 +122,8 @@ class ConditionReader {
     return subject + u" 从 "_s + *begin + u" 到 "_s + *end;
   }
 
-  // No text or null, as a comparison with nothing asks for.
+  // The second half of (F = '' Or F Is Null), or of the same with <> and Is Not Null, which a search for an empty value
+  // composes.
   Words Emptiness(const QString& subject, const QString& compared) {
     if (!TakeWord("or"_L1) || Subject() != subject || !TakeWord("is"_L1)) return {};
     const bool negated = TakeWord("not"_L1);
@@ -151,7 +152,7 @@ FilterInWords InWords(const QString& filter, const std::function<QString(const Q
   static const QRegularExpression year(u"^Left\\(CreatedDate,4\\) = '([^']*)'$"_s,
                                        QRegularExpression::CaseInsensitiveOption);
   if (const auto found = year.match(filter); found.hasMatch()) return {u"年度"_s, found.captured(1)};
-  // As the nodes below a table write it, and nobody else.
+  // The conditions of the nodes below a table; the blanks in them tell them from what queries compose.
   static const QRegularExpression group(u"^(DOCNO like '[^%'][^']*%'|\\w+ ='[^']*')$"_s,
                                         QRegularExpression::UseUnicodePropertiesOption);
   return {group.match(filter).hasMatch() ? u"分组"_s : u"查询"_s, Told(filter, captionOf).value_or(QString())};
