@@ -201,6 +201,13 @@ QString Recordset::Sort() const { return Opened(state_).sort; }
 
 FieldList Recordset::Fields() const { return FieldList(&Opened(state_)); }
 
+QString Recordset::TextAt(qint64 position, int field) const {
+  const RecordsetState& state = Opened(state_);
+  if (position < 1 || position > state.view.Count())
+    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有第 %1 条记录。").arg(position));
+  return ValueText(state.rows.Value(state.view.At(position - 1), field));
+}
+
 EditModeKind Recordset::EditMode() const {
   const RecordsetState& state = Opened(state_);
   if (state.place_ == Place::Hole) return EditModeKind::Delete;

@@ -124,6 +124,9 @@ class Recordset {
   FieldList Fields() const;
   Field operator[](const QString& name) const { return Fields().Item(name); }
 
+  /// The text of a field in the row at a position, from 1, without moving there. @throws DataError Usage
+  QString TextAt(qint64 position, int field) const;
+
   EditModeKind EditMode() const;
   /// Appends an empty row and stands on it.
   void AddNew();

@@ -1,0 +1,299 @@
+#include "flows/FlowSheets.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <folvane/DataError.h>
+
+#include "base/Today.h"
+#include "base/TypedValues.h"
+#include "data/OneTransaction.h"
+#include "flows/PassedErrors.h"
+#include "shell/CommonRoutines.h"
+#include "shell/SharedState.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kGreatestSerial = 32767;
+
+QString Quoted(const QString& text) { return u'\'' + text + u'\''; }
+
+QString DateOr(const QString& date, const QString& null) { return date.isEmpty() ? null : Quoted(date); }
+
+void Open(Recordset& records, const QString& statement) {
+  if (records.IsOpen()) records.Close();
+  records.Open(statement, SharedConnection());
+}
+
+// "caption: old -> new" of one value that another user changed.
+void AddChange(QStringList& changes, const std::vector<GridColumn>& columns, const QString& field,
+               const QString& before, const QString& now) {
+  if (before == now) return;
+  QString caption = u"备注"_s;  // the one field that no grid shows
+  for (const GridColumn& column : columns) {
+    if (column.field.compare(field, Qt::CaseInsensitive) == 0) caption = column.caption;
+  }
+  changes << u"%1由“%2”改为“%3”"_s.arg(caption, before, now);
+}
+
+}  // namespace
+
+void FlowSheets::OpenHeads(const QString& statement) {
+  Open(heads_, statement);
+  heads_.SetSort(flow_.sort);
+}
+
+void FlowSheets::LoadFiles(const QString& archiveId) {
+  OpenHeads(u"select * from "_s + flow_.headSource);
+  if (HasHeads() && !archiveId.isEmpty()) heads_.Find(u"File_ID = '"_s + EscapeSql(archiveId) + u'\'');
+  if (HasHeads() && !IsOnHead()) heads_.MoveFirst();
+  OpenDetails();
+}
+
+void FlowSheets::Narrow(const QString& condition) {
+  OpenHeads(u"Select * from "_s + flow_.headTable + u" Where "_s + condition);
+  OpenDetails();
+}
+
+QString FlowSheets::HastenCondition() const {
+  return flow_.isHandling ? u" and Is_Hasten='"_s + hasten_ + u'\'' : QString();
+}
+
+void FlowSheets::OpenDetails() {
+  if (!IsOnHead()) {
+    if (details_.IsOpen()) details_.Close();
+    return;
+  }
+  Open(details_, u"select * from "_s + flow_.detailSource + u" where Register_ID='"_s + Key() + u'\'' +
+                     HastenCondition());
+}
+
+void FlowSheets::RequeryHeads() {
+  const qint64 position = heads_.AbsolutePosition();
+  const QString key = IsOnHead() ? Key() : QString();
+  heads_.Requery();
+  if (!HasHeads()) return;
+  heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
+  if (IsOnHead()) return;
+  heads_.SetAbsolutePosition(std::clamp<qint64>(position, 1, heads_.RecordCount()));
+}
+
+bool FlowSheets::IsOnHead() const { return heads_.IsOpen() && !heads_.BOF() && !heads_.EOF_(); }
+
+bool FlowSheets::IsOnDetail() const { return details_.IsOpen() && !details_.BOF() && !details_.EOF_(); }
+
+bool FlowSheets::IsIdle() const {
+  const QString status = Head(flow_.statusColumn);
+  return status == flow_.idle || status == flow_.ended;
+}
+
+void FlowSheets::Execute(const QString& statement) const { SharedConnection()->Execute(statement); }
+
+QString FlowSheets::NextDetailSerial() const {
+  Recordset serials;
+  serials.Open(u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() +
+                   u"' Order By File_ID DESC"_s,
+               SharedConnection());
+  if (serials.EOF_()) return u"1"_s;
+  const QString greatest = serials[u"File_ID"_s].Text();
+  const std::optional<double> number = ReadNumber(greatest);
+  if (number && std::abs(*number) < kGreatestSerial) return QString::number(ToInteger(greatest) + 1);
+  throw DataError(DataErrorKind::Conversion,
+                  u"无法计算下一个序号：已有的序号“%1”不是 %2 以下的整数。"_s.arg(greatest).arg(kGreatestSerial));
+}
+
+bool FlowSheets::IsSerialTaken(const QString& serial) const {
+  Recordset same;
+  same.Open(u"Select File_ID From "_s + flow_.detailSource + u" where File_ID='"_s + serial + u"' and Register_ID='"_s +
+                Key() + u'\'',
+            SharedConnection());
+  return !same.EOF_();
+}
+
+void FlowSheets::InsertDetail(const DetailValues& values) {
+  QString columns = u"File_ID,Register_ID,Lead_Unit,"_s + flow_.detailDate;
+  QString texts = Quoted(values.serial) + u',' + Quoted(Key()) + u',' + Quoted(values.unit) + u',' +
+                  DateOr(values.date, u"null"_s);
+  const auto add = [&](const QString& column, const QString& text) {
+    columns += u',' + column;
+    texts += u',' + text;
+  };
+  if (flow_.hasQuantities) add(u"Quantity"_s, values.quantity);
+  if (flow_.isHandling) add(u"Transact_Mode"_s, Quoted(values.mode));
+  add(u"Is_Back"_s, Quoted(values.isBack));
+  add(u"Back_Date"_s, DateOr(values.backDate, u"null"_s));
+  add(u"Real_BackDate"_s, DateOr(values.realBackDate, u"null"_s));
+  if (flow_.hasQuantities) add(u"Back_Quantity"_s, values.backQuantity);
+  if (flow_.isHandling) {
+    add(u"Transact_Result"_s, Quoted(values.result));
+    add(u"Is_Hasten"_s, Quoted(hasten_));
+  }
+  Execute(u"Insert Into "_s + flow_.detailSource + u" ("_s + columns + u") Values ("_s + texts + u')');
+}
+
+void FlowSheets::InsertRouteDetail(const QString& members) {
+  const QString hastenColumn = flow_.isHandling ? u",Is_Hasten"_s : QString();
+  const QString hastenText = flow_.isHandling ? u",'"_s + hasten_ + u'\'' : QString();
+  Execute(u"Insert Into "_s + flow_.detailTable + u" (File_ID,Register_ID,Lead_Unit,"_s + flow_.detailDate +
+          u",Is_Back"_s + hastenColumn + u") Values ('"_s + NextDetailSerial() + u"','"_s + Key() + u"','"_s + members +
+          u"','"_s + Today().toString(u"yyyy-M-d"_s) + u"','否'"_s + hastenText + u')');
+}
+
+DetailValues FlowSheets::ReadDetail() const {
+  DetailValues values{Detail(u"File_ID"_s), Detail(u"Lead_Unit"_s), Detail(flow_.detailDate), {}, {},
+                      Detail(u"Is_Back"_s), Detail(u"Back_Date"_s), Detail(u"Real_BackDate"_s), {}, {}};
+  if (flow_.hasQuantities) {
+    values.quantity = Detail(u"Quantity"_s);
+    values.backQuantity = Detail(u"Back_Quantity"_s);
+  }
+  if (flow_.isHandling) {
+    values.mode = Detail(u"Transact_Mode"_s);
+    values.result = Detail(u"Transact_Result"_s);
+  }
+  return values;
+}
+
+SaveOutcome FlowSheets::UpdateDetail(const DetailValues& values, DetailValues& shown) {
+  try {
+    details_.Resync();
+  } catch (const DataError& error) {
+    if (error.Kind() == DataErrorKind::Conflict) return {SaveOutcome::Gone, {}};
+    throw;
+  }
+  if (const DetailValues now = ReadDetail(); now != shown) {
+    QStringList changes;
+    AddChange(changes, flow_.detailColumns, u"File_ID"_s, shown.serial, now.serial);
+    AddChange(changes, flow_.detailColumns, u"Lead_Unit"_s, shown.unit, now.unit);
+    AddChange(changes, flow_.detailColumns, flow_.detailDate, shown.date, now.date);
+    AddChange(changes, flow_.detailColumns, u"Quantity"_s, shown.quantity, now.quantity);
+    AddChange(changes, flow_.detailColumns, u"Transact_Mode"_s, shown.mode, now.mode);
+    AddChange(changes, flow_.detailColumns, u"Is_Back"_s, shown.isBack, now.isBack);
+    AddChange(changes, flow_.detailColumns, u"Back_Date"_s, shown.backDate, now.backDate);
+    AddChange(changes, flow_.detailColumns, u"Real_BackDate"_s, shown.realBackDate, now.realBackDate);
+    AddChange(changes, flow_.detailColumns, u"Back_Quantity"_s, shown.backQuantity, now.backQuantity);
+    AddChange(changes, flow_.detailColumns, u"Transact_Result"_s, shown.result, now.result);
+    shown = now;
+    return {SaveOutcome::Changed, changes.join(u'，')};
+  }
+  QString statement = u"Update "_s + flow_.detailSource + u" set File_ID='"_s + values.serial + u"',Lead_Unit='"_s +
+                      values.unit + u"',"_s + flow_.detailDate +
+                      (values.date.isEmpty() ? u"=Null"_s : u"= "_s + Quoted(values.date));
+  if (flow_.hasQuantities) statement += u",Quantity="_s + values.quantity;
+  if (flow_.isHandling) statement += u",Transact_Mode='"_s + values.mode + u'\'';
+  statement += u",Is_Back='"_s + values.isBack + u"',Back_Date="_s + DateOr(values.backDate, u"null"_s) +
+               u",Real_BackDate="_s + DateOr(values.realBackDate, u"null"_s);
+  if (flow_.hasQuantities) statement += u",Back_Quantity="_s + values.backQuantity;
+  if (flow_.isHandling) statement += u",Transact_Result='"_s + values.result + u'\'';
+  Execute(statement + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s + shown.serial + u'\'' +
+          HastenCondition());
+  return {};
+}
+
+void FlowSheets::TakeAddedDetail() {
+  RequeryDetails();
+  if (details_.RecordCount() > 0 && hasten_ != u"1"_s) WriteHead({{flow_.statusColumn, flow_.done}});
+}
+
+HeadValues FlowSheets::ReadHead() const {
+  return {Head(flow_.idColumn), Head(flow_.statusColumn),
+          flow_.HasRange() ? Head(flow_.headColumns[4].field) : QString(), Head(u"File_Unit"_s), Head(u"Note"_s)};
+}
+
+SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) {
+  try {
+    heads_.Resync();
+  } catch (const DataError& error) {
+    if (error.Kind() == DataErrorKind::Conflict) return {SaveOutcome::Gone, {}};
+    throw;
+  }
+  if (const HeadValues now = ReadHead(); now != shown) {
+    QStringList changes;
+    for (const auto& [column, value] : flow_.headUpdate) {
+      AddChange(changes, flow_.headColumns, column.section(u'=', 0, 0).trimmed(), shown.*value, now.*value);
+    }
+    shown = now;
+    return {SaveOutcome::Changed, changes.join(u'，')};
+  }
+  QStringList assignments;
+  for (const auto& [column, value] : flow_.headUpdate) assignments << column + Quoted(values.*value);
+  Execute(u"Update "_s + flow_.headTable + u" set "_s + assignments.join(u',') + u" where Register_ID='"_s + Key() +
+          u'\'');
+  return {};
+}
+
+void FlowSheets::WriteHead(const std::vector<std::pair<QString, QString>>& values) {
+  try {
+    for (const auto& [field, text] : values) heads_[field].SetValue(text);
+    heads_.UpdateBatch(AffectKind::Current);
+    heads_.UpdateBatch(AffectKind::AllChapters);
+  } catch (const std::exception&) {
+    heads_.CancelBatch();
+    throw;
+  }
+}
+
+QString FlowSheets::DeleteDetail() {
+  PassedErrors passed;
+  passed.Try([&] {
+    Execute(u"Delete From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s +
+            Detail(u"File_ID"_s) + u'\'');
+  });
+  passed.Try([&] { RequeryDetails(); });
+  if (details_.RecordCount() == 0) {
+    passed.Try([&] { WriteHead({{flow_.statusColumn, flow_.idle}}); });
+    passed.Try([&] { RequeryHeads(); });
+  }
+  return passed.Text();
+}
+
+QStringList FlowSheets::DeleteStatements() const {
+  return {u"Delete From "_s + flow_.detailTable + u" Where Register_ID = '"_s + Key() + u'\'',
+          u"Update "_s + Head(u"File_Table"_s) + u" Set "_s + flow_.recordColumn + u" = '"_s + flow_.idle +
+              u"' Where ArchiveID = '"_s + Head(u"File_ID"_s) + u'\'',
+          u"Delete From "_s + flow_.headTable + u" where Register_ID='"_s + Key() + u'\''};
+}
+
+QString FlowSheets::DeleteHead() {
+  PassedErrors passed;
+  for (const QString& statement : DeleteStatements()) passed.Try([&] { Execute(statement); });
+  passed.Try([&] {
+    // The sheet that moved up into the place of the deleted one is not the next: the window shows the one before it.
+    const qint64 position = heads_.AbsolutePosition();
+    heads_.Requery();
+    if (HasHeads()) heads_.SetAbsolutePosition(std::clamp<qint64>(position - 1, 1, heads_.RecordCount()));
+  });
+  passed.Try([&] { OpenDetails(); });
+  return passed.Text();
+}
+
+void FlowSheets::DeleteHeads(const QStringList& keys) {
+  InOneTransaction(*SharedConnection(), [&] {
+    for (const QString& key : keys) {
+      heads_.MoveFirst();
+      heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
+      for (const QString& statement : DeleteStatements()) Execute(statement);
+    }
+  });
+  heads_.Requery();
+  OpenDetails();
+}
+
+QString FlowSheets::WriteBack() {
+  PassedErrors passed;
+  passed.Try([&] {
+    if (!HasHeads()) return;
+    for (; !heads_.EOF_(); heads_.MoveNext()) {
+      const QString status = Head(flow_.statusColumn);
+      if (status != flow_.done && status != flow_.idle) continue;
+      passed.Try([&] {
+        Execute(u"Update "_s + Head(u"File_Table"_s) + u" Set "_s + flow_.recordColumn + u" = '"_s + status +
+                u"' Where ArchiveId = '"_s + Head(u"File_ID"_s) + u'\'');
+      });
+    }
+  });
+  return passed.Text();
+}
+
+}  // namespace folvane
