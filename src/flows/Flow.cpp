@@ -14,8 +14,8 @@ const GridColumn kSerial{u"File_ID"_s, u"序号"_s, 6};
 std::vector<GridColumn> HeadColumns(std::vector<GridColumn> first, std::vector<GridColumn> last = {}) {
   std::vector<GridColumn> columns{kFileId, kRegisterId};
   const std::vector<GridColumn> copies{
-      {u"Doc_No"_s, u"文件编号"_s, 20},       {u"MainTitle"_s, u"题名"_s, 44},       {u"Quantity"_s, u"份数"_s, 6},
-      {u"ResponsibleBy"_s, u"责任者"_s, 20},  {u"Create_Date"_s, u"接收日期"_s, 12}, {u"File_Unit"_s, u"单位"_s, 16},
+      {u"Doc_No"_s, u"文件编号"_s, 20},      {u"MainTitle"_s, u"题名"_s, 44},       {u"Quantity"_s, u"份数"_s, 6},
+      {u"ResponsibleBy"_s, u"责任者"_s, 20}, {u"Create_Date"_s, u"接收日期"_s, 12}, {u"File_Unit"_s, u"单位"_s, 16},
       {u"Security_Class"_s, u"密级"_s, 8},
   };
   columns.insert(columns.end(), first.begin(), first.end());
@@ -50,14 +50,21 @@ Flow MakeDistribution() {
                                   {u"Distribute_Range"_s, u"分发范围"_s, 18},
                                   {u"RegID"_s, u"登记号"_s, 10}});
   flow.detailColumns = {kSerial,
-                      kRegisterId,
-                      {u"Lead_Unit"_s, u"接收单位"_s, 30},
-                      {u"Distribute_Date"_s, u"分发日期"_s, 12},
-                      {u"Quantity"_s, u"份数"_s, 6},
-                      {u"Is_Back"_s, u"需要归还"_s, 10},
-                      {u"Back_Date"_s, u"归还日期"_s, 12},
-                      {u"Real_BackDate"_s, u"实际归还日期"_s, 14},
-                      {u"Back_Quantity"_s, u"归还份数"_s, 10}};
+                        kRegisterId,
+                        {u"Lead_Unit"_s, u"接收单位"_s, 30},
+                        {u"Distribute_Date"_s, u"分发日期"_s, 12},
+                        {u"Quantity"_s, u"份数"_s, 6},
+                        {u"Is_Back"_s, u"需要归还"_s, 10},
+                        {u"Back_Date"_s, u"归还日期"_s, 12},
+                        {u"Real_BackDate"_s, u"实际归还日期"_s, 14},
+                        {u"Back_Quantity"_s, u"归还份数"_s, 10}};
+  flow.window = u"frmDistributeFile"_s;
+  flow.caption = u"文件分发"_s;
+  flow.icon = u"distribute"_s;
+  flow.help = u"文件分发.htm"_s;
+  flow.headDialog = u"frmDistrDetails"_s;
+  flow.detailDialog = u"frmDistrEdit"_s;
+  flow.emptyHint = u"还没有要分发的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“分发”把它送到这里。"_s;
   return flow;
 }
 
@@ -88,15 +95,26 @@ Flow MakeCirculation() {
                                   {u"PassRead_Range"_s, u"传阅范围"_s, 18},
                                   {u"RegId"_s, u"登记号"_s, 10}});
   flow.detailColumns = {kSerial,
-                      kRegisterId,
-                      {u"Lead_Unit"_s, u"审阅单位/领导"_s, 30},
-                      {u"PassRead_Date"_s, u"审阅日期"_s, 12},
-                      {u"Is_Back"_s, u"是否返回"_s, 10},
-                      {u"Back_Date"_s, u"返回日期"_s, 12},
-                      {u"Real_BackDate"_s, u"实际返回日期"_s, 14}};
+                        kRegisterId,
+                        {u"Lead_Unit"_s, u"审阅单位/领导"_s, 30},
+                        {u"PassRead_Date"_s, u"审阅日期"_s, 12},
+                        {u"Is_Back"_s, u"是否返回"_s, 10},
+                        {u"Back_Date"_s, u"返回日期"_s, 12},
+                        {u"Real_BackDate"_s, u"实际返回日期"_s, 14}};
   flow.route = {u"是否确定要开始公文的传阅流程？"_s,
-                u"是否要生成相应处理人传阅单，\n\r这将为每一位传阅人生成一份传阅单？"_s, u"是否确定要进入下一步流程？"_s,
-                u"已完成公文的传阅工作！"_s};
+                u"是否要生成相应处理人传阅单，\n\r这将为每一位传阅人生成一份传阅单？"_s,
+                u"是否确定要进入下一步流程？"_s, u"已完成公文的传阅工作！"_s};
+  flow.window = u"frmPassFile"_s;
+  flow.caption = u"文件传阅"_s;
+  flow.icon = u"passread"_s;
+  flow.help = u"文件传阅.htm"_s;
+  flow.headDialog = u"frmPassDetails"_s;
+  flow.detailDialog = u"frmPassEdit"_s;
+  flow.routeMenu = u"mnuRead"_s;
+  flow.routeMenuCaption = u"传阅操作(&T)"_s;
+  flow.startEntry = u"mnuStart"_s;
+  flow.startCaption = u"开始传阅"_s;
+  flow.emptyHint = u"还没有要传阅的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“传阅”把它送到这里。"_s;
   return flow;
 }
 
@@ -125,25 +143,35 @@ Flow MakeHandling() {
                      {u"Transact_Status="_s, &HeadValues::status},
                      {u"File_Unit="_s, &HeadValues::unit},
                      {u"Note = "_s, &HeadValues::note}};
-  flow.headColumns = HeadColumns({{u"Transact_ID"_s, u"办理号"_s},
-                                  {u"Transact_Status"_s, u"办理状态"_s, 12},
-                                  {u"RegId"_s, u"登记号"_s, 10}},
-                                 {{u"File_Table"_s, u"File_Table"_s}, {u"UserID"_s, u"UserID"_s}});
+  flow.headColumns = HeadColumns(
+      {{u"Transact_ID"_s, u"办理号"_s}, {u"Transact_Status"_s, u"办理状态"_s, 12}, {u"RegId"_s, u"登记号"_s, 10}},
+      {{u"File_Table"_s, u"File_Table"_s}, {u"UserID"_s, u"UserID"_s}});
   flow.detailColumns = {kSerial,
-                      kRegisterId,
-                      {u"Lead_Unit"_s, u"办理单位/领导"_s, 30},
-                      {u"Send_Date"_s, u"送出日期"_s, 12},
-                      {u"Quantity"_s, u"份数"_s, 6},
-                      {u"Transact_Mode"_s, u"办理方式"_s, 12},
-                      {u"Is_Back"_s, u"是否归还"_s, 10},
-                      {u"Back_Date"_s, u"归还日期"_s, 12},
-                      {u"Real_BackDate"_s, u"实际归还日期"_s, 14},
-                      {u"Back_Quantity"_s, u"归还份数"_s, 10},
-                      {u"Transact_Result"_s, u"办理结果"_s, 24},
-                      {u"Is_Hasten"_s, u"Is_Hasten"_s}};
+                        kRegisterId,
+                        {u"Lead_Unit"_s, u"办理单位/领导"_s, 30},
+                        {u"Send_Date"_s, u"送出日期"_s, 12},
+                        {u"Quantity"_s, u"份数"_s, 6},
+                        {u"Transact_Mode"_s, u"办理方式"_s, 12},
+                        {u"Is_Back"_s, u"是否归还"_s, 10},
+                        {u"Back_Date"_s, u"归还日期"_s, 12},
+                        {u"Real_BackDate"_s, u"实际归还日期"_s, 14},
+                        {u"Back_Quantity"_s, u"归还份数"_s, 10},
+                        {u"Transact_Result"_s, u"办理结果"_s, 24},
+                        {u"Is_Hasten"_s, u"Is_Hasten"_s}};
   flow.route = {u"是否确定要开始公文的处理流程？"_s,
-                u"是否要生成相应处理人处理单，\n\r这将为每一位处理人生成一份处理单？"_s, u"是否确定要进入下一步流程？"_s,
-                u"已完成公文的处理工作！"_s};
+                u"是否要生成相应处理人处理单，\n\r这将为每一位处理人生成一份处理单？"_s,
+                u"是否确定要进入下一步流程？"_s, u"已完成公文的处理工作！"_s};
+  flow.window = u"frmTranSact"_s;
+  flow.caption = u"文件处理"_s;
+  flow.icon = u"transact"_s;
+  flow.help = u"文件处理.htm"_s;
+  flow.headDialog = u"frmTranDetails"_s;
+  flow.detailDialog = u"frmTranEdit"_s;
+  flow.routeMenu = u"mnuTransact"_s;
+  flow.routeMenuCaption = u"处理操作(&T)"_s;
+  flow.startEntry = u"mnuStartFlow"_s;
+  flow.startCaption = u"开始处理"_s;
+  flow.emptyHint = u"还没有要办理的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“办理”把它送到这里。"_s;
   return flow;
 }
 

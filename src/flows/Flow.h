@@ -24,19 +24,24 @@ struct RouteWords {
 struct Flow {
   QString headTable, detailTable;
   QString headSource, detailSource;  ///< the same two, as the statements that load and edit spell them
-  QString word;                    ///< names the flow in questions
+  QString word;                      ///< names the flow in questions
   QString idColumn, statusColumn, detailDate;
-  QString idle, done;       ///< the status of a head without details, and of one that got some
-  QString running, ended;   ///< the status of a head on its route, and at the end of it; "" without a route engine
-  QString recordColumn;     ///< of the record's table: what the closing of the window writes back
-  QString sort;             ///< of the heads
+  QString idle, done;          ///< the status of a head without details, and of one that got some
+  QString running, ended;      ///< the status of a head on its route, and at the end of it; "" without a route engine
+  QString recordColumn;        ///< of the record's table: what the closing of the window writes back
+  QString sort;                ///< of the heads
   bool hasQuantities = false;  ///< of the details: copies handed out and copies that came back
   bool isHandling = false;     ///< the details have mode and result, and reminders stand among them
   QString statusDictionary, unitDictionary;
-  QString deleteQuestion;  ///< before a head is deleted
+  QString deleteQuestion;                                             ///< before a head is deleted
   std::vector<std::pair<QString, QString HeadValues::*>> headUpdate;  ///< "column=" and its value, in their order
   std::vector<GridColumn> headColumns, detailColumns;
   RouteWords route;
+
+  // The windows.
+  QString window, caption, icon, help, headDialog, detailDialog;
+  QString routeMenu, routeMenuCaption, startEntry, startCaption;
+  QString emptyHint;  ///< what an empty list of heads says
 
   bool HasRoute() const { return !running.isEmpty(); }
   bool HasRange() const;

@@ -43,9 +43,9 @@ void FlowRoute::OpenFlow(Recordset& flow) const {
 
 void FlowRoute::OpenNode(Recordset& node, const QString& number) const {
   if (node.IsOpen()) node.Close();
-  node.Open(u"select * from Curr_FlowNode where Flow_ID='"_s + sheets_.Key() + u"' and Node_Number='"_s + number +
-                u'\'',
-            SharedConnection(), CursorType::Static, LockType::Pessimistic);
+  node.Open(
+      u"select * from Curr_FlowNode where Flow_ID='"_s + sheets_.Key() + u"' and Node_Number='"_s + number + u'\'',
+      SharedConnection(), CursorType::Static, LockType::Pessimistic);
 }
 
 void FlowRoute::Write(Recordset& records) const {

@@ -66,8 +66,8 @@ void FlowSheets::OpenDetails() {
     if (details_.IsOpen()) details_.Close();
     return;
   }
-  Open(details_, u"select * from "_s + flow_.detailSource + u" where Register_ID='"_s + Key() + u'\'' +
-                     HastenCondition());
+  Open(details_,
+       u"select * from "_s + flow_.detailSource + u" where Register_ID='"_s + Key() + u'\'' + HastenCondition());
 }
 
 void FlowSheets::RequeryHeads() {
@@ -93,9 +93,9 @@ void FlowSheets::Execute(const QString& statement) const { SharedConnection()->E
 
 QString FlowSheets::NextDetailSerial() const {
   Recordset serials;
-  serials.Open(u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() +
-                   u"' Order By File_ID DESC"_s,
-               SharedConnection());
+  serials.Open(
+      u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() + u"' Order By File_ID DESC"_s,
+      SharedConnection());
   if (serials.EOF_()) return u"1"_s;
   const QString greatest = serials[u"File_ID"_s].Text();
   const std::optional<double> number = ReadNumber(greatest);
@@ -114,8 +114,8 @@ bool FlowSheets::IsSerialTaken(const QString& serial) const {
 
 void FlowSheets::InsertDetail(const DetailValues& values) {
   QString columns = u"File_ID,Register_ID,Lead_Unit,"_s + flow_.detailDate;
-  QString texts = Quoted(values.serial) + u',' + Quoted(Key()) + u',' + Quoted(values.unit) + u',' +
-                  DateOr(values.date, u"null"_s);
+  QString texts =
+      Quoted(values.serial) + u',' + Quoted(Key()) + u',' + Quoted(values.unit) + u',' + DateOr(values.date, u"null"_s);
   const auto add = [&](const QString& column, const QString& text) {
     columns += u',' + column;
     texts += u',' + text;
@@ -142,7 +142,7 @@ void FlowSheets::InsertRouteDetail(const QString& members) {
 }
 
 DetailValues FlowSheets::ReadDetail() const {
-  DetailValues values{Detail(u"File_ID"_s), Detail(u"Lead_Unit"_s), Detail(flow_.detailDate), {}, {},
+  DetailValues values{Detail(u"File_ID"_s), Detail(u"Lead_Unit"_s), Detail(flow_.detailDate),   {}, {},
                       Detail(u"Is_Back"_s), Detail(u"Back_Date"_s), Detail(u"Real_BackDate"_s), {}, {}};
   if (flow_.hasQuantities) {
     values.quantity = Detail(u"Quantity"_s);

@@ -26,8 +26,9 @@ struct SaveOutcome {
 /// All members throw DataError unless said.
 class FlowSheets {
  public:
-  /// @param hasten of handling: "1" for the reminders, "0" for the details; "" in the other flows
-  explicit FlowSheets(const Flow& flow, const QString& hasten = {}) : flow_(flow), hasten_(hasten) {}
+  explicit FlowSheets(const Flow& flow) : flow_(flow) {}
+  /// Of handling: "1" for the reminders, "0" for the details. To be said before the sheets are loaded.
+  void SetHasten(const QString& hasten) { hasten_ = hasten; }
 
   const Flow& Kind() const { return flow_; }
   const QString& Hasten() const { return hasten_; }

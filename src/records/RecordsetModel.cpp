@@ -1,5 +1,7 @@
 #include "records/RecordsetModel.h"
 
+#include <algorithm>
+
 namespace folvane {
 
 void RecordsetModel::Reset() {
@@ -11,8 +13,12 @@ void RecordsetModel::Reset() {
   endResetModel();
 }
 
-void RecordsetModel::TellChanged(int row) {
-  Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+void RecordsetModel::TellChanged(int row) { Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1)); }
+
+int RecordsetModel::FieldColumn(const QString& field) const {
+  const auto found =
+      std::find_if(columns_.begin(), columns_.end(), [&](const GridColumn& column) { return column.field == field; });
+  return found == columns_.end() ? -1 : int(found - columns_.begin());
 }
 
 int RecordsetModel::rowCount(const QModelIndex& parent) const {

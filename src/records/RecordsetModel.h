@@ -29,6 +29,8 @@ class RecordsetModel : public QAbstractTableModel {
   void Reset();
   /// To be called when the values of a row have changed; rows count from 0.
   void TellChanged(int row);
+  /// The column of a field, -1 when there is none.
+  int FieldColumn(const QString& field) const;
   /// What the decoration role shows beside a value, by its field.
   void SetDecoration(std::function<QVariant(const QString& field, const QString& text)> decoration) {
     decoration_ = std::move(decoration);

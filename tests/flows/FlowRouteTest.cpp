@@ -1,10 +1,9 @@
-#include "flows/FlowRoute.h"
-
 #include <gmock/gmock.h>
 
 #include <folvane/DataError.h>
 
 #include "flows/FlowFixture.h"
+#include "flows/FlowRoute.h"
 
 namespace folvane::test {
 namespace {
@@ -17,10 +16,11 @@ const QString kKey = u"10000000000000000001"_s;
 /// A sheet of a flow on which the engine works; questions are answered in turn, then with yes.
 class FlowRouteTest : public FlowTest {
  protected:
-  void Open(const Flow& flow, const QStringList& nodes, const QString& hasten = {}) {
+  void Open(const Flow& flow, const QStringList& nodes) {
     AddHead(flow, {kKey, u"1"_s, flow.idle});
     if (!nodes.isEmpty()) AddRoute(kKey, nodes);
-    sheets_ = std::make_unique<FlowSheets>(flow, hasten.isEmpty() && flow.isHandling ? u"0"_s : hasten);
+    sheets_ = std::make_unique<FlowSheets>(flow);
+    if (flow.isHandling) sheets_->SetHasten(u"0"_s);
     sheets_->LoadFiles({});
     log_->Take();
   }
@@ -91,9 +91,12 @@ FOLVANE_ON_EACH_DATABASE(BrokenRouteTest);
 
 TEST_P(BrokenRouteTest, ARouteThatSaysTooLittleIsNotStarted) {
   const std::vector<BrokenRoute> cases{
-      {u"no flow and no node"_s, {}},         {u"no first node"_s, {u"2|A|单人审核|0"_s}},
-      {u"null next node"_s, {u"1|A|x|<null>"_s}}, {u"null members"_s, {u"1|<null>|x|0"_s}},
-      {u"blank next node"_s, {u"1|A|x|  "_s}},   {u"blank members"_s, {u"1|  |x|0"_s}},
+      {u"no flow and no node"_s, {}},
+      {u"no first node"_s, {u"2|A|单人审核|0"_s}},
+      {u"null next node"_s, {u"1|A|x|<null>"_s}},
+      {u"null members"_s, {u"1|<null>|x|0"_s}},
+      {u"blank next node"_s, {u"1|A|x|  "_s}},
+      {u"blank members"_s, {u"1|  |x|0"_s}},
   };
   for (const BrokenRoute& each : cases) {
     SCOPED_TRACE(each.scenario.toStdString());

@@ -1,10 +1,9 @@
-#include "flows/FlowSheets.h"
-
 #include <gmock/gmock.h>
 
 #include <folvane/DataError.h>
 
 #include "flows/FlowFixture.h"
+#include "flows/FlowSheets.h"
 
 namespace folvane::test {
 namespace {
@@ -50,7 +49,8 @@ TEST_P(FlowSheetsTest, TheHeadsComeNewestFirstWithTheDetailsOfTheFirst) {
   for (size_t at = 0; at < Flows().size(); ++at) {
     Database().Native(u"delete from Lwdj"_s);
     AddHeads(Flows()[at].flow);
-    FlowSheets sheets(Flows()[at].flow, Flows()[at].hasten);
+    FlowSheets sheets(Flows()[at].flow);
+    sheets.SetHasten(Flows()[at].hasten);
     sheets.LoadFiles({});
     EXPECT_EQ(log_->Take(), statements[at]);
     EXPECT_EQ(sheets.Key(), K(3));
@@ -76,7 +76,8 @@ TEST_P(FlowSheetsTest, WithoutHeadsThereAreNoDetails) {
 
 TEST_P(FlowSheetsTest, AQueryNarrowsTheHeads) {
   AddHeads(Handling());
-  FlowSheets sheets(Handling(), u"0"_s);
+  FlowSheets sheets(Handling());
+  sheets.SetHasten(u"0"_s);
   sheets.LoadFiles({});
   log_->Take();
   sheets.Narrow(u"File_ID = '12'"_s);
@@ -87,7 +88,8 @@ TEST_P(FlowSheetsTest, AQueryNarrowsTheHeads) {
 
 TEST_P(FlowSheetsTest, SerialsCountOnFromTheGreatestAcrossRemindersToo) {
   AddHeads(Handling());
-  FlowSheets sheets(Handling(), u"0"_s);
+  FlowSheets sheets(Handling());
+  sheets.SetHasten(u"0"_s);
   sheets.LoadFiles({});
   log_->Take();
   EXPECT_EQ(sheets.NextDetailSerial(), u"1"_s);
@@ -114,8 +116,8 @@ TEST_P(FlowSheetsTest, ASerialBeyondSixteenBitsIsAnError) {
   EXPECT_THROW(sheets.NextDetailSerial(), DataError);
 }
 
-const DetailValues kFull{u"4"_s,          u"办公室"_s,     u"2002-03-04"_s, u"2"_s, u"阅办"_s, u"是"_s,
-                         u"2002-03-05"_s, u"2002-03-06"_s, u"1"_s,          u"已办"_s};
+const DetailValues kFull{u"4"_s,  u"办公室"_s,     u"2002-03-04"_s, u"2"_s, u"阅办"_s,
+                         u"是"_s, u"2002-03-05"_s, u"2002-03-06"_s, u"1"_s, u"已办"_s};
 const DetailValues kBare{u"4"_s, u"办公室"_s, {}, u"0"_s, {}, u"否"_s, {}, {}, u"0"_s, {}};
 
 TEST_P(FlowSheetsTest, ADetailIsInsertedInTheFlowsOwnWords) {
@@ -136,7 +138,8 @@ TEST_P(FlowSheetsTest, ADetailIsInsertedInTheFlowsOwnWords) {
   for (size_t at = 0; at < Flows().size(); ++at) {
     Database().Native(u"delete from Lwdj"_s);
     AddHeads(Flows()[at].flow);
-    FlowSheets sheets(Flows()[at].flow, Flows()[at].hasten);
+    FlowSheets sheets(Flows()[at].flow);
+    sheets.SetHasten(Flows()[at].hasten);
     sheets.LoadFiles({});
     log_->Take();
     sheets.InsertDetail(kFull);
@@ -174,7 +177,8 @@ TEST_P(FlowSheetsTest, ADetailIsUpdatedInTheFlowsOwnWords) {
     Database().Native(u"delete from Lwdj"_s);
     AddHeads(Flows()[at].flow);
     AddDetail(Flows()[at].flow, K(3), 3, u"a"_s, Flows()[at].hasten);
-    FlowSheets sheets(Flows()[at].flow, Flows()[at].hasten);
+    FlowSheets sheets(Flows()[at].flow);
+    sheets.SetHasten(Flows()[at].hasten);
     sheets.LoadFiles({});
     DetailValues shown = sheets.ReadDetail();
     log_->Take();
@@ -202,7 +206,8 @@ TEST_P(FlowSheetsTest, AHeadIsUpdatedInTheFlowsOwnOrder) {
     const Flow& flow = Flows()[size_t(at)].flow;
     Database().Native(u"delete from Lwdj"_s);
     AddHeads(flow);
-    FlowSheets sheets(flow, Flows()[size_t(at)].hasten);
+    FlowSheets sheets(flow);
+    sheets.SetHasten(Flows()[size_t(at)].hasten);
     sheets.LoadFiles({});
     HeadValues shown = sheets.ReadHead();
     EXPECT_EQ(shown.id, u"ID-"_s + K(3));
@@ -265,7 +270,8 @@ TEST_P(FlowSheetsTest, AnAddedDetailMakesTheHeadDone) {
   for (const FlowCase& each : Flows()) {
     Database().Native(u"delete from Lwdj"_s);
     AddHeads(each.flow);
-    FlowSheets sheets(each.flow, each.hasten);
+    FlowSheets sheets(each.flow);
+    sheets.SetHasten(each.hasten);
     sheets.LoadFiles({});
     sheets.TakeAddedDetail();  // the dialog was cancelled
     EXPECT_EQ(HeadText(each.flow, K(3), each.flow.statusColumn), each.flow.idle);
@@ -289,11 +295,13 @@ TEST_P(FlowSheetsTest, AnAddedDetailTakesAFinishedHeadBackToDone) {
 TEST_P(FlowSheetsTest, AReminderNeverChangesTheStatusButTheLastOneDeletedDoes) {
   AddHeads(Handling());
   AddDetail(Handling(), K(3), 1, u"a"_s, u"0"_s);
-  FlowSheets handling(Handling(), u"0"_s);
+  FlowSheets handling(Handling());
+  handling.SetHasten(u"0"_s);
   handling.LoadFiles({});
   handling.TakeAddedDetail();
   AddDetail(Handling(), K(3), 2, u"b"_s, u"1"_s);
-  FlowSheets hastening(Handling(), u"1"_s);
+  FlowSheets hastening(Handling());
+  hastening.SetHasten(u"1"_s);
   hastening.LoadFiles({});
   EXPECT_EQ(hastening.Details().RecordCount(), 1);
   hastening.TakeAddedDetail();
@@ -324,22 +332,23 @@ TEST_P(FlowSheetsTest, TheLastDetailDeletedSendsTheHeadBack) {
 }
 
 TEST_P(FlowSheetsTest, ADeletedHeadTakesItsDetailsAndTheStateOfItsRecord) {
-  const std::vector<QStringList> words{{u"DisPenseState"_s, u"未分发"_s}, {u"ReadState"_s, u"未传阅"_s},
-                                       {u"HandleState"_s, u"未处理"_s}};
+  const std::vector<QStringList> words{
+      {u"DisPenseState"_s, u"未分发"_s}, {u"ReadState"_s, u"未传阅"_s}, {u"HandleState"_s, u"未处理"_s}};
   for (size_t at = 0; at < Flows().size(); ++at) {
     const Flow& flow = Flows()[at].flow;
     Database().Native(u"delete from Lwdj"_s);
     AddHeads(flow);
     AddDetail(flow, K(2), 1, u"a"_s, u"1"_s);
-    FlowSheets sheets(flow, Flows()[at].hasten);
+    FlowSheets sheets(flow);
+    sheets.SetHasten(Flows()[at].hasten);
     sheets.LoadFiles(u"12"_s);
     log_->Take();
     EXPECT_EQ(sheets.DeleteHead(), QString());
-    EXPECT_EQ(log_->Take().mid(0, 3),
-              (QStringList{u"Delete From "_s + flow.detailTable + u" Where Register_ID = '"_s + K(2) + u'\'',
-                           u"Update Lwdj Set "_s + words[at][0] + u" = '"_s + words[at][1] +
-                               u"' Where ArchiveID = '12'"_s,
-                           u"Delete From "_s + flow.headTable + u" where Register_ID='"_s + K(2) + u'\''}));
+    EXPECT_EQ(
+        log_->Take().mid(0, 3),
+        (QStringList{u"Delete From "_s + flow.detailTable + u" Where Register_ID = '"_s + K(2) + u'\'',
+                     u"Update Lwdj Set "_s + words[at][0] + u" = '"_s + words[at][1] + u"' Where ArchiveID = '12'"_s,
+                     u"Delete From "_s + flow.headTable + u" where Register_ID='"_s + K(2) + u'\''}));
     EXPECT_EQ(RecordState(u"12"_s, words[at][0]), words[at][1]);
     EXPECT_THAT(DetailsOf(flow, K(2)), IsEmpty());
     EXPECT_EQ(sheets.Key(), K(3));  // the one before it

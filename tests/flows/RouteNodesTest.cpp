@@ -1,0 +1,164 @@
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableView>
+#include <QTreeWidget>
+#include <gmock/gmock.h>
+
+#include <folvane/DataError.h>
+
+#include "flows/FlowFixture.h"
+#include "flows/FlowSheets.h"
+#include "flows/RouteDialogs.h"
+#include "flows/RouteNodes.h"
+#include "shell/SharedState.h"
+#include "support/Accessibility.h"
+#include "support/WindowDriver.h"
+
+namespace folvane::test {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct FaultCase {
+  std::vector<RouteNode> nodes;
+  QStringList faults;
+};
+
+TEST(RouteNodes, WhatIsWrongWithARouteIsTold) {
+  const std::vector<FaultCase> cases{
+      {{{u"1"_s, u"甲"_s, u"单人审核"_s, u"2"_s}, {u"2"_s, u"乙,丙"_s, u"多人顺序"_s, u"0"_s}}, {}},
+      {{}, {u"没有第 1 号节点，流程无从开始。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u"2"_s}}, {u"节点 1 的下一节点 2 不存在。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u""_s}}, {u"节点 1 没有下一节点；结束请用 0。"_s}},
+      {{{u"1"_s, u" "_s, {}, u"0"_s}}, {u"节点 1 没有成员，或者成员中有空白。"_s}},
+      {{{u"1"_s, u"甲,,乙"_s, {}, u"0"_s}}, {u"节点 1 没有成员，或者成员中有空白。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u"2"_s}, {u"2"_s, u"乙"_s, {}, u"1"_s}}, {u"节点 2 又回到了节点 1，流程不会结束。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u"2"_s, u"乙"_s, {}, u"0"_s}}, {u"流程走不到节点 2。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u"1"_s, u"乙"_s, {}, u"0"_s}}, {u"序号 1 出现了两次。"_s}},
+  };
+  for (const FaultCase& each : cases) EXPECT_EQ(RouteFaults(each.nodes), each.faults);
+}
+
+TEST(RouteNodes, TheStatesAlongARoute) {
+  const std::vector<RouteNode> nodes{
+      {u"1"_s, u"甲"_s, {}, u"3"_s}, {u"2"_s, u"乙"_s, {}, u"0"_s}, {u"3"_s, u"丙"_s, {}, u"2"_s}};
+  EXPECT_EQ(RouteInWords(nodes), u"甲 → 丙 → 乙 → 结束"_s);
+  EXPECT_EQ(StateOfNode(nodes, u"1"_s, u"3"_s, false), NodeState::Passed);
+  EXPECT_EQ(StateOfNode(nodes, u"3"_s, u"3"_s, false), NodeState::Current);
+  EXPECT_EQ(StateOfNode(nodes, u"2"_s, u"3"_s, false), NodeState::Ahead);
+  EXPECT_EQ(StateOfNode(nodes, u"2"_s, u"3"_s, true), NodeState::Passed);
+  EXPECT_EQ(StateOfNode(nodes, u"1"_s, u""_s, false), NodeState::Ahead);  // not started
+}
+
+class RouteDialogsTest : public FlowTest {
+ protected:
+  void SetUp() override {
+    FlowTest::SetUp();
+    AddHead(Circulation(), {u"1"_s, u"11"_s, u"未传阅"_s, u"甲文"_s});
+    AddHead(Circulation(), {u"2"_s, u"12"_s, u"未传阅"_s, u"乙文"_s});
+  }
+  QString Route(const QString& key) { return RouteInWords(ReadRoute(key)); }
+  MessageBoxes boxes_;
+};
+
+FOLVANE_ON_EACH_DATABASE(RouteDialogsTest);
+
+TEST_P(RouteDialogsTest, ARouteIsWrittenWholeInPlaceOfTheOneBefore) {
+  WriteRoute(u"1"_s, {{u"1"_s, u"甲'"_s, u"单人审核"_s, u"2"_s}, {u"2"_s, u"乙"_s, u"单人审核"_s, u"0"_s}});
+  EXPECT_EQ(Route(u"1"_s), u"甲' → 乙 → 结束"_s);
+  WriteRoute(u"1"_s, {{u"1"_s, u"丙"_s, u"单人审核"_s, u"0"_s}});
+  EXPECT_EQ(Route(u"1"_s), u"丙 → 结束"_s);
+  EXPECT_EQ(Database().Value(u"select count(*) from Curr_Flow"_s), u"1"_s);
+  const std::vector<RouteNode> twice{{u"1"_s, u"丁"_s, {}, u"0"_s}, {u"1"_s, u"戊"_s, {}, u"0"_s}};
+  EXPECT_THROW(WriteRoute(u"1"_s, twice), DataError);
+  EXPECT_EQ(Route(u"1"_s), u"丙 → 结束"_s);
+}
+
+TEST_P(RouteDialogsTest, TheRouteOfAnotherSheetIsTakenOver) {
+  AddRoute(u"2"_s, {u"1|甲|单人审核|0"_s});
+  WithWindow(u"frmRouteChoice"_s, [](QWidget& window) {
+    auto& list = Find<QTreeWidget>(window, u"lstRoutes"_s);
+    ASSERT_EQ(list.topLevelItemCount(), 1);
+    EXPECT_EQ(list.topLevelItem(0)->text(0), u"乙文"_s);
+    EXPECT_EQ(list.topLevelItem(0)->text(1), u"甲 → 结束"_s);
+    EXPECT_THAT(UnnamedControls(window), IsEmpty());
+    Click(Find<QWidget>(window, u"CmdOK"_s));
+  });
+  EXPECT_TRUE(TakeOverRoute(Circulation(), u"1"_s));
+  EXPECT_EQ(Route(u"1"_s), u"甲 → 结束"_s);
+}
+
+TEST_P(RouteDialogsTest, WithoutOtherRoutesThereIsNothingToTakeOver) {
+  WithWindow(u"frmRouteChoice"_s, [](QWidget& window) {
+    EXPECT_FALSE(Find<QPushButton>(window, u"CmdOK"_s).isEnabled());
+    Press(window, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(TakeOverRoute(Circulation(), u"1"_s));
+}
+
+TEST_P(RouteDialogsTest, ARouteIsMadeOfPeopleAndUnits) {
+  design_->Insert(u"UserPopedom"_s, u"UserID,UserName"_s, {u"5"_s, u"王主任"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    auto& ok = Find<QPushButton>(window, u"CmdOK"_s);
+    auto& people = Find<QListWidget>(window, u"lstPeople"_s);
+    EXPECT_FALSE(ok.isEnabled());
+    EXPECT_THAT(UnnamedControls(window), IsEmpty());
+    Click(Find<QWidget>(window, u"CmdAddNode"_s));
+    EXPECT_FALSE(ok.isEnabled());
+    people.setCurrentItem(people.findItems(u"王主任"_s, Qt::MatchExactly).value(0));
+    Click(Find<QWidget>(window, u"CmdJoin"_s));
+    EXPECT_TRUE(ok.isEnabled());
+    Click(Find<QWidget>(window, u"CmdAddNode"_s));
+    auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+    EXPECT_EQ(grid.model()->index(0, 3).data().toString(), u"2"_s);
+    grid.model()->setData(grid.model()->index(1, 1), u"办公室"_s);
+    Click(ok);
+  });
+  EXPECT_TRUE(EditRoute(Circulation(), u"1"_s));
+  EXPECT_EQ(Route(u"1"_s), u"王主任 → 办公室 → 结束"_s);
+}
+
+TEST_P(RouteDialogsTest, ARemovedNodeIsPassedBy) {
+  AddRoute(u"1"_s, {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|3"_s, u"3|丙|单人审核|0"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+    grid.setCurrentIndex(grid.model()->index(1, 0));
+    Click(Find<QWidget>(window, u"CmdDelNode"_s));
+    Click(Find<QWidget>(window, u"CmdOK"_s));
+  });
+  EXPECT_TRUE(EditRoute(Circulation(), u"1"_s));
+  EXPECT_EQ(Route(u"1"_s), u"甲 → 丙 → 结束"_s);
+}
+
+TEST_P(RouteDialogsTest, HowFarARouteIsIsShownWithItsDetails) {
+  AddHead(Handling(), {u"7"_s, u"11"_s, u"处理中"_s});
+  AddRoute(u"7"_s, {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|0"_s});
+  Database().Native(u"update Curr_Flow set CurrNode='2'"_s);
+  design_->Insert(u"Transact_Details"_s, u"Register_ID,File_ID,Lead_Unit,Send_Date,Transact_Result,Is_Hasten"_s,
+                  {u"7"_s, u"1"_s, u"甲"_s, u"2002-03-04"_s, u"同意"_s, u"0"_s});
+  FlowSheets sheets(Handling());
+  sheets.SetHasten(u"0"_s);
+  sheets.LoadFiles({});
+  const auto rows = [](QWidget& window) {
+    auto& list = Find<QTreeWidget>(window, u"lstRoutes"_s);
+    QStringList rows;
+    for (int row = 0; row < list.topLevelItemCount(); ++row) {
+      QStringList cells;
+      for (int column = 0; column < list.columnCount(); ++column) cells << list.topLevelItem(row)->text(column);
+      rows << cells.join(u'|');
+    }
+    return rows;
+  };
+  WithWindow(u"frmNotion"_s, [&](QWidget& window) {
+    EXPECT_THAT(rows(window),
+                ElementsAre(u"1|✔ 已通过|甲|单人审核|甲|2002-03-04 送出，同意"_s, u"2|▶ 进行中|乙|单人审核||"_s));
+  });
+  ShowRouteProgress(sheets, {});
+  WithWindow(u"frmNotion"_s,
+             [&](QWidget& window) { EXPECT_EQ(rows(window), (QStringList{u"2|▶ 进行中|乙|单人审核||"_s})); });
+  ShowRouteProgress(sheets, u"乙"_s);
+}
+
+}  // namespace
+}  // namespace folvane::test
