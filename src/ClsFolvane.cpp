@@ -7,6 +7,7 @@
 #include "base/IgnoreErrors.h"
 #include "browser/RecordBrowser.h"
 #include "data/Recordset.h"
+#include "flows/FlowWindow.h"
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 
@@ -92,19 +93,19 @@ void ClsFolvane::FileArchive() {
 }
 
 void ClsFolvane::DistributeFile() {
-  RunEntry([] { RefuseMissingWindow(QStringLiteral("文件分发")); });
+  RunEntry([] { ShowDistribution(); });
 }
 
 void ClsFolvane::PassReadFile() {
-  RunEntry([] { RefuseMissingWindow(QStringLiteral("文件传阅")); });
+  RunEntry([] { ShowCirculation(); });
 }
 
 void ClsFolvane::TransactFile() {
-  RunEntry([] { RefuseMissingWindow(QStringLiteral("文件处理")); });
+  RunEntry([] { ShowHandling(QStringLiteral("0")); });
 }
 
 void ClsFolvane::HastenFile() {
-  RunEntry([] { RefuseMissingWindow(QStringLiteral("文件催办")); });
+  RunEntry([] { ShowHandling(QStringLiteral("1")); });
 }
 
 }  // namespace folvane

@@ -171,7 +171,7 @@ Flow MakeHandling() {
   flow.routeMenuCaption = u"处理操作(&T)"_s;
   flow.startEntry = u"mnuStartFlow"_s;
   flow.startCaption = u"开始处理"_s;
-  flow.emptyHint = u"还没有要办理的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“办理”把它送到这里。"_s;
+  flow.emptyHint = u"还没有要办理的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“处理”把它送到这里。"_s;
   return flow;
 }
 

@@ -10,8 +10,8 @@ CommandMenu RouteMenu(const Flow& flow) {
           {{u"mnuChoice"_s, u"选择流程(&C)..."_s, u"copyall"_s, u""_s, u"采用另一张处理单的流程"_s},
            {u"mnuEidtFlow"_s, u"编辑流程(&E)..."_s, u"order"_s, u"Ctrl+R"_s, u"设置各节点的成员、方式和去向"_s},
            {},
-           {flow.startEntry, flow.startCaption + u"(&S)"_s, u"transact"_s, u"F5"_s, u"从第一个节点开始"_s},
-           {u"mnuNextFlow"_s, u"下一步(&X)"_s, u"nextpage"_s, u"F6"_s, u"通过当前节点，进入下一个节点"_s},
+           {flow.startEntry, flow.startCaption + u"(&S)"_s, u"transact"_s, u"F8"_s, u"从第一个节点开始"_s},
+           {u"mnuNextFlow"_s, u"下一步(&X)"_s, u"nextpage"_s, u"F9"_s, u"通过当前节点，进入下一个节点"_s},
            {},
            {u"mnuAllNotion"_s, u"意见信息(&A)..."_s, u"lookfiles"_s, u""_s, u"查看各节点的进展和结果"_s},
            {u"mnuNotion"_s, u"个人意见(&N)..."_s, u"user"_s, u""_s, u"查看本人所在节点的进展和结果"_s}}};
@@ -22,21 +22,20 @@ CommandMenu RouteMenu(const Flow& flow) {
 CommandDesign FlowCommands(const Flow& flow) {
   CommandDesign design;
   design.toolbar = u"tlb"_s;
-  design.menus = {
-      {u"mnuFile"_s,
-       u"文件(&F)"_s,
-       {{u"mnuAddNew"_s, u"添加(&N)..."_s, u"new"_s, u"Ctrl+N"_s, u"为当前处理单添加一条明细"_s},
-        {u"mnuModify"_s, u"修改(&M)..."_s, u"mod"_s, u"Ctrl+E"_s, u"修改选中的处理单或明细"_s},
-        {u"mnuDelete"_s, u"删除(&D)"_s, u"del"_s, u"Del"_s, u"删除选中的处理单或明细"_s},
-        {},
-        {u"mnuSeeFile"_s, u"查看原文(&L)"_s, u"lookfiles"_s, u""_s, u"查看文件的原文"_s},
-        {u"mnuPrint"_s, u"打印(&P)..."_s, u"print"_s, u"Ctrl+P"_s, u"打印选中的处理单或明细"_s},
-        {},
-        {u"mnuExit"_s, u"退出(&X)"_s, u"exit"_s, u"Ctrl+Q"_s, u"关闭本窗口"_s}}},
-      {u"mnuFind"_s,
-       u"查询(&S)"_s,
-       {{u"mnuSearch"_s, u"复合查询(&F)..."_s, u"query"_s, u"Ctrl+F"_s, u"按条件列出处理单"_s},
-        {u"mnuShowAll"_s, u"全部显示(&A)"_s, u"refresh"_s, u"Ctrl+Shift+F"_s, u"取消查询条件，列出全部处理单"_s}}}};
+  design.menus = {{u"mnuFile"_s,
+                   u"文件(&F)"_s,
+                   {{u"mnuAddNew"_s, u"添加(&N)..."_s, u"new"_s, u"Ctrl+N"_s, u"为当前处理单添加一条明细"_s},
+                    {u"mnuModify"_s, u"修改(&M)..."_s, u"mod"_s, u"Ctrl+E"_s, u"修改选中的处理单或明细"_s},
+                    {u"mnuDelete"_s, u"删除(&D)"_s, u"del"_s, u"Del"_s, u"删除选中的处理单或明细"_s},
+                    {},
+                    {u"mnuSeeFile"_s, u"查看原文(&L)"_s, u"lookfiles"_s, u""_s, u"查看文件的原文"_s},
+                    {u"mnuPrint"_s, u"打印(&P)..."_s, u"print"_s, u"Ctrl+P"_s, u"打印选中的处理单或明细"_s},
+                    {},
+                    {u"mnuExit"_s, u"退出(&X)"_s, u"exit"_s, u"Ctrl+Q"_s, u"关闭本窗口"_s}}},
+                  {u"mnuFind"_s,
+                   u"查询(&S)"_s,
+                   {{u"mnuSearch"_s, u"复合查询(&F)..."_s, u"query"_s, u"Ctrl+F"_s, u"按条件列出处理单"_s},
+                    {u"mnuShowAll"_s, u"全部显示(&A)"_s, u"refresh"_s, u"F5"_s, u"取消查询条件，列出全部处理单"_s}}}};
   if (flow.HasRoute()) design.menus.push_back(RouteMenu(flow));
   design.menus.push_back({u"mnuHelp"_s,
                           u"帮助(&H)"_s,

@@ -111,6 +111,9 @@ FlowHeadDialog::FlowHeadDialog(FlowSheets& sheets)
   for (const auto& [name, field] : copies) {
     TextBox* box = Add(name, CaptionOf(flow.headColumns, field), new TextBox(this));
     box->setReadOnly(true);
+    QPalette palette = box->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    box->setPalette(palette);
     box->setFocusPolicy(Qt::ClickFocus);
     box->setToolTip(u"转入时从文件登记复制，不在这里修改"_s);
     box->setText(sheets.Head(field));

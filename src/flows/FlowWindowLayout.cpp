@@ -99,7 +99,7 @@ void FlowWindow::LayOut() {
   detailGrid_->setAccessibleName(u"处理明细"_s);
   detailGrid_->setSelectionMode(QAbstractItemView::SingleSelection);
   AddEmptyHint(*headGrid_, flow_.emptyHint);
-  AddEmptyHint(*detailGrid_, u"当前处理单还没有明细。点击这里，再用“添加”录入。"_s);
+  AddEmptyHint(*detailGrid_, u"这里列出选中处理单的明细。点击这里，再用“添加”录入。"_s);
 
   auto* lower = new QWidget(splitter_);
   auto* column = new QVBoxLayout(lower);

@@ -78,7 +78,8 @@ QString ResultsOf(const FlowSheets& sheets, const QString& members) {
   QStringList results;
   for (; !details.EOF_(); details.MoveNext()) {
     if (details[u"Lead_Unit"_s].Text() != members) continue;
-    QStringList parts{details[sheets.Kind().detailDate].Text() + u" 送出"_s};
+    const Field sent = details[sheets.Kind().detailDate];
+    QStringList parts{sent.IsNull() ? QString() : sent.Text() + u" 送出"_s};
     if (sheets.Kind().isHandling) parts << details[u"Transact_Result"_s].Text();
     if (!details[u"Real_BackDate"_s].IsNull()) parts << details[u"Real_BackDate"_s].Text() + u" 返回"_s;
     parts.removeAll(QString());

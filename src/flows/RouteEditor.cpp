@@ -196,7 +196,7 @@ void RouteEditor::ShowFaults() {
   const std::vector<RouteNode> nodes = Nodes();
   const QStringList faults = RouteFaults(nodes);
   ok_->setEnabled(faults.isEmpty());
-  faults_->setText(faults.isEmpty() ? u"流程："_s + RouteInWords(nodes) : u"⚠ "_s + faults.join(u'\n'));
+  faults_->setText(faults.isEmpty() ? u"流程："_s + RouteInWords(nodes) : u"请改正："_s + faults.join(u'\n'));
 }
 
 void RouteEditor::Save() {

@@ -135,6 +135,22 @@ TEST_P(ClsFolvaneTest, FileArchiveSharesTheIdAndLaterFlowWindowsSeeIt) {
   EXPECT_EQ(Shared().UserId, u"12"_s);
 }
 
+TEST_P(ClsFolvaneTest, TheFlowEntriesOpenTheirWindows) {
+  CreateTables(*Connected());
+  folvane_.Connection(Connected());
+  const std::vector<std::pair<void (ClsFolvane::*)(), std::pair<QString, QString>>> entries{
+      {&ClsFolvane::DistributeFile, {u"frmDistributeFile"_s, u"文件分发"_s}},
+      {&ClsFolvane::PassReadFile, {u"frmPassFile"_s, u"文件传阅"_s}},
+      {&ClsFolvane::HastenFile, {u"frmTranSact"_s, u"催办单管理"_s}},
+      {&ClsFolvane::TransactFile, {u"frmTranSact"_s, u"文件处理"_s}}};
+  for (const auto& [entry, window] : entries) {
+    QString caption;
+    test::WithWindow(window.first, [&](QWidget& shown) { caption = shown.windowTitle(); });
+    (folvane_.*entry)();
+    EXPECT_EQ(caption, window.second);
+  }
+}
+
 TEST_P(ClsFolvaneTest, FileOpenSharesTheIdAndShowsTheBrowserUntilItIsClosed) {
   CreateTables(*Connected());
   const test::TempProgramDirectory directory;
