@@ -7,17 +7,18 @@
 #include "host/demo/DemoDatabase.h"
 
 namespace folvane::host {
+using namespace Qt::Literals::StringLiterals;
 
 QString ProvideDemoDatabase(int records) {
   const QString folder = Services().programDirectory;
-  const QString file = folder + QStringLiteral("/demo.db");
+  const QString file = folder + u"/demo.db"_s;
   if (!QFileInfo::exists(file)) {
     demo::DemoOptions options;
     options.records = records;
     options.today = Services().now().date();
     demo::MakeDemoFile(file, options);
   }
-  if (!QFileInfo::exists(folder + QStringLiteral("/RegIDFormula.Ini"))) demo::WriteDemoProfiles(folder);
+  if (!QFileInfo::exists(folder + u"/RegIDFormula.Ini"_s)) demo::WriteDemoProfiles(folder);
   return file;
 }
 

@@ -68,7 +68,7 @@ void WriteSearch(RowWriter& writer, const TableDesign& table) {
   for (const FieldDesign* field : InOrder(table, &FieldDesign::searchOrder)) {
     const int kind = SearchKind(*field);
     writer.Add({table.name, field->name, field->caption, qlonglong(field->searchOrder), qlonglong(kind),
-                ++counts[static_cast<std::size_t>(kind)], field->searched});
+                ++counts[size_t(kind)], field->searched});
   }
 }
 

@@ -23,7 +23,7 @@ class TourRegistry : public RegistryStore {
   void Write(const QString& key, const QString& name, const QString& text) override { texts_[Place(key, name)] = text; }
 
  private:
-  static QString Place(const QString& key, const QString& name) { return (key + QLatin1Char('\\') + name).toLower(); }
+  static QString Place(const QString& key, const QString& name) { return (key + u'\\' + name).toLower(); }
   QHash<QString, QString> texts_;
 };
 

@@ -69,7 +69,7 @@ Encoded Encode(const QString& text) {
 }
 
 // In the code page a byte from 0x81 on begins a character of two bytes.
-int BytesAt(const QByteArray& bytes, qsizetype place) { return static_cast<uchar>(bytes[place]) > 0x80 ? 2 : 1; }
+int BytesAt(const QByteArray& bytes, qsizetype place) { return uchar(bytes[place]) > 0x80 ? 2 : 1; }
 
 }  // namespace
 

@@ -4,9 +4,10 @@
 #include "base/ProfileFile.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 QString TableProfile::Read(const QString& table) const {
-  const QString none = QStringLiteral("0");
+  const QString none = u"0"_s;
   const ProfileFile profile(path);
   if (!profile.Exists()) {
     const QStringList lines{u'[' + section + u']', table + u'=' + none};

@@ -7,6 +7,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QRegularExpression Whole(const char16_t* shape) {
   return QRegularExpression(QRegularExpression::anchoredPattern(QString::fromUtf16(shape)),
@@ -68,10 +69,10 @@ bool IsNumeric(const QString& text) { return ReadNumber(text).has_value(); }
 int ToInteger(const QString& text) {
   if (const auto number = ReadRadixNumber(Prepared(text)); number && number->fitsWord) return qint32(number->value);
   const std::optional<double> number = ReadNumber(text);
-  if (!number) throw NumberError(QStringLiteral("“%1”不是数字。").arg(text));
+  if (!number) throw NumberError(u"“%1”不是数字。"_s.arg(text));
   const double rounded = RoundHalfToEven(*number);
   if (rounded < std::numeric_limits<int>::min() || rounded > std::numeric_limits<int>::max())
-    throw NumberError(QStringLiteral("数字“%1”超出了整数的范围。").arg(text));
+    throw NumberError(u"数字“%1”超出了整数的范围。"_s.arg(text));
   return int(rounded);
 }
 

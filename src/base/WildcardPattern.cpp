@@ -2,11 +2,12 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr qsizetype kNone = -1;
 
 [[noreturn]] void Refuse(QStringView part, const QString& why) {
-  throw PatternError(QStringLiteral("格式“%1”有误：%2。").arg(part).arg(why));
+  throw PatternError(u"格式“%1”有误：%2。"_s.arg(part).arg(why));
 }
 
 }  // namespace
@@ -26,7 +27,7 @@ WildcardPattern::WildcardPattern(QStringView pattern) {
         break;
       case u'[': {
         const qsizetype end = pattern.indexOf(u']', place);
-        if (end == kNone) Refuse(pattern, QStringLiteral("方括号没有闭合"));
+        if (end == kNone) Refuse(pattern, u"方括号没有闭合"_s);
         AddList(pattern.mid(place + 1, end - place - 1));
         place = end;
         break;
@@ -45,10 +46,10 @@ void WildcardPattern::AddList(QStringView list) {
   for (qsizetype place = 0; place < list.size(); ++place) {
     const char16_t first = list[place].unicode();
     const bool atAnEnd = place == 0 || place == list.size() - 1;
-    if (first == u'-' && !atAnEnd) Refuse(list, QStringLiteral("连字符两侧不是一个范围"));
+    if (first == u'-' && !atAnEnd) Refuse(list, u"连字符两侧不是一个范围"_s);
     const bool begins = place + 2 < list.size() && list[place + 1] == u'-';
     const char16_t last = begins ? list[place + 2].unicode() : first;
-    if (last < first) Refuse(list, QStringLiteral("范围的起点大于终点"));
+    if (last < first) Refuse(list, u"范围的起点大于终点"_s);
     set.ranges.push_back({first, last});
     if (begins) place += 2;
   }

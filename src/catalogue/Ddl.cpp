@@ -9,6 +9,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 /// The words of one database for the column types; %1 is the length.
 struct TypeWords {
@@ -33,29 +34,26 @@ struct TypeWords {
 
 // SQLite would turn '20020304' in a column declared as a date into a number; as text it stays what was written.
 TypeWords WordsOf(DialectKind dialect) {
-  const QString text = QStringLiteral("varchar(%1)");
-  const QString longText = QStringLiteral("text");
-  const QString integer = QStringLiteral("integer");
-  if (dialect == DialectKind::Sqlite)
-    return {text, longText, integer, QStringLiteral("varchar(10)"), QStringLiteral("blob")};
-  if (dialect == DialectKind::PostgreSql)
-    return {text, longText, integer, QStringLiteral("date"), QStringLiteral("bytea")};
-  throw DataError(DataErrorKind::Untranslatable, QStringLiteral("该数据库中的表由其管理工具建立，不能在此建立"));
+  const QString text = u"varchar(%1)"_s;
+  const QString longText = u"text"_s;
+  const QString integer = u"integer"_s;
+  if (dialect == DialectKind::Sqlite) return {text, longText, integer, u"varchar(10)"_s, u"blob"_s};
+  if (dialect == DialectKind::PostgreSql) return {text, longText, integer, u"date"_s, u"bytea"_s};
+  throw DataError(DataErrorKind::Untranslatable, u"该数据库中的表由其管理工具建立，不能在此建立"_s);
 }
 
 QString CreateTableText(const TypeWords& words, const Table& table) {
   QStringList parts;
   for (const Column& column : table.columns) {
     const bool inKey = table.key.contains(column.name, Qt::CaseInsensitive);
-    parts << column.name + QLatin1Char(' ') + words.Of(column) + (inKey ? QStringLiteral(" NOT NULL") : QString());
+    parts << column.name + u' ' + words.Of(column) + (inKey ? u" NOT NULL"_s : QString());
   }
-  if (!table.key.isEmpty()) parts << QStringLiteral("PRIMARY KEY (%1)").arg(table.key.join(QLatin1Char(',')));
-  return QStringLiteral("CREATE TABLE %1 (%2)").arg(table.name, parts.join(QStringLiteral(", ")));
+  if (!table.key.isEmpty()) parts << u"PRIMARY KEY (%1)"_s.arg(table.key.join(u','));
+  return u"CREATE TABLE %1 (%2)"_s.arg(table.name, parts.join(u", "_s));
 }
 
 QString CreateIndexText(const QString& table, const QStringList& columns) {
-  return QStringLiteral("CREATE INDEX IX_%1_%2 ON %1 (%3)")
-      .arg(table, columns.join(QLatin1Char('_')), columns.join(QLatin1Char(',')));
+  return u"CREATE INDEX IX_%1_%2 ON %1 (%3)"_s.arg(table, columns.join(u'_'), columns.join(u','));
 }
 
 /// What the database lacks of a table: some of its columns, or all of it.
@@ -90,7 +88,7 @@ std::vector<Gap> Gaps(Connection& connection) {
 void AddColumn(Connection& connection, const Table& table, const Column& column) {
   Driver& driver = connection.NativeDriver();
   const QString type = WordsOf(driver.Dialect()).Of(column);
-  driver.Execute({QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 %3").arg(table.name, column.name, type).toUtf8(), {}});
+  driver.Execute({u"ALTER TABLE %1 ADD COLUMN %2 %3"_s.arg(table.name, column.name, type).toUtf8(), {}});
 }
 
 void FillGaps(Connection& connection) {
@@ -146,9 +144,9 @@ QStringList CheckTables(Connection& connection) {
     if (gap.IsWhole())
       tables << gap.table->name;
     else
-      sentences << QStringLiteral("表 %1 缺少列 %2。").arg(gap.table->name, columns.join(u'、'));
+      sentences << u"表 %1 缺少列 %2。"_s.arg(gap.table->name, columns.join(u'、'));
   }
-  if (!tables.isEmpty()) sentences.prepend(QStringLiteral("缺少表 %1。").arg(tables.join(u'、')));
+  if (!tables.isEmpty()) sentences.prepend(u"缺少表 %1。"_s.arg(tables.join(u'、')));
   return sentences;
 }
 

@@ -36,9 +36,7 @@ class BatchWriter {
   void CheckLengths(RowId row) const;
   QVariant Fitted(const QVariant& value, RowId row, int at) const;  ///< @throws DataError TooLong
   QVariant Parameter(const QVariant& value, Written& written, int at) const;
-  const ColumnInfo& TableColumn(int at) const {
-    return table_->columns[static_cast<std::size_t>(tableColumn_[static_cast<std::size_t>(at)])];
-  }
+  const ColumnInfo& TableColumn(int at) const { return table_->columns[size_t(tableColumn_[size_t(at)])]; }
   QByteArray Quoted(const QString& name) const;
   QByteArray TableText() const { return Quoted(table_->name); }
 

@@ -7,6 +7,7 @@
 #include "data/drivers/Driver.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 Connection::Connection(std::unique_ptr<Driver> driver)
     : driver_(std::move(driver)),
@@ -88,20 +89,19 @@ QString Connection::BaseTable(const QString& statement) { return translator_->Ba
 void Connection::OnStatement(std::function<void(const QString&)> observer) { observer_ = std::move(observer); }
 
 void Connection::BeginTrans() {
-  if (inTransaction_)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("已有一个事务正在进行，不能再开始另一个事务。"));
+  if (inTransaction_) throw DataError(DataErrorKind::Usage, u"已有一个事务正在进行，不能再开始另一个事务。"_s);
   NativeDriver().Begin();
   inTransaction_ = true;
 }
 
 void Connection::CommitTrans() {
-  if (!inTransaction_) throw DataError(DataErrorKind::Usage, QStringLiteral("没有正在进行的事务，不能提交。"));
+  if (!inTransaction_) throw DataError(DataErrorKind::Usage, u"没有正在进行的事务，不能提交。"_s);
   driver_->Commit();  // a commit that fails leaves the transaction to be rolled back
   inTransaction_ = false;
 }
 
 void Connection::RollbackTrans() {
-  if (!inTransaction_) throw DataError(DataErrorKind::Usage, QStringLiteral("没有正在进行的事务，不能回滚。"));
+  if (!inTransaction_) throw DataError(DataErrorKind::Usage, u"没有正在进行的事务，不能回滚。"_s);
   inTransaction_ = false;
   RollBack();
 }
@@ -117,9 +117,8 @@ void Connection::RollBack() {
       owesRollback_ = driver_->InTransaction();
       if (!owesRollback_) throw;
       if (tries == kMostTries)
-        throw DataError(error.Kind(),
-                        QStringLiteral("未完成的修改还没有撤销，撤销之前不能再使用数据库：%1").arg(error.Message()), {},
-                        error.NativeCode());
+        throw DataError(error.Kind(), u"未完成的修改还没有撤销，撤销之前不能再使用数据库：%1"_s.arg(error.Message()),
+                        {}, error.NativeCode());
     }
   }
 }

@@ -7,42 +7,41 @@
 #include "data/ValueText.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 using Place = RecordsetState::Place;
 
-const QString& Field::Name() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].name; }
-int Field::Type() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].type; }
-int Field::DefinedSize() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].definedSize; }
+const QString& Field::Name() const { return state_->rows.Columns()[size_t(column_)].name; }
+int Field::Type() const { return state_->rows.Columns()[size_t(column_)].type; }
+int Field::DefinedSize() const { return state_->rows.Columns()[size_t(column_)].definedSize; }
 QVariant Field::Value() const { return state_->rows.Value(state_->CurrentRow(), column_); }
 QString Field::Text() const { return ValueText(Value()); }
 QVariant Field::OriginalValue() const { return state_->rows.Original(state_->CurrentRow(), column_); }
 
 void Field::SetValue(const QVariant& value) {
-  const QVariant fitted = FitToColumn(value, state_->rows.Columns()[static_cast<std::size_t>(column_)]);
+  const QVariant fitted = FitToColumn(value, state_->rows.Columns()[size_t(column_)]);
   state_->BeginEdit();
   state_->rows.SetValue(state_->CurrentRow(), column_, fitted);
 }
 
-int FieldList::Count() const { return static_cast<int>(state_->rows.Columns().size()); }
+int FieldList::Count() const { return int(state_->rows.Columns().size()); }
 int FieldList::IndexOf(const QString& name) const { return state_->rows.IndexOf(name); }
 
 Field FieldList::Item(int index) const {
-  if (index < 0 || index >= Count())
-    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有第 %1 个字段。").arg(index));
+  if (index < 0 || index >= Count()) throw DataError(DataErrorKind::Usage, u"记录集中没有第 %1 个字段。"_s.arg(index));
   return Field(state_, index);
 }
 
 Field FieldList::Item(const QString& name) const {
   const int index = IndexOf(name);
-  if (index < 0)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有字段“%1”。").arg(name), state_->source);
+  if (index < 0) throw DataError(DataErrorKind::Usage, u"记录集中没有字段“%1”。"_s.arg(name), state_->source);
   return Field(state_, index);
 }
 
 namespace {
 
 RecordsetState& Opened(const std::unique_ptr<RecordsetState>& state) {
-  if (!state) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集没有打开，不能进行该操作。"));
+  if (!state) throw DataError(DataErrorKind::Usage, u"记录集没有打开，不能进行该操作。"_s);
   return *state;
 }
 
@@ -54,8 +53,8 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 void Recordset::Open(const QString& source, std::shared_ptr<Connection> connection, CursorType, LockType lock,
                      CursorLocation) {
-  if (state_) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集已经打开。"), source);
-  if (!connection) throw DataError(DataErrorKind::Usage, QStringLiteral("没有数据库连接。"), source);
+  if (state_) throw DataError(DataErrorKind::Usage, u"记录集已经打开。"_s, source);
+  if (!connection) throw DataError(DataErrorKind::Usage, u"没有数据库连接。"_s, source);
   FetchedRows fetched = connection->Fetch(source, textOrder_);
   state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
 }
@@ -97,23 +96,23 @@ qint64 Recordset::AbsolutePosition() const {
 void Recordset::SetAbsolutePosition(qint64 position) {
   RecordsetState& state = Opened(state_);
   if (position < 1 || position > state.view.Count())
-    throw DataError(DataErrorKind::Usage, QStringLiteral("没有第 %1 条记录。").arg(position));
+    throw DataError(DataErrorKind::Usage, u"没有第 %1 条记录。"_s.arg(position));
   state.GoTo(position - 1);
 }
 
-qint64 Recordset::Bookmark() const { return static_cast<qint64>(Opened(state_).CurrentRow()) + 1; }
+qint64 Recordset::Bookmark() const { return qint64(Opened(state_).CurrentRow()) + 1; }
 
 void Recordset::SetBookmark(qint64 bookmark) {
   RecordsetState& state = Opened(state_);
-  if (bookmark < 1 || bookmark > static_cast<qint64>(state.rows.EndId()))
-    throw DataError(DataErrorKind::Usage, QStringLiteral("书签所指的记录已不存在。"));
-  state.GoToRow(static_cast<RowId>(bookmark - 1));
+  if (bookmark < 1 || bookmark > qint64(state.rows.EndId()))
+    throw DataError(DataErrorKind::Usage, u"书签所指的记录已不存在。"_s);
+  state.GoToRow(RowId(bookmark - 1));
 }
 
 namespace {
 
 void RequireRows(const RecordsetState& state) {
-  if (state.place_ == Place::Empty) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有记录。"));
+  if (state.place_ == Place::Empty) throw DataError(DataErrorKind::Usage, u"记录集中没有记录。"_s);
 }
 
 }  // namespace
@@ -132,13 +131,13 @@ void Recordset::MoveLast() {
 
 void Recordset::MoveNext() {
   RecordsetState& state = Opened(state_);
-  if (EOF_()) throw DataError(DataErrorKind::Usage, QStringLiteral("已在最后一条记录之后，不能再向后移动。"));
+  if (EOF_()) throw DataError(DataErrorKind::Usage, u"已在最后一条记录之后，不能再向后移动。"_s);
   state.Step(1);
 }
 
 void Recordset::MovePrevious() {
   RecordsetState& state = Opened(state_);
-  if (BOF()) throw DataError(DataErrorKind::Usage, QStringLiteral("已在第一条记录之前，不能再向前移动。"));
+  if (BOF()) throw DataError(DataErrorKind::Usage, u"已在第一条记录之前，不能再向前移动。"_s);
   state.Step(-1);
 }
 
@@ -149,7 +148,7 @@ void Recordset::Move(qint64 count, MoveFrom from) {
     from == MoveFrom::First ? MoveFirst() : MoveLast();
   }
   if ((count > 0 && EOF_()) || (count < 0 && BOF()))
-    throw DataError(DataErrorKind::Usage, QStringLiteral("没有当前记录，不能移动。"));
+    throw DataError(DataErrorKind::Usage, u"没有当前记录，不能移动。"_s);
   state.Step(count);
 }
 
@@ -157,7 +156,7 @@ void Recordset::Find(const QString& criterion, qint64 skip, SearchDirection dire
   RecordsetState& state = Opened(state_);
   const Criteria criteria = Criteria::Parse(criterion, state.rows);
   const Condition* condition = criteria.Single();
-  if (!condition) throw DataError(DataErrorKind::Usage, QStringLiteral("查找只能用一个条件：%1").arg(criterion));
+  if (!condition) throw DataError(DataErrorKind::Usage, u"查找只能用一个条件：%1"_s.arg(criterion));
   const bool forward = direction == SearchDirection::Forward;
   qint64 from = state.position_;
   if (state.place_ == Place::Hole && !forward) --from;
@@ -254,14 +253,13 @@ void Recordset::CancelBatch(AffectKind affect) {
 }
 
 void Recordset::Delete(AffectKind affect) {
-  if (affect != AffectKind::Current)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("一次只能删除当前的一条记录。"));
+  if (affect != AffectKind::Current) throw DataError(DataErrorKind::Usage, u"一次只能删除当前的一条记录。"_s);
   Opened(state_).DeleteCurrentRow();
 }
 
 void Recordset::Requery() {
   RecordsetState& state = Opened(state_);
-  if (state.edit) throw DataError(DataErrorKind::Usage, QStringLiteral("当前记录正在编辑，请先保存或取消。"));
+  if (state.edit) throw DataError(DataErrorKind::Usage, u"当前记录正在编辑，请先保存或取消。"_s);
   FetchedRows fetched = state.connection->Fetch(state.source, textOrder_);
   auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
   fresh->filter = state.filter;
@@ -288,6 +286,6 @@ void Recordset::Resync(AffectKind affect) {
   }
 }
 
-qint64 Recordset::PendingCount() const { return static_cast<qint64>(Opened(state_).rows.PendingRows().size()); }
+qint64 Recordset::PendingCount() const { return qint64(Opened(state_).rows.PendingRows().size()); }
 
 }  // namespace folvane

@@ -7,6 +7,7 @@
 #include "data/BatchWriter.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock,
                                FetchedRows fetched)
@@ -17,8 +18,8 @@ RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> conne
 RowId RecordsetState::CurrentRow() const {
   if (place_ == Place::Row) return view.At(position_);
   throw DataError(DataErrorKind::Usage, place_ == Place::Hole
-                                            ? QStringLiteral("当前记录已被删除。")
-                                            : QStringLiteral("没有当前记录：位置在第一条记录之前或最后一条记录之后。"));
+                                            ? u"当前记录已被删除。"_s
+                                            : u"没有当前记录：位置在第一条记录之前或最后一条记录之后。"_s);
 }
 
 void RecordsetState::GoTo(qint64 position) {
@@ -41,8 +42,7 @@ void RecordsetState::GoBeforeStart() {
 
 void RecordsetState::GoToRow(RowId row) {
   const qint64 position = view.PositionOf(row);
-  if (position < 0 || position >= view.Count())
-    throw DataError(DataErrorKind::Usage, QStringLiteral("书签所指的记录已不存在。"));
+  if (position < 0 || position >= view.Count()) throw DataError(DataErrorKind::Usage, u"书签所指的记录已不存在。"_s);
   GoTo(position);
 }
 
@@ -123,8 +123,7 @@ void RecordsetState::Reshow() {
 }
 
 void RecordsetState::RequireWritable() const {
-  if (lock == LockType::ReadOnly)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集以只读方式打开，不能修改。"));
+  if (lock == LockType::ReadOnly) throw DataError(DataErrorKind::Usage, u"记录集以只读方式打开，不能修改。"_s);
 }
 
 void RecordsetState::BeginEdit() {

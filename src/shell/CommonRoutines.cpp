@@ -11,6 +11,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr char16_t kBackspace = 8;
 
@@ -43,27 +44,27 @@ int FilterKey(int keyCode, const QString& allowed, bool allowBackspace) {
 }
 
 void SplitText(QStringList& elements, const QString& text, const QString& delimiter) {
-  elements = text.split(delimiter.isEmpty() ? QStringLiteral(",") : delimiter);
+  elements = text.split(delimiter.isEmpty() ? u","_s : delimiter);
 }
 
 QString EscapeSql(const QString& text, bool likeMode) {
   QString escaped = text;
-  escaped.replace(u'\'', QStringLiteral("''"));
-  if (likeMode) escaped.replace(u'[', QStringLiteral("[[]"));
+  escaped.replace(u'\'', u"''"_s);
+  if (likeMode) escaped.replace(u'[', u"[[]"_s);
   return escaped;
 }
 
 QString GetReportId(const QString& group, const QString& name) {
-  return FirstText(QStringLiteral("select report_id from report_index where report_group_id ='") + group +
-                       QStringLiteral("'and report_name ='") + name + u'\'',
-                   QStringLiteral("Report_ID"));
+  return FirstText(u"select report_id from report_index where report_group_id ='"_s + group + u"'and report_name ='"_s +
+                       name + u'\'',
+                   u"Report_ID"_s);
 }
 
 bool TableHasField(const QString& table, const QString& field) {
   return IgnoreErrors([&] {
     Recordset records;
-    OpenForReading(records, QStringLiteral("select fieldname='") + field +
-                                QStringLiteral("' from DynamicWindows where tablename='") + table + u'\'');
+    OpenForReading(records,
+                   u"select fieldname='"_s + field + u"' from DynamicWindows where tablename='"_s + table + u'\'');
   });
 }
 
@@ -72,9 +73,9 @@ bool FieldExists(const Recordset& records, const QString& name) {
 }
 
 QString GetChnFieldName(const QString& table, const QString& field) {
-  return FirstText(QStringLiteral("Select ChnFieldName from DynamicWindows Where TableName='") + table +
-                       QStringLiteral("' and FieldName='") + field + u'\'',
-                   QStringLiteral("ChnFieldName"));
+  return FirstText(
+      u"Select ChnFieldName from DynamicWindows Where TableName='"_s + table + u"' and FieldName='"_s + field + u'\'',
+      u"ChnFieldName"_s);
 }
 
 QString ErrorTextFor(const QString& table, const std::exception& error) {
@@ -94,31 +95,32 @@ void FillSearchFields(const QString& table, QComboBox& fields, QComboBox& captio
                       QComboBox& values) {
   Recordset records;
   OpenForReading(records,
-                 QStringLiteral("Select DynamicWindows.FieldName,DynamicWindows.ChnFieldName,DynamicWindows.FieldType,"
-                                "SimSearch.FieldValue From DynamicWindows,SimSearch Where "
-                                "DynamicWindows.TableName=SimSearch.TableName And "
-                                "DynamicWindows.FieldName =SimSearch.DataField And DynamicWindows.TableName = '") +
-                     table + QStringLiteral("' Order By SimSearch.OrderNo"),
+                 u"Select DynamicWindows.FieldName,DynamicWindows.ChnFieldName,DynamicWindows.FieldType,"
+                 "SimSearch.FieldValue From DynamicWindows,SimSearch Where "
+                 "DynamicWindows.TableName=SimSearch.TableName And "
+                 "DynamicWindows.FieldName =SimSearch.DataField And DynamicWindows.TableName = '"_s +
+                     table + u"' Order By SimSearch.OrderNo"_s,
                  CursorLocation::Server);
   for (; !records.EOF_(); records.MoveNext()) {
-    fields.addItem(records[QStringLiteral("FieldName")].Text());
-    captions.addItem(records[QStringLiteral("ChnFieldName")].Text());
-    types.addItem(records[QStringLiteral("FieldType")].Text());
-    values.addItem(records[QStringLiteral("FieldValue")].Text());
+    fields.addItem(records[u"FieldName"_s].Text());
+    captions.addItem(records[u"ChnFieldName"_s].Text());
+    types.addItem(records[u"FieldType"_s].Text());
+    values.addItem(records[u"FieldValue"_s].Text());
   }
 }
 
 void FillDictionary(QComboBox& comboBox, const QString& dictionary) {
   Recordset records;
-  OpenForReading(records, QStringLiteral("Select Name From AssistantDicKey Where DicID in (Select DicId from "
-                                         "AssistantDictionary where Name=") +
-                              dictionary + QStringLiteral(") Order By Note"));
-  for (; !records.EOF_(); records.MoveNext()) comboBox.addItem(records[QStringLiteral("Name")].Text());
+  OpenForReading(records,
+                 u"Select Name From AssistantDicKey Where DicID in (Select DicId from "
+                 "AssistantDictionary where Name="_s +
+                     dictionary + u") Order By Note"_s);
+  for (; !records.EOF_(); records.MoveNext()) comboBox.addItem(records[u"Name"_s].Text());
 }
 
 QVariant GetMaxValue(const QString& field, const QString& rest) {
   Recordset records;
-  OpenForReading(records, QStringLiteral("Select Max(") + field + QStringLiteral(") From ") + rest);
+  OpenForReading(records, u"Select Max("_s + field + u") From "_s + rest);
   const QVariant maximum = records.Fields().Item(0).Value();
   return maximum.isValid() ? maximum : QVariant(qlonglong(0));
 }

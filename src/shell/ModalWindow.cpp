@@ -18,6 +18,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 /// Ends the loop when the window is hidden, by whatever way, or deleted.
 class EndOfWindow : public QObject {
@@ -103,12 +104,12 @@ void ShowOver(QWidget& window, const QWidget* parent) {
 
 void RequireApplication() {
   if (qobject_cast<QApplication*>(QCoreApplication::instance())) return;
-  throw DataError(DataErrorKind::Usage, QStringLiteral("尚未建立 QApplication，不能显示窗口，请先建立它。"));
+  throw DataError(DataErrorKind::Usage, u"尚未建立 QApplication，不能显示窗口，请先建立它。"_s);
 }
 
 void ShowModal(QWidget& window, std::function<void()> opening) {
   if (window.isVisible()) {
-    throw DataError(DataErrorKind::Usage, QStringLiteral("窗口“%1”已经打开。").arg(window.windowTitle()));
+    throw DataError(DataErrorKind::Usage, u"窗口“%1”已经打开。"_s.arg(window.windowTitle()));
   }
   const QPointer<QWidget> shown(&window), parent(CurrentWindow());
   QEventLoop loop;

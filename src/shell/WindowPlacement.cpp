@@ -10,8 +10,9 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString kWindows = QStringLiteral("Software\\Norvex\\Folvane\\Windows");
+const QString kWindows = u"Software\\Norvex\\Folvane\\Windows"_s;
 
 constexpr char kPlacementOf[] = "PlacementOf";
 

@@ -58,7 +58,7 @@ TEST_P(Tables, TheDataLayerFindsTheKeyOfATableThatIsWrittenThroughARecordSet) {
   for (const char* name : {"Distribute_File", "PassRead_File", "Transact_File", "Curr_Flow", "Curr_FlowNode"}) {
     const TableInfo* table = Connected()->Table(QLatin1String(name));
     ASSERT_NE(table, nullptr) << name;
-    EXPECT_EQ(static_cast<qsizetype>(table->key.size()), FindCatalogueTable(QLatin1String(name))->key.size()) << name;
+    EXPECT_EQ(qsizetype(table->key.size()), FindCatalogueTable(QLatin1String(name))->key.size()) << name;
   }
 }
 
@@ -146,7 +146,7 @@ TEST(CatalogueDdl, NoSqliteColumnIsDeclaredInAWayThatTurnsTextIntoNumbers) {
       const QString type = match.next().captured(2);
       EXPECT_TRUE((QStringList{u"varchar"_s, u"text"_s, u"integer"_s, u"blob"_s}).contains(type)) << qPrintable(body);
     }
-    EXPECT_EQ(found, static_cast<qsizetype>(table.columns.size())) << qPrintable(body);
+    EXPECT_EQ(found, qsizetype(table.columns.size())) << qPrintable(body);
   }
 }
 

@@ -7,6 +7,7 @@
 
 namespace folvane::test {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class DemoRecords : public DemoTest {
  protected:

@@ -7,8 +7,9 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-QByteArray Quoted(QString name) { return '"' + name.replace(QLatin1Char('"'), QLatin1String("\"\"")).toUtf8() + '"'; }
+QByteArray Quoted(QString name) { return '"' + name.replace(u'"', "\"\""_L1).toUtf8() + '"'; }
 
 class Emitter {
  public:
@@ -149,7 +150,7 @@ class Emitter {
       else if (*c == '*' || *c == '+')
         PutList(value.parts, *c == '+' ? 1 : 0);
       else
-        Put(*value.parts[static_cast<std::size_t>(*c - '1')]);
+        Put(*value.parts[size_t(*c - '1')]);
     }
   }
 
@@ -204,7 +205,7 @@ class Emitter {
   void PutTables(const Query& query) {
     bool first = true;
     for (const TableReference& table : query.tables) {
-      const bool comma = table.join == QLatin1String(",");
+      const bool comma = table.join == ","_L1;
       out_.text += first ? " FROM " : comma ? "," : ' ' + table.join.toLatin1() + ' ';
       first = false;
       PutTable(table);

@@ -50,7 +50,7 @@ unsigned char TraitsOfPattern(QStringView pattern) {
 bool Shape::Read(const QString& statement) {
   begin_ = reinterpret_cast<Place>(statement.utf16());
   end_ = begin_ + statement.size();
-  if (key_.size() < static_cast<std::size_t>(statement.size())) key_.resize(static_cast<std::size_t>(statement.size()));
+  if (key_.size() < size_t(statement.size())) key_.resize(size_t(statement.size()));
   length_ = 0;
   literals_.clear();
   judged_ = afterLike_ = false;
@@ -81,11 +81,11 @@ bool Shape::Read(const QString& statement) {
 
 void Shape::Keep(Place from, Place to) {
   std::copy(from, to, key_.data() + length_);
-  length_ += static_cast<std::size_t>(to - from);
+  length_ += size_t(to - from);
 }
 
 void Shape::KeepLiteral(const Literal& literal) {
-  key_[length_++] = static_cast<char16_t>(kFirstSign + literal.kind * 256 + literal.traits);
+  key_[length_++] = char16_t(kFirstSign + literal.kind * 256 + literal.traits);
   literals_.push_back(literal);
   afterLike_ = false;
 }

@@ -8,8 +8,8 @@ namespace {
 
 bool IsFor(const Translated& translated, const std::vector<Literal>& literals, const QString& statement) {
   for (std::size_t i = 0; i < translated.pinned.size(); ++i) {
-    const Literal& literal = literals[static_cast<std::size_t>(translated.pinned[i])];
-    if (literal.ValueIn(statement) != translated.pinnedValues[static_cast<qsizetype>(i)]) return false;
+    const Literal& literal = literals[size_t(translated.pinned[i])];
+    if (literal.ValueIn(statement) != translated.pinnedValues[qsizetype(i)]) return false;
   }
   return true;
 }

@@ -15,15 +15,16 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // Servers of the language get their statements untouched, but one at a time like the others.
 Plan Untouched(const QString& statement) {
   const std::vector<sql::Token> tokens = sql::Tokenize(statement);
   for (std::size_t i = 0; i + 2 < tokens.size(); ++i)
-    if (tokens[i].IsSign(QLatin1String(";"))) sql::Refuse(QStringLiteral("一次执行多条语句"));
+    if (tokens[i].IsSign(";"_L1)) sql::Refuse(u"一次执行多条语句"_s);
   Plan plan;
   plan.statement.text = statement.toUtf8();
-  plan.givesRows = tokens[0].IsWord(QLatin1String("select")) || tokens[0].IsWord(QLatin1String("if"));
+  plan.givesRows = tokens[0].IsWord("select"_L1) || tokens[0].IsWord("if"_L1);
   return plan;
 }
 
@@ -38,7 +39,7 @@ class Filling {
   }
 
  private:
-  const sql::Literal& At(const sql::Slot& slot) const { return literals_[static_cast<std::size_t>(slot.literal)]; }
+  const sql::Literal& At(const sql::Slot& slot) const { return literals_[size_t(slot.literal)]; }
 
   NativeStatement Bound(const sql::Translation& translation) const {
     NativeStatement native{translation.text, {}};
@@ -128,7 +129,7 @@ class Translator::Impl {
     translated.pinned = parsed.structural;
     translated.pinned.insert(translated.pinned.end(), context.Pinned().begin(), context.Pinned().end());
     for (const int literal : translated.pinned) {
-      const QString value = shape_.Literals()[static_cast<std::size_t>(literal)].ValueIn(text);
+      const QString value = shape_.Literals()[size_t(literal)].ValueIn(text);
       translated.pinnedValues << QString(value.constData(), value.size());  // outlives the statement
     }
     return translated;
