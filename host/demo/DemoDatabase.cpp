@@ -77,7 +77,6 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
   WriteRecords(connection, options, store);
   for (const TableDesign& design : designs) CreateIndexes(connection, design.Physical());
   transaction.Commit();
-  connection.RefreshSchema();
   if (options.progress) options.progress(options.records, options.records);
 }
 

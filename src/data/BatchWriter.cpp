@@ -37,9 +37,9 @@ QVariant ForDriver(const QVariant& value, const ColumnInfo& column) {
 }  // namespace
 
 BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& rows)
-    : connection_(connection), rows_(rows) {
-  const QString name = connection.BaseTable(source);
-  const TableInfo* table = name.isEmpty() ? nullptr : connection.Table(name);
+    : connection_(connection), session_(DatabaseSession::Of(connection)), rows_(rows) {
+  const QString name = session_.BaseTable(source);
+  const TableInfo* table = name.isEmpty() ? nullptr : session_.Table(name);
   if (!table) throw DataError(DataErrorKind::Usage, u"该记录集不是由一个表直接读出的，不能写回数据库。"_s, source);
   table_ = std::make_shared<const TableInfo>(*table);
   for (const ColumnInfo& column : rows.Columns()) tableColumn_.push_back(table_->IndexOf(column.name));
@@ -57,13 +57,6 @@ BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& ro
     const ColumnInfo& column = rows.Columns()[size_t(i)];
     if (tableColumn_[size_t(i)] >= 0 && !IsLong(column) && !IsInexact(column)) key_.push_back(i);
   }
-}
-
-QByteArray BatchWriter::Quoted(const QString& name) const {
-  QString inner = name;
-  if (connection_.NativeDriver().Dialect() == DialectKind::TransactSql)
-    return '[' + inner.replace(u']', "]]"_L1).toUtf8() + ']';
-  return '"' + inner.replace(u'"', "\"\""_L1).toUtf8() + '"';
 }
 
 void BatchWriter::Write(const std::vector<RowId>& pending) {
@@ -147,22 +140,23 @@ void BatchWriter::Insert(Written& written) {
       givenColumns.push_back(at);
     }
   }
-  const bool outputFirst = connection_.NativeDriver().Dialect() == DialectKind::TransactSql;
-  QByteArray output;
-  if (!given.isEmpty()) output = outputFirst ? " OUTPUT INSERTED." + given : " RETURNING " + given;
+  const NativeWords& words = session_.Words();
+  const auto output = [&](const QByteArray& word) {
+    return given.isEmpty() || word.isEmpty() ? QByteArray() : word + given;
+  };
   statement.text = "INSERT INTO " + TableText();
   if (!names.isEmpty()) statement.text += " (" + names + ")";
-  if (outputFirst) statement.text += output;
+  statement.text += output(words.insertedAhead);
   statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
-  if (!outputFirst) statement.text += output;
+  statement.text += output(words.insertedAtEnd);
 
   if (givenColumns.empty()) {
-    connection_.NativeDriver().Execute(statement);
+    session_.NativeDriver().Execute(statement);
     return;
   }
   FetchedRows fetched;
   RowStore store;
-  connection_.NativeDriver().Query(statement, fetched.columns, store);
+  session_.NativeDriver().Query(statement, fetched.columns, store);
   for (std::size_t i = 0; i < givenColumns.size() && store.RowCount(); ++i)
     written.given.emplace_back(givenColumns[i],
                                DecodeCell(store.At(0, int(i)), rows_.Columns()[size_t(givenColumns[i])]));
@@ -221,7 +215,7 @@ void BatchWriter::RunOnOneRow(const NativeStatement& statement) {
   std::optional<Transaction> transaction;
   const bool keyed = !table_->key.empty();
   if (!keyed && !connection_.InTransaction()) transaction.emplace(connection_);
-  const qint64 count = connection_.NativeDriver().Execute(statement);
+  const qint64 count = session_.NativeDriver().Execute(statement);
   if (count == 0)
     throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户修改或删除，未能保存。"_s,
                     QString::fromUtf8(statement.text));
@@ -241,7 +235,7 @@ std::vector<QVariant> BatchWriter::Read(RowId row) {
   AddCondition(statement, row, false);
   std::vector<ColumnInfo> columns;
   RowStore store;
-  connection_.NativeDriver().Query(statement, columns, store);
+  session_.NativeDriver().Query(statement, columns, store);
   if (store.RowCount() == 0)
     throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户删除。"_s, QString::fromUtf8(statement.text));
   std::vector<QVariant> values;

@@ -3,6 +3,7 @@
 #include <folvane/DataError.h>
 
 #include "data/BatchWriter.h"
+#include "data/DatabaseSession.h"
 #include "data/RecordsetState.h"
 #include "data/ValueText.h"
 
@@ -55,7 +56,7 @@ void Recordset::Open(const QString& source, std::shared_ptr<Connection> connecti
                      CursorLocation) {
   if (state_) throw DataError(DataErrorKind::Usage, u"记录集已经打开。"_s, source);
   if (!connection) throw DataError(DataErrorKind::Usage, u"没有数据库连接。"_s, source);
-  FetchedRows fetched = connection->Fetch(source, textOrder_);
+  FetchedRows fetched = DatabaseSession::Of(*connection).Fetch(source, textOrder_);
   state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
 }
 
@@ -260,7 +261,7 @@ void Recordset::Delete(AffectKind affect) {
 void Recordset::Requery() {
   RecordsetState& state = Opened(state_);
   if (state.edit) throw DataError(DataErrorKind::Usage, u"当前记录正在编辑，请先保存或取消。"_s);
-  FetchedRows fetched = state.connection->Fetch(state.source, textOrder_);
+  FetchedRows fetched = DatabaseSession::Of(*state.connection).Fetch(state.source, textOrder_);
   auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
   fresh->filter = state.filter;
   fresh->sort = state.sort;

@@ -20,6 +20,12 @@ enum class AffectKind { Current = 1, Group = 2, All = 3, AllChapters = 4 };
 enum class SearchDirection { Backward = -1, Forward = 1 };
 enum class MoveFrom { Current = 0, First = 1, Last = 2 };
 
+/// What Order By puts the texts of a record set in order by.
+enum class TextOrder {
+  Plain,   ///< by their codes, without regard to ASCII case and trailing blanks, as texts compare
+  Pinyin,  ///< Chinese by pinyin, where the database can
+};
+
 class FieldList;
 class RecordsetState;
 

@@ -18,7 +18,7 @@ DataError FailureOf(const std::function<void()>& work) {
 NativeResult QueryNative(Connection& connection, const QByteArray& text, std::vector<QVariant> parameters) {
   NativeResult result;
   RowStore store;
-  connection.NativeDriver().Query({text, std::move(parameters)}, result.columns, store);
+  DatabaseSession::Of(connection).NativeDriver().Query({text, std::move(parameters)}, result.columns, store);
   for (std::size_t row = 0; row < store.RowCount(); ++row) {
     result.rows.emplace_back();
     for (int column = 0; column < store.ColumnCount(); ++column)

@@ -20,7 +20,7 @@ class Failures : public DataSuite {
     if (OnSqlite()) return Meanwhile(u"BEGIN EXCLUSIVE"_s);
     Meanwhile(u"BEGIN"_s);
     Meanwhile(u"LOCK TABLE files IN ACCESS EXCLUSIVE MODE"_s);
-    Connected()->NativeDriver().Execute({"SET lock_timeout = '100ms'", {}});
+    DatabaseSession::Of(*Connected()).NativeDriver().Execute({"SET lock_timeout = '100ms'", {}});
   }
   void LetFilesGo() { Meanwhile(u"ROLLBACK"_s); }
 

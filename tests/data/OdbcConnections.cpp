@@ -95,7 +95,9 @@ TEST_F(OdbcConnections, OneThatTheHostHasDisconnectedIsToldAsLost) {
 TEST_F(OdbcConnections, TheHandleMayBeFreedBeforeTheConnectionIs) {
   Connect();
   connection_->BeginTrans();
-  connection_->NativeDriver().Execute({"UPDATE files SET remark = ? WHERE id = ?", {u"marked"_s, 1LL}});
+  DatabaseSession::Of(*connection_)
+      .NativeDriver()
+      .Execute({"UPDATE files SET remark = ? WHERE id = ?", {u"marked"_s, 1LL}});
   EndSession();
   EXPECT_EQ(FailureOf([&] { Mark(2); }).Kind(), DataErrorKind::Lost);
   handle_.reset();
@@ -133,7 +135,9 @@ TEST_F(OdbcConnections, ACommitToAVanishedServerIsNoSuccess) {
 TEST_F(OdbcConnections, ARollbackToAVanishedServerEndsTheTransaction) {
   Connect();
   connection_->BeginTrans();
-  connection_->NativeDriver().Execute({"UPDATE files SET remark = ? WHERE id = ?", {u"marked"_s, 1LL}});
+  DatabaseSession::Of(*connection_)
+      .NativeDriver()
+      .Execute({"UPDATE files SET remark = ? WHERE id = ?", {u"marked"_s, 1LL}});
   EndSession();
   EXPECT_EQ(FailureOf([&] { Mark(2); }).Kind(), DataErrorKind::Lost);
   try {
@@ -173,7 +177,7 @@ TEST_F(OdbcConnections, TheCatalogueFunctionsTellWhatTheServersOwnCatalogueTells
   Connect();
   for (const char* name : {"MANY_KINDS", "Indexed"}) {
     const auto table = DescribeOdbcTable(handle_->Connection(), QLatin1String(name));
-    const auto expected = connection_->NativeDriver().Describe(QLatin1String(name));
+    const auto expected = DatabaseSession::Of(*connection_).NativeDriver().Describe(QLatin1String(name));
     ASSERT_TRUE(table && expected) << name;
     EXPECT_EQ(table->name, expected->name);
     EXPECT_EQ(table->key, expected->key) << name;
@@ -244,12 +248,14 @@ TEST_P(OdbcSettings, DoNotChangeTheTypesOfColumns) {
 TEST_P(OdbcSettings, DoNotChangeValuesNorCutThem) {
   const QString longText(5000, QChar(0x6863));
   const std::vector<QVariant> values{1LL, QString::fromUtf8("𠀀'?"), longText, 0.1, 0.1, QByteArray("\x00\xff\x5c", 3)};
-  connection_->NativeDriver().Execute(
-      {"INSERT INTO kinds (id, title, remark, amount, ratio, content) VALUES (?, ?, ?, ?, ?, ?)", values});
-  connection_->NativeDriver().Execute({"UPDATE kinds SET flag = ? WHERE id = ?", {true, 1LL}});
+  DatabaseSession::Of(*connection_)
+      .NativeDriver()
+      .Execute({"INSERT INTO kinds (id, title, remark, amount, ratio, content) VALUES (?, ?, ?, ?, ?, ?)", values});
+  DatabaseSession::Of(*connection_).NativeDriver().Execute({"UPDATE kinds SET flag = ? WHERE id = ?", {true, 1LL}});
   for (int id = 2; id < 200; ++id)
-    connection_->NativeDriver().Execute(
-        {"INSERT INTO kinds (id, remark) VALUES (?, ?)", {qlonglong(id), longText.left(id * 20)}});
+    DatabaseSession::Of(*connection_)
+        .NativeDriver()
+        .Execute({"INSERT INTO kinds (id, remark) VALUES (?, ?)", {qlonglong(id), longText.left(id * 20)}});
   const NativeResult read = QueryNative(
       *connection_, "SELECT id, title, remark, amount, ratio, content, flag FROM kinds WHERE remark <> ? ORDER BY id",
       {u"x"_s});
@@ -266,10 +272,12 @@ TEST_P(OdbcSettings, DoNotChangeValuesNorCutThem) {
 
 TEST_P(OdbcSettings, RowsReadOneByOneAreThoseReadInBlocks) {
   for (int id = 0; id < 100; ++id)
-    connection_->NativeDriver().Execute({"INSERT INTO kinds VALUES (?, ?, ?, ?, ?, ?, ?)",
-                                         {qlonglong(id), id % 2 == 0, QString(id, QChar(0x6863)),
-                                          id % 3 ? QVariant(QString(id * 1000, u'x')) : QVariant(), id / 4.0, id / 8.0,
-                                          QByteArray(id * 900, char(id))}});
+    DatabaseSession::Of(*connection_)
+        .NativeDriver()
+        .Execute({"INSERT INTO kinds VALUES (?, ?, ?, ?, ?, ?, ?)",
+                  {qlonglong(id), id % 2 == 0, QString(id, QChar(0x6863)),
+                   id % 3 ? QVariant(QString(id * 1000, u'x')) : QVariant(), id / 4.0, id / 8.0,
+                   QByteArray(id * 900, char(id))}});
   const QByteArray text = "SELECT * FROM kinds ORDER BY id";
   OdbcStatement statement(handle_->Connection());
   statement.ExecuteDirect({text, {}});

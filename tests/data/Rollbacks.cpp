@@ -44,7 +44,7 @@ class Rollbacks : public DataSuite {
   void SetUp() override {
     DataSuite::SetUp();
     connection_ =
-        std::make_shared<Connection>(std::make_unique<UnwillingDriver>(Connected()->NativeDriver(), refusals_));
+        MakeConnection(std::make_unique<UnwillingDriver>(DatabaseSession::Of(*Connected()).NativeDriver(), refusals_));
   }
   void Mark(int id) { connection_->Execute(u"Update files Set remark = 'marked' Where id = %1"_s.arg(id)); }
   /// What another user sees.

@@ -50,7 +50,9 @@ TEST_P(Texts, ATextComesBackAsItStoodInAStatement) {
 
 TEST_P(Texts, AParameterIsComparedAsText) {
   for (const TextCase& known : KnownTexts()) {
-    Connected()->NativeDriver().Execute({"UPDATE files SET remark = ? WHERE id = 1", {known.text}});
+    DatabaseSession::Of(*Connected())
+        .NativeDriver()
+        .Execute({"UPDATE files SET remark = ? WHERE id = 1", {known.text}});
     const NativeResult found = QueryNative(*Connected(), "SELECT id FROM files WHERE remark = ?", {known.text});
     ASSERT_EQ(found.rows.size(), 1u) << known.name;
     EXPECT_EQ(found.rows[0][0], QVariant(1LL)) << known.name;
@@ -83,9 +85,11 @@ TEST_P(Texts, LongTextsAmongShortOnesAreReadWhole) {
   const auto length = [](int id) { return id % 50 == 0 ? 20000 : id % 7 == 0 ? 250 + id % 12 : id % 5; };
   Connected()->BeginTrans();
   for (int id = 0; id < 700; ++id)
-    Connected()->NativeDriver().Execute({"INSERT INTO mixed VALUES (?, ?, ?, ?)",
-                                         {qlonglong(id), QString(length(id), QChar(0x6863)), QString::number(id),
-                                          id % 3 ? QVariant(QString(length(id + 1), u'y')) : QVariant()}});
+    DatabaseSession::Of(*Connected())
+        .NativeDriver()
+        .Execute({"INSERT INTO mixed VALUES (?, ?, ?, ?)",
+                  {qlonglong(id), QString(length(id), QChar(0x6863)), QString::number(id),
+                   id % 3 ? QVariant(QString(length(id + 1), u'y')) : QVariant()}});
   Connected()->CommitTrans();
 
   const NativeResult read = QueryNative(*Connected(), "SELECT id, a, b, c FROM mixed ORDER BY id");

@@ -101,10 +101,12 @@ TEST_P(Transactions, TheWritesOfARecordSetBelongToTheTransaction) {
 TEST_P(Transactions, AStatementRepeatedManyTimesGivesEachRowItsOwnValues) {
   Connected()->BeginTrans();
   for (int id = 100; id < 300; ++id)
-    Connected()->NativeDriver().Execute(
-        {"INSERT INTO files (id, code, title, pages, remark) VALUES (?, ?, ?, ?, ?)",
-         {qlonglong(id), QString::number(id), id % 2 ? QVariant() : QVariant(QString(id, QChar(0x6863)).left(60)),
-          id % 3 ? QVariant(qlonglong(id) * 7) : QVariant(), u"r%1"_s.arg(id)}});
+    DatabaseSession::Of(*Connected())
+        .NativeDriver()
+        .Execute(
+            {"INSERT INTO files (id, code, title, pages, remark) VALUES (?, ?, ?, ?, ?)",
+             {qlonglong(id), QString::number(id), id % 2 ? QVariant() : QVariant(QString(id, QChar(0x6863)).left(60)),
+              id % 3 ? QVariant(qlonglong(id) * 7) : QVariant(), u"r%1"_s.arg(id)}});
   Connected()->CommitTrans();
   EXPECT_EQ(Stored(299, u"title"_s), u"<null>"_s);
   EXPECT_EQ(Stored(298, u"title"_s).size(), 60);

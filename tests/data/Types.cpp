@@ -137,7 +137,7 @@ TEST_P(Types, ATextWithoutALengthHasNoLimit) {
 }
 
 TEST_P(Types, ATableIsDescribedWhateverTheCaseOfItsName) {
-  const std::optional<TableInfo> table = Connected()->NativeDriver().Describe(u"KINDS"_s);
+  const std::optional<TableInfo> table = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"KINDS"_s);
   ASSERT_TRUE(table);
   EXPECT_EQ(table->name.toLower(), u"kinds"_s);
   EXPECT_EQ(table->key, std::vector{0});
@@ -148,12 +148,14 @@ TEST_P(Types, ATableIsDescribedWhateverTheCaseOfItsName) {
   EXPECT_EQ(title.definedSize, 60);
 }
 
-TEST_P(Types, ATableThatIsNotThereIsNotDescribed) { EXPECT_FALSE(Connected()->NativeDriver().Describe(u"nowhere"_s)); }
+TEST_P(Types, ATableThatIsNotThereIsNotDescribed) {
+  EXPECT_FALSE(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"nowhere"_s));
+}
 
 TEST_P(Types, AColumnThatTheDatabaseCountsIsKnown) {
   Database().Native(OnSqlite() ? u"CREATE TABLE counted (id integer PRIMARY KEY, n integer)"_s
                                : u"CREATE TABLE counted (id serial PRIMARY KEY, n integer)"_s);
-  const std::optional<TableInfo> table = Connected()->NativeDriver().Describe(u"counted"_s);
+  const std::optional<TableInfo> table = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"counted"_s);
   ASSERT_TRUE(table);
   EXPECT_TRUE(table->columns[0].autoNumber);
   EXPECT_FALSE(table->columns[1].autoNumber);
@@ -161,20 +163,20 @@ TEST_P(Types, AColumnThatTheDatabaseCountsIsKnown) {
 
 TEST_P(Types, TheColumnsOfAKeyComeInTheOrderOfTheKey) {
   Database().Native(u"CREATE TABLE pairs (a varchar(5), b varchar(5), c integer, PRIMARY KEY (c, a))"_s);
-  EXPECT_EQ(Connected()->NativeDriver().Describe(u"pairs"_s)->key, (std::vector{2, 0}));
+  EXPECT_EQ(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"pairs"_s)->key, (std::vector{2, 0}));
 }
 
 TEST_P(Types, AUniqueIndexServesAsKeyUnlessItsColumnsMayBeNull) {
   Database().Native(u"CREATE TABLE keyless (a varchar(5) NOT NULL, b varchar(5))"_s);
   Database().Native(u"CREATE UNIQUE INDEX keyless_b ON keyless (b)"_s);
-  EXPECT_TRUE(Connected()->NativeDriver().Describe(u"keyless"_s)->key.empty());
+  EXPECT_TRUE(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"keyless"_s)->key.empty());
   Database().Native(u"CREATE UNIQUE INDEX keyless_a ON keyless (a)"_s);
-  EXPECT_EQ(Connected()->NativeDriver().Describe(u"keyless"_s)->key, std::vector{0});
+  EXPECT_EQ(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"keyless"_s)->key, std::vector{0});
 }
 
 TEST_P(Types, AViewIsDescribedWithoutAKey) {
   Database().Native(u"CREATE VIEW seen AS SELECT id, title FROM Kinds"_s);
-  const std::optional<TableInfo> view = Connected()->NativeDriver().Describe(u"seen"_s);
+  const std::optional<TableInfo> view = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"seen"_s);
   ASSERT_TRUE(view);
   EXPECT_EQ(view->columns.size(), 2u);
   EXPECT_TRUE(view->key.empty());

@@ -3,8 +3,10 @@
 #include <folvane/DataError.h>
 
 #include "Fixture.h"
+#include "data/DatabaseSession.h"
 #include "data/RowStore.h"
 #include "data/dialect/Translator.h"
+#include "data/drivers/Driver.h"
 
 namespace folvane::test {
 
@@ -179,11 +181,11 @@ class KeyLookup : public OnEachDatabase {
   }
 
   QString PlanOf(const char* statement) {
-    Translator translator(Connected()->NativeDriver().Dialect(),
-                          [&](const QString& name) { return Connected()->Table(name); });
+    Translator translator(DatabaseSession::Of(*Connected()).NativeDriver().Dialect(),
+                          [&](const QString& name) { return DatabaseSession::Of(*Connected()).Table(name); });
     NativeStatement native = translator.Translate(QString::fromUtf8(statement)).statement;
     native.text.prepend(OnSqlite() ? "EXPLAIN QUERY PLAN " : "EXPLAIN ");
-    Driver& driver = Connected()->NativeDriver();
+    Driver& driver = DatabaseSession::Of(*Connected()).NativeDriver();
     if (!OnSqlite()) driver.Execute({"SET enable_seqscan = off", {}});
     std::vector<ColumnInfo> columns;
     RowStore rows;

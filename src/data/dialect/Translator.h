@@ -6,7 +6,7 @@
 
 #include "data/NativeStatement.h"
 #include "data/Schema.h"
-#include "data/drivers/Driver.h"
+#include "data/dialect/NativeWords.h"
 
 namespace folvane {
 

@@ -5,6 +5,7 @@
 
 #include <folvane/OdbcConnection.h>
 
+#include "data/DatabaseSession.h"
 #include "data/RowStore.h"
 #include "data/drivers/odbc/OdbcErrors.h"
 #include "data/drivers/odbc/OdbcRows.h"
@@ -200,7 +201,7 @@ void OdbcDriver::LeaveTransaction() {
 
 std::shared_ptr<Connection> AdoptOdbc(void* connection) {
   if (!connection) throw DataError(DataErrorKind::Usage, u"没有已连接的 ODBC 句柄。"_s);
-  return std::make_shared<Connection>(std::make_unique<OdbcDriver>(connection));
+  return MakeConnection(std::make_unique<OdbcDriver>(connection));
 }
 
 }  // namespace folvane

@@ -4,6 +4,7 @@
 
 #include <folvane/SqliteConnection.h>
 
+#include "data/DatabaseSession.h"
 #include "data/RowStore.h"
 #include "data/drivers/sqlite/SqliteErrors.h"
 #include "data/drivers/sqlite/SqliteFunctions.h"
@@ -170,7 +171,7 @@ bool SqliteDriver::InTransaction() const { return inTransaction_ && !sqlite3_get
 
 std::shared_ptr<Connection> AdoptSqlite(sqlite3* database) {
   if (!database) throw DataError(DataErrorKind::Usage, u"没有打开的 SQLite 数据库。"_s);
-  return std::make_shared<Connection>(std::make_unique<SqliteDriver>(database));
+  return MakeConnection(std::make_unique<SqliteDriver>(database));
 }
 
 }  // namespace folvane
