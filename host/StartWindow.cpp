@@ -69,15 +69,15 @@ QWidget* StartWindow::Head(const Session& session) {
 QLayout* StartWindow::Cards() {
   auto* grid = new QGridLayout;
   grid->setSpacing(14);
-  int place = 0;
+  int index = 0;
   for (const Entry& entry : Entries()) {
-    const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + place)));
+    const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + index)));
     auto* button = new EntryButton(Icon(entry.icon), entry.title, entry.line, keys);
     button->setObjectName(entry.name);
     if (!entry.provided) button->Disable(u"即将提供"_s);
     connect(button, &EntryButton::clicked, this, [this, &entry] { Open(entry); });
-    grid->addWidget(button, place / 2, place % 2);
-    ++place;
+    grid->addWidget(button, index / 2, index % 2);
+    ++index;
   }
   return grid;
 }

@@ -39,10 +39,10 @@ void WriteForm(RowWriter& writer, const TableDesign& table) {
   int bottom = 0;
   for (const FieldDesign& field : table.fields) {
     if (field.controlType == 0) continue;
-    const FormPlace& place = field.place;
+    const ControlBounds& bounds = field.bounds;
     writer.Add({table.name, field.name, qlonglong(field.controlType), qlonglong(field.controlIndex), ++order,
-                qlonglong(place.left), qlonglong(place.top), qlonglong(place.width), qlonglong(place.height)});
-    bottom = std::max(bottom, place.top + place.height);
+                qlonglong(bounds.left), qlonglong(bounds.top), qlonglong(bounds.width), qlonglong(bounds.height)});
+    bottom = std::max(bottom, bounds.top + bounds.height);
   }
   // The design tool's frame around the form: it has no field, and no control is made of it.
   constexpr int kFrame = 3;

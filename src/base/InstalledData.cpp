@@ -11,9 +11,9 @@ namespace {
 // The file that this code was loaded from: the library, or a program that it is linked into.
 QString OwnFile() {
   static const char inHere = 0;
-  Dl_info place{};
-  dladdr(&inHere, &place);
-  return QFile::decodeName(place.dli_fname);
+  Dl_info info{};
+  dladdr(&inHere, &info);
+  return QFile::decodeName(info.dli_fname);
 }
 
 }  // namespace

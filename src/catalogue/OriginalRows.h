@@ -5,7 +5,7 @@
 // The originals of the records.
 namespace folvane {
 
-/// Original_Text: an original of a record. Rows are copied by place, so the columns are these seven in this order, and
+/// Original_Text: an original of a record. Rows are copied by position, so the columns are these seven in this order, and
 /// rows of several records may share the id of one stored file.
 struct OriginalRow {
   QString id, originalName, type, recordId, filePath;

@@ -10,7 +10,7 @@
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
-using Place = RecordsetState::Place;
+using CursorState = RecordsetState::CursorState;
 
 const QString& Field::Name() const { return state_->rows.Columns()[size_t(column_)].name; }
 int Field::Type() const { return state_->rows.Columns()[size_t(column_)].type; }
@@ -69,25 +69,25 @@ bool Recordset::IsOpen() const { return state_ != nullptr; }
 QString Recordset::Source() const { return Opened(state_).source; }
 
 bool Recordset::BOF() const {
-  const Place place = Opened(state_).place_;
-  return place == Place::Bof || place == Place::Empty;
+  const CursorState cursor = Opened(state_).cursorState_;
+  return cursor == CursorState::Bof || cursor == CursorState::Empty;
 }
 
 bool Recordset::EOF_() const {
-  const Place place = Opened(state_).place_;
-  return place == Place::Eof || place == Place::Empty;
+  const CursorState cursor = Opened(state_).cursorState_;
+  return cursor == CursorState::Eof || cursor == CursorState::Empty;
 }
 
 qint64 Recordset::RecordCount() const { return Opened(state_).view.Count(); }
 
 qint64 Recordset::AbsolutePosition() const {
   const RecordsetState& state = Opened(state_);
-  switch (state.place_) {
-    case Place::Row:
+  switch (state.cursorState_) {
+    case CursorState::Row:
       return state.position_ + 1;
-    case Place::Bof:
+    case CursorState::Bof:
       return -2;
-    case Place::Eof:
+    case CursorState::Eof:
       return -3;
     default:
       return -1;
@@ -113,7 +113,7 @@ void Recordset::SetBookmark(qint64 bookmark) {
 namespace {
 
 void RequireRows(const RecordsetState& state) {
-  if (state.place_ == Place::Empty) throw DataError(DataErrorKind::Usage, u"记录集中没有记录。"_s);
+  if (state.cursorState_ == CursorState::Empty) throw DataError(DataErrorKind::Usage, u"记录集中没有记录。"_s);
 }
 
 }  // namespace
@@ -160,7 +160,7 @@ void Recordset::Find(const QString& criterion, qint64 skip, SearchDirection dire
   if (!condition) throw DataError(DataErrorKind::Usage, u"查找只能用一个条件：%1"_s.arg(criterion));
   const bool forward = direction == SearchDirection::Forward;
   qint64 from = state.position_;
-  if (state.place_ == Place::Hole && !forward) --from;
+  if (state.cursorState_ == CursorState::Hole && !forward) --from;
   from += forward ? skip : -skip;
   const qint64 found = from < 0 || from >= state.view.Count() ? -1 : state.Find(*condition, from, direction);
   if (found >= 0)
@@ -203,7 +203,7 @@ FieldList Recordset::Fields() const { return FieldList(&Opened(state_)); }
 
 EditModeKind Recordset::EditMode() const {
   const RecordsetState& state = Opened(state_);
-  if (state.place_ == Place::Hole) return EditModeKind::Delete;
+  if (state.cursorState_ == CursorState::Hole) return EditModeKind::Delete;
   if (!state.edit) return EditModeKind::None;
   return state.edit->adding ? EditModeKind::Add : EditModeKind::InProgress;
 }

@@ -113,7 +113,7 @@ class Recordset {
   void MoveLast();
   void MoveNext();      ///< @throws DataError Usage at EOF
   void MovePrevious();  ///< @throws DataError Usage at BOF
-  /// Moves by count rows, counted from the given place; stops at BOF and EOF.
+  /// Moves by count rows, counted from the given row; stops at BOF and EOF.
   void Move(qint64 count, MoveFrom from = MoveFrom::Current);
 
   /// Stands on the first row from the current one on that meets one condition such as "ArchiveID = 'x'"; at EOF

@@ -16,8 +16,8 @@ RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> conne
 }
 
 RowId RecordsetState::CurrentRow() const {
-  if (place_ == Place::Row) return view.At(position_);
-  throw DataError(DataErrorKind::Usage, place_ == Place::Hole
+  if (cursorState_ == CursorState::Row) return view.At(position_);
+  throw DataError(DataErrorKind::Usage, cursorState_ == CursorState::Hole
                                             ? u"当前记录已被删除。"_s
                                             : u"没有当前记录：位置在第一条记录之前或最后一条记录之后。"_s);
 }
@@ -25,19 +25,19 @@ RowId RecordsetState::CurrentRow() const {
 void RecordsetState::GoTo(qint64 position) {
   if (edit) EndEdit();
   position_ = position;
-  place_ = Place::Row;
+  cursorState_ = CursorState::Row;
 }
 
 void RecordsetState::GoEnd() {
   if (edit) EndEdit();
   position_ = view.Count();
-  place_ = view.Count() ? Place::Eof : Place::Empty;
+  cursorState_ = view.Count() ? CursorState::Eof : CursorState::Empty;
 }
 
 void RecordsetState::GoBeforeStart() {
   if (edit) EndEdit();
   position_ = -1;
-  place_ = view.Count() ? Place::Bof : Place::Empty;
+  cursorState_ = view.Count() ? CursorState::Bof : CursorState::Empty;
 }
 
 void RecordsetState::GoToRow(RowId row) {
@@ -52,7 +52,7 @@ void RecordsetState::Step(qint64 count) {
     return;
   }
   // From a hole the next row is the one that has moved up into it.
-  const qint64 target = place_ == Place::Hole && count > 0 ? position_ + count - 1 : position_ + count;
+  const qint64 target = cursorState_ == CursorState::Hole && count > 0 ? position_ + count - 1 : position_ + count;
   if (target < 0)
     GoBeforeStart();
   else if (target >= view.Count())
@@ -187,7 +187,7 @@ void RecordsetState::DeleteCurrentRow() {
     }
   }
   view.RemoveAt(position_);
-  place_ = Place::Hole;
+  cursorState_ = CursorState::Hole;
 }
 
 void RecordsetState::Write(const std::vector<RowId>& pending) { BatchWriter(*connection, source, rows).Write(pending); }

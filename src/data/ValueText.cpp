@@ -14,8 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 // A double holds any decimal number of 15 digits; of a longer one it would lose the last.
 bool IsTooExactForDouble(const QString& number) {
-  static const QRegularExpression shape(u"^-?0*(\\d*)(?:\\.(\\d*?)0*)?$"_s);
-  const QRegularExpressionMatch match = shape.match(number);
+  static const QRegularExpression pattern(u"^-?0*(\\d*)(?:\\.(\\d*?)0*)?$"_s);
+  const QRegularExpressionMatch match = pattern.match(number);
   return match.hasMatch() && match.capturedLength(1) + match.capturedLength(2) > 15;
 }
 
@@ -69,9 +69,9 @@ QString ValueText(const QVariant& value) {
 }
 
 QDateTime ReadDateTime(const QString& text) {
-  static const QRegularExpression shape(
+  static const QRegularExpression pattern(
       u"^\\s*(\\d{4})([-/.]?)(\\d{1,2})\\2(\\d{1,2})(?:[ T](\\d{1,2}):(\\d{2})(?::(\\d{2})(\\.\\d+)?)?)?\\s*$"_s);
-  const QRegularExpressionMatch match = shape.match(text);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   if (match.capturedView(2).isEmpty() && (match.capturedLength(3) != 2 || match.capturedLength(4) != 2)) return {};
   const auto part = [&](int group) { return match.capturedView(group).toInt(); };

@@ -103,16 +103,16 @@ void SortRows(const Rows& rows, const QString& order, std::vector<RowId>& list) 
     keys[k].reserve(list.size());
     for (const RowId row : list) keys[k].emplace_back(rows.Value(row, columns[k].column), group);
   }
-  std::vector<std::size_t> places(list.size());
-  std::iota(places.begin(), places.end(), std::size_t(0));
-  std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
+  std::vector<std::size_t> indexes(list.size());
+  std::iota(indexes.begin(), indexes.end(), std::size_t(0));
+  std::stable_sort(indexes.begin(), indexes.end(), [&](std::size_t a, std::size_t b) {
     for (std::size_t k = 0; k < columns.size(); ++k)
       if (const int sign = keys[k][a].Compare(keys[k][b]); sign != 0)
         return columns[k].descending ? sign > 0 : sign < 0;
     return false;
   });
   std::vector<RowId> sorted(list.size());
-  for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = list[places[i]];
+  for (std::size_t i = 0; i < indexes.size(); ++i) sorted[i] = list[indexes[i]];
   list = std::move(sorted);
 }
 

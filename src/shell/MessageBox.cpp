@@ -47,8 +47,8 @@ QMessageBox::Icon IconOf(int flags) {
 }
 
 std::size_t DefaultKeyOf(int flags, std::size_t count) {
-  const std::size_t place = flags & MessageFlag::ThirdIsDefault ? 2 : flags & MessageFlag::SecondIsDefault ? 1 : 0;
-  return place < count ? place : 0;
+  const std::size_t index = flags & MessageFlag::ThirdIsDefault ? 2 : flags & MessageFlag::SecondIsDefault ? 1 : 0;
+  return index < count ? index : 0;
 }
 
 int EscapeAnswerOf(const std::vector<int>& answers) {
@@ -72,9 +72,9 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
   const std::vector<int> answers = AnswersOf(request.flags);
   escapeAnswer_ = EscapeAnswerOf(answers);
   const std::size_t defaultKey = DefaultKeyOf(request.flags, answers.size());
-  for (std::size_t place = 0; place < answers.size(); ++place) {
-    QPushButton* key = AddKey(answers[place]);
-    if (place == defaultKey) setDefaultButton(key);
+  for (std::size_t index = 0; index < answers.size(); ++index) {
+    QPushButton* key = AddKey(answers[index]);
+    if (index == defaultKey) setDefaultButton(key);
   }
   if (!request.details.isEmpty()) AddDetails(request.details);
 }

@@ -11,7 +11,7 @@ namespace folvane {
 void RequireApplication();
 
 /// Shows a window modally over the active one and returns when it is hidden, closed or deleted. The object stays and
-/// can be shown again. The window's size and place are remembered for the user under its object name.
+/// can be shown again. The window's size and position are remembered for the user under its object name.
 ///
 /// `opening` runs once inside the event loop, right after the window is shown. An exception there ends the window and
 /// is thrown again from here.

@@ -56,7 +56,7 @@ TEST_F(TranslatorTest, SqlServerGetsNoTwoStatementsAtOnce) {
   EXPECT_THROW(Translate(DialectKind::TransactSql, u"Select 1; Delete From files"_s), DataError);
 }
 
-TEST_F(TranslatorTest, StatementsOfOneShapeShareATranslationAndDifferInTheirValues) {
+TEST_F(TranslatorTest, StatementsOfOneTemplateShareATranslationAndDifferInTheirValues) {
   Translator translator(DialectKind::Sqlite, lookup_);
   const Plan one = translator.Translate(u"Insert Into files(ArchiveID,Title,RegID) Values('1','甲',5)"_s);
   const Plan two = translator.Translate(u"Insert Into files(ArchiveID,Title,RegID) Values('2','乙',6)"_s);
@@ -106,7 +106,7 @@ TEST_F(TranslatorTest, APatternWithoutClassesStaysTheDatabasesOwnLike) {
   EXPECT_FALSE(text.contains("folvane_like"_L1)) << text.toStdString();
 }
 
-TEST_F(TranslatorTest, MoreShapesThanAreKeptDoNotHurt) {
+TEST_F(TranslatorTest, MoreTemplatesThanAreKeptDoNotHurt) {
   Translator translator(DialectKind::Sqlite, lookup_);
   QString list = u"'1'"_s;
   for (std::size_t i = 1; i < 1200; ++i) {

@@ -33,10 +33,10 @@ std::optional<double> ToDouble(QStringView text) {
 }
 
 QDateTime ReadMoment(const QString& text) {
-  static const QRegularExpression shape(
+  static const QRegularExpression pattern(
       u"^(?:(\\d{4})(?:([-/.])(\\d{1,2})\\2(\\d{1,2})|(\\d{2})(\\d{2}))|(\\d{1,2})([-/.])(\\d{1,2})\\8(\\d{4}))"
       "(?:[ T]+(\\d{1,2}):(\\d{2})(?::(\\d{2})(?:\\.(\\d{1,7}))?)?)?$"_s);
-  const QRegularExpressionMatch match = shape.match(text);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   const auto part = [&](int group) { return match.capturedView(group).toInt(); };
   QDate date(part(1), part(3) + part(5), part(4) + part(6));

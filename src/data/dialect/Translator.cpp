@@ -7,8 +7,8 @@
 #include "data/dialect/Parser.h"
 #include "data/dialect/Refusal.h"
 #include "data/dialect/Rewriter.h"
-#include "data/dialect/Shape.h"
-#include "data/dialect/ShapeCache.h"
+#include "data/dialect/StatementTemplate.h"
+#include "data/dialect/TemplateCache.h"
 #include "data/dialect/Tokenizer.h"
 #include "data/dialect/TypeInference.h"
 
@@ -94,10 +94,10 @@ class Translator::Impl {
 
  private:
   Plan Filled(const QString& statement) {
-    const bool readable = shape_.Read(statement);
-    const std::vector<sql::Literal>& literals = shape_.Literals();
-    const sql::Translated* known = readable ? cache_.Find(shape_.Key(), literals, statement) : nullptr;
-    if (!known) known = &cache_.Keep(shape_.Key(), TranslateAnew(statement));
+    const bool readable = template_.Read(statement);
+    const std::vector<sql::Literal>& literals = template_.Literals();
+    const sql::Translated* known = readable ? cache_.Find(template_.Key(), literals, statement) : nullptr;
+    if (!known) known = &cache_.Keep(template_.Key(), TranslateAnew(statement));
     const Filling filling(statement, literals, sql::DialectOf(kind_).bindsLiterals);
     Plan plan;
     plan.givesRows = known->givesRows;
@@ -114,7 +114,7 @@ class Translator::Impl {
     sql::Statement& statement = parsed.statement;
     sql::InferTypes(statement, tables_);
     const sql::Dialect& dialect = sql::DialectOf(kind_);
-    sql::RewriteContext context(dialect, shape_.Literals(), orderCollation_);
+    sql::RewriteContext context(dialect, template_.Literals(), orderCollation_);
     sql::RewriteStatement(statement, context);
     sql::Translated translated;
     translated.conditional = statement.kind == sql::Statement::Conditional;
@@ -129,7 +129,7 @@ class Translator::Impl {
     translated.pinned = parsed.structural;
     translated.pinned.insert(translated.pinned.end(), context.Pinned().begin(), context.Pinned().end());
     for (const int literal : translated.pinned) {
-      const QString value = shape_.Literals()[size_t(literal)].ValueIn(text);
+      const QString value = template_.Literals()[size_t(literal)].ValueIn(text);
       translated.pinnedValues << QString(value.constData(), value.size());  // outlives the statement
     }
     return translated;
@@ -138,8 +138,8 @@ class Translator::Impl {
   DialectKind kind_;
   TableLookup tables_;
   QByteArray orderCollation_;
-  sql::Shape shape_;
-  sql::ShapeCache cache_;
+  sql::StatementTemplate template_;
+  sql::TemplateCache cache_;
 };
 
 Translator::Translator(DialectKind dialect, TableLookup tables, const QByteArray& orderCollation)

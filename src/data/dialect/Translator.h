@@ -21,7 +21,7 @@ struct Plan {
 };
 
 /// Puts statements of the T-SQL flavour into a database's own dialect. What it has translated it keeps by the
-/// statement's shape (the text less its literals), so that a repeated statement costs a scan and a look-up.
+/// statement's template (the text less its literals), so that a repeated statement costs a scan and a look-up.
 class Translator {
  public:
   using TableLookup = std::function<const TableInfo*(const QString&)>;

@@ -6,8 +6,8 @@ namespace folvane::sql {
 using namespace Qt::Literals::StringLiterals;
 
 bool RewriteContext::Has(const Expression& literal, Literal::Trait trait) const {
-  const auto place = size_t(literal.literal);
-  return literal.literal >= 0 && place < literals_.size() && literals_[place].Has(trait);
+  const auto index = size_t(literal.literal);
+  return literal.literal >= 0 && index < literals_.size() && literals_[index].Has(trait);
 }
 
 const QString& RewriteContext::Pin(const Expression& literal) {

@@ -9,7 +9,7 @@ namespace {
 
 char32_t Folded(char32_t c) { return c >= U'A' && c <= U'Z' ? c + 32 : c; }
 
-// The character at a place, which moves behind it. A broken sequence counts byte by byte.
+// The character at a position, which moves behind it. A broken sequence counts byte by byte.
 char32_t Next(const char*& at, const char* end) {
   const auto lead = uchar(*at++);
   const int more = lead < 0xc0 ? 0 : lead < 0xe0 ? 1 : lead < 0xf0 ? 2 : 3;

@@ -36,8 +36,8 @@ void Text(sqlite3_context* context, int count, sqlite3_value** values) {
 }
 
 // Halves go away from zero.
-double Rounded(double value, int places) {
-  const double factor = std::pow(10.0, places);
+double Rounded(double value, int decimals) {
+  const double factor = std::pow(10.0, decimals);
   const double scaled = value * factor;
   return std::isfinite(scaled) ? std::round(scaled) / factor : value;
 }
@@ -53,9 +53,9 @@ void Round(sqlite3_context* context, int count, sqlite3_value** values) {
 void Str(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const double number = sqlite3_value_double(values[0]);
-  const qsizetype width = sqlite3_value_int(values[1]), places = sqlite3_value_int(values[2]);
+  const qsizetype width = sqlite3_value_int(values[1]), decimals = sqlite3_value_int(values[2]);
   const QString whole = QString::number(Rounded(number, 0), 'f', 0);
-  const QString text = QString::number(Rounded(number, int(places)), 'f', int(places));
+  const QString text = QString::number(Rounded(number, int(decimals)), 'f', int(decimals));
   ResultText(context, whole.size() > width ? QString(width, u'*') : text.left(width).rightJustified(width));
 }
 
