@@ -34,8 +34,8 @@ std::optional<DocumentNumber> SplitWithYear(const QString& text, const YearPart&
   static const QRegularExpression pattern(u"^([^%1]*?)(?:([%1]+)([^%1]*)|(号?))$"_s.arg(kDigits));
   const QRegularExpressionMatch rest = pattern.match(text.sliced(part.end));
   if (!rest.hasMatch()) return {};
-  return DocumentNumber{text.left(part.begin), part.brackets,   part.year,
-                        rest.captured(1),       rest.captured(2), rest.captured(3) + rest.captured(4)};
+  return DocumentNumber{text.left(part.begin), part.brackets,    part.year,
+                        rest.captured(1),      rest.captured(2), rest.captured(3) + rest.captured(4)};
 }
 
 std::optional<DocumentNumber> SplitWithoutYear(const QString& text) {

@@ -6,8 +6,6 @@
 #include <QLockFile>
 #include <QSaveFile>
 
-#include "base/FileError.h"
-
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;

@@ -6,10 +6,12 @@
 
 #include "base/CodePage.h"
 #include "base/FileUpdate.h"
-#include "base/ProgramDirectory.h"
+#include "base/IgnoreErrors.h"
+#include "base/Surroundings.h"
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr char kLineEnd[] = "\r\n";
 
@@ -141,6 +143,20 @@ void ProfileFile::Write(const QString& section, const QString& key, const QStrin
     text.SetValue(section, key, OnOneLine(value));
     return text.Content();
   });
+}
+
+QString TableProfile::Read(const QString& table) const {
+  const QString none = u"0"_s;
+  const ProfileFile profile(path);
+  if (!profile.Exists()) {
+    const QStringList lines{u'[' + section + u']', table + u'=' + none};
+    IgnoreErrors([&] { profile.Create(heading + lines); });
+    return none;
+  }
+  const QString value = profile.Read(section, table, QString(), bufferSize);
+  if (!value.isEmpty()) return value;
+  IgnoreErrors([&] { profile.Write(section, table, none); });
+  return none;
 }
 
 }  // namespace folvane

@@ -2,10 +2,10 @@
 
 #include <QFile>
 
-#include "base/ProgramDirectory.h"
+#include "base/Surroundings.h"
 #include "data/Recordset.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -3,7 +3,6 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 
-#include "shell/CurrentWindow.h"
 #include "shell/MessageBox.h"
 #include "shell/ModalWindow.h"
 

@@ -12,7 +12,6 @@
 
 #include <folvane/DataError.h>
 
-#include "shell/CurrentWindow.h"
 #include "shell/MessageBox.h"
 #include "shell/WindowPlacement.h"
 
@@ -75,7 +74,7 @@ std::vector<QPointer<QWidget>>& ShownWindows() {
   return windows;
 }
 
-/// The place of a window among them for as long as its loop runs.
+/// Keeps a window among them for as long as its loop runs.
 class Standing {
  public:
   explicit Standing(QWidget& window) { ShownWindows().emplace_back(&window); }
@@ -105,6 +104,12 @@ void ShowOver(QWidget& window, const QWidget* parent) {
 void RequireApplication() {
   if (qobject_cast<QApplication*>(QCoreApplication::instance())) return;
   throw DataError(DataErrorKind::Usage, u"尚未建立 QApplication，不能显示窗口，请先建立它。"_s);
+}
+
+QWidget* CurrentWindow() {
+  // While a modal window is open it is the one, also in the moment before the window system has made it active again.
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? modal : QApplication::activeWindow();
 }
 
 void ShowModal(QWidget& window, std::function<void()> opening) {

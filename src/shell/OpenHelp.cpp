@@ -1,12 +1,12 @@
+#include "shell/OpenHelp.h"
+
 #include <QFile>
 
 #include <folvane/HostServices.h>
 
-#include "base/FileError.h"
+#include "base/FileUpdate.h"
 #include "base/IgnoreErrors.h"
-#include "base/InstalledData.h"
-#include "base/ProgramDirectory.h"
-#include "shell/CommonRoutines.h"
+#include "base/Surroundings.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 
