@@ -21,7 +21,7 @@ std::size_t TemplateCache::Hash::operator()(std::u16string_view text) const {
 }
 
 const Translated* TemplateCache::Find(std::u16string_view key, const std::vector<Literal>& literals,
-                                   const QString& statement) {
+                                      const QString& statement) {
   const auto found = kept_.find(key);
   if (found == kept_.end()) return nullptr;
   for (const Translated& translated : found->second)

@@ -18,8 +18,8 @@ struct Translated {
   QStringList pinnedValues;
 };
 
-/// Translations by the template of their statements, those of one template apart by the literals that they were made for.
-/// Bounded: when it is full it begins anew, which costs less than keeping account of what was used last.
+/// Translations by the template of their statements, those of one template apart by the literals that they were made
+/// for. Bounded: when it is full it begins anew, which costs less than keeping account of what was used last.
 class TemplateCache {
  public:
   const Translated* Find(std::u16string_view key, const std::vector<Literal>& literals, const QString& statement);

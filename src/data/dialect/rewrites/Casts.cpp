@@ -83,4 +83,11 @@ ExpressionPtr RewriteCast(ExpressionPtr value, RewriteContext& context) {
   }
 }
 
+// The language knows no truth values as values: a bit is a number.
+ExpressionPtr RewriteName(ExpressionPtr value, RewriteContext& context) {
+  const bool isBit = value->column && value->column->type == AdoType::Boolean;
+  if (!isBit || !*context.Dialect().bitToInteger) return value;
+  return Native(context.Dialect().bitToInteger, {value}, ValueType::Integer);
+}
+
 }  // namespace folvane::sql

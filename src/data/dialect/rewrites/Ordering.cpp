@@ -59,7 +59,8 @@ void OrderUnion(OrderTerm& item, const Query& query, RewriteContext& context) {
   item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
   if (item.value->kind == Expression::Number) {
     const auto ordinal = size_t(context.Pin(*item.value).toInt());
-    const ExpressionPtr name = ordinal >= 1 && ordinal <= query.items.size() ? NameOf(query.items[ordinal - 1]) : nullptr;
+    const ExpressionPtr name =
+        ordinal >= 1 && ordinal <= query.items.size() ? NameOf(query.items[ordinal - 1]) : nullptr;
     item.value = name ? name : Ordinal(*item.value);
   }
   if (item.value->type == ValueType::Text) item.value = Fold(item.value, context);
