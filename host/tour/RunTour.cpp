@@ -7,8 +7,8 @@
 
 #include <folvane/HostServices.h>
 
-#include "host/DemoDatabase.h"
 #include "host/Program.h"
+#include "host/ProgramFolder.h"
 #include "host/demo/DemoDatabase.h"
 #include "host/tour/Tour.h"
 #include "host/tour/Walk.h"
