@@ -7,7 +7,6 @@
 
 #include "catalogue/Catalogue.h"
 #include "data/DatabaseSession.h"
-#include "data/drivers/Driver.h"
 
 namespace folvane {
 namespace {
@@ -74,7 +73,7 @@ std::vector<Gap> Gaps(Connection& connection) {
 }
 
 void RunNative(Connection& connection, const QString& statement) {
-  DatabaseSession::Of(connection).NativeDriver().Execute({statement.toUtf8(), {}});
+  DatabaseSession::Of(connection).ExecuteNative({statement.toUtf8(), {}});
 }
 
 // Without NOT NULL: the rows that are there have no value for it.

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "data/DatabaseSession.h"
-#include "data/drivers/Driver.h"
 
 namespace folvane {
 namespace {
@@ -31,14 +30,14 @@ void RowWriter::Add(std::vector<QVariant> values) {
   Q_ASSERT(qsizetype(values.size()) == columns_.size());
   for (QVariant& value : values) full_.parameters.push_back(std::move(value));
   if (full_.parameters.size() < rowsToStatement_ * values.size()) return;
-  DatabaseSession::Of(connection_).NativeDriver().Execute(full_);
+  DatabaseSession::Of(connection_).ExecuteNative(full_);
   full_.parameters.clear();
 }
 
 void RowWriter::Finish() {
   if (full_.parameters.empty()) return;
   const std::size_t rows = full_.parameters.size() / size_t(columns_.size());
-  DatabaseSession::Of(connection_).NativeDriver().Execute({Text(rows), full_.parameters});
+  DatabaseSession::Of(connection_).ExecuteNative({Text(rows), full_.parameters});
   full_.parameters.clear();
 }
 

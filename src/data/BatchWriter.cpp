@@ -5,10 +5,8 @@
 
 #include <folvane/DataError.h>
 
-#include "data/FetchedRows.h"
 #include "data/RefusedValues.h"
 #include "data/ValueText.h"
-#include "data/drivers/Driver.h"
 
 namespace folvane {
 
@@ -151,15 +149,13 @@ void BatchWriter::Insert(Written& written) {
   statement.text += output(words.insertedAtEnd);
 
   if (givenColumns.empty()) {
-    session_.NativeDriver().Execute(statement);
+    session_.ExecuteNative(statement);
     return;
   }
-  FetchedRows fetched;
-  RowStore store;
-  session_.NativeDriver().Query(statement, fetched.columns, store);
-  for (std::size_t i = 0; i < givenColumns.size() && store.RowCount(); ++i)
+  const FetchedRows inserted = session_.FetchNative(statement);
+  for (std::size_t i = 0; i < givenColumns.size() && inserted.rows->RowCount(); ++i)
     written.given.emplace_back(givenColumns[i],
-                               DecodeCell(store.At(0, int(i)), rows_.Columns()[size_t(givenColumns[i])]));
+                               DecodeCell(inserted.rows->At(0, int(i)), rows_.Columns()[size_t(givenColumns[i])]));
 }
 
 void BatchWriter::Update(Written& written) {
@@ -215,7 +211,7 @@ void BatchWriter::RunOnOneRow(const NativeStatement& statement) {
   std::optional<Transaction> transaction;
   const bool keyed = !table_->key.empty();
   if (!keyed && !connection_.InTransaction()) transaction.emplace(connection_);
-  const qint64 count = session_.NativeDriver().Execute(statement);
+  const qint64 count = session_.ExecuteNative(statement);
   if (count == 0)
     throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户修改或删除，未能保存。"_s,
                     QString::fromUtf8(statement.text));
@@ -233,15 +229,13 @@ std::vector<QVariant> BatchWriter::Read(RowId row) {
   }
   statement.text += " FROM " + TableText();
   AddCondition(statement, row, false);
-  std::vector<ColumnInfo> columns;
-  RowStore store;
-  session_.NativeDriver().Query(statement, columns, store);
-  if (store.RowCount() == 0)
+  const FetchedRows read = session_.FetchNative(statement);
+  if (read.rows->RowCount() == 0)
     throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户删除。"_s, QString::fromUtf8(statement.text));
   std::vector<QVariant> values;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i)
     values.push_back(tableColumn_[i] < 0 ? rows_.Value(row, int(i))
-                                         : DecodeCell(store.At(0, int(i)), rows_.Columns()[i]));
+                                         : DecodeCell(read.rows->At(0, int(i)), rows_.Columns()[i]));
   return values;
 }
 

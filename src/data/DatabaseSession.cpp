@@ -11,6 +11,20 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+FetchedRows RowsOf(const NativeStatement& statement, Driver& driver) {
+  FetchedRows fetched{{}, std::make_unique<RowStore>()};
+  driver.Query(statement, fetched.columns, *fetched.rows);
+  return fetched;
+}
+
+// Which of a plan's statements is to run.
+const NativeStatement& Chosen(const Plan& plan, Driver& driver) {
+  if (!plan.conditional) return plan.statement;
+  const FetchedRows answer = RowsOf(plan.condition, driver);
+  const bool holds = answer.rows->RowCount() > 0 && answer.rows->At(0, 0).ToVariant().toInt() == 1;
+  return holds ? plan.statement : plan.otherwise;
+}
+
 class DriverSession final : public DatabaseSession {
  public:
   explicit DriverSession(std::unique_ptr<Driver> driver)
@@ -28,6 +42,8 @@ class DriverSession final : public DatabaseSession {
   void RefreshSchema() override;
   QString BaseTable(const QString& statement) override { return translator_->BaseTable(statement); }
   const NativeWords& Words() const override { return WordsOf(driver_->Dialect()); }
+  qint64 ExecuteNative(const NativeStatement& statement) override { return NativeDriver().Execute(statement); }
+  FetchedRows FetchNative(const NativeStatement& statement) override { return RowsOf(statement, NativeDriver()); }
   Driver& NativeDriver() override;
 
  private:
@@ -69,24 +85,12 @@ auto DriverSession::Run(const QString& statement, Work work) {
   }
 }
 
-// Which of a plan's statements is to run.
-const NativeStatement& Chosen(const Plan& plan, Driver& driver) {
-  if (!plan.conditional) return plan.statement;
-  std::vector<ColumnInfo> columns;
-  RowStore rows;
-  driver.Query(plan.condition, columns, rows);
-  const bool holds = rows.RowCount() > 0 && rows.At(0, 0).ToVariant().toInt() == 1;
-  return holds ? plan.statement : plan.otherwise;
-}
-
 qint64 DriverSession::Execute(const QString& statement) {
   return Run(statement, [&](Driver& driver) -> qint64 {
     const Plan plan = translator_->Translate(statement);
     const NativeStatement& native = Chosen(plan, driver);
     if (!plan.givesRows) return driver.Execute(native);
-    std::vector<ColumnInfo> columns;
-    RowStore rows;
-    driver.Query(native, columns, rows);
+    RowsOf(native, driver);
     return -1;
   });
 }
@@ -94,10 +98,7 @@ qint64 DriverSession::Execute(const QString& statement) {
 FetchedRows DriverSession::Fetch(const QString& statement, TextOrder order) {
   return Run(statement, [&](Driver& driver) {
     const Plan plan = TranslatorFor(order).Translate(statement);
-    FetchedRows fetched;
-    fetched.rows = std::make_unique<RowStore>();
-    driver.Query(Chosen(plan, driver), fetched.columns, *fetched.rows);
-    return fetched;
+    return RowsOf(Chosen(plan, driver), driver);
   });
 }
 

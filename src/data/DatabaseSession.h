@@ -6,6 +6,7 @@
 #include <folvane/Connection.h>
 
 #include "data/FetchedRows.h"
+#include "data/NativeStatement.h"
 #include "data/dialect/NativeWords.h"
 
 namespace folvane {
@@ -37,9 +38,14 @@ class DatabaseSession {
   virtual void RefreshSchema() = 0;
   /// The table that a statement of the form Select ... From t ... reads alone; "" for joins and anything else.
   virtual QString BaseTable(const QString& statement) = 0;
-  /// The words for statements that go past the translation.
+
+  // Past the translation and the observer.
+
   virtual const NativeWords& Words() const = 0;
-  /// The driver, ready for such a statement. @throws DataError where a rollback is due that fails
+  /// Runs a statement without rows; gives the number of changed rows, -1 when unknown. @throws DataError
+  virtual qint64 ExecuteNative(const NativeStatement& statement) = 0;
+  virtual FetchedRows FetchNative(const NativeStatement& statement) = 0;  ///< @throws DataError
+  /// The driver, ready for a statement. @throws DataError where a rollback is due that fails
   virtual Driver& NativeDriver() = 0;
 };
 
