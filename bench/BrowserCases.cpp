@@ -12,6 +12,7 @@
 #include "bench/SampleTable.h"
 #include "browser/FrmMain.h"
 #include "catalogue/Ddl.h"
+#include "data/DatabaseSession.h"
 #include "shell/SharedState.h"
 
 namespace folvane::bench {
@@ -23,7 +24,7 @@ using namespace Qt::Literals::StringLiterals;
 /// Describes the table to the browser, once for each file: a class with the table, eight of its columns in the list,
 /// which stand in the order of the key.
 void Describe(folvane::Connection& connection) {
-  if (connection.Table(u"DynamicWindows"_s)) {
+  if (DatabaseSession::Of(connection).Table(u"DynamicWindows"_s)) {
     connection.Execute(u"Update FindCirOrder Set OrderStr = 'ArchiveID Asc'"_s);
     return;
   }

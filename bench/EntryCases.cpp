@@ -15,6 +15,7 @@
 #include "bench/Cases.h"
 #include "bench/SampleTable.h"
 #include "catalogue/Ddl.h"
+#include "data/DatabaseSession.h"
 #include "data/Recordset.h"
 #include "entry/FrmInput.h"
 #include "shell/DefaultInstance.h"
@@ -53,7 +54,7 @@ sqlite3* WideTable(const Setting& setting) {
 
 /// Designs a form of text boxes in two columns, in place of what other cases have designed.
 void DesignForm(Connection& connection, const QStringList& fields) {
-  if (!connection.Table(u"DynamicWindows"_s)) CreateCatalogue(connection);
+  if (!DatabaseSession::Of(connection).Table(u"DynamicWindows"_s)) CreateCatalogue(connection);
   Transaction transaction(connection);
   connection.Execute(u"Delete From DynamicWindows"_s);
   for (int i = 0; i < fields.size(); ++i) {

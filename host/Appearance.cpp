@@ -8,6 +8,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 struct Colours {
   QRgb window, base, alternate, button, text, faint, highlight, link;
@@ -43,9 +44,9 @@ QPalette DarkPalette() {
 void ApplyAppearance(QApplication& application) {
   const QPalette desktop = QApplication::palette();
   const bool dark = desktop.color(QPalette::WindowText).lightness() > desktop.color(QPalette::Window).lightness();
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
   QApplication::setPalette(dark ? DarkPalette() : LightPalette());
-  application.setWindowIcon(Icon(QStringLiteral("folvane")));
+  application.setWindowIcon(Icon(u"folvane"_s));
 }
 
 }  // namespace folvane::host

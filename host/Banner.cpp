@@ -9,6 +9,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kPicture = 96;
 
@@ -29,7 +30,7 @@ QLabel* Line(const QString& text, double sizes, bool bold, QRgb colour) {
 
 Banner::Banner(const QString& title, const QString& line, QWidget* parent) : QWidget(parent) {
   auto* picture = new QLabel;
-  picture->setPixmap(Icon(QStringLiteral("folvane")).pixmap(QSize(kPicture, kPicture), devicePixelRatio()));
+  picture->setPixmap(Icon(u"folvane"_s).pixmap(QSize(kPicture, kPicture), devicePixelRatio()));
   picture->setAlignment(Qt::AlignHCenter);
   auto* down = new QVBoxLayout(this);
   down->setContentsMargins(28, 28, 28, 28);

@@ -5,6 +5,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kPadding = 18;
 constexpr int kCardPicture = 40;
@@ -28,7 +29,7 @@ EntryButton::EntryButton(const QIcon& icon, const QString& title, const QString&
 void EntryButton::Disable(const QString& reason) {
   setEnabled(false);
   setToolTip(reason);
-  setAccessibleDescription(line_ + QStringLiteral("（%1）").arg(reason));
+  setAccessibleDescription(line_ + u"（%1）"_s.arg(reason));
   unsetCursor();
 }
 

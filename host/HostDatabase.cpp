@@ -6,6 +6,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // Numbers by value, anything else after them by text.
 bool ComesBefore(const HostUser& left, const HostUser& right) {
@@ -16,7 +17,7 @@ bool ComesBefore(const HostUser& left, const HostUser& right) {
 }
 
 QString PartOf(const QString& connectionString, const QString& names) {
-  const QRegularExpression part(QStringLiteral("(?:^|;)\\s*(?:%1)\\s*=\\s*\\{?([^;}]*)").arg(names),
+  const QRegularExpression part(u"(?:^|;)\\s*(?:%1)\\s*=\\s*\\{?([^;}]*)"_s.arg(names),
                                 QRegularExpression::CaseInsensitiveOption);
   return part.match(connectionString).captured(1).trimmed();
 }
@@ -44,17 +45,17 @@ std::shared_ptr<HostDatabase> HostDatabase::Open(const DatabaseChoice& choice) {
 }
 
 HostUser HostDatabase::User(const QString& id) const {
-  if (id.isEmpty()) throw HostError(QStringLiteral("请选择或输入登录用户的编号。"));
+  if (id.isEmpty()) throw HostError(u"请选择或输入登录用户的编号。"_s);
   const auto user = std::find_if(users_.begin(), users_.end(), [&](const HostUser& each) { return each.id == id; });
-  if (user == users_.end()) throw HostError(QStringLiteral("数据库中没有编号为“%1”的用户。").arg(id));
+  if (user == users_.end()) throw HostError(u"数据库中没有编号为“%1”的用户。"_s.arg(id));
   return *user;
 }
 
 QString HostDatabase::Title() const {
   if (!choice_.file.isEmpty()) return QFileInfo(choice_.file).fileName();
-  const QString server = PartOf(choice_.odbc, QStringLiteral("Server|Servername|Host|DSN"));
-  const QString database = PartOf(choice_.odbc, QStringLiteral("Database"));
-  return database.isEmpty() ? server : server + QStringLiteral(" / ") + database;
+  const QString server = PartOf(choice_.odbc, u"Server|Servername|Host|DSN"_s);
+  const QString database = PartOf(choice_.odbc, u"Database"_s);
+  return database.isEmpty() ? server : server + u" / "_s + database;
 }
 
 }  // namespace folvane::host

@@ -4,15 +4,14 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QSettings UserSettings() {
-  return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Norvex"),
-                   QStringLiteral("folvane-demo"));
+  return QSettings(QSettings::IniFormat, QSettings::UserScope, u"Norvex"_s, u"folvane-demo"_s);
 }
 
-const QString kUseOdbc = QStringLiteral("LogOn/UseOdbc"), kFile = QStringLiteral("LogOn/File"),
-              kOdbc = QStringLiteral("LogOn/Odbc"), kUser = QStringLiteral("LogOn/User"),
-              kKind = QStringLiteral("LogOn/Kind");
+const QString kUseOdbc = u"LogOn/UseOdbc"_s, kFile = u"LogOn/File"_s, kOdbc = u"LogOn/Odbc"_s, kUser = u"LogOn/User"_s,
+              kKind = u"LogOn/Kind"_s;
 
 }  // namespace
 

@@ -18,6 +18,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 template <typename Control>
 Control* Named(Control* control, const char* name) {
@@ -36,27 +37,27 @@ QPushButton* Button(const QString& text, const char* name, const QString& icon) 
 
 LogOnDialog::LogOnDialog(const LogOnChoices& choices, DemoMaker makeDemo, QWidget* parent)
     : QDialog(parent), makeDemo_(std::move(makeDemo)) {
-  setObjectName(QStringLiteral("LogOnDialog"));
-  setWindowTitle(QStringLiteral("登录 - 公文登记归档系统"));
+  setObjectName(u"LogOnDialog"_s);
+  setWindowTitle(u"登录 - 公文登记归档系统"_s);
   auto* across = new QHBoxLayout(this);
   across->setContentsMargins(0, 0, 0, 0);
   across->setSpacing(0);
-  across->addWidget(new Banner(QStringLiteral("公文登记归档系统"), QStringLiteral("登记 · 流转 · 归档")));
+  across->addWidget(new Banner(u"公文登记归档系统"_s, u"登记 · 流转 · 归档"_s));
   across->addWidget(Form(), 1);
   Show(choices);
 }
 
 QWidget* LogOnDialog::Form() {
-  optFile_ = Named(new QRadioButton(QStringLiteral("数据库文件(&F)")), "OptFile");
-  optOdbc_ = Named(new QRadioButton(QStringLiteral("数据库服务器(&S)")), "OptOdbc");
+  optFile_ = Named(new QRadioButton(u"数据库文件(&F)"_s), "OptFile");
+  optOdbc_ = Named(new QRadioButton(u"数据库服务器(&S)"_s), "OptOdbc");
   auto* ways = new QHBoxLayout;
   ways->addWidget(optFile_);
   ways->addWidget(optOdbc_);
   ways->addStretch();
 
   txtOdbc_ = Named(new QLineEdit, "TxtOdbc");
-  txtOdbc_->setAccessibleName(QStringLiteral("ODBC 连接串"));
-  txtOdbc_->setPlaceholderText(QStringLiteral("Driver={PostgreSQL ANSI};Server=…;Database=…;Uid=…;Pwd=…;"));
+  txtOdbc_->setAccessibleName(u"ODBC 连接串"_s);
+  txtOdbc_->setPlaceholderText(u"Driver={PostgreSQL ANSI};Server=…;Database=…;Uid=…;Pwd=…;"_s);
   auto* where = new QVBoxLayout;
   where->setSpacing(0);
   where->addLayout(FileRow());
@@ -65,7 +66,7 @@ QWidget* LogOnDialog::Form() {
   cboKind_ = Named(new QComboBox, "CboKind");
   cboKind_->addItem(kSqlServer, kSqlServer);
   cboKind_->addItem(kSysbase, kSysbase);
-  cboKind_->addItem(QStringLiteral("本地目录"), kLocal);
+  cboKind_->addItem(u"本地目录"_s, kLocal);
   cboUser_ = Named(new QComboBox, "CboUser");
   cboUser_->setEditable(true);
   cboUser_->setInsertPolicy(QComboBox::NoInsert);
@@ -78,10 +79,10 @@ QWidget* LogOnDialog::Form() {
   auto* rows = new QFormLayout;
   rows->setVerticalSpacing(12);
   rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  rows->addRow(QStringLiteral("数据库"), ways);
+  rows->addRow(u"数据库"_s, ways);
   rows->addRow(QString(), where);
-  rows->addRow(QStringLiteral("数据库种类(&K)"), cboKind_);
-  rows->addRow(QStringLiteral("登录用户(&U)"), cboUser_);
+  rows->addRow(u"数据库种类(&K)"_s, cboKind_);
+  rows->addRow(u"登录用户(&U)"_s, cboUser_);
 
   auto* form = new QWidget;
   form->setMinimumWidth(fontMetrics().averageCharWidth() * 72);
@@ -100,8 +101,8 @@ QWidget* LogOnDialog::Form() {
 QLayout* LogOnDialog::FileRow() {
   fileRow_ = new QWidget;
   txtFile_ = Named(new QLineEdit, "TxtFile");
-  txtFile_->setAccessibleName(QStringLiteral("数据库文件"));
-  auto* browse = Button(QStringLiteral("浏览(&B)..."), "CmdBrowse", QStringLiteral("open"));
+  txtFile_->setAccessibleName(u"数据库文件"_s);
+  auto* browse = Button(u"浏览(&B)..."_s, "CmdBrowse", u"open"_s);
   auto* row = new QHBoxLayout(fileRow_);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(txtFile_, 1);
@@ -113,11 +114,11 @@ QLayout* LogOnDialog::FileRow() {
 }
 
 QLayout* LogOnDialog::Buttons() {
-  auto* demo = Button(QStringLiteral("演示数据库(&D)"), "CmdDemo", QStringLiteral("database"));
-  demo->setToolTip(QStringLiteral("没有时先建立演示数据库，然后打开它"));
-  auto* logOn = Button(QStringLiteral("登录(&L)"), "CmdOK", QStringLiteral("user"));
+  auto* demo = Button(u"演示数据库(&D)"_s, "CmdDemo", u"database"_s);
+  demo->setToolTip(u"没有时先建立演示数据库，然后打开它"_s);
+  auto* logOn = Button(u"登录(&L)"_s, "CmdOK", u"user"_s);
   logOn->setDefault(true);
-  auto* leave = Button(QStringLiteral("退出(&X)"), "CmdCancel", QStringLiteral("exit"));
+  auto* leave = Button(u"退出(&X)"_s, "CmdCancel", u"exit"_s);
   auto* row = new QHBoxLayout;
   row->addWidget(demo);
   row->addStretch();
@@ -155,18 +156,15 @@ void LogOnDialog::ShowWayIn() {
   if ((odbc ? txtOdbc_ : txtFile_)->text().trimmed().isEmpty()) {
     database_.reset();
     ListUsers();
-    Tell(odbc ? QStringLiteral("请输入 ODBC 连接串。")
-              : QStringLiteral("请选择数据库文件；还没有数据库时可以先打开演示数据库。"),
-         false);
+    Tell(odbc ? u"请输入 ODBC 连接串。"_s : u"请选择数据库文件；还没有数据库时可以先打开演示数据库。"_s, false);
     return;
   }
   Connect();
 }
 
 void LogOnDialog::Browse() {
-  const QString file =
-      QFileDialog::getOpenFileName(this, QStringLiteral("选择数据库文件"), txtFile_->text(),
-                                   QStringLiteral("SQLite 数据库 (*.db *.sqlite *.db3);;所有文件 (*)"));
+  const QString file = QFileDialog::getOpenFileName(this, u"选择数据库文件"_s, txtFile_->text(),
+                                                    u"SQLite 数据库 (*.db *.sqlite *.db3);;所有文件 (*)"_s);
   if (file.isEmpty()) return;
   txtFile_->setText(file);
   Connect();
@@ -176,7 +174,7 @@ void LogOnDialog::MakeDemo() {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
     txtFile_->setText(makeDemo_());
-    wantedUser_ = QStringLiteral("1");
+    wantedUser_ = u"1"_s;
     optFile_->setChecked(true);
     Connect();
   } catch (const std::exception& error) {
@@ -193,7 +191,7 @@ bool LogOnDialog::Connect() {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
     database_ = HostDatabase::Open(choice);
-    Tell(QStringLiteral("已连接“%1”，共有 %2 个用户。").arg(database_->Title()).arg(database_->Users().size()), false);
+    Tell(u"已连接“%1”，共有 %2 个用户。"_s.arg(database_->Title()).arg(database_->Users().size()), false);
   } catch (const std::exception& error) {
     Tell(QString::fromUtf8(error.what()), true);
   }
@@ -206,8 +204,7 @@ void LogOnDialog::ListUsers() {
   if (!UserId().isEmpty()) wantedUser_ = UserId();
   cboUser_->clear();
   if (database_) {
-    for (const HostUser& user : database_->Users())
-      cboUser_->addItem(user.id + QStringLiteral("  ") + user.name, user.id);
+    for (const HostUser& user : database_->Users()) cboUser_->addItem(user.id + u"  "_s + user.name, user.id);
   }
   const int known = cboUser_->findData(wantedUser_);
   if (known >= 0) cboUser_->setCurrentIndex(known);

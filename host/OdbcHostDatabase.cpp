@@ -9,6 +9,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 using demo::Diagnosis;
 using demo::OdbcHandle;
@@ -28,8 +29,8 @@ QList<HostUser> ReadUsers(SQLHDBC connection) {
   const std::unique_ptr<void, void (*)(SQLHSTMT)> ended(statement,
                                                         [](SQLHSTMT each) { SQLFreeHandle(SQL_HANDLE_STMT, each); });
   if (!SQL_SUCCEEDED(SQLExecDirect(statement, Text("select UserID, UserName from UserPopedom"), SQL_NTS))) {
-    throw HostError(QStringLiteral("数据库中的用户表 UserPopedom 无法读取，可能不是本系统的数据库：\n%1")
-                        .arg(Diagnosis(SQL_HANDLE_STMT, statement)));
+    throw HostError(u"数据库中的用户表 UserPopedom 无法读取，可能不是本系统的数据库：\n%1"_s.arg(
+        Diagnosis(SQL_HANDLE_STMT, statement)));
   }
   QList<HostUser> users;
   while (SQL_SUCCEEDED(SQLFetch(statement))) users.append({ColumnText(statement, 1), ColumnText(statement, 2)});
@@ -39,10 +40,10 @@ QList<HostUser> ReadUsers(SQLHDBC connection) {
 }  // namespace
 
 OpenedDatabase OpenOdbc(const QString& connectionString) {
-  if (connectionString.trimmed().isEmpty()) throw HostError(QStringLiteral("请输入 ODBC 连接串。"));
+  if (connectionString.trimmed().isEmpty()) throw HostError(u"请输入 ODBC 连接串。"_s);
   auto handle = std::make_unique<OdbcHandle>(connectionString);
   if (!handle->Connected()) {
-    throw HostError(QStringLiteral("无法连接数据库服务器：\n%1").arg(Diagnosis(SQL_HANDLE_DBC, handle->Get())));
+    throw HostError(u"无法连接数据库服务器：\n%1"_s.arg(Diagnosis(SQL_HANDLE_DBC, handle->Get())));
   }
   OpenedDatabase opened;
   opened.users = ReadUsers(handle->Get());

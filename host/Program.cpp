@@ -3,8 +3,8 @@
 #include <QEventLoop>
 #include <cstdio>
 
-#include "host/DemoDatabase.h"
 #include "host/LogOnDialog.h"
+#include "host/ProgramFolder.h"
 #include "host/StartWindow.h"
 
 namespace folvane::host {

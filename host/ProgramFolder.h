@@ -8,4 +8,8 @@ namespace folvane::host {
 /// is missing. Beside the program an ordinary user could not write.
 QString ProgramFolder();
 
+/// The demo database in the library's program directory, made with its originals and settings files when it is missing.
+/// Gives its path. @throws std::exception
+QString ProvideDemoDatabase(int records);
+
 }  // namespace folvane::host

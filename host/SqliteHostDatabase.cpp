@@ -8,6 +8,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 struct CloseHandle {
   void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
@@ -17,10 +18,10 @@ using Handle = std::unique_ptr<sqlite3, CloseHandle>;
 HostError Refused(const QString& file, sqlite3* handle) {
   const int code = handle ? sqlite3_errcode(handle) : SQLITE_NOMEM;
   const QString shown = QDir::toNativeSeparators(file);
-  if (code == SQLITE_NOTADB) return HostError(QStringLiteral("“%1”不是 SQLite 数据库文件。").arg(shown));
-  if (code == SQLITE_BUSY) return HostError(QStringLiteral("数据库文件“%1”正被其他程序占用。").arg(shown));
-  return HostError(QStringLiteral("无法打开数据库文件“%1”：\n%2")
-                       .arg(shown, QString::fromUtf8(handle ? sqlite3_errmsg(handle) : "out of memory")));
+  if (code == SQLITE_NOTADB) return HostError(u"“%1”不是 SQLite 数据库文件。"_s.arg(shown));
+  if (code == SQLITE_BUSY) return HostError(u"数据库文件“%1”正被其他程序占用。"_s.arg(shown));
+  return HostError(u"无法打开数据库文件“%1”：\n%2"_s.arg(
+      shown, QString::fromUtf8(handle ? sqlite3_errmsg(handle) : "out of memory")));
 }
 
 bool HasUserTable(sqlite3* handle, const QString& file) {
@@ -33,8 +34,7 @@ bool HasUserTable(sqlite3* handle, const QString& file) {
 
 QList<HostUser> ReadUsers(sqlite3* handle, const QString& file) {
   if (!HasUserTable(handle, file)) {
-    throw HostError(
-        QStringLiteral("“%1”中没有用户表 UserPopedom，不是本系统的数据库。").arg(QDir::toNativeSeparators(file)));
+    throw HostError(u"“%1”中没有用户表 UserPopedom，不是本系统的数据库。"_s.arg(QDir::toNativeSeparators(file)));
   }
   QList<HostUser> users;
   const auto add = [](void* list, int, char** values, char**) {
@@ -50,8 +50,7 @@ QList<HostUser> ReadUsers(sqlite3* handle, const QString& file) {
 }  // namespace
 
 OpenedDatabase OpenSqlite(const QString& file) {
-  if (!QFileInfo(file).isFile())
-    throw HostError(QStringLiteral("数据库文件“%1”不存在。").arg(QDir::toNativeSeparators(file)));
+  if (!QFileInfo(file).isFile()) throw HostError(u"数据库文件“%1”不存在。"_s.arg(QDir::toNativeSeparators(file)));
   sqlite3* raw = nullptr;
   const int code = sqlite3_open_v2(file.toUtf8().constData(), &raw, SQLITE_OPEN_READWRITE, nullptr);
   Handle handle(raw);

@@ -15,6 +15,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QLabel* Text(const QString& text, double sizes, bool bold) {
   auto* label = new QLabel(text);
@@ -36,8 +37,8 @@ QPushButton* Flat(const QString& text, const char* name, const QString& icon) {
 
 StartWindow::StartWindow(const Session& session, OpenEntry open, QWidget* parent)
     : QWidget(parent), open_(std::move(open)) {
-  setObjectName(QStringLiteral("StartWindow"));
-  setWindowTitle(QStringLiteral("公文登记归档系统"));
+  setObjectName(u"StartWindow"_s);
+  setWindowTitle(u"公文登记归档系统"_s);
   auto* down = new QVBoxLayout(this);
   down->setContentsMargins(28, 24, 28, 16);
   down->setSpacing(20);
@@ -50,13 +51,12 @@ StartWindow::StartWindow(const Session& session, OpenEntry open, QWidget* parent
 QWidget* StartWindow::Head(const Session& session) {
   auto* head = new QWidget;
   auto* picture = new QLabel;
-  picture->setPixmap(Icon(QStringLiteral("folvane")).pixmap(QSize(52, 52), devicePixelRatio()));
-  auto* who =
-      Text(QStringLiteral("%1，您好。当前数据库：%2").arg(session.User().name, session.Database().Title()), 1.0, false);
-  who->setObjectName(QStringLiteral("LblUser"));
+  picture->setPixmap(Icon(u"folvane"_s).pixmap(QSize(52, 52), devicePixelRatio()));
+  auto* who = Text(u"%1，您好。当前数据库：%2"_s.arg(session.User().name, session.Database().Title()), 1.0, false);
+  who->setObjectName(u"LblUser"_s);
   auto* texts = new QVBoxLayout;
   texts->setSpacing(2);
-  texts->addWidget(Text(QStringLiteral("公文登记归档系统"), 1.6, true));
+  texts->addWidget(Text(u"公文登记归档系统"_s, 1.6, true));
   texts->addWidget(who);
   auto* across = new QHBoxLayout(head);
   across->setContentsMargins(0, 0, 0, 0);
@@ -69,23 +69,23 @@ QWidget* StartWindow::Head(const Session& session) {
 QLayout* StartWindow::Cards() {
   auto* grid = new QGridLayout;
   grid->setSpacing(14);
-  int place = 0;
+  int index = 0;
   for (const Entry& entry : Entries()) {
-    const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + place)));
+    const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + index)));
     auto* button = new EntryButton(Icon(entry.icon), entry.title, entry.line, keys);
     button->setObjectName(entry.name);
-    if (!entry.provided) button->Disable(QStringLiteral("即将提供"));
+    if (!entry.provided) button->Disable(u"即将提供"_s);
     connect(button, &EntryButton::clicked, this, [this, &entry] { Open(entry); });
-    grid->addWidget(button, place / 2, place % 2);
-    ++place;
+    grid->addWidget(button, index / 2, index % 2);
+    ++index;
   }
   return grid;
 }
 
 QLayout* StartWindow::Foot() {
-  auto* other = Flat(QStringLiteral("切换用户(&U)"), "CmdLogOn", QStringLiteral("user"));
-  auto* about = Flat(QStringLiteral("关于(&A)"), "CmdAbout", QStringLiteral("about"));
-  auto* leave = Flat(QStringLiteral("退出(&X)"), "CmdExit", QStringLiteral("exit"));
+  auto* other = Flat(u"切换用户(&U)"_s, "CmdLogOn", u"user"_s);
+  auto* about = Flat(u"关于(&A)"_s, "CmdAbout", u"about"_s);
+  auto* leave = Flat(u"退出(&X)"_s, "CmdExit", u"exit"_s);
   auto* row = new QHBoxLayout;
   row->addWidget(other);
   row->addWidget(about);
@@ -109,23 +109,23 @@ void StartWindow::Open(const Entry& entry) {
   try {
     open_(entry);
   } catch (const std::exception& error) {
-    QMessageBox box(QMessageBox::Warning, entry.title, QStringLiteral("“%1”未能打开。").arg(entry.title), {}, this);
-    box.setObjectName(QStringLiteral("EntryError"));
+    QMessageBox box(QMessageBox::Warning, entry.title, u"“%1”未能打开。"_s.arg(entry.title), {}, this);
+    box.setObjectName(u"EntryError"_s);
     box.setInformativeText(QString::fromUtf8(error.what()));
-    box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
+    box.addButton(u"确定"_s, QMessageBox::AcceptRole);
     box.exec();
   }
   activateWindow();
 }
 
 void StartWindow::ShowAbout() {
-  QMessageBox box(QMessageBox::NoIcon, QStringLiteral("关于"), QStringLiteral("公文登记归档系统"), {}, this);
-  box.setObjectName(QStringLiteral("About"));
-  box.setIconPixmap(Icon(QStringLiteral("folvane")).pixmap(QSize(64, 64), devicePixelRatio()));
-  box.setInformativeText(QStringLiteral("演示程序，Folvane 版本 %1\n\n浏览、登记、流转和归档都由 Folvane 组件完成；"
-                                        "本程序只负责打开数据库和登录。")
-                             .arg(Version()));
-  box.addButton(QStringLiteral("确定"), QMessageBox::AcceptRole);
+  QMessageBox box(QMessageBox::NoIcon, u"关于"_s, u"公文登记归档系统"_s, {}, this);
+  box.setObjectName(u"About"_s);
+  box.setIconPixmap(Icon(u"folvane"_s).pixmap(QSize(64, 64), devicePixelRatio()));
+  box.setInformativeText(
+      u"演示程序，Folvane 版本 %1\n\n浏览、登记、流转和归档都由 Folvane 组件完成；"
+      "本程序只负责打开数据库和登录。"_s.arg(Version()));
+  box.addButton(u"确定"_s, QMessageBox::AcceptRole);
   box.exec();
 }
 

@@ -11,12 +11,14 @@
 #include "host/ProgramFolder.h"
 #include "host/tour/RunTour.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 // The words of Qt's own dialogs, where the desktop has them in Chinese.
 void SpeakChinese(QApplication& application) {
   auto* words = new QTranslator(&application);
-  if (words->load(QStringLiteral("qtbase_zh_CN"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+  if (words->load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(words);
 }
 
@@ -24,10 +26,10 @@ void SpeakChinese(QApplication& application) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  QApplication::setOrganizationName(QStringLiteral("Norvex"));
-  QApplication::setApplicationName(QStringLiteral("folvane-demo"));
+  QApplication::setOrganizationName(u"Norvex"_s);
+  QApplication::setApplicationName(u"folvane-demo"_s);
   QApplication::setApplicationVersion(folvane::Version());
-  QApplication::setDesktopFileName(QStringLiteral("folvane-demo"));
+  QApplication::setDesktopFileName(u"folvane-demo"_s);
   QApplication::setQuitOnLastWindowClosed(false);
   const folvane::host::Options options = folvane::host::ReadCommandLine(application.arguments());
   SpeakChinese(application);

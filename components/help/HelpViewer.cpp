@@ -13,10 +13,11 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString kRoot = QStringLiteral("/folvane/help");
+const QString kRoot = u"/folvane/help"_s;
 
-QString Notice(const QString& text) { return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()); }
+QString Notice(const QString& text) { return u"<p>%1</p>"_s.arg(text.toHtmlEscaped()); }
 
 }  // namespace
 
@@ -25,15 +26,15 @@ HelpViewer::HelpViewer(QWidget* owner, const QString& file)
       file_(file),
       registered_(QResource::registerResource(file, kRoot)),
       browser_(new QTextBrowser(this)) {
-  setObjectName(QStringLiteral("HelpViewer"));
-  setWindowTitle(QStringLiteral("帮助"));
+  setObjectName(u"HelpViewer"_s);
+  setWindowTitle(u"帮助"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_QuitOnClose, false);
   if (owner) owner->installEventFilter(this);
   LayOut();
   connect(browser_, &QTextBrowser::sourceChanged, this, [this] {
     const QString title = browser_->documentTitle();
-    setWindowTitle(title.isEmpty() ? QStringLiteral("帮助") : QStringLiteral("帮助 - ") + title);
+    setWindowTitle(title.isEmpty() ? u"帮助"_s : u"帮助 - "_s + title);
   });
 }
 
@@ -47,8 +48,8 @@ bool HelpViewer::Serves(const QWidget* owner, const QString& file) const {
 
 void HelpViewer::LayOut() {
   auto* bar = new QToolBar(this);
-  QAction* back = bar->addAction(QStringLiteral("后退"), browser_, &QTextBrowser::backward);
-  QAction* forward = bar->addAction(QStringLiteral("前进"), browser_, &QTextBrowser::forward);
+  QAction* back = bar->addAction(u"后退"_s, browser_, &QTextBrowser::backward);
+  QAction* forward = bar->addAction(u"前进"_s, browser_, &QTextBrowser::forward);
   for (QAction* action : {back, forward}) action->setEnabled(false);
   back->setShortcut(QKeySequence::Back);
   forward->setShortcut(QKeySequence::Forward);
@@ -66,12 +67,12 @@ void HelpViewer::LayOut() {
 
 void HelpViewer::ShowTopic(const QString& topic) {
   if (!registered_) {
-    browser_->setHtml(Notice(QStringLiteral("文件 %1 不是本系统的帮助文件，无法显示。").arg(file_)));
+    browser_->setHtml(Notice(u"文件 %1 不是本系统的帮助文件，无法显示。"_s.arg(file_)));
   } else if (!QFile::exists(u':' + kRoot + u'/' + topic)) {
-    browser_->setHtml(Notice(QStringLiteral("帮助文件中没有“%1”这一主题。").arg(topic)));
+    browser_->setHtml(Notice(u"帮助文件中没有“%1”这一主题。"_s.arg(topic)));
   } else {
     QUrl page;
-    page.setScheme(QStringLiteral("qrc"));
+    page.setScheme(u"qrc"_s);
     page.setPath(kRoot + u'/' + topic);
     browser_->setSource(page, QTextDocument::HtmlResource);
   }

@@ -29,7 +29,7 @@ void CreateBusinessTables(Connection& connection, const std::vector<TableDesign>
   }
 }
 
-void WriteStorePlace(Connection& connection, const QString& directory) {
+void WriteStoreLocation(Connection& connection, const QString& directory) {
   if (directory.isEmpty()) return;
   RowWriter settings(connection, u"Report_Info"_s, {u"Report_Id"_s, u"Info_Type"_s, u"Info_Description"_s, u"note"_s});
   settings.Add({u"2002123456789"_s, QString(), QDir::toNativeSeparators(directory), QString()});
@@ -73,11 +73,10 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
   WriteFixedRows(connection);
   WriteDictionaries(connection);
   WriteDesign(connection, designs);
-  WriteStorePlace(connection, store);
+  WriteStoreLocation(connection, store);
   WriteRecords(connection, options, store);
   for (const TableDesign& design : designs) CreateIndexes(connection, design.Physical());
   transaction.Commit();
-  connection.RefreshSchema();
   if (options.progress) options.progress(options.records, options.records);
 }
 

@@ -39,10 +39,10 @@ void WriteForm(RowWriter& writer, const TableDesign& table) {
   int bottom = 0;
   for (const FieldDesign& field : table.fields) {
     if (field.controlType == 0) continue;
-    const FormPlace& place = field.place;
+    const ControlBounds& bounds = field.bounds;
     writer.Add({table.name, field.name, qlonglong(field.controlType), qlonglong(field.controlIndex), ++order,
-                qlonglong(place.left), qlonglong(place.top), qlonglong(place.width), qlonglong(place.height)});
-    bottom = std::max(bottom, place.top + place.height);
+                qlonglong(bounds.left), qlonglong(bounds.top), qlonglong(bounds.width), qlonglong(bounds.height)});
+    bottom = std::max(bottom, bounds.top + bounds.height);
   }
   // The design tool's frame around the form: it has no field, and no control is made of it.
   constexpr int kFrame = 3;
@@ -68,7 +68,7 @@ void WriteSearch(RowWriter& writer, const TableDesign& table) {
   for (const FieldDesign* field : InOrder(table, &FieldDesign::searchOrder)) {
     const int kind = SearchKind(*field);
     writer.Add({table.name, field->name, field->caption, qlonglong(field->searchOrder), qlonglong(kind),
-                ++counts[static_cast<std::size_t>(kind)], field->searched});
+                ++counts[size_t(kind)], field->searched});
   }
 }
 

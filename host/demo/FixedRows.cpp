@@ -48,7 +48,7 @@ void WriteDictionaries(Connection& connection) {
   RowWriter dictionaries(connection, u"AssistantDictionary"_s, {u"DicID"_s, u"Name"_s, u"ClassType"_s, u"IsSystem"_s});
   RowWriter entries(connection, u"AssistantDicKey"_s, {u"DicID"_s, u"Name"_s, u"KeyCode"_s, u"IsSystem"_s, u"Note"_s});
   for (qsizetype i = 0; i < lists.names.size(); ++i) {
-    const QString key = DictionaryKey(static_cast<int>(i) + 1);
+    const QString key = DictionaryKey(int(i) + 1);
     dictionaries.Add({key, lists.names[i], u"2 - 字符型"_s, u"1"_s});
     int order = 0;
     for (const Entry& entry : lists.entries[lists.names[i]])

@@ -28,8 +28,8 @@ IncomingRecords::IncomingRecords(const RecordContext& around, VolumeRecords& vol
 
 void IncomingRecords::Write() {
   for (int year = around_.plan.first.year(); year <= around_.plan.today.year(); ++year) {
-    WriteYear(year, static_cast<int>(calendar_.CountBefore(year, around_.plan.incoming)),
-              static_cast<int>(calendar_.CountBefore(year + 1, around_.plan.incoming)));
+    WriteYear(year, int(calendar_.CountBefore(year, around_.plan.incoming)),
+              int(calendar_.CountBefore(year + 1, around_.plan.incoming)));
   }
   rows_.Finish();
 }
@@ -57,7 +57,7 @@ Letter IncomingRecords::NewLetter(const QDateTime& registered) {
   Random& random = around_.random;
   const Words& words = around_.words;
   const auto& senders = words.Senders();
-  const Sender& sender = senders[static_cast<std::size_t>(random.Below(static_cast<int>(senders.size())))];
+  const Sender& sender = senders[size_t(random.Below(int(senders.size())))];
   Letter letter;
   letter.registered = registered;
   letter.key = keys_.At(registered);

@@ -73,8 +73,7 @@ std::vector<StoredFile> Originals::Attach(const Letter& letter, bool ownFiles) {
     if (ownFiles && files_ < kMostFiles)
       files.push_back(Store(letter, keys.At(letter.registered), order));
     else  // samples of the same place among a record's originals
-      files.push_back(
-          samples_[static_cast<std::size_t>(random_.Below(kSamples / kMostOriginals) * kMostOriginals + order - 1)]);
+      files.push_back(samples_[size_t(random_.Below(kSamples / kMostOriginals) * kMostOriginals + order - 1)]);
   }
   Share(letter.key, files);
   return files;

@@ -46,8 +46,8 @@ OutgoingRecords::OutgoingRecords(const RecordContext& around, SingleRecords& sin
 
 void OutgoingRecords::Write() {
   for (int year = around_.plan.first.year(); year <= around_.plan.today.year(); ++year) {
-    WriteYear(year, static_cast<int>(calendar_.CountBefore(year, around_.plan.outgoing)),
-              static_cast<int>(calendar_.CountBefore(year + 1, around_.plan.outgoing)));
+    WriteYear(year, int(calendar_.CountBefore(year, around_.plan.outgoing)),
+              int(calendar_.CountBefore(year + 1, around_.plan.outgoing)));
   }
   rows_.Finish();
 }

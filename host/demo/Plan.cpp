@@ -30,7 +30,7 @@ Plan Plan::For(int records, QDate today) {
   const WorkCalendar closed(plan.first, QDate(lastArchived, 12, 31));
   for (int year = plan.first.year(); year <= lastArchived; ++year) {
     const auto within = [&](int count) {
-      return static_cast<int>(closed.CountBefore(year + 1, count) - closed.CountBefore(year, count));
+      return int(closed.CountBefore(year + 1, count) - closed.CountBefore(year, count));
     };
     ArchivedYear archived{.year = year, .items = within(plan.items), .volumes = 0, .singles = within(plan.singles)};
     if (archived.items > 0) archived.volumes = std::max(1, archived.items / kItemsToVolume);

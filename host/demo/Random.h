@@ -11,10 +11,10 @@ class Random {
   explicit Random(quint64 seed) : engine_(seed) {}
 
   /// A whole number from 0 to limit - 1.
-  int Below(int limit) { return static_cast<int>(engine_() % static_cast<quint64>(limit)); }
+  int Below(int limit) { return int(engine_() % quint64(limit)); }
   int Between(int least, int most) { return least + Below(most - least + 1); }
   bool Chance(int percent) { return Below(100) < percent; }
-  const QString& Pick(const QStringList& list) { return list[Below(static_cast<int>(list.size()))]; }
+  const QString& Pick(const QStringList& list) { return list[Below(int(list.size()))]; }
 
  private:
   std::mt19937_64 engine_;

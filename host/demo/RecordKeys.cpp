@@ -13,7 +13,7 @@ QString RecordKeys::At(const QDateTime& moment) {
   const QDate day = moment.date();
   const QTime time = moment.time();
   return QString::asprintf("%04d%02d%02d%02d%02d%02d%05d%d", day.year(), day.month(), day.day(), time.hour(),
-                           time.minute(), time.second(), digits, static_cast<int>(kind_));
+                           time.minute(), time.second(), digits, int(kind_));
 }
 
 }  // namespace folvane::demo

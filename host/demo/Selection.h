@@ -11,7 +11,7 @@ class Selection {
       : wanted_(wanted), candidates_(candidates), random_(random) {}
 
   bool Next() {
-    const bool picked = wanted_ > 0 && random_.Below(static_cast<int>(candidates_)) < wanted_;
+    const bool picked = wanted_ > 0 && random_.Below(int(candidates_)) < wanted_;
     --candidates_;
     if (picked) --wanted_;
     return picked;

@@ -77,7 +77,7 @@ QByteArray ScanFile(const Letter& letter) {
   // A bar for each line of the document, as long as the line is.
   int top = 200;
   for (const QString& line : Lines(letter)) {
-    const int length = qMin(kLineLength, static_cast<int>(line.size())) * (kWidth - 2 * kMargin) / kLineLength;
+    const int length = qMin(kLineLength, int(line.size())) * (kWidth - 2 * kMargin) / kLineLength;
     painter.fillRect(kMargin, top, length, 9, ink);
     top += 26;
   }

@@ -21,20 +21,20 @@ int ControlTypeOf(const QString& control) {
 }
 
 // "L4" and "R4" are the fourth row left and right, "W4*2" two lines over both columns from the fourth row on.
-FormPlace PlaceOf(const QString& cell) {
+ControlBounds BoundsOf(const QString& cell) {
   static const QRegularExpression pattern(u"^([LRW])(\\d+)(?:\\*(\\d+))?$"_s);
   const auto match = pattern.match(cell);
   const int row = match.captured(2).toInt();
   const int lines = qMax(1, match.captured(3).toInt());
-  FormPlace place;
-  place.left = match.captured(1) == u"R"_s ? kRightColumn : kLeftColumn;
-  place.top = kFirstTop + (row - 1) * kRowPitch;
-  place.width = match.captured(1) == u"W"_s ? kWideWidth : kColumnWidth;
-  place.height = kLineHeight + (lines - 1) * kRowPitch;
-  return place;
+  ControlBounds bounds;
+  bounds.left = match.captured(1) == u"R"_s ? kRightColumn : kLeftColumn;
+  bounds.top = kFirstTop + (row - 1) * kRowPitch;
+  bounds.width = match.captured(1) == u"W"_s ? kWideWidth : kColumnWidth;
+  bounds.height = kLineHeight + (lines - 1) * kRowPitch;
+  return bounds;
 }
 
-// field | caption | type | long | dictionary | marks | control place | list order:width | search order values
+// field | caption | type | long | dictionary | marks | control position | list order:width | search order values
 FieldDesign ReadField(const QStringList& line) {
   FieldDesign field;
   field.name = line[0];
@@ -49,7 +49,7 @@ FieldDesign ReadField(const QStringList& line) {
   field.carried = marks.contains(u"carry"_s);
   if (!line[6].isEmpty()) {
     field.controlType = ControlTypeOf(line[6].section(u' ', 0, 0));
-    field.place = PlaceOf(line[6].section(u' ', 1));
+    field.bounds = BoundsOf(line[6].section(u' ', 1));
   }
   field.listOrder = line.value(7).section(u':', 0, 0).toInt();
   field.listWidth = line.value(7).section(u':', 1).toInt();

@@ -8,7 +8,7 @@
 namespace folvane::demo {
 
 /// Where a field's control stands on the entry form, in twips.
-struct FormPlace {
+struct ControlBounds {
   int left = 0, top = 0, width = 0, height = 0;
 };
 
@@ -20,7 +20,7 @@ struct FieldDesign {
   bool required = false, fixed = false, inherited = false, carried = false;
   int controlType = 0;  ///< 0 for a field without a control
   int controlIndex = 0;
-  FormPlace place;
+  ControlBounds bounds;
   int listOrder = 0, listWidth = 0;  ///< 0 for a field that the list does not show
   int searchOrder = 0;               ///< 0 for a field that the search does not offer
   QString searched;                  ///< what was last searched for

@@ -6,10 +6,11 @@
 void InitDemoResources() { Q_INIT_RESOURCE(demo); }
 
 namespace folvane::demo {
+using namespace Qt::Literals::StringLiterals;
 
 std::vector<QStringList> ReadLines(const QString& file) {
   InitDemoResources();
-  QFile data(QStringLiteral(":/folvane/demo/") + file);
+  QFile data(u":/folvane/demo/"_s + file);
   if (!data.open(QIODevice::ReadOnly)) throw std::runtime_error("no demo data " + file.toStdString());
   std::vector<QStringList> lines;
   for (const QString& line : QString::fromUtf8(data.readAll()).split(u'\n')) {

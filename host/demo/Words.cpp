@@ -61,7 +61,7 @@ QString Words::Matter(const QString& title) const {
 
 QString Words::Person(Random& random) const {
   const QString& families = List(u"姓"_s).first();
-  return families[random.Below(static_cast<int>(families.size()))] + random.Pick(List(u"名"_s));
+  return families[random.Below(int(families.size()))] + random.Pick(List(u"名"_s));
 }
 
 }  // namespace folvane::demo

@@ -18,8 +18,8 @@ WorkCalendar::WorkCalendar(QDate first, QDate last) {
 
 QDateTime WorkCalendar::At(qint64 index, qint64 count) const {
   const qint64 second = index * Days() * kSecondsOfDay / count;
-  const QDate day = days_[static_cast<std::size_t>(second / kSecondsOfDay)];
-  return QDateTime(day, kMorning.addSecs(static_cast<int>(second % kSecondsOfDay)), Qt::UTC);
+  const QDate day = days_[size_t(second / kSecondsOfDay)];
+  return QDateTime(day, kMorning.addSecs(int(second % kSecondsOfDay)), Qt::UTC);
 }
 
 qint64 WorkCalendar::CountBefore(int year, qint64 count) const {

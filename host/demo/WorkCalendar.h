@@ -15,7 +15,7 @@ class WorkCalendar {
   QDateTime At(qint64 index, qint64 count) const;
   /// How many of count things come before the year.
   qint64 CountBefore(int year, qint64 count) const;
-  qint64 Days() const { return static_cast<qint64>(days_.size()); }
+  qint64 Days() const { return qint64(days_.size()); }
 
  private:
   std::vector<QDate> days_;

@@ -16,6 +16,7 @@
 
 namespace folvane::host::hands {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 void SendMouse(QEvent::Type type, QWidget& widget, const QPoint& at, Qt::MouseButtons down) {
   QWidget& window = *widget.window();
@@ -38,7 +39,7 @@ void SendKey(QWidget& widget, int key, const QString& text, Qt::KeyboardModifier
 QHeaderView& HeaderOf(QAbstractItemView& view) {
   if (auto* tree = qobject_cast<QTreeView*>(&view)) return *tree->header();
   if (auto* table = qobject_cast<QTableView*>(&view)) return *table->horizontalHeader();
-  throw TourError(view.objectName() + QStringLiteral(" has no columns"));
+  throw TourError(view.objectName() + u" has no columns"_s);
 }
 
 }  // namespace
@@ -52,7 +53,7 @@ void Click(QWidget& widget, const QPoint& at) {
 }
 
 void Click(QWidget& widget) {
-  if (!widget.isEnabled()) throw TourError(widget.objectName() + QStringLiteral(" cannot be pressed"));
+  if (!widget.isEnabled()) throw TourError(widget.objectName() + u" cannot be pressed"_s);
   Click(widget, widget.rect().center());
 }
 
@@ -71,8 +72,8 @@ void ClickKey(QWidget& window, const QString& toolBar, const QString& key) {
   auto* bar = window.findChild<QToolBar*>(toolBar);
   auto* action = bar ? bar->findChild<QAction*>(key) : nullptr;
   QWidget* button = action ? bar->widgetForAction(action) : nullptr;
-  if (!button) throw TourError(QStringLiteral("no key %1 on %2").arg(key, toolBar));
-  if (!action->isEnabled()) throw TourError(QStringLiteral("the key %1 is off").arg(key));
+  if (!button) throw TourError(u"no key %1 on %2"_s.arg(key, toolBar));
+  if (!action->isEnabled()) throw TourError(u"the key %1 is off"_s.arg(key));
   Click(*button);
 }
 
@@ -94,7 +95,7 @@ void Choose(QComboBox& box, int index) {
   while (box.currentIndex() != index) {
     const int before = box.currentIndex();
     Press(box, before < index ? Qt::Key_Down : Qt::Key_Up);
-    if (box.currentIndex() == before) throw TourError(box.objectName() + QStringLiteral(" does not move"));
+    if (box.currentIndex() == before) throw TourError(box.objectName() + u" does not move"_s);
   }
 }
 

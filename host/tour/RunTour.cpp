@@ -7,8 +7,8 @@
 
 #include <folvane/HostServices.h>
 
-#include "host/DemoDatabase.h"
 #include "host/Program.h"
+#include "host/ProgramFolder.h"
 #include "host/demo/DemoDatabase.h"
 #include "host/tour/Tour.h"
 #include "host/tour/Walk.h"
@@ -19,11 +19,11 @@ namespace {
 // A registry that is gone with the tour.
 class TourRegistry : public RegistryStore {
  public:
-  QString Read(const QString& key, const QString& name) const override { return texts_.value(Place(key, name)); }
-  void Write(const QString& key, const QString& name, const QString& text) override { texts_[Place(key, name)] = text; }
+  QString Read(const QString& key, const QString& name) const override { return texts_.value(KeyOf(key, name)); }
+  void Write(const QString& key, const QString& name, const QString& text) override { texts_[KeyOf(key, name)] = text; }
 
  private:
-  static QString Place(const QString& key, const QString& name) { return (key + QLatin1Char('\\') + name).toLower(); }
+  static QString KeyOf(const QString& key, const QString& name) { return (key + u'\\' + name).toLower(); }
   QHash<QString, QString> texts_;
 };
 

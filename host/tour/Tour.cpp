@@ -11,6 +11,7 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kLookEvery = 20;     // milliseconds
 constexpr int kPatience = 60'000;  // milliseconds for one step
@@ -44,7 +45,7 @@ QWidget* VisibleWindow(const QString& name) {
 
 QWidget& Window(const QString& name) {
   QWidget* window = VisibleWindow(name);
-  if (!window) throw TourError(QStringLiteral("no window %1").arg(name));
+  if (!window) throw TourError(u"no window %1"_s.arg(name));
   return *window;
 }
 
@@ -68,25 +69,25 @@ void Tour::Look() {
   const Stage& step = steps_[at_];
   try {
     if (!step.ready()) {
-      Expect(waiting_.elapsed() < kPatience, QStringLiteral("waited in vain"));
+      Expect(waiting_.elapsed() < kPatience, u"waited in vain"_s);
       return LookAgain();
     }
-    Print(QStringLiteral("%1. %2").arg(at_ + 1, 2).arg(step.what));
+    Print(u"%1. %2"_s.arg(at_ + 1, 2).arg(step.what));
     ++at_;
     waiting_.restart();
     LookAgain();  // before the step: it may open a window and return only when that is closed
     step.act();
   } catch (const std::exception& error) {
-    Fail(QStringLiteral("%1: %2").arg(step.what, QString::fromUtf8(error.what())));
+    Fail(u"%1: %2"_s.arg(step.what, QString::fromUtf8(error.what())));
   }
 }
 
 void Tour::Fail(const QString& why) {
   if (failed_) return;
   failed_ = true;
-  Print(QStringLiteral("FAILED  %1").arg(why));
+  Print(u"FAILED  %1"_s.arg(why));
   for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->isVisible()) window->grab().save(folder_ + QStringLiteral("/failed-%1.png").arg(window->objectName()));
+    if (window->isVisible()) window->grab().save(folder_ + u"/failed-%1.png"_s.arg(window->objectName()));
   QCoreApplication::exit(1);
 }
 
@@ -96,9 +97,9 @@ void Tour::Picture(QWidget& window, const QString& name, int scale) {
   picture.setDevicePixelRatio(scale);
   picture.fill(Qt::transparent);
   window.render(&picture);
-  const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_).arg(++pictures_, 2, 10, QLatin1Char('0')).arg(name);
-  Expect(!IsBlank(picture.toImage()), QStringLiteral("%1 is blank").arg(name));
-  Expect(picture.save(file), QStringLiteral("cannot write %1").arg(file));
+  const QString file = u"%1/%2-%3.png"_s.arg(folder_).arg(++pictures_, 2, 10, QChar(u'0')).arg(name);
+  Expect(!IsBlank(picture.toImage()), u"%1 is blank"_s.arg(name));
+  Expect(picture.save(file), u"cannot write %1"_s.arg(file));
 }
 
 }  // namespace folvane::host

@@ -14,13 +14,12 @@
 
 namespace folvane::host {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString kEntry = QStringLiteral("FrmInput"), kReplace = QStringLiteral("FrmReplace"),
-              kSimple = QStringLiteral("frmSimFind"), kCompound = QStringLiteral("frmfhfind"),
-              kOrder = QStringLiteral("FrmOrderBy"), kMove = QStringLiteral("FrmRecordMove"),
-              kUpdate = QStringLiteral("FrmBactchUpdate");
-const QString kTitle = QStringLiteral("青岚市档案馆关于开展数字档案室评价工作的通知");
-const QString kSender = QStringLiteral("青岚市档案馆");
+const QString kEntry = u"FrmInput"_s, kReplace = u"FrmReplace"_s, kSimple = u"frmSimFind"_s, kCompound = u"frmfhfind"_s,
+              kOrder = u"FrmOrderBy"_s, kMove = u"FrmRecordMove"_s, kUpdate = u"FrmBactchUpdate"_s;
+const QString kTitle = u"青岚市档案馆关于开展数字档案室评价工作的通知"_s;
+const QString kSender = u"青岚市档案馆"_s;
 constexpr int kFieldsAtMost = 40;
 
 // Goes on by Enter until the field has the focus.
@@ -28,11 +27,11 @@ void WalkTo(const QString& name) {
   const auto& field = In<QWidget>(kEntry, name);
   for (int passed = 0; passed < kFieldsAtMost; ++passed) {
     QWidget* focus = QApplication::focusWidget();
-    Expect(focus, QStringLiteral("nothing has the focus"));
+    Expect(focus, u"nothing has the focus"_s);
     if (focus == &field || field.isAncestorOf(focus)) return;
     hands::Press(*focus, Qt::Key_Return);
   }
-  throw TourError(QStringLiteral("Enter does not lead to ") + name);
+  throw TourError(u"Enter does not lead to "_s + name);
 }
 
 void Fill(const QString& field, const QString& text) {
@@ -41,87 +40,85 @@ void Fill(const QString& field, const QString& text) {
 }
 
 void PlanAdding(Tour& tour) {
-  tour.Step(QStringLiteral("begin a new document"), Shown(kBrowser), [] {
+  tour.Step(u"begin a new document"_s, Shown(kBrowser), [] {
     Refresh();
-    hands::ClickKey(Window(kBrowser), QStringLiteral("tlb"), QStringLiteral("NEW"));
+    hands::ClickKey(Window(kBrowser), u"tlb"_s, u"NEW"_s);
   });
-  tour.Step(QStringLiteral("fill it in by keyboard"), Shown(kEntry), [&tour] {
-    Fill(QStringLiteral("Txt(2)"), QStringLiteral("青档发〔2026〕9号"));
-    Fill(QStringLiteral("Txt_MLine(1)"), kTitle);
-    Fill(QStringLiteral("Cmb(1)"), kSender);
-    tour.Picture(Window(kEntry), QStringLiteral("entry"));
+  tour.Step(u"fill it in by keyboard"_s, Shown(kEntry), [&tour] {
+    Fill(u"Txt(2)"_s, u"青档发〔2026〕9号"_s);
+    Fill(u"Txt_MLine(1)"_s, kTitle);
+    Fill(u"Cmb(1)"_s, kSender);
+    tour.Picture(Window(kEntry), u"entry"_s);
   });
-  tour.Step(QStringLiteral("save it"), Shown(kEntry), [&tour] {
-    hands::ClickKey(Window(kEntry), QStringLiteral("TlbCool"), QStringLiteral("SaveRecord"));
-    const QString status = In<QLabel>(kEntry, QStringLiteral("Panel(1)")).text();
-    Expect(status == QStringLiteral("准备就绪"), status);
-    tour.Picture(Window(kEntry), QStringLiteral("entry-saved"));
+  tour.Step(u"save it"_s, Shown(kEntry), [&tour] {
+    hands::ClickKey(Window(kEntry), u"TlbCool"_s, u"SaveRecord"_s);
+    const QString status = In<QLabel>(kEntry, u"Panel(1)"_s).text();
+    Expect(status == u"准备就绪"_s, status);
+    tour.Picture(Window(kEntry), u"entry-saved"_s);
   });
-  tour.Step(QStringLiteral("close the entry window"), Shown(kEntry), [] { Window(kEntry).close(); });
-  tour.Step(QStringLiteral("the list stands on the new document"), Shown(kBrowser), [&tour] {
-    Expect(Cell(QStringLiteral("Amaintitle")) == kTitle, Cell(QStringLiteral("Amaintitle")));
-    Expect(Cell(QStringLiteral("RegID")).toInt() > 1, QStringLiteral("the document has no number of its year"));
-    tour.Picture(Window(kBrowser), QStringLiteral("added"));
+  tour.Step(u"close the entry window"_s, Shown(kEntry), [] { Window(kEntry).close(); });
+  tour.Step(u"the list stands on the new document"_s, Shown(kBrowser), [&tour] {
+    Expect(Cell(u"Amaintitle"_s) == kTitle, Cell(u"Amaintitle"_s));
+    Expect(Cell(u"RegID"_s).toInt() > 1, u"the document has no number of its year"_s);
+    tour.Picture(Window(kBrowser), u"added"_s);
   });
 }
 
 void PlanSearching(Tour& tour) {
-  tour.Step(QStringLiteral("find it by the search bar"), Shown(kBrowser), [&tour] {
-    hands::Type(In<QComboBox>(kBrowser, QStringLiteral("CboValue")), QStringLiteral("数字档案室评价"));
-    hands::Click(In<QWidget>(kBrowser, QStringLiteral("CmdSearch")));
-    Expect(Cell(QStringLiteral("Amaintitle")) == kTitle, Cell(QStringLiteral("Amaintitle")));
-    tour.Picture(Window(kBrowser), QStringLiteral("quick-search"));
+  tour.Step(u"find it by the search bar"_s, Shown(kBrowser), [&tour] {
+    hands::Type(In<QComboBox>(kBrowser, u"CboValue"_s), u"数字档案室评价"_s);
+    hands::Click(In<QWidget>(kBrowser, u"CmdSearch"_s));
+    Expect(Cell(u"Amaintitle"_s) == kTitle, Cell(u"Amaintitle"_s));
+    tour.Picture(Window(kBrowser), u"quick-search"_s);
   });
-  tour.Step(QStringLiteral("ask for the simple query"), Shown(kBrowser),
-            [] { hands::ClickKey(Window(kBrowser), QStringLiteral("tlb"), QStringLiteral("Search")); });
-  tour.Step(QStringLiteral("fill it in"), Shown(kSimple), [&tour] {
-    auto& likeTitle = In<QWidget>(kSimple, QStringLiteral("F_Sim(1)"));
-    hands::Type(likeTitle, QStringLiteral("档案"));
-    tour.Picture(Window(kSimple), QStringLiteral("simple-query"));
+  tour.Step(u"ask for the simple query"_s, Shown(kBrowser),
+            [] { hands::ClickKey(Window(kBrowser), u"tlb"_s, u"Search"_s); });
+  tour.Step(u"fill it in"_s, Shown(kSimple), [&tour] {
+    auto& likeTitle = In<QWidget>(kSimple, u"F_Sim(1)"_s);
+    hands::Type(likeTitle, u"档案"_s);
+    tour.Picture(Window(kSimple), u"simple-query"_s);
     hands::Press(likeTitle, Qt::Key_Return);
   });
-  tour.Step(QStringLiteral("what the simple query found"), Shown(kBrowser), [&tour] {
+  tour.Step(u"what the simple query found"_s, Shown(kBrowser), [&tour] {
     Expect(Rows() > 1, Position());
-    tour.Picture(Window(kBrowser), QStringLiteral("simple-query-found"));
+    tour.Picture(Window(kBrowser), u"simple-query-found"_s);
   });
-  tour.Step(QStringLiteral("ask for the compound query"), Shown(kBrowser),
-            [] { ChooseEntry(kBrowser, QStringLiteral("mnu_Tool4_HSearch")); });
-  tour.Step(QStringLiteral("run the conditions saved there"), Shown(kCompound), [&tour] {
-    tour.Picture(Window(kCompound), QStringLiteral("compound-query"));
-    hands::ClickKey(Window(kCompound), QStringLiteral("Toolbar1"), QStringLiteral("F_Query"));
+  tour.Step(u"ask for the compound query"_s, Shown(kBrowser), [] { ChooseEntry(kBrowser, u"mnu_Tool4_HSearch"_s); });
+  tour.Step(u"run the conditions saved there"_s, Shown(kCompound), [&tour] {
+    tour.Picture(Window(kCompound), u"compound-query"_s);
+    hands::ClickKey(Window(kCompound), u"Toolbar1"_s, u"F_Query"_s);
   });
-  tour.Step(QStringLiteral("what the compound query found"), Shown(kBrowser), [&tour] {
+  tour.Step(u"what the compound query found"_s, Shown(kBrowser), [&tour] {
     Expect(Rows() > 0, Position());
-    tour.Picture(Window(kBrowser), QStringLiteral("compound-query-found"));
+    tour.Picture(Window(kBrowser), u"compound-query-found"_s);
   });
 }
 
 void PlanOrdering(Tour& tour) {
-  tour.Step(QStringLiteral("ask for an order"), Shown(kBrowser), [] {
+  tour.Step(u"ask for an order"_s, Shown(kBrowser), [] {
     Refresh();
-    ChooseEntry(kBrowser, QStringLiteral("mnu_Tool3_Sort"));
+    ChooseEntry(kBrowser, u"mnu_Tool3_Sort"_s);
   });
-  tour.Step(QStringLiteral("add the first field on offer to it"), Shown(kOrder), [&tour] {
-    auto& offered = In<QAbstractItemView>(kOrder, QStringLiteral("LV1"));
+  tour.Step(u"add the first field on offer to it"_s, Shown(kOrder), [&tour] {
+    auto& offered = In<QAbstractItemView>(kOrder, u"LV1"_s);
     hands::ClickItem(offered, offered.model()->index(0, 0));
-    hands::Click(In<QWidget>(kOrder, QStringLiteral("CmdSort(2)")));
-    tour.Picture(Window(kOrder), QStringLiteral("order"));
-    hands::Click(In<QWidget>(kOrder, QStringLiteral("CmdOK")));
+    hands::Click(In<QWidget>(kOrder, u"CmdSort(2)"_s));
+    tour.Picture(Window(kOrder), u"order"_s);
+    hands::Click(In<QWidget>(kOrder, u"CmdOK"_s));
   });
-  tour.Step(QStringLiteral("the list in that order"), Shown(kBrowser), [&tour] {
-    Expect(!List().model()->headerData(1, Qt::Horizontal).toString().contains(QStringLiteral("↓")),
-           QStringLiteral("the arrow has stayed"));
-    tour.Picture(Window(kBrowser), QStringLiteral("ordered"));
+  tour.Step(u"the list in that order"_s, Shown(kBrowser), [&tour] {
+    Expect(!List().model()->headerData(1, Qt::Horizontal).toString().contains(u"↓"_s), u"the arrow has stayed"_s);
+    tour.Picture(Window(kBrowser), u"ordered"_s);
   });
-  tour.Step(QStringLiteral("ask for a record by its number"), Shown(kBrowser),
-            [] { ChooseEntry(kBrowser, QStringLiteral("mnu_Goto4_Location")); });
-  tour.Step(QStringLiteral("name the fortieth"), Shown(kMove), [&tour] {
-    auto& number = In<QLineEdit>(kMove, QStringLiteral("TxtMoveNo"));
-    hands::Type(number, QStringLiteral("40"));
-    tour.Picture(Window(kMove), QStringLiteral("record-move"));
+  tour.Step(u"ask for a record by its number"_s, Shown(kBrowser),
+            [] { ChooseEntry(kBrowser, u"mnu_Goto4_Location"_s); });
+  tour.Step(u"name the fortieth"_s, Shown(kMove), [&tour] {
+    auto& number = In<QLineEdit>(kMove, u"TxtMoveNo"_s);
+    hands::Type(number, u"40"_s);
+    tour.Picture(Window(kMove), u"record-move"_s);
     hands::Press(number, Qt::Key_Return);
   });
-  tour.Step(QStringLiteral("the list stands on the fortieth"), Shown(kBrowser),
+  tour.Step(u"the list stands on the fortieth"_s, Shown(kBrowser),
             [] { Expect(PositionAndCount().first == 40, Position()); });
 }
 
@@ -136,64 +133,60 @@ QWidget* AnswerKey(int answer) {
 
 void PlanUpdating(Tour& tour) {
   constexpr int kYes = 6;
-  tour.Step(QStringLiteral("ask for the batch update"), Shown(kBrowser),
-            [] { ChooseEntry(kBrowser, QStringLiteral("mnu_Tool1_BUpdate")); });
-  tour.Step(QStringLiteral("say what to replace by what"), Shown(kUpdate), [&tour] {
-    auto& fields = In<QComboBox>(kUpdate, QStringLiteral("Cbo_Field"));
-    hands::Choose(fields, fields.findText(QStringLiteral("来文单位")));
-    hands::Type(In<QComboBox>(kUpdate, QStringLiteral("Cbo_Find")), kSender);
-    hands::Type(In<QLineEdit>(kUpdate, QStringLiteral("TxtValue")), QStringLiteral("青岚市档案局"));
-    hands::Click(In<QCheckBox>(kUpdate, QStringLiteral("Chk_All")));
-    tour.Picture(Window(kUpdate), QStringLiteral("batch-update"));
-    hands::Click(In<QWidget>(kUpdate, QStringLiteral("CmdOK")));
+  tour.Step(u"ask for the batch update"_s, Shown(kBrowser), [] { ChooseEntry(kBrowser, u"mnu_Tool1_BUpdate"_s); });
+  tour.Step(u"say what to replace by what"_s, Shown(kUpdate), [&tour] {
+    auto& fields = In<QComboBox>(kUpdate, u"Cbo_Field"_s);
+    hands::Choose(fields, fields.findText(u"来文单位"_s));
+    hands::Type(In<QComboBox>(kUpdate, u"Cbo_Find"_s), kSender);
+    hands::Type(In<QLineEdit>(kUpdate, u"TxtValue"_s), u"青岚市档案局"_s);
+    hands::Click(In<QCheckBox>(kUpdate, u"Chk_All"_s));
+    tour.Picture(Window(kUpdate), u"batch-update"_s);
+    hands::Click(In<QWidget>(kUpdate, u"CmdOK"_s));
   });
   tour.Step(
-      QStringLiteral("say yes to the question"), [] { return AnswerKey(kYes) != nullptr; },
+      u"say yes to the question"_s, [] { return AnswerKey(kYes) != nullptr; },
       [&tour] {
-        const QString count = In<QLabel>(kUpdate, QStringLiteral("LblCount")).text();
-        Expect(count.contains(QStringLiteral("：1条")), count);
-        tour.Picture(Window(kUpdate), QStringLiteral("batch-update-count"));
-        tour.Picture(*AnswerKey(kYes)->window(), QStringLiteral("batch-update-question"));
+        const QString count = In<QLabel>(kUpdate, u"LblCount"_s).text();
+        Expect(count.contains(u"：1条"_s), count);
+        tour.Picture(Window(kUpdate), u"batch-update-count"_s);
+        tour.Picture(*AnswerKey(kYes)->window(), u"batch-update-question"_s);
         hands::Click(*AnswerKey(kYes));
       });
 }
 
 void PlanBatchDeletion(Tour& tour) {
   constexpr int kCancel = 2;
-  tour.Step(QStringLiteral("ask for the batch deletion"), Shown(kBrowser),
-            [] { ChooseEntry(kBrowser, QStringLiteral("mnu_Tool2_BDel")); });
-  tour.Step(QStringLiteral("by the conditions saved there"), Shown(kCompound),
-            [] { hands::ClickKey(Window(kCompound), QStringLiteral("Toolbar1"), QStringLiteral("F_Query")); });
+  tour.Step(u"ask for the batch deletion"_s, Shown(kBrowser), [] { ChooseEntry(kBrowser, u"mnu_Tool2_BDel"_s); });
+  tour.Step(u"by the conditions saved there"_s, Shown(kCompound),
+            [] { hands::ClickKey(Window(kCompound), u"Toolbar1"_s, u"F_Query"_s); });
   tour.Step(
-      QStringLiteral("see how many would go, and leave them"), [] { return AnswerKey(kCancel) != nullptr; },
+      u"see how many would go, and leave them"_s, [] { return AnswerKey(kCancel) != nullptr; },
       [&tour] {
         auto& question = static_cast<QMessageBox&>(*AnswerKey(kCancel)->window());
-        Expect(question.informativeText().startsWith(QStringLiteral("将删除 ")), question.informativeText());
-        tour.Picture(question, QStringLiteral("batch-deletion-question"));
+        Expect(question.informativeText().startsWith(u"将删除 "_s), question.informativeText());
+        tour.Picture(question, u"batch-deletion-question"_s);
         hands::Click(*AnswerKey(kCancel));
         Window(kBrowser).activateWindow();  // as a window manager does; offscreen there is none
       });
 }
 
 void PlanReplacing(Tour& tour) {
-  tour.Step(QStringLiteral("open a document"), Shown(kBrowser),
-            [] { hands::ClickKey(Window(kBrowser), QStringLiteral("tlb"), QStringLiteral("Mod")); });
-  tour.Step(QStringLiteral("ask for the replacement beside it"), Shown(kEntry),
-            [] { ChooseEntry(kEntry, QStringLiteral("mnuReplace")); });
-  tour.Step(QStringLiteral("find the next one and replace it"), Shown(kReplace), [&tour] {
-    hands::Type(In<QComboBox>(kReplace, QStringLiteral("CboFindTxt")), QStringLiteral("青岚市档案局"));
-    hands::Click(In<QWidget>(kReplace, QStringLiteral("CmdFindNext")));
-    hands::Type(In<QComboBox>(kReplace, QStringLiteral("CboRelaceTxt")), kSender);
-    tour.Picture(Window(kReplace), QStringLiteral("replace"));
-    tour.Picture(Window(kEntry), QStringLiteral("replace-hit"));
-    hands::Click(In<QWidget>(kReplace, QStringLiteral("CmdReplace")));
+  tour.Step(u"open a document"_s, Shown(kBrowser), [] { hands::ClickKey(Window(kBrowser), u"tlb"_s, u"Mod"_s); });
+  tour.Step(u"ask for the replacement beside it"_s, Shown(kEntry), [] { ChooseEntry(kEntry, u"mnuReplace"_s); });
+  tour.Step(u"find the next one and replace it"_s, Shown(kReplace), [&tour] {
+    hands::Type(In<QComboBox>(kReplace, u"CboFindTxt"_s), u"青岚市档案局"_s);
+    hands::Click(In<QWidget>(kReplace, u"CmdFindNext"_s));
+    hands::Type(In<QComboBox>(kReplace, u"CboRelaceTxt"_s), kSender);
+    tour.Picture(Window(kReplace), u"replace"_s);
+    tour.Picture(Window(kEntry), u"replace-hit"_s);
+    hands::Click(In<QWidget>(kReplace, u"CmdReplace"_s));
   });
   tour.Step(
-      QStringLiteral("close both"), [] { return VisibleWindow(kEntry) != nullptr; }, [] { Window(kEntry).close(); });
-  tour.Step(QStringLiteral("back in the list"), Shown(kBrowser), [&tour] {
-    const QString sender = Cell(QStringLiteral("ResponsibleBy"));
+      u"close both"_s, [] { return VisibleWindow(kEntry) != nullptr; }, [] { Window(kEntry).close(); });
+  tour.Step(u"back in the list"_s, Shown(kBrowser), [&tour] {
+    const QString sender = Cell(u"ResponsibleBy"_s);
     Expect(sender == kSender, sender);
-    tour.Picture(Window(kBrowser), QStringLiteral("replaced"));
+    tour.Picture(Window(kBrowser), u"replaced"_s);
   });
 }
 

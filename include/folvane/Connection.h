@@ -8,17 +8,7 @@
 
 namespace folvane {
 
-class Driver;
-class TableCatalogue;
-class Translator;
-struct TableInfo;
-struct FetchedRows;
-
-/// What Order By puts the texts of a record set in order by.
-enum class TextOrder {
-  Plain,   ///< by their codes, without regard to ASCII case and trailing blanks, as texts compare
-  Pinyin,  ///< Chinese by pinyin, where the database can
-};
+class DatabaseSession;
 
 /// The host's open database connection. Made by AdoptSqlite or AdoptOdbc; it never opens or closes the handle behind
 /// it, and the host keeps that handle open for as long as a window of the library is shown.
@@ -27,7 +17,7 @@ enum class TextOrder {
 /// call.
 class FOLVANE_EXPORT Connection {
  public:
-  explicit Connection(std::unique_ptr<Driver> driver);
+  explicit Connection(std::unique_ptr<DatabaseSession> session);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -48,32 +38,9 @@ class FOLVANE_EXPORT Connection {
   /// opened as a record set. The batch writes of a record set are not told. An empty function ends the telling.
   void OnStatement(std::function<void(const QString&)> observer);
 
-  // What the record set needs of a connection.
-
-  /// Runs a statement that gives rows and keeps them all. @throws DataError
-  FetchedRows Fetch(const QString& statement, TextOrder order = TextOrder::Plain);
-  /// The columns and the key of a table, nullptr when the database has no such table. Kept until RefreshSchema.
-  const TableInfo* Table(const QString& name);
-  /// Forgets what is known of the tables; called when a statement fails over a table or a column.
-  void RefreshSchema();
-  /// The table that a statement of the form Select ... From t ... reads alone; "" for joins and anything else.
-  QString BaseTable(const QString& statement);
-  /// The driver, ready for a statement. @throws DataError where a rollback is due that fails
-  Driver& NativeDriver();
-
  private:
-  void RollBack();
-  std::unique_ptr<Translator> MakeTranslator(const QByteArray& orderCollation);
-  Translator& TranslatorFor(TextOrder order);
-  template <typename Work>
-  auto Run(const QString& statement, Work work);
-
-  std::unique_ptr<Driver> driver_;
-  std::unique_ptr<TableCatalogue> tables_;
-  std::unique_ptr<Translator> translator_, pinyinTranslator_;
-  std::function<void(const QString&)> observer_;
-  bool inTransaction_ = false;
-  bool owesRollback_ = false;  ///< the handle is still inside a transaction that is over
+  friend class DatabaseSession;
+  std::unique_ptr<DatabaseSession> session_;
 };
 
 /// A transaction as a scope: rolls back when it is left without Commit.

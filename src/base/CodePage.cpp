@@ -22,7 +22,7 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  /// Reads all of `in` and writes to `out`, which has room for the worst case. `replace` is given the place where
+  /// Reads all of `in` and writes to `out`, which has room for the worst case. `replace` is given the position where
   /// reading stopped, writes a stand-in and says how many bytes of the input it stands for.
   template <typename Replace>
   qsizetype Convert(const char* in, std::size_t left, char* out, std::size_t room, Replace replace) {
@@ -41,9 +41,9 @@ class Converter {
   iconv_t handle_;
 };
 
-// The number of UTF-16 units of the character at the place.
-int UnitsAt(const QString& text, qsizetype place) {
-  const bool pair = text[place].isHighSurrogate() && place + 1 < text.size() && text[place + 1].isLowSurrogate();
+// The number of UTF-16 units of the character at the position.
+int UnitsAt(const QString& text, qsizetype at) {
+  const bool pair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
   return pair ? 2 : 1;
 }
 
@@ -57,11 +57,11 @@ Encoded Encode(const QString& text) {
   Encoded result;
   result.bytes.resize(text.size() * 2);
   const auto* begin = reinterpret_cast<const char*>(text.utf16());
-  const auto replace = [&](const char* place, char*& target, std::size_t& room) {
+  const auto replace = [&](const char* at, char*& target, std::size_t& room) {
     result.exact = false;
     *target++ = '?';
     --room;
-    return std::size_t(UnitsAt(text, (place - begin) / 2)) * 2;
+    return std::size_t(UnitsAt(text, (at - begin) / 2)) * 2;
   };
   result.bytes.resize(converter.Convert(begin, std::size_t(text.size()) * 2, result.bytes.data(),
                                         std::size_t(result.bytes.size()), replace));
@@ -69,7 +69,7 @@ Encoded Encode(const QString& text) {
 }
 
 // In the code page a byte from 0x81 on begins a character of two bytes.
-int BytesAt(const QByteArray& bytes, qsizetype place) { return static_cast<uchar>(bytes[place]) > 0x80 ? 2 : 1; }
+int BytesAt(const QByteArray& bytes, qsizetype at) { return uchar(bytes[at]) > 0x80 ? 2 : 1; }
 
 }  // namespace
 

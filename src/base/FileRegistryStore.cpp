@@ -4,13 +4,14 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // A line holds one value, and a name ends at "=". What would break that is written as %XX.
 QString Escaped(const QString& text, const QString& special) {
   QString result;
   for (const QChar character : text) {
     if (special.contains(character)) {
-      result += QStringLiteral("%%1").arg(character.unicode(), 2, 16, QLatin1Char('0'));
+      result += u"%%1"_s.arg(character.unicode(), 2, 16, QChar(u'0'));
     } else {
       result += character;
     }
@@ -37,8 +38,7 @@ void FileRegistryStore::Write(const QString& key, const QString& name, const QSt
 }
 
 QString FileRegistryStore::UserPath() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-         QStringLiteral("/Norvex/Folvane/registry.ini");
+  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Norvex/Folvane/registry.ini"_s;
 }
 
 }  // namespace folvane

@@ -6,20 +6,18 @@
 #include <QLockFile>
 #include <QSaveFile>
 
-#include "base/FileError.h"
-
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kLockWait = 5000;  // milliseconds; an update takes a few
 
 FileError Unreadable(const QFileDevice& file) {
-  return FileError(
-      QStringLiteral("文件 %1 无法读取：%2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
+  return FileError(u"文件 %1 无法读取：%2"_s.arg(QDir::toNativeSeparators(file.fileName()), file.errorString()));
 }
 
 FileError Unwritable(const QString& path, const QString& reason) {
-  return FileError(QStringLiteral("文件 %1 无法写入：%2").arg(QDir::toNativeSeparators(path), reason));
+  return FileError(u"文件 %1 无法写入：%2"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
 void SaveFile(const QString& path, const QByteArray& content) {
@@ -42,8 +40,8 @@ QByteArray ReadFile(const QString& path) {
 
 void UpdateFile(const QString& path, const std::function<QByteArray(const QByteArray&)>& change) {
   QDir().mkpath(QFileInfo(path).absolutePath());  // a failure shows at the lock
-  QLockFile lock(path + QStringLiteral(".lock"));
-  if (!lock.tryLock(kLockWait)) throw Unwritable(path, QStringLiteral("文件被占用，或所在目录不可写。"));
+  QLockFile lock(path + u".lock"_s);
+  if (!lock.tryLock(kLockWait)) throw Unwritable(path, u"文件被占用，或所在目录不可写。"_s);
   const QByteArray before = ReadFile(path);
   const QByteArray after = change(before);
   if (after != before || !QFile::exists(path)) SaveFile(path, after);

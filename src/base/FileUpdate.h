@@ -4,7 +4,15 @@
 #include <QString>
 #include <functional>
 
+#include <folvane/DataError.h>
+
 namespace folvane {
+
+/// A file of the program could not be read or written.
+class FileError : public DataError {
+ public:
+  explicit FileError(const QString& message) : DataError(DataErrorKind::File, message) {}
+};
 
 /// The whole content of a file, "" when it does not exist. @throws FileError
 QByteArray ReadFile(const QString& path);

@@ -2,8 +2,8 @@
 
 #include <folvane/HostServices.h>
 
-#include "base/ClockSeededRandom.h"
 #include "base/FileRegistryStore.h"
+#include "base/KeyMaker.h"
 
 namespace folvane {
 namespace {

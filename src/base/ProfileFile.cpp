@@ -6,10 +6,12 @@
 
 #include "base/CodePage.h"
 #include "base/FileUpdate.h"
-#include "base/ProgramDirectory.h"
+#include "base/IgnoreErrors.h"
+#include "base/Surroundings.h"
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr char kLineEnd[] = "\r\n";
 
@@ -30,7 +32,7 @@ std::optional<QString> SectionName(const QString& line) {
   return text.mid(1, end - 1);
 }
 
-// The place of the "=" of a line "key=value", -1 for any other line.
+// The position of the "=" of a line "key=value", -1 for any other line.
 qsizetype KeyEnd(const QString& line) { return line.trimmed().startsWith(u';') ? -1 : line.indexOf(u'='); }
 
 QString WithoutQuotes(const QString& value) {
@@ -57,28 +59,28 @@ class ProfileText {
   }
 
   std::optional<QString> Value(const QString& section, const QString& key) const {
-    const Place place = Find(section, key);
-    if (place.keyLine < 0) return {};
-    const QString line = Text(place.keyLine);
+    const KeyLocation location = Find(section, key);
+    if (location.keyLine < 0) return {};
+    const QString line = Text(location.keyLine);
     return WithoutQuotes(line.mid(KeyEnd(line) + 1).trimmed());
   }
 
   void SetValue(const QString& section, const QString& key, const QString& value) {
-    const Place place = Find(section, key);
-    if (place.keyLine >= 0) {
-      const QString line = Text(place.keyLine);
-      lines_[place.keyLine] = Line(line.left(KeyEnd(line)) + u'=' + value);
+    const KeyLocation location = Find(section, key);
+    if (location.keyLine >= 0) {
+      const QString line = Text(location.keyLine);
+      lines_[location.keyLine] = Line(line.left(KeyEnd(line)) + u'=' + value);
       return;
     }
-    qsizetype next = place.insertAt;
-    if (!place.sectionFound) Insert(next++, u'[' + section + u']');
+    qsizetype next = location.insertAt;
+    if (!location.sectionFound) Insert(next++, u'[' + section + u']');
     Insert(next, key + u'=' + value);
   }
 
   QByteArray Content() const { return lines_.join(); }
 
  private:
-  struct Place {
+  struct KeyLocation {
     bool sectionFound = false;
     qsizetype keyLine = -1;
     qsizetype insertAt = 0;  ///< where a missing key belongs: behind the section's last line that is not blank
@@ -92,25 +94,25 @@ class ProfileText {
     lines_.insert(index, Line(text));
   }
 
-  Place Find(const QString& section, const QString& key) const {
-    Place place;
-    place.insertAt = lines_.size();
+  KeyLocation Find(const QString& section, const QString& key) const {
+    KeyLocation location;
+    location.insertAt = lines_.size();
     for (qsizetype index = 0; index < lines_.size(); ++index) {
       const QString line = Text(index);
       if (const auto name = SectionName(line)) {
-        if (place.sectionFound) break;  // only the first section of a name counts
-        place.sectionFound = SameName(*name, section);
-        if (place.sectionFound) place.insertAt = index + 1;
-      } else if (place.sectionFound) {
+        if (location.sectionFound) break;  // only the first section of a name counts
+        location.sectionFound = SameName(*name, section);
+        if (location.sectionFound) location.insertAt = index + 1;
+      } else if (location.sectionFound) {
         const qsizetype end = KeyEnd(line);
         if (end >= 0 && SameName(line.left(end).trimmed(), key)) {
-          place.keyLine = index;
+          location.keyLine = index;
           break;
         }
-        if (!line.trimmed().isEmpty()) place.insertAt = index + 1;
+        if (!line.trimmed().isEmpty()) location.insertAt = index + 1;
       }
     }
-    return place;
+    return location;
   }
 
   ProfileFile::Encoding encoding_;
@@ -141,6 +143,20 @@ void ProfileFile::Write(const QString& section, const QString& key, const QStrin
     text.SetValue(section, key, OnOneLine(value));
     return text.Content();
   });
+}
+
+QString TableProfile::Read(const QString& table) const {
+  const QString none = u"0"_s;
+  const ProfileFile profile(path);
+  if (!profile.Exists()) {
+    const QStringList lines{u'[' + section + u']', table + u'=' + none};
+    IgnoreErrors([&] { profile.Create(heading + lines); });
+    return none;
+  }
+  const QString value = profile.Read(section, table, QString(), bufferSize);
+  if (!value.isEmpty()) return value;
+  IgnoreErrors([&] { profile.Write(section, table, none); });
+  return none;
 }
 
 }  // namespace folvane

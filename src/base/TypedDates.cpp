@@ -7,6 +7,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 /// A number of a date as it was written: how many digits it has tells a year from a month or a day.
 struct Part {
@@ -34,23 +35,22 @@ bool IsDateOfThree(const Part& first, const Part& second, const Part& third) {
   return !first.CanOnlyBeYear() && (Exists(third, first, second) || Exists(third, second, first));
 }
 
-QRegularExpression Whole(const QString& shape) {
-  return QRegularExpression(QRegularExpression::anchoredPattern(shape));
+QRegularExpression Whole(const QString& pattern) {
+  return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
 }
 
 bool IsNumericDate(const QString& text) {
-  static const QRegularExpression shape =
-      Whole(QStringLiteral(R"((\d{1,4})(?:\s*[-/,]\s*|\s+)(\d{1,4})(?:(?:\s*[-/,]\s*|\s+)(\d{1,4}))?)"));
-  const QRegularExpressionMatch match = shape.match(text);
+  static const QRegularExpression pattern =
+      Whole(uR"((\d{1,4})(?:\s*[-/,]\s*|\s+)(\d{1,4})(?:(?:\s*[-/,]\s*|\s+)(\d{1,4}))?)"_s);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return false;
   const auto part = [&](int group) { return Part::Of(match.capturedView(group)); };
   return match.hasCaptured(3) ? IsDateOfThree(part(1), part(2), part(3)) : IsDayMonthOrMonthYear(part(1), part(2));
 }
 
 bool IsChineseDate(const QString& text) {
-  static const QRegularExpression shape =
-      Whole(QStringLiteral(R"((?:(\d{1,4})\s*年\s*)?(\d{1,2})\s*月(?:\s*(\d{1,2})\s*日?)?)"));
-  const QRegularExpressionMatch match = shape.match(text);
+  static const QRegularExpression pattern = Whole(uR"((?:(\d{1,4})\s*年\s*)?(\d{1,2})\s*月(?:\s*(\d{1,2})\s*日?)?)"_s);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch() || !(match.hasCaptured(1) || match.hasCaptured(3))) return false;
   // Without a year the year is the current one, which may be a leap year.
   const Part year = match.hasCaptured(1) ? Part::Of(match.capturedView(1)) : Part{2000, true};
@@ -59,13 +59,13 @@ bool IsChineseDate(const QString& text) {
 }
 
 bool IsEnglishDate(const QString& text) {
-  static const QRegularExpression shape =
-      Whole(QStringLiteral(R"((?:(\d{1,4})[-/,\s]*)?(jan(?:uary)?|feb(?:ruary)?|mar(?:ch)?|apr(?:il)?|may|june?|july?)"
-                           R"(|aug(?:ust)?|sep(?:tember)?|oct(?:ober)?|nov(?:ember)?|dec(?:ember)?))"
-                           R"((?:[-/,\s]*(\d{1,4})(?:[-/,\s]+(\d{1,4}))?)?)"));
-  const QRegularExpressionMatch match = shape.match(text);
+  static const QRegularExpression pattern = Whole(
+      uR"((?:(\d{1,4})[-/,\s]*)?(jan(?:uary)?|feb(?:ruary)?|mar(?:ch)?|apr(?:il)?|may|june?|july?)"
+      R"(|aug(?:ust)?|sep(?:tember)?|oct(?:ober)?|nov(?:ember)?|dec(?:ember)?))"
+      R"((?:[-/,\s]*(\d{1,4})(?:[-/,\s]+(\d{1,4}))?)?)"_s);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return false;
-  static const QString months = QStringLiteral("janfebmaraprmayjunjulaugsepoctnovdec");
+  static const QString months = u"janfebmaraprmayjunjulaugsepoctnovdec"_s;
   const Part month{int(months.indexOf(match.capturedView(2).left(3)) / 3) + 1, false};
   std::vector<Part> others;
   for (const int group : {1, 3, 4}) {
@@ -77,11 +77,11 @@ bool IsEnglishDate(const QString& text) {
 
 /// Takes one time of day out of the text, at its start or its end. False when there is a time that no clock shows.
 bool TakeTime(QString& text, bool& taken) {
-  static const QRegularExpression shape(QStringLiteral(
-      R"((?<![\d.:/-])(上午|下午|am|pm|a|p)?\s*(\d{1,2})\s*)"
+  static const QRegularExpression pattern(
+      uR"((?<![\d.:/-])(上午|下午|am|pm|a|p)?\s*(\d{1,2})\s*)"
       R"((?:[:.]\s*(\d{1,2})(?:\s*[:.]\s*(\d{1,2}))?|[时点](?:\s*(\d{1,2})\s*分(?:\s*(\d{1,2})\s*秒)?)?|(?=[ap]m?\b|上午|下午)))"
-      R"(\s*([ap]m?\b|上午|下午)?(?![\d.:/-]))"));
-  const QRegularExpressionMatch match = shape.match(text);
+      R"(\s*([ap]m?\b|上午|下午)?(?![\d.:/-]))"_s);
+  const QRegularExpressionMatch match = pattern.match(text);
   taken = match.hasMatch();
   if (!taken) return true;
   const auto number = [&](int group) { return match.capturedView(group).toInt(); };

@@ -7,9 +7,10 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-QRegularExpression Whole(const char16_t* shape) {
-  return QRegularExpression(QRegularExpression::anchoredPattern(QString::fromUtf16(shape)),
+QRegularExpression Whole(const char16_t* pattern) {
+  return QRegularExpression(QRegularExpression::anchoredPattern(QString::fromUtf16(pattern)),
                             QRegularExpression::CaseInsensitiveOption);
 }
 
@@ -19,8 +20,8 @@ struct RadixNumber {
 };
 
 std::optional<RadixNumber> ReadRadixNumber(const QString& text) {
-  static const QRegularExpression shape = Whole(uR"(&(?:h([0-9a-f]+)|o([0-7]+)))");
-  const QRegularExpressionMatch match = shape.match(text);
+  static const QRegularExpression pattern = Whole(uR"(&(?:h([0-9a-f]+)|o([0-7]+)))");
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   const bool hex = match.hasCaptured(1);
   bool fits = false;
@@ -30,10 +31,10 @@ std::optional<RadixNumber> ReadRadixNumber(const QString& text) {
 }
 
 std::optional<double> ReadDecimal(const QString& text) {
-  static const QRegularExpression shape = Whole(
+  static const QRegularExpression pattern = Whole(
       // sign, currency sign and opening bracket in any order; digits; sign and closing bracket
       uR"(([+-]?)\s*(\(?)\s*[¥￥]?\s*([+-]?)\s*(\d[\d,]*\.?\d*|\.\d+)(?:[ed]([+-]?\d+))?\s*([+-]?)\s*(\)?))");
-  const QRegularExpressionMatch match = shape.match(text);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   const QString signs = match.captured(1) + match.captured(3) + match.captured(6);
   const bool opened = match.capturedLength(2) > 0, closed = match.capturedLength(7) > 0;
@@ -68,10 +69,10 @@ bool IsNumeric(const QString& text) { return ReadNumber(text).has_value(); }
 int ToInteger(const QString& text) {
   if (const auto number = ReadRadixNumber(Prepared(text)); number && number->fitsWord) return qint32(number->value);
   const std::optional<double> number = ReadNumber(text);
-  if (!number) throw NumberError(QStringLiteral("“%1”不是数字。").arg(text));
+  if (!number) throw NumberError(u"“%1”不是数字。"_s.arg(text));
   const double rounded = RoundHalfToEven(*number);
   if (rounded < std::numeric_limits<int>::min() || rounded > std::numeric_limits<int>::max())
-    throw NumberError(QStringLiteral("数字“%1”超出了整数的范围。").arg(text));
+    throw NumberError(u"数字“%1”超出了整数的范围。"_s.arg(text));
   return int(rounded);
 }
 

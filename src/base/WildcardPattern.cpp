@@ -2,18 +2,19 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr qsizetype kNone = -1;
 
 [[noreturn]] void Refuse(QStringView part, const QString& why) {
-  throw PatternError(QStringLiteral("格式“%1”有误：%2。").arg(part).arg(why));
+  throw PatternError(u"格式“%1”有误：%2。"_s.arg(part).arg(why));
 }
 
 }  // namespace
 
 WildcardPattern::WildcardPattern(QStringView pattern) {
-  for (qsizetype place = 0; place < pattern.size(); ++place) {
-    const char16_t letter = pattern[place].unicode();
+  for (qsizetype at = 0; at < pattern.size(); ++at) {
+    const char16_t letter = pattern[at].unicode();
     switch (letter) {
       case u'*':
         elements_.emplace_back(AnyRun());
@@ -25,10 +26,10 @@ WildcardPattern::WildcardPattern(QStringView pattern) {
         elements_.emplace_back(Only(u'0', u'9'));
         break;
       case u'[': {
-        const qsizetype end = pattern.indexOf(u']', place);
-        if (end == kNone) Refuse(pattern, QStringLiteral("方括号没有闭合"));
-        AddList(pattern.mid(place + 1, end - place - 1));
-        place = end;
+        const qsizetype end = pattern.indexOf(u']', at);
+        if (end == kNone) Refuse(pattern, u"方括号没有闭合"_s);
+        AddList(pattern.mid(at + 1, end - at - 1));
+        at = end;
         break;
       }
       default:
@@ -42,15 +43,15 @@ void WildcardPattern::AddList(QStringView list) {
   OneOf set;
   set.negated = list.size() > 1 && list.front() == u'!';
   if (set.negated) list = list.mid(1);
-  for (qsizetype place = 0; place < list.size(); ++place) {
-    const char16_t first = list[place].unicode();
-    const bool atAnEnd = place == 0 || place == list.size() - 1;
-    if (first == u'-' && !atAnEnd) Refuse(list, QStringLiteral("连字符两侧不是一个范围"));
-    const bool begins = place + 2 < list.size() && list[place + 1] == u'-';
-    const char16_t last = begins ? list[place + 2].unicode() : first;
-    if (last < first) Refuse(list, QStringLiteral("范围的起点大于终点"));
+  for (qsizetype at = 0; at < list.size(); ++at) {
+    const char16_t first = list[at].unicode();
+    const bool atAnEnd = at == 0 || at == list.size() - 1;
+    if (first == u'-' && !atAnEnd) Refuse(list, u"连字符两侧不是一个范围"_s);
+    const bool begins = at + 2 < list.size() && list[at + 1] == u'-';
+    const char16_t last = begins ? list[at + 2].unicode() : first;
+    if (last < first) Refuse(list, u"范围的起点大于终点"_s);
     set.ranges.push_back({first, last});
-    if (begins) place += 2;
+    if (begins) at += 2;
   }
   elements_.emplace_back(std::move(set));
 }
@@ -67,19 +68,19 @@ bool WildcardPattern::Accepts(const OneOf& set, QChar letter) {
 bool WildcardPattern::Matches(QStringView text) const {
   const std::size_t count = elements_.size();
   std::size_t element = 0, afterRun = count;
-  qsizetype place = 0, runEnd = 0;
+  qsizetype at = 0, runEnd = 0;
   bool runMet = false;
-  while (place < text.size() || element < count) {
+  while (at < text.size() || element < count) {
     if (element < count && std::holds_alternative<AnyRun>(elements_[element])) {
       runMet = true;
       afterRun = ++element;
-      runEnd = place;
-    } else if (element < count && place < text.size() && Accepts(std::get<OneOf>(elements_[element]), text[place])) {
+      runEnd = at;
+    } else if (element < count && at < text.size() && Accepts(std::get<OneOf>(elements_[element]), text[at])) {
       ++element;
-      ++place;
+      ++at;
     } else if (runMet && runEnd < text.size()) {
       element = afterRun;
-      place = ++runEnd;
+      at = ++runEnd;
     } else {
       return false;
     }

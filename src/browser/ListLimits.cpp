@@ -6,6 +6,7 @@
 
 #include "browser/BrowserState.h"
 #include "browser/SearchBar.h"
+#include "data/DatabaseSession.h"
 #include "records/ColumnSort.h"
 #include "records/FilterInWords.h"
 #include "shell/SharedState.h"
@@ -30,7 +31,7 @@ QString TableCaption(const BrowserState& state) {
 // Read without a statement of ours; a connection that is gone has been told already.
 bool LacksKey(const QString& table) {
   try {
-    const TableInfo* info = SharedConnection()->Table(table);
+    const TableInfo* info = DatabaseSession::Of(*SharedConnection()).Table(table);
     return info && info->IndexOf(kKeyColumn) < 0;
   } catch (const DataError&) {
     return false;

@@ -1,7 +1,7 @@
 #include "browser/QuickSearch.h"
 
 #include "query/Comparison.h"
-#include "shell/CommonRoutines.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

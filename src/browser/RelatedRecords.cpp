@@ -3,8 +3,9 @@
 #include "browser/BrowserState.h"
 #include "browser/ClassTreePart.h"
 #include "browser/RecordListPart.h"
-#include "shell/CommonRoutines.h"
+#include "data/Recordset.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 

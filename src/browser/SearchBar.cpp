@@ -8,11 +8,13 @@
 
 #include <folvane/Icons.h>
 
+#include "base/CodePage.h"
 #include "browser/QuickSearch.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
+#include "shell/TableFields.h"
 #include "widgets/TextCombo.h"
 
 namespace folvane {

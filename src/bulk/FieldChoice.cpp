@@ -3,8 +3,9 @@
 #include <folvane/DataError.h>
 
 #include "data/Recordset.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 

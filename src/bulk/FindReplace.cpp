@@ -7,7 +7,9 @@
 #include "bulk/ReturnTo.h"
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
-#include "shell/CommonRoutines.h"
+#include "data/Recordset.h"
+#include "shell/SqlText.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 namespace {

@@ -11,9 +11,9 @@
 #include <folvane/Icons.h>
 
 #include "bulk/PageOffset.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
+#include "shell/TypedKeys.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/TextBox.h"
 

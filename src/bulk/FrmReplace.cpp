@@ -14,12 +14,14 @@
 #include <folvane/Icons.h>
 
 #include "bulk/FieldChoice.h"
+#include "data/Recordset.h"
 #include "entry/FrmInput.h"
 #include "forms/EntryForm.h"
-#include "shell/CommonRoutines.h"
 #include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
+#include "shell/OpenHelp.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 #include "shell/WindowPlacement.h"
 #include "widgets/EditCombo.h"
 #include "widgets/LongWork.h"

@@ -6,56 +6,42 @@
 #include <folvane/DataError.h>
 
 #include "catalogue/Catalogue.h"
+#include "data/DatabaseSession.h"
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-/// The words of one database for the column types; %1 is the length.
-struct TypeWords {
-  QString text, longText, integer, date, blob;
-
-  QString Of(const Column& column) const {
-    switch (column.type) {
-      case ColumnType::Text:
-        return text.arg(column.length);
-      case ColumnType::LongText:
-        return longText;
-      case ColumnType::Integer:
-        return integer;
-      case ColumnType::Date:
-        return date;
-      case ColumnType::Blob:
-        return blob;
-    }
-    return {};
+QString TypeOf(const Column& column, const NativeWords& words) {
+  if (!words.text) throw DataError(DataErrorKind::Untranslatable, u"该数据库中的表由其管理工具建立，不能在此建立"_s);
+  const auto word = [](const char* type) { return QString::fromLatin1(type); };
+  switch (column.type) {
+    case ColumnType::Text:
+      return word(words.text).arg(column.length);
+    case ColumnType::LongText:
+      return word(words.longText);
+    case ColumnType::Integer:
+      return word(words.integer);
+    case ColumnType::Date:
+      return word(words.date);
+    case ColumnType::Blob:
+      return word(words.blob);
   }
-};
-
-// SQLite would turn '20020304' in a column declared as a date into a number; as text it stays what was written.
-TypeWords WordsOf(DialectKind dialect) {
-  const QString text = QStringLiteral("varchar(%1)");
-  const QString longText = QStringLiteral("text");
-  const QString integer = QStringLiteral("integer");
-  if (dialect == DialectKind::Sqlite)
-    return {text, longText, integer, QStringLiteral("varchar(10)"), QStringLiteral("blob")};
-  if (dialect == DialectKind::PostgreSql)
-    return {text, longText, integer, QStringLiteral("date"), QStringLiteral("bytea")};
-  throw DataError(DataErrorKind::Untranslatable, QStringLiteral("该数据库中的表由其管理工具建立，不能在此建立"));
+  return {};
 }
 
-QString CreateTableText(const TypeWords& words, const Table& table) {
+QString CreateTableText(const NativeWords& words, const Table& table) {
   QStringList parts;
   for (const Column& column : table.columns) {
     const bool inKey = table.key.contains(column.name, Qt::CaseInsensitive);
-    parts << column.name + QLatin1Char(' ') + words.Of(column) + (inKey ? QStringLiteral(" NOT NULL") : QString());
+    parts << column.name + u' ' + TypeOf(column, words) + (inKey ? u" NOT NULL"_s : QString());
   }
-  if (!table.key.isEmpty()) parts << QStringLiteral("PRIMARY KEY (%1)").arg(table.key.join(QLatin1Char(',')));
-  return QStringLiteral("CREATE TABLE %1 (%2)").arg(table.name, parts.join(QStringLiteral(", ")));
+  if (!table.key.isEmpty()) parts << u"PRIMARY KEY (%1)"_s.arg(table.key.join(u','));
+  return u"CREATE TABLE %1 (%2)"_s.arg(table.name, parts.join(u", "_s));
 }
 
 QString CreateIndexText(const QString& table, const QStringList& columns) {
-  return QStringLiteral("CREATE INDEX IX_%1_%2 ON %1 (%3)")
-      .arg(table, columns.join(QLatin1Char('_')), columns.join(QLatin1Char(',')));
+  return u"CREATE INDEX IX_%1_%2 ON %1 (%3)"_s.arg(table, columns.join(u'_'), columns.join(u','));
 }
 
 /// What the database lacks of a table: some of its columns, or all of it.
@@ -74,10 +60,10 @@ bool Has(const TableInfo& table, const QString& name) {
 }
 
 std::vector<Gap> Gaps(Connection& connection) {
-  connection.RefreshSchema();
+  DatabaseSession::Of(connection).RefreshSchema();
   std::vector<Gap> gaps;
   for (const Table& table : CatalogueTables()) {
-    const TableInfo* present = connection.Table(table.name);
+    const TableInfo* present = DatabaseSession::Of(connection).Table(table.name);
     Gap gap{&table, {}};
     for (const Column& column : table.columns)
       if (!present || !Has(*present, column.name)) gap.columns.push_back(column);
@@ -86,11 +72,14 @@ std::vector<Gap> Gaps(Connection& connection) {
   return gaps;
 }
 
+void RunNative(Connection& connection, const QString& statement) {
+  DatabaseSession::Of(connection).ExecuteNative({statement.toUtf8(), {}});
+}
+
 // Without NOT NULL: the rows that are there have no value for it.
 void AddColumn(Connection& connection, const Table& table, const Column& column) {
-  Driver& driver = connection.NativeDriver();
-  const QString type = WordsOf(driver.Dialect()).Of(column);
-  driver.Execute({QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 %3").arg(table.name, column.name, type).toUtf8(), {}});
+  const QString type = TypeOf(column, DatabaseSession::Of(connection).Words());
+  RunNative(connection, u"ALTER TABLE %1 ADD COLUMN %2 %3"_s.arg(table.name, column.name, type));
 }
 
 void FillGaps(Connection& connection) {
@@ -100,31 +89,30 @@ void FillGaps(Connection& connection) {
     else
       for (const Column& column : gap.columns) AddColumn(connection, *gap.table, column);
   }
-  connection.RefreshSchema();
+  DatabaseSession::Of(connection).RefreshSchema();
 }
 
 }  // namespace
 
-QByteArrayList CreateStatements(DialectKind dialect, const Table& table) {
-  QByteArrayList statements{CreateTableText(WordsOf(dialect), table).toUtf8()};
-  for (const QStringList& columns : table.indexes) statements << CreateIndexText(table.name, columns).toUtf8();
+QStringList CreateStatements(const NativeWords& words, const Table& table) {
+  QStringList statements{CreateTableText(words, table)};
+  for (const QStringList& columns : table.indexes) statements << CreateIndexText(table.name, columns);
   return statements;
 }
 
 void CreateTable(Connection& connection, const Table& table) {
-  Driver& driver = connection.NativeDriver();
-  for (const QByteArray& statement : CreateStatements(driver.Dialect(), table)) driver.Execute({statement, {}});
-  connection.RefreshSchema();
+  for (const QString& statement : CreateStatements(DatabaseSession::Of(connection).Words(), table))
+    RunNative(connection, statement);
+  DatabaseSession::Of(connection).RefreshSchema();
 }
 
 void CreateIndexes(Connection& connection, const Table& table) {
-  for (const QStringList& columns : table.indexes)
-    connection.NativeDriver().Execute({CreateIndexText(table.name, columns).toUtf8(), {}});
+  for (const QStringList& columns : table.indexes) RunNative(connection, CreateIndexText(table.name, columns));
 }
 
 void DropTable(Connection& connection, const QString& name) {
-  connection.NativeDriver().Execute({"DROP TABLE IF EXISTS " + name.toUtf8(), {}});
-  connection.RefreshSchema();
+  RunNative(connection, u"DROP TABLE IF EXISTS "_s + name);
+  DatabaseSession::Of(connection).RefreshSchema();
 }
 
 void CreateCatalogue(Connection& connection) {
@@ -146,9 +134,9 @@ QStringList CheckTables(Connection& connection) {
     if (gap.IsWhole())
       tables << gap.table->name;
     else
-      sentences << QStringLiteral("表 %1 缺少列 %2。").arg(gap.table->name, columns.join(u'、'));
+      sentences << u"表 %1 缺少列 %2。"_s.arg(gap.table->name, columns.join(u'、'));
   }
-  if (!tables.isEmpty()) sentences.prepend(QStringLiteral("缺少表 %1。").arg(tables.join(u'、')));
+  if (!tables.isEmpty()) sentences.prepend(u"缺少表 %1。"_s.arg(tables.join(u'、')));
   return sentences;
 }
 

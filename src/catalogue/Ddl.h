@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QByteArrayList>
+#include <QStringList>
 
 #include <folvane/Connection.h>
 
 #include "catalogue/Table.h"
-#include "data/drivers/Driver.h"
+#include "data/dialect/NativeWords.h"
 
 namespace folvane {
 
 /// The statements that make a table and its indexes in a database's own words.
 /// @throws DataError Untranslatable for a database whose tables are not ours to make
-QByteArrayList CreateStatements(DialectKind dialect, const Table& table);
+QStringList CreateStatements(const NativeWords& words, const Table& table);
 
 /// Makes a table with its key and indexes. @throws DataError
 void CreateTable(Connection& connection, const Table& table);

@@ -15,7 +15,7 @@ struct DictionaryFieldRow {
   static Table Description();
 };
 
-/// SaveControls: a control of the entry form. Places and sizes are in twips, 1440 to the inch.
+/// SaveControls: a control of the entry form. Positions and sizes are in twips, 1440 to the inch.
 struct EntryControlRow {
   QString dataSource, dataField;
   int controlType = 0, controlIndex = 0, keyOrder = 0, left = 0, top = 0, width = 0, height = 0;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "data/drivers/Driver.h"
+#include "data/DatabaseSession.h"
 
 namespace folvane {
 namespace {
@@ -16,28 +16,28 @@ RowWriter::RowWriter(Connection& connection, const QString& table, QStringList c
     : connection_(connection),
       table_(table),
       columns_(std::move(columns)),
-      rowsToStatement_(std::max<std::size_t>(1, kMarkersToStatement / static_cast<std::size_t>(columns_.size()))) {
+      rowsToStatement_(std::max<std::size_t>(1, kMarkersToStatement / size_t(columns_.size()))) {
   full_.text = Text(rowsToStatement_);
 }
 
 QByteArray RowWriter::Text(std::size_t rows) const {
   const QByteArray row = "(" + QByteArrayList(columns_.size(), "?").join(',') + ")";
   return "insert into " + table_.toUtf8() + "(" + columns_.join(u',').toUtf8() + ") values " +
-         QByteArrayList(static_cast<qsizetype>(rows), row).join(',');
+         QByteArrayList(qsizetype(rows), row).join(',');
 }
 
 void RowWriter::Add(std::vector<QVariant> values) {
-  Q_ASSERT(static_cast<qsizetype>(values.size()) == columns_.size());
+  Q_ASSERT(qsizetype(values.size()) == columns_.size());
   for (QVariant& value : values) full_.parameters.push_back(std::move(value));
   if (full_.parameters.size() < rowsToStatement_ * values.size()) return;
-  connection_.NativeDriver().Execute(full_);
+  DatabaseSession::Of(connection_).ExecuteNative(full_);
   full_.parameters.clear();
 }
 
 void RowWriter::Finish() {
   if (full_.parameters.empty()) return;
-  const std::size_t rows = full_.parameters.size() / static_cast<std::size_t>(columns_.size());
-  connection_.NativeDriver().Execute({Text(rows), full_.parameters});
+  const std::size_t rows = full_.parameters.size() / size_t(columns_.size());
+  DatabaseSession::Of(connection_).ExecuteNative({Text(rows), full_.parameters});
   full_.parameters.clear();
 }
 

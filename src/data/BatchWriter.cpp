@@ -5,14 +5,13 @@
 
 #include <folvane/DataError.h>
 
-#include "data/FetchedRows.h"
 #include "data/RefusedValues.h"
 #include "data/ValueText.h"
-#include "data/drivers/Driver.h"
 
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool IsLong(const ColumnInfo& column) {
   return column.type == AdoType::LongVarChar || column.type == AdoType::LongVarWChar ||
@@ -36,16 +35,15 @@ QVariant ForDriver(const QVariant& value, const ColumnInfo& column) {
 }  // namespace
 
 BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& rows)
-    : connection_(connection), rows_(rows) {
-  const QString name = connection.BaseTable(source);
-  const TableInfo* table = name.isEmpty() ? nullptr : connection.Table(name);
-  if (!table)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("该记录集不是由一个表直接读出的，不能写回数据库。"), source);
+    : connection_(connection), session_(DatabaseSession::Of(connection)), rows_(rows) {
+  const QString name = session_.BaseTable(source);
+  const TableInfo* table = name.isEmpty() ? nullptr : session_.Table(name);
+  if (!table) throw DataError(DataErrorKind::Usage, u"该记录集不是由一个表直接读出的，不能写回数据库。"_s, source);
   table_ = std::make_shared<const TableInfo>(*table);
   for (const ColumnInfo& column : rows.Columns()) tableColumn_.push_back(table_->IndexOf(column.name));
 
   for (const int keyColumn : table_->key) {
-    const int column = rows.IndexOf(table_->columns[static_cast<std::size_t>(keyColumn)].name);
+    const int column = rows.IndexOf(table_->columns[size_t(keyColumn)].name);
     if (column < 0) {
       key_.clear();
       break;
@@ -53,17 +51,10 @@ BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& ro
     key_.push_back(column);
   }
   if (!key_.empty()) return;
-  for (int i = 0; i < static_cast<int>(tableColumn_.size()); ++i) {
-    const ColumnInfo& column = rows.Columns()[static_cast<std::size_t>(i)];
-    if (tableColumn_[static_cast<std::size_t>(i)] >= 0 && !IsLong(column) && !IsInexact(column)) key_.push_back(i);
+  for (int i = 0; i < int(tableColumn_.size()); ++i) {
+    const ColumnInfo& column = rows.Columns()[size_t(i)];
+    if (tableColumn_[size_t(i)] >= 0 && !IsLong(column) && !IsInexact(column)) key_.push_back(i);
   }
-}
-
-QByteArray BatchWriter::Quoted(const QString& name) const {
-  QString inner = name;
-  if (connection_.NativeDriver().Dialect() == DialectKind::TransactSql)
-    return '[' + inner.replace(QLatin1Char(']'), QLatin1String("]]")).toUtf8() + ']';
-  return '"' + inner.replace(QLatin1Char('"'), QLatin1String("\"\"")).toUtf8() + '"';
 }
 
 void BatchWriter::Write(const std::vector<RowId>& pending) {
@@ -110,7 +101,7 @@ void BatchWriter::CheckLengths(RowId row) const {
   const RowChange* change = rows_.Change(row);
   if (!change || !Rows::IsPending(*change) || change->state == RowChange::Deleted) return;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
-    const int at = static_cast<int>(i);
+    const int at = int(i);
     if (tableColumn_[i] >= 0 && (change->state == RowChange::Added || rows_.IsChanged(row, at)))
       Fitted(rows_.Value(row, at), row, at);
   }
@@ -135,7 +126,7 @@ void BatchWriter::Insert(Written& written) {
   std::vector<int> givenColumns;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     if (tableColumn_[i] < 0) continue;
-    const int at = static_cast<int>(i);
+    const int at = int(i);
     const ColumnInfo& column = TableColumn(at);
     const QVariant value = rows_.Value(written.row, at);
     if (value.isValid()) {
@@ -147,25 +138,24 @@ void BatchWriter::Insert(Written& written) {
       givenColumns.push_back(at);
     }
   }
-  const bool outputFirst = connection_.NativeDriver().Dialect() == DialectKind::TransactSql;
-  QByteArray output;
-  if (!given.isEmpty()) output = outputFirst ? " OUTPUT INSERTED." + given : " RETURNING " + given;
+  const NativeWords& words = session_.Words();
+  const auto output = [&](const QByteArray& word) {
+    return given.isEmpty() || word.isEmpty() ? QByteArray() : word + given;
+  };
   statement.text = "INSERT INTO " + TableText();
   if (!names.isEmpty()) statement.text += " (" + names + ")";
-  if (outputFirst) statement.text += output;
+  statement.text += output(words.insertedAhead);
   statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
-  if (!outputFirst) statement.text += output;
+  statement.text += output(words.insertedAtEnd);
 
   if (givenColumns.empty()) {
-    connection_.NativeDriver().Execute(statement);
+    session_.ExecuteNative(statement);
     return;
   }
-  FetchedRows fetched;
-  RowStore store;
-  connection_.NativeDriver().Query(statement, fetched.columns, store);
-  for (std::size_t i = 0; i < givenColumns.size() && store.RowCount(); ++i)
-    written.given.emplace_back(givenColumns[i], DecodeCell(store.At(0, static_cast<int>(i)),
-                                                           rows_.Columns()[static_cast<std::size_t>(givenColumns[i])]));
+  const FetchedRows inserted = session_.FetchNative(statement);
+  for (std::size_t i = 0; i < givenColumns.size() && inserted.rows->RowCount(); ++i)
+    written.given.emplace_back(givenColumns[i],
+                               DecodeCell(inserted.rows->At(0, int(i)), rows_.Columns()[size_t(givenColumns[i])]));
 }
 
 void BatchWriter::Update(Written& written) {
@@ -173,7 +163,7 @@ void BatchWriter::Update(Written& written) {
   NativeStatement statement;
   QByteArray assignments;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
-    const int at = static_cast<int>(i);
+    const int at = int(i);
     if (tableColumn_[i] < 0 || !rows_.IsChanged(row, at)) continue;
     assignments += (assignments.isEmpty() ? "" : ",") + Quoted(TableColumn(at).name) + "=?";
     statement.parameters.push_back(Parameter(rows_.Value(row, at), written, at));
@@ -195,7 +185,7 @@ void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withC
   QByteArray condition;
   const auto add = [&](int index) {
     const QVariant value = rows_.Original(row, index);
-    const ColumnInfo& column = rows_.Columns()[static_cast<std::size_t>(index)];
+    const ColumnInfo& column = rows_.Columns()[size_t(index)];
     condition += condition.isEmpty() ? " WHERE " : " AND ";
     condition += Quoted(column.name);
     condition += value.isValid() ? "=?" : " IS NULL";
@@ -204,8 +194,8 @@ void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withC
   // Without a key of the table's own the other columns still name the row.
   for (const int column : key_)
     if (!table_->key.empty() || !IsRounded(rows_.Original(row, column))) add(column);
-  for (int i = 0; withChanges && i < static_cast<int>(tableColumn_.size()); ++i) {
-    const auto at = static_cast<std::size_t>(i);
+  for (int i = 0; withChanges && i < int(tableColumn_.size()); ++i) {
+    const auto at = size_t(i);
     const ColumnInfo& column = rows_.Columns()[at];
     const bool changed = tableColumn_[at] >= 0 && rows_.IsChanged(row, i);
     // Binary and inexact values do not compare reliably; the key still names the row.
@@ -221,14 +211,13 @@ void BatchWriter::RunOnOneRow(const NativeStatement& statement) {
   std::optional<Transaction> transaction;
   const bool keyed = !table_->key.empty();
   if (!keyed && !connection_.InTransaction()) transaction.emplace(connection_);
-  const qint64 count = connection_.NativeDriver().Execute(statement);
+  const qint64 count = session_.ExecuteNative(statement);
   if (count == 0)
-    throw DataError(DataErrorKind::Conflict, QStringLiteral("该记录已被其他用户修改或删除，未能保存。"),
+    throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户修改或删除，未能保存。"_s,
                     QString::fromUtf8(statement.text));
   if (count > 1)
-    throw DataError(
-        DataErrorKind::Conflict,
-        QStringLiteral("表“%1”没有主键，有 %2 条相同的记录，不能确定要修改的是哪一条。").arg(table_->name).arg(count));
+    throw DataError(DataErrorKind::Conflict,
+                    u"表“%1”没有主键，有 %2 条相同的记录，不能确定要修改的是哪一条。"_s.arg(table_->name).arg(count));
   if (transaction) transaction->Commit();
 }
 
@@ -240,16 +229,13 @@ std::vector<QVariant> BatchWriter::Read(RowId row) {
   }
   statement.text += " FROM " + TableText();
   AddCondition(statement, row, false);
-  std::vector<ColumnInfo> columns;
-  RowStore store;
-  connection_.NativeDriver().Query(statement, columns, store);
-  if (store.RowCount() == 0)
-    throw DataError(DataErrorKind::Conflict, QStringLiteral("该记录已被其他用户删除。"),
-                    QString::fromUtf8(statement.text));
+  const FetchedRows read = session_.FetchNative(statement);
+  if (read.rows->RowCount() == 0)
+    throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户删除。"_s, QString::fromUtf8(statement.text));
   std::vector<QVariant> values;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i)
-    values.push_back(tableColumn_[i] < 0 ? rows_.Value(row, static_cast<int>(i))
-                                         : DecodeCell(store.At(0, static_cast<int>(i)), rows_.Columns()[i]));
+    values.push_back(tableColumn_[i] < 0 ? rows_.Value(row, int(i))
+                                         : DecodeCell(read.rows->At(0, int(i)), rows_.Columns()[i]));
   return values;
 }
 

@@ -2,6 +2,7 @@
 
 #include <folvane/Connection.h>
 
+#include "data/DatabaseSession.h"
 #include "data/NativeStatement.h"
 #include "data/Rows.h"
 
@@ -36,13 +37,12 @@ class BatchWriter {
   void CheckLengths(RowId row) const;
   QVariant Fitted(const QVariant& value, RowId row, int at) const;  ///< @throws DataError TooLong
   QVariant Parameter(const QVariant& value, Written& written, int at) const;
-  const ColumnInfo& TableColumn(int at) const {
-    return table_->columns[static_cast<std::size_t>(tableColumn_[static_cast<std::size_t>(at)])];
-  }
-  QByteArray Quoted(const QString& name) const;
+  const ColumnInfo& TableColumn(int at) const { return table_->columns[size_t(tableColumn_[size_t(at)])]; }
+  QByteArray Quoted(const QString& name) const { return session_.Words().Quoted(name); }
   QByteArray TableText() const { return Quoted(table_->name); }
 
   Connection& connection_;
+  DatabaseSession& session_;
   Rows& rows_;
   std::shared_ptr<const TableInfo> table_;
   std::vector<int> tableColumn_;  ///< by column of the record set; -1 for one that the table lacks

@@ -10,7 +10,7 @@ ColumnIndex::ColumnIndex(const Rows& rows, int column)
     : mask_(std::bit_ceil(std::size_t(rows.StoredCount()) + 1) - 1),
       heads_(mask_ + 1, 0),
       links_(rows.StoredCount(), 0) {
-  const TypeGroup group = GroupOfType(rows.Columns()[static_cast<std::size_t>(column)].type);
+  const TypeGroup group = GroupOfType(rows.Columns()[size_t(column)].type);
   // From the last row to the first, so that each slot's chain ascends.
   for (RowId row = rows.StoredCount(); row-- > 0;) {
     const Cell cell = rows.Store().At(row, column);

@@ -12,6 +12,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // "*" and "%" stand for any run of characters, without regard to ASCII case.
 bool MatchesLike(QByteArrayView text, QByteArrayView pattern) {
@@ -53,7 +54,7 @@ Condition::Condition(int column, const ColumnInfo& info, Operator op, const QVar
     : column_(column), group_(GroupOfType(info.type)), op_(op), literal_(literal) {
   if (!literal.isValid()) {
     if (op != Equal && op != NotEqual)
-      throw DataError(DataErrorKind::Usage, QStringLiteral("空值只能用“=”或“<>”比较：%1").arg(info.name));
+      throw DataError(DataErrorKind::Usage, u"空值只能用“=”或“<>”比较：%1"_s.arg(info.name));
     return;
   }
   if (op == Like) group_ = TypeGroup::Text;

@@ -6,6 +6,7 @@
 #include "data/ValueText.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 /// Reads a Find or Filter text. And binds tighter than Or; brackets over Or are multiplied out.
 class CriteriaParser {
@@ -57,9 +58,9 @@ class CriteriaParser {
   Condition ReadCondition() {
     const QString name = ReadName();
     const int column = rows_.IndexOf(name);
-    if (column < 0) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有字段“%1”。").arg(name));
+    if (column < 0) throw DataError(DataErrorKind::Usage, u"记录集中没有字段“%1”。"_s.arg(name));
     const Condition::Operator op = ReadOperator();
-    return Condition(column, rows_.Columns()[static_cast<std::size_t>(column)], op, ReadLiteral());
+    return Condition(column, rows_.Columns()[size_t(column)], op, ReadLiteral());
   }
 
   QString ReadName() {
@@ -144,9 +145,7 @@ class CriteriaParser {
     return true;
   }
 
-  [[noreturn]] void Fail() const {
-    throw DataError(DataErrorKind::Usage, QStringLiteral("不能识别的筛选条件：%1").arg(text_));
-  }
+  [[noreturn]] void Fail() const { throw DataError(DataErrorKind::Usage, u"不能识别的筛选条件：%1"_s.arg(text_)); }
 
   const QString& text_;
   const Rows& rows_;

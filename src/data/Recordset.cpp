@@ -3,46 +3,46 @@
 #include <folvane/DataError.h>
 
 #include "data/BatchWriter.h"
+#include "data/DatabaseSession.h"
 #include "data/RecordsetState.h"
 #include "data/ValueText.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
-using Place = RecordsetState::Place;
+using CursorState = RecordsetState::CursorState;
 
-const QString& Field::Name() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].name; }
-int Field::Type() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].type; }
-int Field::DefinedSize() const { return state_->rows.Columns()[static_cast<std::size_t>(column_)].definedSize; }
+const QString& Field::Name() const { return state_->rows.Columns()[size_t(column_)].name; }
+int Field::Type() const { return state_->rows.Columns()[size_t(column_)].type; }
+int Field::DefinedSize() const { return state_->rows.Columns()[size_t(column_)].definedSize; }
 QVariant Field::Value() const { return state_->rows.Value(state_->CurrentRow(), column_); }
 QString Field::Text() const { return ValueText(Value()); }
 QVariant Field::OriginalValue() const { return state_->rows.Original(state_->CurrentRow(), column_); }
 
 void Field::SetValue(const QVariant& value) {
-  const QVariant fitted = FitToColumn(value, state_->rows.Columns()[static_cast<std::size_t>(column_)]);
+  const QVariant fitted = FitToColumn(value, state_->rows.Columns()[size_t(column_)]);
   state_->BeginEdit();
   state_->rows.SetValue(state_->CurrentRow(), column_, fitted);
 }
 
-int FieldList::Count() const { return static_cast<int>(state_->rows.Columns().size()); }
+int FieldList::Count() const { return int(state_->rows.Columns().size()); }
 int FieldList::IndexOf(const QString& name) const { return state_->rows.IndexOf(name); }
 
 Field FieldList::Item(int index) const {
-  if (index < 0 || index >= Count())
-    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有第 %1 个字段。").arg(index));
+  if (index < 0 || index >= Count()) throw DataError(DataErrorKind::Usage, u"记录集中没有第 %1 个字段。"_s.arg(index));
   return Field(state_, index);
 }
 
 Field FieldList::Item(const QString& name) const {
   const int index = IndexOf(name);
-  if (index < 0)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有字段“%1”。").arg(name), state_->source);
+  if (index < 0) throw DataError(DataErrorKind::Usage, u"记录集中没有字段“%1”。"_s.arg(name), state_->source);
   return Field(state_, index);
 }
 
 namespace {
 
 RecordsetState& Opened(const std::unique_ptr<RecordsetState>& state) {
-  if (!state) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集没有打开，不能进行该操作。"));
+  if (!state) throw DataError(DataErrorKind::Usage, u"记录集没有打开，不能进行该操作。"_s);
   return *state;
 }
 
@@ -54,9 +54,9 @@ Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
 void Recordset::Open(const QString& source, std::shared_ptr<Connection> connection, CursorType, LockType lock,
                      CursorLocation) {
-  if (state_) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集已经打开。"), source);
-  if (!connection) throw DataError(DataErrorKind::Usage, QStringLiteral("没有数据库连接。"), source);
-  FetchedRows fetched = connection->Fetch(source, textOrder_);
+  if (state_) throw DataError(DataErrorKind::Usage, u"记录集已经打开。"_s, source);
+  if (!connection) throw DataError(DataErrorKind::Usage, u"没有数据库连接。"_s, source);
+  FetchedRows fetched = DatabaseSession::Of(*connection).Fetch(source, textOrder_);
   state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
 }
 
@@ -69,25 +69,25 @@ bool Recordset::IsOpen() const { return state_ != nullptr; }
 QString Recordset::Source() const { return Opened(state_).source; }
 
 bool Recordset::BOF() const {
-  const Place place = Opened(state_).place_;
-  return place == Place::Bof || place == Place::Empty;
+  const CursorState cursor = Opened(state_).cursorState_;
+  return cursor == CursorState::Bof || cursor == CursorState::Empty;
 }
 
 bool Recordset::EOF_() const {
-  const Place place = Opened(state_).place_;
-  return place == Place::Eof || place == Place::Empty;
+  const CursorState cursor = Opened(state_).cursorState_;
+  return cursor == CursorState::Eof || cursor == CursorState::Empty;
 }
 
 qint64 Recordset::RecordCount() const { return Opened(state_).view.Count(); }
 
 qint64 Recordset::AbsolutePosition() const {
   const RecordsetState& state = Opened(state_);
-  switch (state.place_) {
-    case Place::Row:
+  switch (state.cursorState_) {
+    case CursorState::Row:
       return state.position_ + 1;
-    case Place::Bof:
+    case CursorState::Bof:
       return -2;
-    case Place::Eof:
+    case CursorState::Eof:
       return -3;
     default:
       return -1;
@@ -97,23 +97,23 @@ qint64 Recordset::AbsolutePosition() const {
 void Recordset::SetAbsolutePosition(qint64 position) {
   RecordsetState& state = Opened(state_);
   if (position < 1 || position > state.view.Count())
-    throw DataError(DataErrorKind::Usage, QStringLiteral("没有第 %1 条记录。").arg(position));
+    throw DataError(DataErrorKind::Usage, u"没有第 %1 条记录。"_s.arg(position));
   state.GoTo(position - 1);
 }
 
-qint64 Recordset::Bookmark() const { return static_cast<qint64>(Opened(state_).CurrentRow()) + 1; }
+qint64 Recordset::Bookmark() const { return qint64(Opened(state_).CurrentRow()) + 1; }
 
 void Recordset::SetBookmark(qint64 bookmark) {
   RecordsetState& state = Opened(state_);
-  if (bookmark < 1 || bookmark > static_cast<qint64>(state.rows.EndId()))
-    throw DataError(DataErrorKind::Usage, QStringLiteral("书签所指的记录已不存在。"));
-  state.GoToRow(static_cast<RowId>(bookmark - 1));
+  if (bookmark < 1 || bookmark > qint64(state.rows.EndId()))
+    throw DataError(DataErrorKind::Usage, u"书签所指的记录已不存在。"_s);
+  state.GoToRow(RowId(bookmark - 1));
 }
 
 namespace {
 
 void RequireRows(const RecordsetState& state) {
-  if (state.place_ == Place::Empty) throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有记录。"));
+  if (state.cursorState_ == CursorState::Empty) throw DataError(DataErrorKind::Usage, u"记录集中没有记录。"_s);
 }
 
 }  // namespace
@@ -132,13 +132,13 @@ void Recordset::MoveLast() {
 
 void Recordset::MoveNext() {
   RecordsetState& state = Opened(state_);
-  if (EOF_()) throw DataError(DataErrorKind::Usage, QStringLiteral("已在最后一条记录之后，不能再向后移动。"));
+  if (EOF_()) throw DataError(DataErrorKind::Usage, u"已在最后一条记录之后，不能再向后移动。"_s);
   state.Step(1);
 }
 
 void Recordset::MovePrevious() {
   RecordsetState& state = Opened(state_);
-  if (BOF()) throw DataError(DataErrorKind::Usage, QStringLiteral("已在第一条记录之前，不能再向前移动。"));
+  if (BOF()) throw DataError(DataErrorKind::Usage, u"已在第一条记录之前，不能再向前移动。"_s);
   state.Step(-1);
 }
 
@@ -149,7 +149,7 @@ void Recordset::Move(qint64 count, MoveFrom from) {
     from == MoveFrom::First ? MoveFirst() : MoveLast();
   }
   if ((count > 0 && EOF_()) || (count < 0 && BOF()))
-    throw DataError(DataErrorKind::Usage, QStringLiteral("没有当前记录，不能移动。"));
+    throw DataError(DataErrorKind::Usage, u"没有当前记录，不能移动。"_s);
   state.Step(count);
 }
 
@@ -157,10 +157,10 @@ void Recordset::Find(const QString& criterion, qint64 skip, SearchDirection dire
   RecordsetState& state = Opened(state_);
   const Criteria criteria = Criteria::Parse(criterion, state.rows);
   const Condition* condition = criteria.Single();
-  if (!condition) throw DataError(DataErrorKind::Usage, QStringLiteral("查找只能用一个条件：%1").arg(criterion));
+  if (!condition) throw DataError(DataErrorKind::Usage, u"查找只能用一个条件：%1"_s.arg(criterion));
   const bool forward = direction == SearchDirection::Forward;
   qint64 from = state.position_;
-  if (state.place_ == Place::Hole && !forward) --from;
+  if (state.cursorState_ == CursorState::Hole && !forward) --from;
   from += forward ? skip : -skip;
   const qint64 found = from < 0 || from >= state.view.Count() ? -1 : state.Find(*condition, from, direction);
   if (found >= 0)
@@ -210,7 +210,7 @@ QString Recordset::TextAt(qint64 position, int field) const {
 
 EditModeKind Recordset::EditMode() const {
   const RecordsetState& state = Opened(state_);
-  if (state.place_ == Place::Hole) return EditModeKind::Delete;
+  if (state.cursorState_ == CursorState::Hole) return EditModeKind::Delete;
   if (!state.edit) return EditModeKind::None;
   return state.edit->adding ? EditModeKind::Add : EditModeKind::InProgress;
 }
@@ -261,15 +261,14 @@ void Recordset::CancelBatch(AffectKind affect) {
 }
 
 void Recordset::Delete(AffectKind affect) {
-  if (affect != AffectKind::Current)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("一次只能删除当前的一条记录。"));
+  if (affect != AffectKind::Current) throw DataError(DataErrorKind::Usage, u"一次只能删除当前的一条记录。"_s);
   Opened(state_).DeleteCurrentRow();
 }
 
 void Recordset::Requery() {
   RecordsetState& state = Opened(state_);
-  if (state.edit) throw DataError(DataErrorKind::Usage, QStringLiteral("当前记录正在编辑，请先保存或取消。"));
-  FetchedRows fetched = state.connection->Fetch(state.source, textOrder_);
+  if (state.edit) throw DataError(DataErrorKind::Usage, u"当前记录正在编辑，请先保存或取消。"_s);
+  FetchedRows fetched = DatabaseSession::Of(*state.connection).Fetch(state.source, textOrder_);
   auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
   fresh->filter = state.filter;
   fresh->sort = state.sort;
@@ -295,6 +294,6 @@ void Recordset::Resync(AffectKind affect) {
   }
 }
 
-qint64 Recordset::PendingCount() const { return static_cast<qint64>(Opened(state_).rows.PendingRows().size()); }
+qint64 Recordset::PendingCount() const { return qint64(Opened(state_).rows.PendingRows().size()); }
 
 }  // namespace folvane

@@ -20,6 +20,12 @@ enum class AffectKind { Current = 1, Group = 2, All = 3, AllChapters = 4 };
 enum class SearchDirection { Backward = -1, Forward = 1 };
 enum class MoveFrom { Current = 0, First = 1, Last = 2 };
 
+/// What Order By puts the texts of a record set in order by.
+enum class TextOrder {
+  Plain,   ///< by their codes, without regard to ASCII case and trailing blanks, as texts compare
+  Pinyin,  ///< Chinese by pinyin, where the database can
+};
+
 class FieldList;
 class RecordsetState;
 
@@ -107,7 +113,7 @@ class Recordset {
   void MoveLast();
   void MoveNext();      ///< @throws DataError Usage at EOF
   void MovePrevious();  ///< @throws DataError Usage at BOF
-  /// Moves by count rows, counted from the given place; stops at BOF and EOF.
+  /// Moves by count rows, counted from the given row; stops at BOF and EOF.
   void Move(qint64 count, MoveFrom from = MoveFrom::Current);
 
   /// Stands on the first row from the current one on that meets one condition such as "ArchiveID = 'x'"; at EOF

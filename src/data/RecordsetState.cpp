@@ -7,6 +7,7 @@
 #include "data/BatchWriter.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock,
                                FetchedRows fetched)
@@ -15,34 +16,33 @@ RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> conne
 }
 
 RowId RecordsetState::CurrentRow() const {
-  if (place_ == Place::Row) return view.At(position_);
-  throw DataError(DataErrorKind::Usage, place_ == Place::Hole
-                                            ? QStringLiteral("当前记录已被删除。")
-                                            : QStringLiteral("没有当前记录：位置在第一条记录之前或最后一条记录之后。"));
+  if (cursorState_ == CursorState::Row) return view.At(position_);
+  throw DataError(DataErrorKind::Usage, cursorState_ == CursorState::Hole
+                                            ? u"当前记录已被删除。"_s
+                                            : u"没有当前记录：位置在第一条记录之前或最后一条记录之后。"_s);
 }
 
 void RecordsetState::GoTo(qint64 position) {
   if (edit) EndEdit();
   position_ = position;
-  place_ = Place::Row;
+  cursorState_ = CursorState::Row;
 }
 
 void RecordsetState::GoEnd() {
   if (edit) EndEdit();
   position_ = view.Count();
-  place_ = view.Count() ? Place::Eof : Place::Empty;
+  cursorState_ = view.Count() ? CursorState::Eof : CursorState::Empty;
 }
 
 void RecordsetState::GoBeforeStart() {
   if (edit) EndEdit();
   position_ = -1;
-  place_ = view.Count() ? Place::Bof : Place::Empty;
+  cursorState_ = view.Count() ? CursorState::Bof : CursorState::Empty;
 }
 
 void RecordsetState::GoToRow(RowId row) {
   const qint64 position = view.PositionOf(row);
-  if (position < 0 || position >= view.Count())
-    throw DataError(DataErrorKind::Usage, QStringLiteral("书签所指的记录已不存在。"));
+  if (position < 0 || position >= view.Count()) throw DataError(DataErrorKind::Usage, u"书签所指的记录已不存在。"_s);
   GoTo(position);
 }
 
@@ -52,7 +52,7 @@ void RecordsetState::Step(qint64 count) {
     return;
   }
   // From a hole the next row is the one that has moved up into it.
-  const qint64 target = place_ == Place::Hole && count > 0 ? position_ + count - 1 : position_ + count;
+  const qint64 target = cursorState_ == CursorState::Hole && count > 0 ? position_ + count - 1 : position_ + count;
   if (target < 0)
     GoBeforeStart();
   else if (target >= view.Count())
@@ -123,8 +123,7 @@ void RecordsetState::Reshow() {
 }
 
 void RecordsetState::RequireWritable() const {
-  if (lock == LockType::ReadOnly)
-    throw DataError(DataErrorKind::Usage, QStringLiteral("记录集以只读方式打开，不能修改。"));
+  if (lock == LockType::ReadOnly) throw DataError(DataErrorKind::Usage, u"记录集以只读方式打开，不能修改。"_s);
 }
 
 void RecordsetState::BeginEdit() {
@@ -188,7 +187,7 @@ void RecordsetState::DeleteCurrentRow() {
     }
   }
   view.RemoveAt(position_);
-  place_ = Place::Hole;
+  cursorState_ = CursorState::Hole;
 }
 
 void RecordsetState::Write(const std::vector<RowId>& pending) { BatchWriter(*connection, source, rows).Write(pending); }

@@ -11,13 +11,13 @@
 
 namespace folvane {
 
-/// What an open record set consists of: its rows, the view of them, the place in the view and the edit in progress.
+/// What an open record set consists of: its rows, the view of them, the cursor in the view and the edit in progress.
 class RecordsetState {
  public:
   RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock, FetchedRows fetched);
 
-  // Place. Either a row is under the position, or a hole where a deleted row was, or BOF or EOF is true.
-  bool HasRow() const { return place_ == Place::Row; }
+  // Cursor. Either a row is under the position, or a hole where a deleted row was, or BOF or EOF is true.
+  bool HasRow() const { return cursorState_ == CursorState::Row; }
   RowId CurrentRow() const;  ///< @throws DataError Usage without a row
   void GoTo(qint64 position);
   void GoToRow(RowId row);
@@ -38,7 +38,7 @@ class RecordsetState {
   void DeleteCurrentRow();
   void Write(const std::vector<RowId>& pending);
 
-  enum class Place { Row, Hole, Bof, Eof, Empty };
+  enum class CursorState { Row, Hole, Bof, Eof, Empty };
   struct Edit {
     RowId row;
     bool adding;
@@ -53,7 +53,7 @@ class RecordsetState {
   QString filter, sort;
   std::optional<Edit> edit;
 
-  Place place_ = Place::Empty;
+  CursorState cursorState_ = CursorState::Empty;
   qint64 position_ = 0;  ///< of the row or of the hole, from 0
 
  private:

@@ -5,6 +5,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool CountsUnits(const ColumnInfo& column) {
   return column.type == AdoType::WChar || column.type == AdoType::VarWChar || column.type == AdoType::LongVarWChar;
@@ -15,18 +16,18 @@ int LengthIn(const ColumnInfo& column, const QString& text) {
 }
 
 DataError TooLongError(const ColumnInfo& column, int length) {
-  const QString text = CountsUnits(column) ? QStringLiteral("字段“%1”的值太长：有 %2 个字符，最多 %3 个字符。")
-                                           : QStringLiteral("字段“%1”的值太长：有 %2 个字节，最多 %3 个字节。");
+  const QString text = CountsUnits(column) ? u"字段“%1”的值太长：有 %2 个字符，最多 %3 个字符。"_s
+                                           : u"字段“%1”的值太长：有 %2 个字节，最多 %3 个字节。"_s;
   return DataError(DataErrorKind::TooLong, text.arg(column.name).arg(length).arg(column.definedSize))
       .About(column.name);
 }
 
 QString DuplicateText(const QStringList& columns, const QString& value) {
-  if (columns.isEmpty()) return QStringLiteral("已有键值相同的记录。");
-  const QString names = u'“' + columns.join(QStringLiteral("”、“")) + u'”';
-  if (columns.size() > 1) return QStringLiteral("已有字段%1的值都相同的记录。").arg(names);
-  if (value.isEmpty()) return QStringLiteral("字段%1的值已经存在。").arg(names);
-  return QStringLiteral("字段%1的值“%2”已经存在。").arg(names, value);
+  if (columns.isEmpty()) return u"已有键值相同的记录。"_s;
+  const QString names = u'“' + columns.join(u"”、“"_s) + u'”';
+  if (columns.size() > 1) return u"已有字段%1的值都相同的记录。"_s.arg(names);
+  if (value.isEmpty()) return u"字段%1的值已经存在。"_s.arg(names);
+  return u"字段%1的值“%2”已经存在。"_s.arg(names, value);
 }
 
 }  // namespace

@@ -12,18 +12,18 @@ constexpr std::size_t kMaxHeader = 10;
 
 char* PutHeader(char* at, std::uint64_t header) {
   while (header >= 0x80) {
-    *at++ = static_cast<char>(header | 0x80);
+    *at++ = char(header | 0x80);
     header >>= 7;
   }
-  *at++ = static_cast<char>(header);
+  *at++ = char(header);
   return at;
 }
 
 const char* TakeHeader(const char* at, std::uint64_t& header) {
-  auto byte = static_cast<unsigned char>(*at++);
+  auto byte = uchar(*at++);
   header = byte & 0x7f;
   for (int shift = 7; byte & 0x80; shift += 7) {
-    byte = static_cast<unsigned char>(*at++);
+    byte = uchar(*at++);
     header |= std::uint64_t(byte & 0x7f) << shift;
   }
   return at;
@@ -51,9 +51,9 @@ QVariant Cell::ToVariant() const {
 }
 
 char* RowStore::Reserve(std::size_t length) {
-  if (static_cast<std::size_t>(end_ - next_) >= length && next_) return next_;
+  if (size_t(end_ - next_) >= length && next_) return next_;
   // The row in hand moves to the new chunk with its first bytes, so that a row always lies in one piece.
-  const std::size_t begun = rowStart_ ? static_cast<std::size_t>(next_ - rowStart_) : 0;
+  const std::size_t begun = rowStart_ ? size_t(next_ - rowStart_) : 0;
   const std::size_t needed = begun + length;
   // A long row gets room to double in, and short ones the common chunk.
   const std::size_t size = needed > kChunkSize / 2 ? std::max(kChunkSize, needed * 2) : kChunkSize;
@@ -103,13 +103,13 @@ Cell RowStore::At(std::size_t row, int column) const {
   std::uint64_t header = 0;
   at = TakeHeader(at, header);
   for (; column > 0; --column) at = TakeHeader(at + (header >> 2), header);
-  const auto length = static_cast<std::size_t>(header >> 2);
+  const auto length = size_t(header >> 2);
   Cell cell;
   switch (header & 3) {
     case 0:
       if (length) {
         cell.kind = Cell::Bytes;
-        cell.bytes = QByteArrayView(at + 1, static_cast<qsizetype>(length - 1));
+        cell.bytes = QByteArrayView(at + 1, qsizetype(length - 1));
       }
       break;
     case 1:
@@ -125,7 +125,7 @@ Cell RowStore::At(std::size_t row, int column) const {
       break;
     default:
       cell.kind = Cell::Text;
-      cell.bytes = QByteArrayView(at, static_cast<qsizetype>(length));
+      cell.bytes = QByteArrayView(at, qsizetype(length));
   }
   return cell;
 }

@@ -33,7 +33,7 @@ Rows::Rows(FetchedRows fetched) : columns_(std::move(fetched.columns)), store_(s
 
 int Rows::IndexOf(const QString& column) const {
   for (std::size_t i = 0; i < columns_.size(); ++i)
-    if (columns_[i].name.compare(column, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
+    if (columns_[i].name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
   return -1;
 }
 
@@ -50,7 +50,7 @@ bool Rows::IsLive(RowId row) const {
 
 QVariant Rows::Stored(RowId row, int column) const {
   if (row >= StoredCount()) return {};
-  return DecodeCell(store_->At(row, column), columns_[static_cast<std::size_t>(column)]);
+  return DecodeCell(store_->At(row, column), columns_[size_t(column)]);
 }
 
 QVariant Rows::Value(RowId row, int column) const {
@@ -72,7 +72,7 @@ bool Rows::IsChanged(RowId row, int column) const {
 }
 
 void Rows::SetState(RowId row, RowChange& change, RowChange::State state) {
-  dead_ += static_cast<RowId>(IsDead(state)) - static_cast<RowId>(IsDead(change.state));
+  dead_ += RowId(IsDead(state)) - RowId(IsDead(change.state));
   change.state = state;
   if (IsPending(change))
     pending_.insert(row);
@@ -135,7 +135,7 @@ void Rows::MarkWritten(RowId row) {
 
 void Rows::Refresh(RowId row, const std::vector<QVariant>& values) {
   RowChange& change = changes_[row];
-  for (std::size_t i = 0; i < values.size(); ++i) change.written.Set(static_cast<int>(i), values[i]);
+  for (std::size_t i = 0; i < values.size(); ++i) change.written.Set(int(i), values[i]);
   change.given.Clear();
   SetState(row, change, RowChange::Clean);
 }

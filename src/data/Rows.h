@@ -47,7 +47,7 @@ class Rows {
   int IndexOf(const QString& column) const;
   const RowStore& Store() const { return *store_; }
 
-  RowId StoredCount() const { return static_cast<RowId>(store_->RowCount()); }
+  RowId StoredCount() const { return RowId(store_->RowCount()); }
   /// One past the last id in use.
   RowId EndId() const { return StoredCount() + added_; }
   /// False for rows deleted or taken back.

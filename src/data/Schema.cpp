@@ -32,7 +32,7 @@ TypeGroup GroupOfType(int adoType) {
 
 int TableInfo::IndexOf(const QString& column) const {
   for (std::size_t i = 0; i < columns.size(); ++i)
-    if (columns[i].name.compare(column, Qt::CaseInsensitive) == 0) return static_cast<int>(i);
+    if (columns[i].name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
   return -1;
 }
 

@@ -15,7 +15,7 @@ inline QByteArrayView WithoutTrailingBlanks(QByteArrayView text) {
   return text.first(length);
 }
 
-inline char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+inline char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; }
 
 inline QByteArray FoldText(QByteArrayView utf8) {
   QByteArray folded = WithoutTrailingBlanks(utf8).toByteArray();
@@ -26,9 +26,8 @@ inline QByteArray FoldText(QByteArrayView utf8) {
 /// A hash that texts of one folded form share, without making that form.
 inline std::size_t FoldedHash(QByteArrayView utf8) {
   std::uint64_t hash = 0xcbf29ce484222325u;  // FNV-1a, http://www.isthe.com/chongo/tech/comp/fnv/
-  for (const char c : WithoutTrailingBlanks(utf8))
-    hash = (hash ^ static_cast<unsigned char>(FoldAscii(c))) * 0x100000001b3u;
-  return static_cast<std::size_t>(hash ^ (hash >> 32));
+  for (const char c : WithoutTrailingBlanks(utf8)) hash = (hash ^ uchar(FoldAscii(c))) * 0x100000001b3u;
+  return size_t(hash ^ (hash >> 32));
 }
 
 inline QByteArray FoldText(const QString& text) { return FoldText(QByteArrayView(text.toUtf8())); }

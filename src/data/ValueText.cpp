@@ -10,11 +10,12 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // A double holds any decimal number of 15 digits; of a longer one it would lose the last.
 bool IsTooExactForDouble(const QString& number) {
-  static const QRegularExpression shape(QStringLiteral("^-?0*(\\d*)(?:\\.(\\d*?)0*)?$"));
-  const QRegularExpressionMatch match = shape.match(number);
+  static const QRegularExpression pattern(u"^-?0*(\\d*)(?:\\.(\\d*?)0*)?$"_s);
+  const QRegularExpressionMatch match = pattern.match(number);
   return match.hasMatch() && match.capturedLength(1) + match.capturedLength(2) > 15;
 }
 
@@ -38,14 +39,11 @@ QVariant DateFromText(const QString& text, int type) {
 }
 
 // Rounded up, so that a fraction of a second is never taken for none.
-int Milliseconds(QStringView fraction) {
-  return std::min(999, static_cast<int>(std::ceil(fraction.toDouble() * 1000)));
-}
+int Milliseconds(QStringView fraction) { return std::min(999, int(std::ceil(fraction.toDouble() * 1000))); }
 
 [[noreturn]] void ThrowUnfit(const QVariant& value, const ColumnInfo& column, const QString& wanted) {
-  throw DataError(
-      DataErrorKind::Conversion,
-      QStringLiteral("“%1”不能作为字段“%2”的值：该字段要求%3。").arg(ValueText(value), column.name, wanted));
+  throw DataError(DataErrorKind::Conversion,
+                  u"“%1”不能作为字段“%2”的值：该字段要求%3。"_s.arg(ValueText(value), column.name, wanted));
 }
 
 }  // namespace
@@ -57,11 +55,11 @@ QString ValueText(const QVariant& value) {
     case QMetaType::Double:
       return QString::number(value.toDouble(), 'g', 15);
     case QMetaType::QDate:
-      return value.toDate().toString(QStringLiteral("yyyy-MM-dd"));
+      return value.toDate().toString(u"yyyy-MM-dd"_s);
     case QMetaType::QDateTime: {
       const QDateTime moment = value.toDateTime();
       const bool midnight = moment.time() == QTime(0, 0);
-      return moment.toString(midnight ? QStringLiteral("yyyy-MM-dd") : QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+      return moment.toString(midnight ? u"yyyy-MM-dd"_s : u"yyyy-MM-dd HH:mm:ss"_s);
     }
     case QMetaType::QByteArray:
       return QString::fromUtf8(value.toByteArray());
@@ -71,9 +69,9 @@ QString ValueText(const QVariant& value) {
 }
 
 QDateTime ReadDateTime(const QString& text) {
-  static const QRegularExpression shape(QStringLiteral(
-      "^\\s*(\\d{4})([-/.]?)(\\d{1,2})\\2(\\d{1,2})(?:[ T](\\d{1,2}):(\\d{2})(?::(\\d{2})(\\.\\d+)?)?)?\\s*$"));
-  const QRegularExpressionMatch match = shape.match(text);
+  static const QRegularExpression pattern(
+      u"^\\s*(\\d{4})([-/.]?)(\\d{1,2})\\2(\\d{1,2})(?:[ T](\\d{1,2}):(\\d{2})(?::(\\d{2})(\\.\\d+)?)?)?\\s*$"_s);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   if (match.capturedView(2).isEmpty() && (match.capturedLength(3) != 2 || match.capturedLength(4) != 2)) return {};
   const auto part = [&](int group) { return match.capturedView(group).toInt(); };
@@ -114,14 +112,14 @@ QVariant FitToColumn(const QVariant& value, const ColumnInfo& column) {
       if (isText && value.toString().trimmed().isEmpty()) return {};
       if (!isText) return value.typeId() == QMetaType::Double ? value : QVariant(value.toLongLong());
       const QVariant number = NumberFromText(value.toString(), column.type);
-      if (!number.isValid()) ThrowUnfit(value, column, QStringLiteral("数字"));
+      if (!number.isValid()) ThrowUnfit(value, column, u"数字"_s);
       return number;
     }
     case TypeGroup::Date: {
       if (value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime) return value;
       if (value.toString().trimmed().isEmpty()) return {};
       const QVariant date = DateFromText(value.toString(), column.type);
-      if (!date.isValid()) ThrowUnfit(value, column, QStringLiteral("日期"));
+      if (!date.isValid()) ThrowUnfit(value, column, u"日期"_s);
       return date;
     }
     case TypeGroup::Text:

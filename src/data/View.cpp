@@ -11,18 +11,17 @@
 #include "data/ValueText.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
-qint64 View::Count() const { return list_ ? static_cast<qint64>(list_->size()) : static_cast<qint64>(rows_.EndId()); }
+qint64 View::Count() const { return list_ ? qint64(list_->size()) : qint64(rows_.EndId()); }
 
-RowId View::At(qint64 position) const {
-  return list_ ? (*list_)[static_cast<std::size_t>(position)] : static_cast<RowId>(position);
-}
+RowId View::At(qint64 position) const { return list_ ? (*list_)[size_t(position)] : RowId(position); }
 
 qint64 View::PositionOf(RowId row) const {
   if (!list_) return row < rows_.EndId() ? row : -1;
   if (positions_.empty() && !list_->empty()) {
     positions_.assign(rows_.EndId(), -1);
-    for (std::size_t i = 0; i < list_->size(); ++i) positions_[(*list_)[i]] = static_cast<qint64>(i);
+    for (std::size_t i = 0; i < list_->size(); ++i) positions_[(*list_)[i]] = qint64(i);
   }
   return row < positions_.size() ? positions_[row] : -1;
 }
@@ -81,15 +80,15 @@ struct SortColumn {
 
 std::vector<SortColumn> ReadOrder(const Rows& rows, const QString& order) {
   std::vector<SortColumn> columns;
-  for (const QString& item : order.split(QLatin1Char(','))) {
-    QStringList words = item.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    const QString direction = words.size() > 1 ? words.takeLast().toLower() : QStringLiteral("asc");
-    QString name = words.join(QLatin1Char(' '));
-    if (name.startsWith(QLatin1Char('[')) && name.endsWith(QLatin1Char(']'))) name = name.mid(1, name.size() - 2);
+  for (const QString& item : order.split(u',')) {
+    QStringList words = item.simplified().split(u' ', Qt::SkipEmptyParts);
+    const QString direction = words.size() > 1 ? words.takeLast().toLower() : u"asc"_s;
+    QString name = words.join(u' ');
+    if (name.startsWith(u'[') && name.endsWith(u']')) name = name.mid(1, name.size() - 2);
     const int column = rows.IndexOf(name);
-    if (column < 0 || (direction != QLatin1String("asc") && direction != QLatin1String("desc")))
-      throw DataError(DataErrorKind::Usage, QStringLiteral("不能识别的排序：%1").arg(order));
-    columns.push_back({column, direction == QLatin1String("desc")});
+    if (column < 0 || (direction != "asc"_L1 && direction != "desc"_L1))
+      throw DataError(DataErrorKind::Usage, u"不能识别的排序：%1"_s.arg(order));
+    columns.push_back({column, direction == "desc"_L1});
   }
   return columns;
 }
@@ -100,20 +99,20 @@ void SortRows(const Rows& rows, const QString& order, std::vector<RowId>& list) 
   const std::vector<SortColumn> columns = ReadOrder(rows, order);
   std::vector<std::vector<SortKey>> keys(columns.size());
   for (std::size_t k = 0; k < columns.size(); ++k) {
-    const TypeGroup group = GroupOfType(rows.Columns()[static_cast<std::size_t>(columns[k].column)].type);
+    const TypeGroup group = GroupOfType(rows.Columns()[size_t(columns[k].column)].type);
     keys[k].reserve(list.size());
     for (const RowId row : list) keys[k].emplace_back(rows.Value(row, columns[k].column), group);
   }
-  std::vector<std::size_t> places(list.size());
-  std::iota(places.begin(), places.end(), std::size_t(0));
-  std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
+  std::vector<std::size_t> indexes(list.size());
+  std::iota(indexes.begin(), indexes.end(), std::size_t(0));
+  std::stable_sort(indexes.begin(), indexes.end(), [&](std::size_t a, std::size_t b) {
     for (std::size_t k = 0; k < columns.size(); ++k)
       if (const int sign = keys[k][a].Compare(keys[k][b]); sign != 0)
         return columns[k].descending ? sign > 0 : sign < 0;
     return false;
   });
   std::vector<RowId> sorted(list.size());
-  for (std::size_t i = 0; i < places.size(); ++i) sorted[i] = list[places[i]];
+  for (std::size_t i = 0; i < indexes.size(); ++i) sorted[i] = list[indexes[i]];
   list = std::move(sorted);
 }
 

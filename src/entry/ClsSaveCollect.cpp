@@ -5,11 +5,12 @@
 
 #include "base/IgnoreErrors.h"
 #include "catalogue/ReadRows.h"
+#include "data/Recordset.h"
 #include "entry/EntryControls.h"
 #include "entry/ProofingRule.h"
-#include "shell/CommonRoutines.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -7,8 +7,8 @@
 #include "base/KeyMaker.h"
 #include "data/OneTransaction.h"
 #include "data/Recordset.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

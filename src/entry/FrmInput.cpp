@@ -10,10 +10,10 @@
 #include "entry/EntryStatus.h"
 #include "forms/EntryForm.h"
 #include "originals/OriginalStore.h"
-#include "shell/Beep.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/TypedKeys.h"
 #include "widgets/WindowCommands.h"
 
 namespace folvane {

@@ -3,8 +3,9 @@
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
 #include "data/OneTransaction.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 namespace {

@@ -5,10 +5,10 @@
 #include "base/CodePage.h"
 #include "base/DocumentNumber.h"
 #include "base/KeyMaker.h"
-#include "base/Today.h"
+#include "base/Surroundings.h"
 #include "base/TypedValues.h"
 #include "data/ValueText.h"
-#include "shell/CommonRoutines.h"
+#include "shell/Lookups.h"
 
 namespace folvane {
 namespace {

@@ -9,7 +9,7 @@
 #include "base/KeyMaker.h"
 #include "data/ValueText.h"
 #include "entry/NewRecord.h"
-#include "shell/CommonRoutines.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 

@@ -1,9 +1,9 @@
 #include "entry/RegFormulaFile.h"
 
-#include "base/ProgramDirectory.h"
-#include "base/TableProfile.h"
+#include "base/ProfileFile.h"
+#include "base/Surroundings.h"
 #include "base/TypedValues.h"
-#include "shell/CommonRoutines.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 namespace {

@@ -6,7 +6,8 @@
 #include "data/ValueText.h"
 #include "forms/EntryLayout.h"
 #include "records/RecordStatement.h"
-#include "shell/CommonRoutines.h"
+#include "shell/Lookups.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -8,9 +8,9 @@
 #include "catalogue/ReadRows.h"
 #include "data/OneTransaction.h"
 #include "entry/ProofingRule.h"
-#include "shell/CommonRoutines.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -1,9 +1,9 @@
 #include "entry/SaveRefusal.h"
 
 #include "entry/FieldChecks.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 namespace {

@@ -3,10 +3,10 @@
 #include <Qt>
 
 #include "base/HalfWidth.h"
-#include "base/ProgramDirectory.h"
-#include "base/TableProfile.h"
+#include "base/ProfileFile.h"
+#include "base/Surroundings.h"
 #include "forms/EntryLayout.h"
-#include "shell/CommonRoutines.h"
+#include "shell/TypedKeys.h"
 
 namespace folvane {
 namespace {

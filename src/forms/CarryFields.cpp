@@ -1,7 +1,7 @@
 #include "forms/CarryFields.h"
 
 #include "data/Recordset.h"
-#include "shell/CommonRoutines.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;

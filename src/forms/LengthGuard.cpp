@@ -5,7 +5,7 @@
 #include "base/CodePage.h"
 #include "forms/EntryLayout.h"
 #include "forms/LimitText.h"
-#include "shell/Beep.h"
+#include "shell/TypedKeys.h"
 #include "widgets/EditCombo.h"
 
 namespace folvane {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/DatabaseSession.h"
 #include "data/Schema.h"
 #include "data/dialect/TextValues.h"
 #include "query/Comparison.h"
@@ -44,10 +45,10 @@ QString CaptionOf(const QString& name, const std::vector<DictionaryFieldRow>& de
 
 // A column may have been added since the table was read.
 const TableInfo* TableWith(const QString& column, const QString& table, Connection& connection) {
-  const TableInfo* known = connection.Table(table);
+  const TableInfo* known = DatabaseSession::Of(connection).Table(table);
   if (!known || known->IndexOf(column) >= 0) return known;
-  connection.RefreshSchema();
-  return connection.Table(table);
+  DatabaseSession::Of(connection).RefreshSchema();
+  return DatabaseSession::Of(connection).Table(table);
 }
 
 }  // namespace

@@ -4,9 +4,10 @@
 
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
+#include "data/Recordset.h"
 #include "records/TableRights.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 namespace {

@@ -5,8 +5,8 @@
 #include "catalogue/ReadRows.h"
 #include "records/TableRights.h"
 #include "records/YearFormula.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/TableFields.h"
 
 namespace folvane {
 namespace {

@@ -1,8 +1,9 @@
 #include "records/OriginalsOfRecord.h"
 
 #include "catalogue/ReadRows.h"
-#include "shell/CommonRoutines.h"
+#include "data/Recordset.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;

@@ -5,9 +5,9 @@
 
 #include "records/OriginalsOfRecord.h"
 #include "records/RowIcon.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <folvane/DataError.h>
 
 #include "data/dialect/Tokenizer.h"
-#include "shell/CommonRoutines.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;

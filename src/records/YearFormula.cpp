@@ -3,8 +3,7 @@
 #include <folvane/HostServices.h>
 
 #include "base/ProfileFile.h"
-#include "base/ProgramDirectory.h"
-#include "base/TableProfile.h"
+#include "base/Surroundings.h"
 
 namespace folvane {
 namespace {

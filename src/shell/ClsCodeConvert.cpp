@@ -6,17 +6,17 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QString StatementFor(int kind, const QString& code) {
   switch (kind) {
     case 1:
-      return QStringLiteral("Select FondsName from FondsDefine Where FondsNo='") + code + u'\'';
+      return u"Select FondsName from FondsDefine Where FondsNo='"_s + code + u'\'';
     case 2:
-      return QStringLiteral("Select ClassName from EntityClass  Where ClassNo='") + code +
-             QStringLiteral("' and FondsNo = '") + QueryValue(kLocalMachine, kFondsSet, QStringLiteral("CurrFondsNo")) +
-             u'\'';
+      return u"Select ClassName from EntityClass  Where ClassNo='"_s + code + u"' and FondsNo = '"_s +
+             QueryValue(kLocalMachine, kFondsSet, u"CurrFondsNo"_s) + u'\'';
     case 3:
-      return QStringLiteral("Select Code from RetentionYear Where Name='") + code + u'\'';
+      return u"Select Code from RetentionYear Where Name='"_s + code + u'\'';
     default:
       return {};
   }

@@ -8,6 +8,7 @@
 #include "shell/Messages.h"
 
 namespace folvane {
+using namespace Qt::Literals::StringLiterals;
 
 QString ErrorText(const std::exception& error) { return QString::fromUtf8(error.what()); }
 
@@ -15,8 +16,8 @@ QString ErrorDetails(const std::exception& error) {
   const auto* known = dynamic_cast<const DataError*>(&error);
   if (!known) return {};
   QStringList lines;
-  if (!known->Statement().isEmpty()) lines << QStringLiteral("语句：") + known->Statement();
-  if (!known->NativeCode().isEmpty()) lines << QStringLiteral("数据库错误代码：") + known->NativeCode();
+  if (!known->Statement().isEmpty()) lines << u"语句："_s + known->Statement();
+  if (!known->NativeCode().isEmpty()) lines << u"数据库错误代码："_s + known->NativeCode();
   return lines.join(u'\n');
 }
 

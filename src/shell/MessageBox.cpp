@@ -12,6 +12,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr char kAnswer[] = "Answer";
 constexpr int kDetailsWidth = 480;
@@ -46,8 +47,8 @@ QMessageBox::Icon IconOf(int flags) {
 }
 
 std::size_t DefaultKeyOf(int flags, std::size_t count) {
-  const std::size_t place = flags & MessageFlag::ThirdIsDefault ? 2 : flags & MessageFlag::SecondIsDefault ? 1 : 0;
-  return place < count ? place : 0;
+  const std::size_t index = flags & MessageFlag::ThirdIsDefault ? 2 : flags & MessageFlag::SecondIsDefault ? 1 : 0;
+  return index < count ? index : 0;
 }
 
 int EscapeAnswerOf(const std::vector<int>& answers) {
@@ -57,9 +58,7 @@ int EscapeAnswerOf(const std::vector<int>& answers) {
 
 // Line breaks come in every spelling: CR LF, LF CR and either alone.
 QString WithPlainLineBreaks(QString text) {
-  return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-      .replace(QStringLiteral("\n\r"), QStringLiteral("\n"))
-      .replace(u'\r', u'\n');
+  return text.replace(u"\r\n"_s, u"\n"_s).replace(u"\n\r"_s, u"\n"_s).replace(u'\r', u'\n');
 }
 
 }  // namespace
@@ -73,9 +72,9 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
   const std::vector<int> answers = AnswersOf(request.flags);
   escapeAnswer_ = EscapeAnswerOf(answers);
   const std::size_t defaultKey = DefaultKeyOf(request.flags, answers.size());
-  for (std::size_t place = 0; place < answers.size(); ++place) {
-    QPushButton* key = AddKey(answers[place]);
-    if (place == defaultKey) setDefaultButton(key);
+  for (std::size_t index = 0; index < answers.size(); ++index) {
+    QPushButton* key = AddKey(answers[index]);
+    if (index == defaultKey) setDefaultButton(key);
   }
   if (!request.details.isEmpty()) AddDetails(request.details);
 }
@@ -83,15 +82,15 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
 // Not the box's own detailed text: its key bears the toolkit's words and counts among the answers.
 void MessageBox::AddDetails(const QString& details) {
   auto* text = new QPlainTextEdit(WithPlainLineBreaks(details), this);
-  text->setObjectName(QStringLiteral("DetailsText"));
-  text->setAccessibleName(QStringLiteral("错误的详细信息"));
+  text->setObjectName(u"DetailsText"_s);
+  text->setAccessibleName(u"错误的详细信息"_s);
   text->setReadOnly(true);
   text->setTabChangesFocus(true);
   text->setMinimumWidth(kDetailsWidth);
   text->setFixedHeight(text->fontMetrics().lineSpacing() * kDetailsLines);
   text->hide();
-  auto* key = new QPushButton(QStringLiteral("详细信息(&D)"), this);
-  key->setObjectName(QStringLiteral("Details"));
+  auto* key = new QPushButton(u"详细信息(&D)"_s, this);
+  key->setObjectName(u"Details"_s);
   key->setCheckable(true);
   key->setAutoDefault(false);
   connect(key, &QPushButton::toggled, text, &QWidget::setVisible);
@@ -107,10 +106,10 @@ QPushButton* MessageBox::AddKey(int answer) {
     QKeySequence shortcut;
   };
   static const QHash<int, Look> looks = {
-      {Answer::Ok, {QStringLiteral("确定"), AcceptRole, {}}},
-      {Answer::Cancel, {QStringLiteral("取消"), RejectRole, {}}},
-      {Answer::Yes, {QStringLiteral("是"), YesRole, Qt::Key_Y}},
-      {Answer::No, {QStringLiteral("否"), NoRole, Qt::Key_N}},
+      {Answer::Ok, {u"确定"_s, AcceptRole, {}}},
+      {Answer::Cancel, {u"取消"_s, RejectRole, {}}},
+      {Answer::Yes, {u"是"_s, YesRole, Qt::Key_Y}},
+      {Answer::No, {u"否"_s, NoRole, Qt::Key_N}},
   };
   const Look look = looks[answer];
   QPushButton* key = addButton(look.text, look.role);

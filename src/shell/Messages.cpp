@@ -3,12 +3,12 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 
-#include "shell/CurrentWindow.h"
 #include "shell/MessageBox.h"
 #include "shell/ModalWindow.h"
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The box is answered with the plain pointer, even when the routine that shows it has the busy one up.
 class PlainPointer {
@@ -40,11 +40,11 @@ QString QtFilter(const QString& filter) {
   QStringList filters;
   for (qsizetype index = 0; index + 1 < parts.size(); index += 2) {
     QString patterns = parts[index + 1];
-    patterns.replace(QStringLiteral("*.*"), QStringLiteral("*")).replace(u';', u' ');
+    patterns.replace(u"*.*"_s, u"*"_s).replace(u';', u' ');
     const QString bare = parts[index].section(u'(', 0, 0).trimmed();  // the patterns may stand in the text already
-    filters << QStringLiteral("%1 (%2)").arg(bare, patterns);
+    filters << u"%1 (%2)"_s.arg(bare, patterns);
   }
-  return filters.join(QStringLiteral(";;"));
+  return filters.join(u";;"_s);
 }
 
 // "dat" of "Text|*.dat;*.txt".

@@ -12,12 +12,12 @@
 
 #include <folvane/DataError.h>
 
-#include "shell/CurrentWindow.h"
 #include "shell/MessageBox.h"
 #include "shell/WindowPlacement.h"
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 /// Ends the loop when the window is hidden, by whatever way, or deleted.
 class EndOfWindow : public QObject {
@@ -74,7 +74,7 @@ std::vector<QPointer<QWidget>>& ShownWindows() {
   return windows;
 }
 
-/// The place of a window among them for as long as its loop runs.
+/// Keeps a window among them for as long as its loop runs.
 class Standing {
  public:
   explicit Standing(QWidget& window) { ShownWindows().emplace_back(&window); }
@@ -103,12 +103,18 @@ void ShowOver(QWidget& window, const QWidget* parent) {
 
 void RequireApplication() {
   if (qobject_cast<QApplication*>(QCoreApplication::instance())) return;
-  throw DataError(DataErrorKind::Usage, QStringLiteral("尚未建立 QApplication，不能显示窗口，请先建立它。"));
+  throw DataError(DataErrorKind::Usage, u"尚未建立 QApplication，不能显示窗口，请先建立它。"_s);
+}
+
+QWidget* CurrentWindow() {
+  // While a modal window is open it is the one, also in the moment before the window system has made it active again.
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? modal : QApplication::activeWindow();
 }
 
 void ShowModal(QWidget& window, std::function<void()> opening) {
   if (window.isVisible()) {
-    throw DataError(DataErrorKind::Usage, QStringLiteral("窗口“%1”已经打开。").arg(window.windowTitle()));
+    throw DataError(DataErrorKind::Usage, u"窗口“%1”已经打开。"_s.arg(window.windowTitle()));
   }
   const QPointer<QWidget> shown(&window), parent(CurrentWindow());
   QEventLoop loop;

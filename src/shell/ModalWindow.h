@@ -10,8 +10,12 @@ namespace folvane {
 /// @throws DataError Usage when the host has made no QApplication
 void RequireApplication();
 
+/// The window that the user works in, over which a further window or a message box is to open; nullptr when there is
+/// none.
+QWidget* CurrentWindow();
+
 /// Shows a window modally over the active one and returns when it is hidden, closed or deleted. The object stays and
-/// can be shown again. The window's size and place are remembered for the user under its object name.
+/// can be shown again. The window's size and position are remembered for the user under its object name.
 ///
 /// `opening` runs once inside the event loop, right after the window is shown. An exception there ends the window and
 /// is thrown again from here.

@@ -5,13 +5,14 @@
 #include <QWidget>
 
 #include "base/IgnoreErrors.h"
-#include "shell/CurrentWindow.h"
+#include "shell/ModalWindow.h"
 #include "shell/RegistryValues.h"
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString kWindows = QStringLiteral("Software\\Norvex\\Folvane\\Windows");
+const QString kWindows = u"Software\\Norvex\\Folvane\\Windows"_s;
 
 constexpr char kPlacementOf[] = "PlacementOf";
 
@@ -38,13 +39,13 @@ QRect RoomFor(const QWidget& window) {
   return window.screen()->availableGeometry().adjusted(frame, title, -frame, -frame);
 }
 
-QRect FittedInto(const QRect& room, QRect place) {
-  place.setSize(place.size().boundedTo(room.size()));
-  place.moveRight(qMin(place.right(), room.right()));
-  place.moveBottom(qMin(place.bottom(), room.bottom()));
-  place.moveLeft(qMax(place.left(), room.left()));
-  place.moveTop(qMax(place.top(), room.top()));
-  return place;
+QRect FittedInto(const QRect& room, QRect frame) {
+  frame.setSize(frame.size().boundedTo(room.size()));
+  frame.moveRight(qMin(frame.right(), room.right()));
+  frame.moveBottom(qMin(frame.bottom(), room.bottom()));
+  frame.moveLeft(qMax(frame.left(), room.left()));
+  frame.moveTop(qMax(frame.top(), room.top()));
+  return frame;
 }
 
 void PutInTheMiddle(QWidget& window) {
@@ -52,9 +53,9 @@ void PutInTheMiddle(QWidget& window) {
   const QWidget* over = CurrentWindow();
   if (over) window.setScreen(over->screen());
   const QRect room = RoomFor(window);
-  QRect place(QPoint(), window.size().boundedTo(room.size()));
-  place.moveCenter(over ? over->geometry().center() : room.center());
-  window.setGeometry(FittedInto(room, place));
+  QRect frame(QPoint(), window.size().boundedTo(room.size()));
+  frame.moveCenter(over ? over->geometry().center() : room.center());
+  window.setGeometry(FittedInto(room, frame));
 }
 
 }  // namespace

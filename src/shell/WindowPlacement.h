@@ -6,8 +6,8 @@ class QWidget;
 
 namespace folvane {
 
-/// Gives a window the size and place that the user left it with, or else its own size in the middle of the screen. It
-/// never reaches beyond the screen. A window without an object name is not remembered.
+/// Gives a window the size and position that the user left it with, or else its own size in the middle of the screen.
+/// It never reaches beyond the screen. A window without an object name is not remembered.
 void RestorePlacement(QWidget& window);
 void RememberPlacement(const QWidget& window);
 

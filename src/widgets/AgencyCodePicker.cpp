@@ -1,7 +1,7 @@
 #include "widgets/AgencyCodePicker.h"
 
-#include "base/Today.h"
-#include "shell/CommonRoutines.h"
+#include "base/Surroundings.h"
+#include "shell/Lookups.h"
 
 namespace folvane {
 

@@ -8,7 +8,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "base/Today.h"
+#include "base/Surroundings.h"
 
 namespace folvane {
 

@@ -6,8 +6,9 @@
 #include <QTreeView>
 
 #include "data/Recordset.h"
-#include "shell/CommonRoutines.h"
+#include "shell/RegistryValues.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 
 #include "base/HalfWidth.h"
-#include "base/Today.h"
+#include "base/Surroundings.h"
 #include "data/ValueText.h"
 
 namespace folvane {

@@ -4,7 +4,7 @@
 #include <QCompleter>
 #include <QScreen>
 
-#include "shell/Beep.h"
+#include "shell/TypedKeys.h"
 
 namespace folvane {
 

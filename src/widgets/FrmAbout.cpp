@@ -6,8 +6,8 @@
 #include <folvane/Icons.h>
 #include <folvane/Version.h>
 
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
+#include "shell/OpenHelp.h"
 
 namespace folvane {
 namespace {

@@ -1,7 +1,7 @@
 #include "widgets/RecordDatePicker.h"
 
 #include "base/HalfWidth.h"
-#include "base/Today.h"
+#include "base/Surroundings.h"
 
 namespace folvane {
 namespace {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <set>
 
-#include "base/ClockSeededRandom.h"
 #include "base/KeyMaker.h"
 #include "support/HostDoubles.h"
 

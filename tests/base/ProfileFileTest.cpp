@@ -1,7 +1,7 @@
 #include <QDir>
 #include <gtest/gtest.h>
 
-#include "base/FileError.h"
+#include "base/FileUpdate.h"
 #include "base/ProfileFile.h"
 #include "support/HostDoubles.h"
 

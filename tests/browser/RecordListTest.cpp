@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "browser/BrowserTest.h"
+#include "data/DatabaseSession.h"
 #include "data/drivers/Driver.h"
 #include "shell/SharedState.h"
 
@@ -167,7 +168,8 @@ TEST_P(RecordListTest, AColumnClickSortsAndStoresTheOrder) {
 }
 
 TEST_P(RecordListTest, AHostMayHaveAColumnOfChineseSortedByPinyin) {
-  if (Connected()->NativeDriver().PinyinCollation().isEmpty()) GTEST_SKIP() << "no collation by pinyin here";
+  if (DatabaseSession::Of(*Connected()).NativeDriver().PinyinCollation().isEmpty())
+    GTEST_SKIP() << "no collation by pinyin here";
   WithRecords(2, [&](const Browser& browser) {
     design_->Run(u"update Lwdj set Amaintitle = case RegID when 1 then '啊' else '中' end"_s);
     browser.ClickColumn(1);

@@ -6,6 +6,7 @@
 #include <folvane/DataError.h>
 
 #include "catalogue/Catalogue.h"
+#include "data/DatabaseSession.h"
 #include "support/TestDatabase.h"
 
 namespace folvane::test {
@@ -15,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 class CreateTablesTest : public OnEachDatabase {
  protected:
-  bool Has(const QString& table) { return Connected()->Table(table) != nullptr; }
+  bool Has(const QString& table) { return DatabaseSession::Of(*Connected()).Table(table) != nullptr; }
 };
 FOLVANE_ON_EACH_DATABASE(CreateTablesTest);
 
@@ -61,7 +62,7 @@ TEST_P(CreateTablesTest, InsideTheHostsTransactionTheHostDecides) {
     CreateTables(*Connected());
     EXPECT_TRUE(Has(u"DynamicWindows"_s));
   }
-  Connected()->RefreshSchema();
+  DatabaseSession::Of(*Connected()).RefreshSchema();
   EXPECT_FALSE(Has(u"DynamicWindows"_s));
 }
 

@@ -5,6 +5,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/Ddl.h"
+#include "data/DatabaseSession.h"
 #include "data/Recordset.h"
 #include "support/TestDatabase.h"
 
@@ -56,9 +57,9 @@ TEST_P(Tables, EachIsMadeAndEachOfItsColumnsTakesAValueOfItsFullLength) {
 TEST_P(Tables, TheDataLayerFindsTheKeyOfATableThatIsWrittenThroughARecordSet) {
   CreateCatalogue(*Connected());
   for (const char* name : {"Distribute_File", "PassRead_File", "Transact_File", "Curr_Flow", "Curr_FlowNode"}) {
-    const TableInfo* table = Connected()->Table(QLatin1String(name));
+    const TableInfo* table = DatabaseSession::Of(*Connected()).Table(QLatin1String(name));
     ASSERT_NE(table, nullptr) << name;
-    EXPECT_EQ(static_cast<qsizetype>(table->key.size()), FindCatalogueTable(QLatin1String(name))->key.size()) << name;
+    EXPECT_EQ(qsizetype(table->key.size()), FindCatalogueTable(QLatin1String(name))->key.size()) << name;
   }
 }
 
@@ -139,19 +140,19 @@ TEST_P(Tables, ADroppedTableCanBeMadeAnewAndDroppingAMissingOneIsNoError) {
 TEST(CatalogueDdl, NoSqliteColumnIsDeclaredInAWayThatTurnsTextIntoNumbers) {
   const QRegularExpression columns(u"[(,] ?(\\w+) ([a-z]+)"_s);
   for (const Table& table : CatalogueTables()) {
-    const QString statement = QString::fromUtf8(CreateStatements(DialectKind::Sqlite, table).at(0));
+    const QString statement = CreateStatements(WordsOf(DialectKind::Sqlite), table).at(0);
     const QString body = statement.mid(statement.indexOf(u'(')).section(u", PRIMARY KEY"_s, 0, 0);
     qsizetype found = 0;
     for (auto match = columns.globalMatch(body); match.hasNext(); ++found) {
       const QString type = match.next().captured(2);
       EXPECT_TRUE((QStringList{u"varchar"_s, u"text"_s, u"integer"_s, u"blob"_s}).contains(type)) << qPrintable(body);
     }
-    EXPECT_EQ(found, static_cast<qsizetype>(table.columns.size())) << qPrintable(body);
+    EXPECT_EQ(found, qsizetype(table.columns.size())) << qPrintable(body);
   }
 }
 
 TEST(CatalogueDdl, TablesOfAServerWithItsOwnToolsAreNotMadeHere) {
-  EXPECT_THROW(CreateStatements(DialectKind::TransactSql, BusinessTable(u"Letters"_s, {})), DataError);
+  EXPECT_THROW(CreateStatements(WordsOf(DialectKind::TransactSql), BusinessTable(u"Letters"_s, {})), DataError);
 }
 
 }  // namespace

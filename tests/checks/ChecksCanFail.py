@@ -61,6 +61,49 @@ class Includes(unittest.TestCase):
         self.assertIn("has no place in the order", Tree({"src/attic/A.h": ""}).run("includes")[1])
 
 
+class Sizes(unittest.TestCase):
+    @staticmethod
+    def lines(count):
+        return "  Work();\n" * count
+
+    def refused(self, text):
+        """What is said against a source of that text."""
+        return Tree({"src/base/A.cpp": text}).run("sizes")[1]
+
+    def test_what_is_just_small_enough_is_fine(self):
+        function = "void F() {\n" + self.lines(58) + "}\n"
+        text = "namespace folvane {\n" + function * 4 + "\n" * 58 + "}\n"
+        self.assertEqual(Tree({"host/A.cpp": text}).run("sizes"), (0, ""))
+
+    def test_a_file_of_a_line_too_many_fails(self):
+        self.assertEqual(self.refused("\n" * 300), "")
+        self.assertIn("src/base/A.cpp: 301 lines", self.refused("\n" * 301))
+
+    def test_a_function_of_a_line_too_many_fails(self):
+        text = "namespace folvane {\nnamespace {\n\nvoid F(int a,\n       int b) {\n" + self.lines(58) + "}\n}\n}\n"
+        self.assertIn("src/base/A.cpp:4: a function of 61 lines", self.refused(text))
+
+    def test_a_member_function_inside_its_class_counts(self):
+        text = "class A : public B {\n public:\n  int F() const override {\n" + self.lines(59) + "  }\n};\n"
+        self.assertIn("src/base/A.cpp:3: a function of 61 lines", self.refused(text))
+
+    def test_a_lambda_counts_with_the_function_around_it(self):
+        text = "void F() {\n  Do([] {\n" + self.lines(57) + "  });\n}\n"
+        self.assertIn("a function of 61 lines", self.refused(text))
+
+    def test_a_constructor_goes_on_behind_the_values_of_its_members(self):
+        text = "A::A() : a_{1}, b_(2, {3}), c_([] { Work(); }) {\n" + self.lines(59) + "}\n"
+        self.assertIn("src/base/A.cpp:1: a function of 61 lines", self.refused(text))
+
+    def test_braces_in_texts_and_remarks_do_not_count(self):
+        text = "void F() {  // {\n  Say(u\"{\", u'{', R\"({)\", 1'000);  /* { */\n" + self.lines(58) + "}\nvoid G() {}\n"
+        self.assertIn("src/base/A.cpp:1: a function of 61 lines", self.refused(text))
+
+    def test_tables_and_classes_may_be_longer(self):
+        table = "const Row kRows[] = {\n" + "  {1, 2},\n" * 100 + "};\n"
+        self.assertEqual(self.refused(table + "struct A {\n" + "  int F() { return 1; }\n" * 100 + "};\n"), "")
+
+
 class Traces(unittest.TestCase):
     def test_a_path_of_a_machine_fails(self):
         status, text = Tree({"a.txt": "see /" + "home/someone/notes\n"}).track().run("traces")

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 namespace folvane::test {
+using namespace Qt::Literals::StringLiterals;
 
 DataError FailureOf(const std::function<void()>& work) {
   try {
@@ -11,13 +12,13 @@ DataError FailureOf(const std::function<void()>& work) {
     return error;
   }
   ADD_FAILURE() << "no error was raised";
-  return {DataErrorKind::Usage, QStringLiteral("no error was raised")};
+  return {DataErrorKind::Usage, u"no error was raised"_s};
 }
 
 NativeResult QueryNative(Connection& connection, const QByteArray& text, std::vector<QVariant> parameters) {
   NativeResult result;
   RowStore store;
-  connection.NativeDriver().Query({text, std::move(parameters)}, result.columns, store);
+  DatabaseSession::Of(connection).NativeDriver().Query({text, std::move(parameters)}, result.columns, store);
   for (std::size_t row = 0; row < store.RowCount(); ++row) {
     result.rows.emplace_back();
     for (int column = 0; column < store.ColumnCount(); ++column)
@@ -28,15 +29,13 @@ NativeResult QueryNative(Connection& connection, const QByteArray& text, std::ve
 
 void MakeFiles(TestDatabase& database, const QString& table) {
   database.Native(
-      QStringLiteral("CREATE TABLE %1 (id integer PRIMARY KEY, code varchar(20) NOT NULL, title varchar(60), "
-                     "pages integer, filed date, remark text)")
-          .arg(table));
+      u"CREATE TABLE %1 (id integer PRIMARY KEY, code varchar(20) NOT NULL, title varchar(60), "
+      "pages integer, filed date, remark text)"_s.arg(table));
   for (const char* row :
        {"1, 'A-001', '关于档案的通知', 10, '2002-03-04', '甲'", "2, 'A-002', '会议纪要', 25, '2002-03-05', NULL",
         "3, 'B-001', 'Report of 2002', 3, NULL, ''", "4, 'B-002', '财务报表 100%', NULL, '2001-12-31', 'it''s'",
         "5, 'a-003', '年度总结', 25, '2003-01-01', '乙'"})
-    database.Native(QStringLiteral("INSERT INTO ") + table + QStringLiteral(" VALUES (") + QString::fromUtf8(row) +
-                    QLatin1Char(')'));
+    database.Native(u"INSERT INTO "_s + table + u" VALUES ("_s + QString::fromUtf8(row) + u')');
 }
 
 std::unique_ptr<Recordset> DataSuite::Open(const QString& source, LockType lock) {
@@ -46,7 +45,7 @@ std::unique_ptr<Recordset> DataSuite::Open(const QString& source, LockType lock)
 }
 
 QString DataSuite::Stored(int id, const QString& column) {
-  return Database().Value(QStringLiteral("SELECT %1 FROM files WHERE id = %2").arg(column).arg(id));
+  return Database().Value(u"SELECT %1 FROM files WHERE id = %2"_s.arg(column).arg(id));
 }
 
 QStringList Texts(Recordset& records, const QString& field) {
@@ -58,7 +57,7 @@ QStringList Texts(Recordset& records, const QString& field) {
 
 void StandOn(Recordset& records, int id) {
   records.MoveFirst();
-  records.Find(QStringLiteral("id = %1").arg(id));
+  records.Find(u"id = %1"_s.arg(id));
   ASSERT_FALSE(records.EOF_()) << "no file " << id;
 }
 

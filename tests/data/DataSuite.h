@@ -5,6 +5,7 @@
 
 #include <folvane/DataError.h>
 
+#include "data/DatabaseSession.h"
 #include "data/Recordset.h"
 #include "data/RowStore.h"
 #include "data/drivers/Driver.h"

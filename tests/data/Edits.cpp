@@ -6,6 +6,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class Edits : public DataSuite {
  protected:
@@ -28,32 +29,32 @@ TEST_P(Edits, ARowThatIsOnlyLookedAtIsNotEdited) {
 }
 
 TEST_P(Edits, AValuePutIntoAFieldBeginsAnEditThatUpdateEnds) {
-  Set("title", QStringLiteral("改"));
+  Set("title", u"改"_s);
   EXPECT_EQ(records_->EditMode(), EditModeKind::InProgress);
   records_->Update();
   EXPECT_EQ(records_->EditMode(), EditModeKind::None);
-  EXPECT_EQ(Value("title"), QVariant(QStringLiteral("改")));
-  EXPECT_EQ(Original("title"), QVariant(QStringLiteral("关于档案的通知")));
-  EXPECT_EQ(Stored(1, QStringLiteral("title")), QStringLiteral("关于档案的通知"));
+  EXPECT_EQ(Value("title"), QVariant(u"改"_s));
+  EXPECT_EQ(Original("title"), QVariant(u"关于档案的通知"_s));
+  EXPECT_EQ(Stored(1, u"title"_s), u"关于档案的通知"_s);
 }
 
 TEST_P(Edits, CancelUpdatePutsBackWhatStoodBeforeTheEdit) {
-  Set("title", QStringLiteral("once"));
+  Set("title", u"once"_s);
   records_->Update();
-  Set("title", QStringLiteral("twice"));
+  Set("title", u"twice"_s);
   Set("pages", {});
   records_->CancelUpdate();
   EXPECT_EQ(records_->EditMode(), EditModeKind::None);
-  EXPECT_EQ(Value("title"), QVariant(QStringLiteral("once")));
+  EXPECT_EQ(Value("title"), QVariant(u"once"_s));
   EXPECT_EQ(Value("pages"), QVariant(10LL));
 }
 
 TEST_P(Edits, MovingOffAnEditedRowKeepsItsChanges) {
-  Set("title", QStringLiteral("改"));
+  Set("title", u"改"_s);
   records_->MoveNext();
   EXPECT_EQ(records_->EditMode(), EditModeKind::None);
   records_->MoveFirst();
-  EXPECT_EQ(Value("title"), QVariant(QStringLiteral("改")));
+  EXPECT_EQ(Value("title"), QVariant(u"改"_s));
   EXPECT_EQ(records_->PendingCount(), 1);
 }
 
@@ -78,50 +79,50 @@ TEST_P(Edits, CancelUpdateOfANewRowTakesItAwayAgain) {
 }
 
 TEST_P(Edits, ANewRowIsShownUnderAFilterThatItDoesNotMeet) {
-  records_->SetFilter(QStringLiteral("pages = 25"));
+  records_->SetFilter(u"pages = 25"_s);
   records_->AddNew();
   Set("id", 6);
-  Set("code", QStringLiteral("C-001"));
+  Set("code", u"C-001"_s);
   records_->Update();
-  EXPECT_EQ(Value("code"), QVariant(QStringLiteral("C-001")));
+  EXPECT_EQ(Value("code"), QVariant(u"C-001"_s));
   records_->UpdateBatch();
-  EXPECT_EQ(Stored(6, QStringLiteral("code")), QStringLiteral("C-001"));
+  EXPECT_EQ(Stored(6, u"code"_s), u"C-001"_s);
 }
 
 TEST_P(Edits, TextGivenToANumberOrADateIsTurnedIntoOne) {
-  Set("pages", QStringLiteral(" 12 "));
+  Set("pages", u" 12 "_s);
   EXPECT_EQ(Value("pages"), QVariant(12LL));
   Set("pages", QString());
   EXPECT_FALSE(Value("pages").isValid());
-  Set("filed", QStringLiteral("2003-5-6"));
+  Set("filed", u"2003-5-6"_s);
   EXPECT_EQ(Value("filed"), QVariant(QDate(2003, 5, 6)));
-  EXPECT_EQ((*records_)[QStringLiteral("filed")].Text(), QStringLiteral("2003-05-06"));
+  EXPECT_EQ((*records_)[u"filed"_s].Text(), u"2003-05-06"_s);
   Set("title", 12);
-  EXPECT_EQ(Value("title"), QVariant(QStringLiteral("12")));
+  EXPECT_EQ(Value("title"), QVariant(u"12"_s));
 }
 
 TEST_P(Edits, AReadOnlyRecordSetRefusesChanges) {
-  records_ = Open(QStringLiteral("Select * From files Order By id"), LockType::ReadOnly);
-  EXPECT_EQ(FailureOf([&] { Set("title", QStringLiteral("改")); }).Kind(), DataErrorKind::Usage);
+  records_ = Open(u"Select * From files Order By id"_s, LockType::ReadOnly);
+  EXPECT_EQ(FailureOf([&] { Set("title", u"改"_s); }).Kind(), DataErrorKind::Usage);
   EXPECT_EQ(FailureOf([&] { records_->AddNew(); }).Kind(), DataErrorKind::Usage);
   EXPECT_EQ(FailureOf([&] { records_->Delete(); }).Kind(), DataErrorKind::Usage);
-  EXPECT_EQ(Value("title"), QVariant(QStringLiteral("关于档案的通知")));
+  EXPECT_EQ(Value("title"), QVariant(u"关于档案的通知"_s));
 }
 
 TEST_P(Edits, AnOptimisticRecordSetWritesAtUpdate) {
-  records_ = Open(QStringLiteral("Select * From files Order By id"), LockType::Optimistic);
-  Set("title", QStringLiteral("改"));
-  EXPECT_EQ(Stored(1, QStringLiteral("title")), QStringLiteral("关于档案的通知"));
+  records_ = Open(u"Select * From files Order By id"_s, LockType::Optimistic);
+  Set("title", u"改"_s);
+  EXPECT_EQ(Stored(1, u"title"_s), u"关于档案的通知"_s);
   records_->Update();
-  EXPECT_EQ(Stored(1, QStringLiteral("title")), QStringLiteral("改"));
+  EXPECT_EQ(Stored(1, u"title"_s), u"改"_s);
   EXPECT_EQ(records_->PendingCount(), 0);
 }
 
 TEST_P(Edits, AnOptimisticRecordSetWritesWhenTheRowIsLeftAndStaysWhenItCannot) {
-  records_ = Open(QStringLiteral("Select * From files Order By id"), LockType::Pessimistic);
-  Set("title", QStringLiteral("改"));
+  records_ = Open(u"Select * From files Order By id"_s, LockType::Pessimistic);
+  Set("title", u"改"_s);
   records_->MoveNext();
-  EXPECT_EQ(Stored(1, QStringLiteral("title")), QStringLiteral("改"));
+  EXPECT_EQ(Stored(1, u"title"_s), u"改"_s);
   Set("code", {});
   EXPECT_EQ(FailureOf([&] { records_->MoveNext(); }).Kind(), DataErrorKind::Constraint);
   EXPECT_EQ(records_->AbsolutePosition(), 2);
@@ -132,9 +133,9 @@ TEST_P(Edits, AnOptimisticRecordSetWritesWhenTheRowIsLeftAndStaysWhenItCannot) {
 }
 
 TEST_P(Edits, AnOptimisticRecordSetDeletesAtOnce) {
-  records_ = Open(QStringLiteral("Select * From files Order By id"), LockType::Optimistic);
+  records_ = Open(u"Select * From files Order By id"_s, LockType::Optimistic);
   records_->Delete();
-  EXPECT_EQ(Stored(1, QStringLiteral("title")), QStringLiteral("<no row>"));
+  EXPECT_EQ(Stored(1, u"title"_s), u"<no row>"_s);
 }
 
 TEST_P(Edits, ADeletedRowLeavesAHoleFromWhichNextIsTheRowThatFollowed) {
@@ -175,7 +176,7 @@ TEST_P(Edits, AllRowsCanBeDeletedOneAfterTheOther) {
 TEST_P(Edits, DeletingANewRowLeavesNothingToWrite) {
   records_->AddNew();
   Set("id", 6);
-  Set("code", QStringLiteral("C-001"));
+  Set("code", u"C-001"_s);
   records_->Update();
   records_->Delete();
   EXPECT_EQ(records_->PendingCount(), 0);

@@ -15,6 +15,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // A host's connection with settings of its own to the database of a test.
 class OdbcConnections : public testing::Test {
@@ -24,16 +25,14 @@ class OdbcConnections : public testing::Test {
   /// @param settings keywords of a connection string, over those of the test run
   void Connect(const QByteArray& settings = {}) {
     handle_ = std::make_unique<OdbcHandle>(qgetenv("FOLVANE_TEST_PG") + settings);
-    handle_->Rows(QStringLiteral("SET search_path TO ") + database_.Value(QStringLiteral("SELECT current_schema()")));
+    handle_->Rows(u"SET search_path TO "_s + database_.Value(u"SELECT current_schema()"_s));
     connection_ = AdoptOdbc(handle_->Connection());
   }
-  void Mark(int id) {
-    connection_->Execute(QStringLiteral("Update files Set remark = 'marked' Where id = %1").arg(id));
-  }
-  int Marked() { return database_.Value(QStringLiteral("SELECT count(*) FROM files WHERE remark = 'marked'")).toInt(); }
+  void Mark(int id) { connection_->Execute(u"Update files Set remark = 'marked' Where id = %1"_s.arg(id)); }
+  int Marked() { return database_.Value(u"SELECT count(*) FROM files WHERE remark = 'marked'"_s).toInt(); }
   void EndSession() {
-    const QString session = handle_->Rows(QStringLiteral("SELECT pg_backend_pid()"))[0][0];
-    database_.Native(QStringLiteral("SELECT pg_terminate_backend(%1, 5000)").arg(session));
+    const QString session = handle_->Rows(u"SELECT pg_backend_pid()"_s)[0][0];
+    database_.Native(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(session));
   }
   SQLUINTEGER Autocommit() {
     SQLUINTEGER autocommit = 77;
@@ -47,15 +46,15 @@ class OdbcConnections : public testing::Test {
 };
 
 TEST(OdbcServers, AreKnownByTheirNames) {
-  EXPECT_EQ(DialectOfServer(QStringLiteral("PostgreSQL")), DialectKind::PostgreSql);
+  EXPECT_EQ(DialectOfServer(u"PostgreSQL"_s), DialectKind::PostgreSql);
   for (const char* name : {"Microsoft SQL Server", "SQL Server", "Adaptive Server Enterprise", "Sybase"})
     EXPECT_EQ(DialectOfServer(QLatin1String(name)), DialectKind::TransactSql) << name;
 }
 
 TEST(OdbcServers, OfAnotherKindAreRefusedByName) {
-  const DataError error = FailureOf([] { DialectOfServer(QStringLiteral("Ledger 7")); });
+  const DataError error = FailureOf([] { DialectOfServer(u"Ledger 7"_s); });
   EXPECT_EQ(error.Kind(), DataErrorKind::Usage);
-  EXPECT_TRUE(error.Message().contains(QStringLiteral("Ledger 7")));
+  EXPECT_TRUE(error.Message().contains(u"Ledger 7"_s));
 }
 
 TEST_F(OdbcConnections, NothingIsNoConnection) {
@@ -64,10 +63,10 @@ TEST_F(OdbcConnections, NothingIsNoConnection) {
 
 TEST_F(OdbcConnections, OneThatDoesNotTalkUtf8IsRefused) {
   OdbcHandle handle(qgetenv("FOLVANE_TEST_PG"));
-  handle.Rows(QStringLiteral("SET client_encoding TO 'LATIN1'"));
+  handle.Rows(u"SET client_encoding TO 'LATIN1'"_s);
   const DataError error = FailureOf([&] { AdoptOdbc(handle.Connection()); });
   EXPECT_EQ(error.Kind(), DataErrorKind::Usage);
-  EXPECT_TRUE(error.Message().contains(QStringLiteral("UTF-8")));
+  EXPECT_TRUE(error.Message().contains(u"UTF-8"_s));
 }
 
 TEST_F(OdbcConnections, OneThatAWideCallHasMadeUnfitForChineseIsRefused) {
@@ -85,7 +84,7 @@ TEST_F(OdbcConnections, OneThatIsGoneAlreadyIsToldAsLost) {
 TEST_F(OdbcConnections, OneThatTheHostHasDisconnectedIsToldAsLost) {
   Connect();
   Recordset records;
-  records.Open(QStringLiteral("Select * From files Order By id"), connection_);
+  records.Open(u"Select * From files Order By id"_s, connection_);
   SQLDisconnect(handle_->Connection());
   EXPECT_EQ(FailureOf([&] { Mark(1); }).Kind(), DataErrorKind::Lost);
   EXPECT_EQ(FailureOf([&] { connection_->BeginTrans(); }).Kind(), DataErrorKind::Lost);
@@ -96,7 +95,9 @@ TEST_F(OdbcConnections, OneThatTheHostHasDisconnectedIsToldAsLost) {
 TEST_F(OdbcConnections, TheHandleMayBeFreedBeforeTheConnectionIs) {
   Connect();
   connection_->BeginTrans();
-  connection_->NativeDriver().Execute({"UPDATE files SET remark = ? WHERE id = ?", {QStringLiteral("marked"), 1LL}});
+  DatabaseSession::Of(*connection_)
+      .NativeDriver()
+      .Execute({"UPDATE files SET remark = ? WHERE id = ?", {u"marked"_s, 1LL}});
   EndSession();
   EXPECT_EQ(FailureOf([&] { Mark(2); }).Kind(), DataErrorKind::Lost);
   handle_.reset();
@@ -113,7 +114,7 @@ TEST_F(OdbcConnections, TheHostsAutocommitIsAsItWasAfterEveryTransaction) {
     connection_->CommitTrans();
     EXPECT_EQ(Autocommit(), how);
     connection_->BeginTrans();
-    FailureOf([&] { connection_->Execute(QStringLiteral("Delete From nowhere")); });
+    FailureOf([&] { connection_->Execute(u"Delete From nowhere"_s); });
     connection_->RollbackTrans();
     EXPECT_EQ(Autocommit(), how);
   }
@@ -134,7 +135,9 @@ TEST_F(OdbcConnections, ACommitToAVanishedServerIsNoSuccess) {
 TEST_F(OdbcConnections, ARollbackToAVanishedServerEndsTheTransaction) {
   Connect();
   connection_->BeginTrans();
-  connection_->NativeDriver().Execute({"UPDATE files SET remark = ? WHERE id = ?", {QStringLiteral("marked"), 1LL}});
+  DatabaseSession::Of(*connection_)
+      .NativeDriver()
+      .Execute({"UPDATE files SET remark = ? WHERE id = ?", {u"marked"_s, 1LL}});
   EndSession();
   EXPECT_EQ(FailureOf([&] { Mark(2); }).Kind(), DataErrorKind::Lost);
   try {
@@ -153,28 +156,28 @@ TEST_F(OdbcConnections, ACommitAfterAnErrorThatCostTheTransactionIsRefused) {
     Connect(protocol);
     connection_->BeginTrans();
     Mark(1);
-    FailureOf([&] { connection_->Execute(QStringLiteral("Delete From nowhere")); });
+    FailureOf([&] { connection_->Execute(u"Delete From nowhere"_s); });
     if (qstrcmp(protocol, "Protocol=7.4-1;") == 0) Mark(2);
     EXPECT_EQ(FailureOf([&] { connection_->CommitTrans(); }).Kind(), DataErrorKind::Statement) << protocol;
     connection_->RollbackTrans();
     EXPECT_EQ(Marked(), 0) << protocol;
     Mark(3);
     EXPECT_EQ(Marked(), 1) << protocol;
-    database_.Native(QStringLiteral("UPDATE files SET remark = NULL"));
+    database_.Native(u"UPDATE files SET remark = NULL"_s);
   }
 }
 
 TEST_F(OdbcConnections, TheCatalogueFunctionsTellWhatTheServersOwnCatalogueTells) {
   database_.Native(
-      QStringLiteral("CREATE TABLE many_kinds (a integer NOT NULL, b varchar(20) NOT NULL, c numeric(9,2), "
-                     "d timestamp, PRIMARY KEY (b, a))"));
-  database_.Native(QStringLiteral("CREATE TABLE indexed (a integer, b integer NOT NULL, c integer NOT NULL)"));
-  database_.Native(QStringLiteral("CREATE UNIQUE INDEX wide ON indexed (b, c)"));
-  database_.Native(QStringLiteral("CREATE UNIQUE INDEX with_null ON indexed (a)"));
+      u"CREATE TABLE many_kinds (a integer NOT NULL, b varchar(20) NOT NULL, c numeric(9,2), "
+      "d timestamp, PRIMARY KEY (b, a))"_s);
+  database_.Native(u"CREATE TABLE indexed (a integer, b integer NOT NULL, c integer NOT NULL)"_s);
+  database_.Native(u"CREATE UNIQUE INDEX wide ON indexed (b, c)"_s);
+  database_.Native(u"CREATE UNIQUE INDEX with_null ON indexed (a)"_s);
   Connect();
   for (const char* name : {"MANY_KINDS", "Indexed"}) {
     const auto table = DescribeOdbcTable(handle_->Connection(), QLatin1String(name));
-    const auto expected = connection_->NativeDriver().Describe(QLatin1String(name));
+    const auto expected = DatabaseSession::Of(*connection_).NativeDriver().Describe(QLatin1String(name));
     ASSERT_TRUE(table && expected) << name;
     EXPECT_EQ(table->name, expected->name);
     EXPECT_EQ(table->key, expected->key) << name;
@@ -186,32 +189,32 @@ TEST_F(OdbcConnections, TheCatalogueFunctionsTellWhatTheServersOwnCatalogueTells
       EXPECT_EQ(table->columns[i].nullable, expected->columns[i].nullable);
     }
   }
-  EXPECT_FALSE(DescribeOdbcTable(handle_->Connection(), QStringLiteral("nowhere")));
+  EXPECT_FALSE(DescribeOdbcTable(handle_->Connection(), u"nowhere"_s));
 }
 
 TEST_F(OdbcConnections, AnExactNumberOfManyDigitsIsReadAndWrittenWhole) {
-  database_.Native(QStringLiteral("CREATE TABLE sums (id integer PRIMARY KEY, total numeric(24,6), note varchar(9))"));
-  database_.Native(QStringLiteral("INSERT INTO sums VALUES (1, 123456789012345678.901234, 'old')"));
+  database_.Native(u"CREATE TABLE sums (id integer PRIMARY KEY, total numeric(24,6), note varchar(9))"_s);
+  database_.Native(u"INSERT INTO sums VALUES (1, 123456789012345678.901234, 'old')"_s);
   Connect();
   Recordset records;
-  records.Open(QStringLiteral("Select * From sums"), connection_);
-  EXPECT_EQ(records[QStringLiteral("total")].Text(), QStringLiteral("123456789012345678.901234"));
-  records[QStringLiteral("total")].SetValue(QStringLiteral("223456789012345678.901234"));
+  records.Open(u"Select * From sums"_s, connection_);
+  EXPECT_EQ(records[u"total"_s].Text(), u"123456789012345678.901234"_s);
+  records[u"total"_s].SetValue(u"223456789012345678.901234"_s);
   records.UpdateBatch();
-  EXPECT_EQ(database_.Value(QStringLiteral("SELECT total FROM sums")), QStringLiteral("223456789012345678.901234"));
+  EXPECT_EQ(database_.Value(u"SELECT total FROM sums"_s), u"223456789012345678.901234"_s);
 }
 
 // The ODBC driver keeps what it has once read of a table.
 TEST_F(OdbcConnections, AColumnThatTheHostHasChangedTellsItsNewTypeAndSize) {
   Connect();
   QueryNative(*connection_, "SELECT * FROM files");
-  database_.Native(QStringLiteral("ALTER TABLE files ALTER COLUMN title TYPE varchar(100)"));
-  database_.Native(QStringLiteral("ALTER TABLE files ALTER COLUMN pages TYPE varchar(10)"));
+  database_.Native(u"ALTER TABLE files ALTER COLUMN title TYPE varchar(100)"_s);
+  database_.Native(u"ALTER TABLE files ALTER COLUMN pages TYPE varchar(10)"_s);
   const NativeResult result = QueryNative(*connection_, "SELECT title, pages FROM files ORDER BY id");
   EXPECT_EQ(result.columns[0].definedSize, 100);
   EXPECT_EQ(result.columns[1].type, AdoType::VarChar);
   EXPECT_EQ(result.columns[1].definedSize, 10);
-  EXPECT_EQ(result.rows[0][1], QVariant(QStringLiteral("10")));
+  EXPECT_EQ(result.rows[0][1], QVariant(u"10"_s));
 }
 
 // The settings of PostgreSQL's ODBC driver that change how it describes columns, fetches rows or sends parameters.
@@ -220,8 +223,8 @@ class OdbcSettings : public OdbcConnections, public testing::WithParamInterface<
   void SetUp() override {
     OdbcConnections::SetUp();
     database_.Native(
-        QStringLiteral("CREATE TABLE kinds (id integer PRIMARY KEY, flag boolean, title varchar(300), remark "
-                       "text, amount numeric(12,2), ratio double precision, content bytea)"));
+        u"CREATE TABLE kinds (id integer PRIMARY KEY, flag boolean, title varchar(300), remark "
+        "text, amount numeric(12,2), ratio double precision, content bytea)"_s);
     Connect(GetParam());
   }
 };
@@ -245,19 +248,21 @@ TEST_P(OdbcSettings, DoNotChangeTheTypesOfColumns) {
 TEST_P(OdbcSettings, DoNotChangeValuesNorCutThem) {
   const QString longText(5000, QChar(0x6863));
   const std::vector<QVariant> values{1LL, QString::fromUtf8("𠀀'?"), longText, 0.1, 0.1, QByteArray("\x00\xff\x5c", 3)};
-  connection_->NativeDriver().Execute(
-      {"INSERT INTO kinds (id, title, remark, amount, ratio, content) VALUES (?, ?, ?, ?, ?, ?)", values});
-  connection_->NativeDriver().Execute({"UPDATE kinds SET flag = ? WHERE id = ?", {true, 1LL}});
+  DatabaseSession::Of(*connection_)
+      .NativeDriver()
+      .Execute({"INSERT INTO kinds (id, title, remark, amount, ratio, content) VALUES (?, ?, ?, ?, ?, ?)", values});
+  DatabaseSession::Of(*connection_).NativeDriver().Execute({"UPDATE kinds SET flag = ? WHERE id = ?", {true, 1LL}});
   for (int id = 2; id < 200; ++id)
-    connection_->NativeDriver().Execute(
-        {"INSERT INTO kinds (id, remark) VALUES (?, ?)", {qlonglong(id), longText.left(id * 20)}});
+    DatabaseSession::Of(*connection_)
+        .NativeDriver()
+        .Execute({"INSERT INTO kinds (id, remark) VALUES (?, ?)", {qlonglong(id), longText.left(id * 20)}});
   const NativeResult read = QueryNative(
       *connection_, "SELECT id, title, remark, amount, ratio, content, flag FROM kinds WHERE remark <> ? ORDER BY id",
-      {QStringLiteral("x")});
+      {u"x"_s});
   ASSERT_EQ(read.rows.size(), 199u);
   EXPECT_EQ(read.rows[0][1], values[1]);
   EXPECT_TRUE(read.rows[0][2] == values[2]);
-  EXPECT_EQ(read.rows[0][3], QVariant(QStringLiteral("0.10")));
+  EXPECT_EQ(read.rows[0][3], QVariant(u"0.10"_s));
   EXPECT_EQ(read.rows[0][4], values[4]);
   EXPECT_EQ(read.rows[0][5], values[5]);
   EXPECT_EQ(read.rows[0][6], QVariant(1LL));
@@ -267,10 +272,12 @@ TEST_P(OdbcSettings, DoNotChangeValuesNorCutThem) {
 
 TEST_P(OdbcSettings, RowsReadOneByOneAreThoseReadInBlocks) {
   for (int id = 0; id < 100; ++id)
-    connection_->NativeDriver().Execute({"INSERT INTO kinds VALUES (?, ?, ?, ?, ?, ?, ?)",
-                                         {qlonglong(id), id % 2 == 0, QString(id, QChar(0x6863)),
-                                          id % 3 ? QVariant(QString(id * 1000, QLatin1Char('x'))) : QVariant(),
-                                          id / 4.0, id / 8.0, QByteArray(id * 900, char(id))}});
+    DatabaseSession::Of(*connection_)
+        .NativeDriver()
+        .Execute({"INSERT INTO kinds VALUES (?, ?, ?, ?, ?, ?, ?)",
+                  {qlonglong(id), id % 2 == 0, QString(id, QChar(0x6863)),
+                   id % 3 ? QVariant(QString(id * 1000, u'x')) : QVariant(), id / 4.0, id / 8.0,
+                   QByteArray(id * 900, char(id))}});
   const QByteArray text = "SELECT * FROM kinds ORDER BY id";
   OdbcStatement statement(handle_->Connection());
   statement.ExecuteDirect({text, {}});

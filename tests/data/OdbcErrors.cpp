@@ -7,6 +7,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 struct StateCase {
   const char* name;
@@ -37,29 +38,25 @@ INSTANTIATE_TEST_SUITE_P(Known, OdbcState,
                          [](const testing::TestParamInfo<StateCase>& info) { return info.param.name; });
 
 TEST(OdbcMessage, LosesTheNamesOfTheDriversInFront) {
-  EXPECT_EQ(ServerText(QStringLiteral("[FreeTDS][SQL Server]Invalid object name 'x'.")),
-            QStringLiteral("Invalid object name 'x'."));
+  EXPECT_EQ(ServerText(u"[FreeTDS][SQL Server]Invalid object name 'x'."_s), u"Invalid object name 'x'."_s);
 }
 
 TEST(OdbcMessage, LosesTheSeverityAndTheDriversRemark) {
-  EXPECT_EQ(ServerText(QStringLiteral("ERROR: relation \"x\" does not exist;\nError while executing the query")),
-            QStringLiteral("relation \"x\" does not exist"));
+  EXPECT_EQ(ServerText(u"ERROR: relation \"x\" does not exist;\nError while executing the query"_s),
+            u"relation \"x\" does not exist"_s);
 }
 
 TEST(OdbcMessage, KeepsTheServersDetailAndItsSquareBrackets) {
-  EXPECT_EQ(ServerText(QStringLiteral("ERROR: duplicate key\nDETAIL: Key (a)=([1]) already exists.;\nError while "
-                                      "executing the query")),
-            QStringLiteral("duplicate key\nDETAIL: Key (a)=([1]) already exists."));
+  EXPECT_EQ(ServerText(u"ERROR: duplicate key\nDETAIL: Key (a)=([1]) already exists.;\nError while "
+                       "executing the query"_s),
+            u"duplicate key\nDETAIL: Key (a)=([1]) already exists."_s);
 }
 
-QStringList KeyIn(const char* detail) {
-  return KeyColumns(QStringLiteral("ERROR: duplicate (x)\n") + QString::fromUtf8(detail));
-}
+QStringList KeyIn(const char* detail) { return KeyColumns(u"ERROR: duplicate (x)\n"_s + QString::fromUtf8(detail)); }
 
 TEST(OdbcMessage, NamesTheColumnsOfADoubleKeyInAnyLanguage) {
-  EXPECT_EQ(KeyIn("DETAIL: Key (id)=(1) already exists."), QStringList{QStringLiteral("id")});
-  EXPECT_EQ(KeyIn("描述: 键值\"(文号, \"Reg ID\")=(甲)=(, 1)\" 已经存在"),
-            (QStringList{QStringLiteral("文号"), QStringLiteral("Reg ID")}));
+  EXPECT_EQ(KeyIn("DETAIL: Key (id)=(1) already exists."), QStringList{u"id"_s});
+  EXPECT_EQ(KeyIn("描述: 键值\"(文号, \"Reg ID\")=(甲)=(, 1)\" 已经存在"), (QStringList{u"文号"_s, u"Reg ID"_s}));
 }
 
 TEST(OdbcMessage, NamesNoColumnWhereTheKeyIsAnExpression) {

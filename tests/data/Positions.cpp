@@ -5,6 +5,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class Positions : public DataSuite {};
 FOLVANE_ON_EACH_DATABASE(Positions);
@@ -15,17 +16,17 @@ TEST_P(Positions, AnOpenRecordSetStandsOnItsFirstRow) {
   EXPECT_EQ(records->AbsolutePosition(), 1);
   EXPECT_FALSE(records->BOF());
   EXPECT_FALSE(records->EOF_());
-  EXPECT_EQ((*records)[QStringLiteral("code")].Text(), QStringLiteral("A-001"));
+  EXPECT_EQ((*records)[u"code"_s].Text(), u"A-001"_s);
 }
 
 TEST_P(Positions, AnEmptyRecordSetIsAtBothEnds) {
-  const auto records = Open(QStringLiteral("Select * From files Where id > 99"));
+  const auto records = Open(u"Select * From files Where id > 99"_s);
   EXPECT_EQ(records->RecordCount(), 0);
   EXPECT_TRUE(records->BOF());
   EXPECT_TRUE(records->EOF_());
   EXPECT_EQ(records->Fields().Count(), 6);
   EXPECT_EQ(FailureOf([&] { records->MoveFirst(); }).Kind(), DataErrorKind::Usage);
-  EXPECT_EQ(FailureOf([&] { (*records)[QStringLiteral("code")].Value(); }).Kind(), DataErrorKind::Usage);
+  EXPECT_EQ(FailureOf([&] { (*records)[u"code"_s].Value(); }).Kind(), DataErrorKind::Usage);
 }
 
 TEST_P(Positions, MovesGoToTheEndsAndNotBeyond) {
@@ -66,7 +67,7 @@ TEST_P(Positions, AMoveCountsFromWhereItIsTold) {
 TEST_P(Positions, ThePositionCanBeSetByItsNumber) {
   const auto records = Open();
   records->SetAbsolutePosition(4);
-  EXPECT_EQ((*records)[QStringLiteral("code")].Text(), QStringLiteral("B-002"));
+  EXPECT_EQ((*records)[u"code"_s].Text(), u"B-002"_s);
   EXPECT_EQ(FailureOf([&] { records->SetAbsolutePosition(6); }).Kind(), DataErrorKind::Usage);
   EXPECT_EQ(FailureOf([&] { records->SetAbsolutePosition(0); }).Kind(), DataErrorKind::Usage);
   EXPECT_EQ(records->AbsolutePosition(), 4);
@@ -74,16 +75,16 @@ TEST_P(Positions, ThePositionCanBeSetByItsNumber) {
 
 TEST_P(Positions, FieldsAreFoundWhateverTheCaseOfTheirNames) {
   const auto records = Open();
-  EXPECT_EQ((*records)[QStringLiteral("TITLE")].Text(), (*records)[QStringLiteral("Title")].Text());
-  EXPECT_EQ(records->Fields().IndexOf(QStringLiteral("CODE")), 1);
-  EXPECT_EQ(records->Fields().IndexOf(QStringLiteral("nothing")), -1);
+  EXPECT_EQ((*records)[u"TITLE"_s].Text(), (*records)[u"Title"_s].Text());
+  EXPECT_EQ(records->Fields().IndexOf(u"CODE"_s), 1);
+  EXPECT_EQ(records->Fields().IndexOf(u"nothing"_s), -1);
 }
 
 TEST_P(Positions, AnUnknownFieldIsAnErrorThatNamesIt) {
   const auto records = Open();
-  const DataError error = FailureOf([&] { (*records)[QStringLiteral("nothing")].Value(); });
+  const DataError error = FailureOf([&] { (*records)[u"nothing"_s].Value(); });
   EXPECT_EQ(error.Kind(), DataErrorKind::Usage);
-  EXPECT_TRUE(error.Message().contains(QStringLiteral("nothing")));
+  EXPECT_TRUE(error.Message().contains(u"nothing"_s));
   EXPECT_EQ(FailureOf([&] { records->Fields().Item(6); }).Kind(), DataErrorKind::Usage);
 }
 
@@ -91,9 +92,8 @@ TEST_P(Positions, AClosedRecordSetRefusesEverythingButOpening) {
   Recordset records;
   EXPECT_FALSE(records.IsOpen());
   EXPECT_EQ(FailureOf([&] { records.RecordCount(); }).Kind(), DataErrorKind::Usage);
-  records.Open(QStringLiteral("Select * From files"), Connected());
-  EXPECT_EQ(FailureOf([&] { records.Open(QStringLiteral("Select * From files"), Connected()); }).Kind(),
-            DataErrorKind::Usage);
+  records.Open(u"Select * From files"_s, Connected());
+  EXPECT_EQ(FailureOf([&] { records.Open(u"Select * From files"_s, Connected()); }).Kind(), DataErrorKind::Usage);
   records.Close();
   EXPECT_FALSE(records.IsOpen());
   EXPECT_EQ(FailureOf([&] { records.MoveNext(); }).Kind(), DataErrorKind::Usage);
@@ -101,11 +101,10 @@ TEST_P(Positions, AClosedRecordSetRefusesEverythingButOpening) {
 
 TEST_P(Positions, AFailedOpenLeavesTheRecordSetClosed) {
   Recordset records;
-  EXPECT_EQ(FailureOf([&] { records.Open(QStringLiteral("Select * From nowhere"), Connected()); }).Kind(),
-            DataErrorKind::Statement);
+  EXPECT_EQ(FailureOf([&] { records.Open(u"Select * From nowhere"_s, Connected()); }).Kind(), DataErrorKind::Statement);
   EXPECT_FALSE(records.IsOpen());
-  records.Open(QStringLiteral("Select * From files"), Connected());
-  EXPECT_EQ(records.Source(), QStringLiteral("Select * From files"));
+  records.Open(u"Select * From files"_s, Connected());
+  EXPECT_EQ(records.Source(), u"Select * From files"_s);
 }
 
 TEST_P(Positions, ABookmarkNamesItsRowThroughSortAndFilter) {
@@ -113,12 +112,12 @@ TEST_P(Positions, ABookmarkNamesItsRowThroughSortAndFilter) {
   EXPECT_EQ(records->Bookmark(), 1);
   StandOn(*records, 4);
   const qint64 bookmark = records->Bookmark();
-  records->SetSort(QStringLiteral("code Desc"));
+  records->SetSort(u"code Desc"_s);
   records->SetBookmark(bookmark);
-  EXPECT_EQ((*records)[QStringLiteral("code")].Text(), QStringLiteral("B-002"));
-  records->SetFilter(QStringLiteral("code Like 'B*'"));
+  EXPECT_EQ((*records)[u"code"_s].Text(), u"B-002"_s);
+  records->SetFilter(u"code Like 'B*'"_s);
   records->SetBookmark(bookmark);
-  EXPECT_EQ((*records)[QStringLiteral("code")].Text(), QStringLiteral("B-002"));
+  EXPECT_EQ((*records)[u"code"_s].Text(), u"B-002"_s);
   records->SetFilter(QString());
   records->SetSort(QString());
   records->SetBookmark(bookmark);
@@ -129,7 +128,7 @@ TEST_P(Positions, ABookmarkOfARowThatIsNotShownIsAnErrorAndThePositionStays) {
   const auto records = Open();
   StandOn(*records, 1);
   const qint64 bookmark = records->Bookmark();
-  records->SetFilter(QStringLiteral("code Like 'B*'"));
+  records->SetFilter(u"code Like 'B*'"_s);
   records->MoveLast();
   EXPECT_EQ(FailureOf([&] { records->SetBookmark(bookmark); }).Kind(), DataErrorKind::Usage);
   EXPECT_EQ(FailureOf([&] { records->SetBookmark(77); }).Kind(), DataErrorKind::Usage);
@@ -143,10 +142,10 @@ TEST_P(Positions, ABookmarkOutlastsRowsAddedAndDeleted) {
   records->MoveFirst();
   records->Delete();
   records->AddNew();
-  (*records)[QStringLiteral("id")].SetValue(9);
+  (*records)[u"id"_s].SetValue(9);
   records->Update();
   records->SetBookmark(bookmark);
-  EXPECT_EQ((*records)[QStringLiteral("code")].Text(), QStringLiteral("B-001"));
+  EXPECT_EQ((*records)[u"code"_s].Text(), u"B-001"_s);
   EXPECT_EQ(records->AbsolutePosition(), 2);
 }
 

@@ -8,6 +8,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // A connection's own driver, but for the next rollbacks, which fail.
 class UnwillingDriver final : public Driver {
@@ -25,7 +26,7 @@ class UnwillingDriver final : public Driver {
   void Rollback() override {
     if (refusals_ > 0) {
       --refusals_;
-      throw DataError(DataErrorKind::Other, QStringLiteral("interrupted"), {}, QStringLiteral("9"));
+      throw DataError(DataErrorKind::Other, u"interrupted"_s, {}, u"9"_s);
     }
     inner_.Rollback();
   }
@@ -43,13 +44,11 @@ class Rollbacks : public DataSuite {
   void SetUp() override {
     DataSuite::SetUp();
     connection_ =
-        std::make_shared<Connection>(std::make_unique<UnwillingDriver>(Connected()->NativeDriver(), refusals_));
+        MakeConnection(std::make_unique<UnwillingDriver>(DatabaseSession::Of(*Connected()).NativeDriver(), refusals_));
   }
-  void Mark(int id) {
-    connection_->Execute(QStringLiteral("Update files Set remark = 'marked' Where id = %1").arg(id));
-  }
+  void Mark(int id) { connection_->Execute(u"Update files Set remark = 'marked' Where id = %1"_s.arg(id)); }
   /// What another user sees.
-  QString Marked() { return Database().Value(QStringLiteral("SELECT count(*) FROM files WHERE remark = 'marked'")); }
+  QString Marked() { return Database().Value(u"SELECT count(*) FROM files WHERE remark = 'marked'"_s); }
 
   int refusals_ = 0;
   std::shared_ptr<Connection> connection_;
@@ -62,29 +61,29 @@ TEST_P(Rollbacks, AnInterruptedOneIsTriedAgain) {
   refusals_ = 3;
   connection_->RollbackTrans();
   Mark(2);
-  EXPECT_EQ(Marked(), QStringLiteral("1"));
+  EXPECT_EQ(Marked(), u"1"_s);
 }
 
 TEST_P(Rollbacks, OneThatCannotBeIsToldWithItsReason) {
   connection_->BeginTrans();
   refusals_ = kEndless;
   const DataError error = FailureOf([&] { connection_->RollbackTrans(); });
-  EXPECT_EQ(error.Message(), QStringLiteral("未完成的修改还没有撤销，撤销之前不能再使用数据库：interrupted"));
-  EXPECT_EQ(error.NativeCode(), QStringLiteral("9"));
+  EXPECT_EQ(error.Message(), u"未完成的修改还没有撤销，撤销之前不能再使用数据库：interrupted"_s);
+  EXPECT_EQ(error.NativeCode(), u"9"_s);
 }
 
 TEST_P(Rollbacks, NothingIsWrittenWhileOneIsDue) {
   Recordset records;
-  records.Open(QStringLiteral("Select * From files Order By id"), connection_);
+  records.Open(u"Select * From files Order By id"_s, connection_);
   connection_->BeginTrans();
   Mark(1);
   refusals_ = kEndless;
   FailureOf([&] { connection_->RollbackTrans(); });
-  records[QStringLiteral("remark")].SetValue(QStringLiteral("marked"));
+  records[u"remark"_s].SetValue(u"marked"_s);
   for (const auto& write : std::vector<std::function<void()>>{[&] { Mark(2); }, [&] { records.UpdateBatch(); },
                                                               [&] { connection_->BeginTrans(); }})
-    EXPECT_TRUE(FailureOf(write).Message().startsWith(QStringLiteral("未完成的修改还没有撤销")));
-  EXPECT_EQ(Marked(), QStringLiteral("0"));
+    EXPECT_TRUE(FailureOf(write).Message().startsWith(u"未完成的修改还没有撤销"_s));
+  EXPECT_EQ(Marked(), u"0"_s);
   EXPECT_EQ(records.PendingCount(), 1);
   refusals_ = 0;
 }
@@ -98,8 +97,8 @@ TEST_P(Rollbacks, OneThatWasDueIsMadeUpForByTheNextStatement) {
   }
   refusals_ = 2;
   Mark(3);
-  EXPECT_EQ(Marked(), QStringLiteral("1"));
-  EXPECT_EQ(Stored(3, QStringLiteral("remark")), QStringLiteral("marked"));
+  EXPECT_EQ(Marked(), u"1"_s);
+  EXPECT_EQ(Stored(3, u"remark"_s), u"marked"_s);
 }
 
 // A handle of SQLite whose user interrupts statements.
@@ -107,7 +106,7 @@ class InterruptedSqlite : public DataSuite {
  protected:
   void SetUp() override {
     DataSuite::SetUp();
-    const QString file = Database().Rows(QStringLiteral("PRAGMA database_list"))[0][2];
+    const QString file = Database().Rows(u"PRAGMA database_list"_s)[0][2];
     ASSERT_EQ(sqlite3_open(file.toUtf8().constData(), &handle_), SQLITE_OK);
     connection_ = AdoptSqlite(handle_);
   }
@@ -122,9 +121,7 @@ class InterruptedSqlite : public DataSuite {
         handle_, 1, [](void* self) { return static_cast<InterruptedSqlite*>(self)->interruptions_-- > 0 ? 1 : 0; },
         this);
   }
-  void Mark(int id) {
-    connection_->Execute(QStringLiteral("Update files Set remark = 'marked' Where id = %1").arg(id));
-  }
+  void Mark(int id) { connection_->Execute(u"Update files Set remark = 'marked' Where id = %1"_s.arg(id)); }
 
   sqlite3* handle_ = nullptr;
   int interruptions_ = 0;
@@ -140,8 +137,8 @@ TEST_P(InterruptedSqlite, LeavesTheTransactionAllTheSame) {
   connection_->RollbackTrans();
   EXPECT_NE(sqlite3_get_autocommit(handle_), 0);
   Mark(2);
-  EXPECT_EQ(Stored(1, QStringLiteral("remark")), QStringLiteral("甲"));
-  EXPECT_EQ(Stored(2, QStringLiteral("remark")), QStringLiteral("marked"));
+  EXPECT_EQ(Stored(1, u"remark"_s), u"甲"_s);
+  EXPECT_EQ(Stored(2, u"remark"_s), u"marked"_s);
 }
 
 TEST_P(InterruptedSqlite, RefusesToWriteOnInATransactionThatItCannotLeave) {
@@ -154,8 +151,8 @@ TEST_P(InterruptedSqlite, RefusesToWriteOnInATransactionThatItCannotLeave) {
   Interrupt(0);
   Mark(3);
   EXPECT_NE(sqlite3_get_autocommit(handle_), 0);
-  EXPECT_EQ(Stored(1, QStringLiteral("remark")), QStringLiteral("甲"));
-  EXPECT_EQ(Stored(3, QStringLiteral("remark")), QStringLiteral("marked"));
+  EXPECT_EQ(Stored(1, u"remark"_s), u"甲"_s);
+  EXPECT_EQ(Stored(3, u"remark"_s), u"marked"_s);
 }
 
 // SQLite ends the transaction by itself when a write in it is interrupted.
@@ -166,11 +163,11 @@ TEST_P(InterruptedSqlite, RefusesToWriteOnAfterATransactionThatTheDatabaseHasEnd
   FailureOf([&] { Mark(2); });
   Interrupt(0);
   ASSERT_NE(sqlite3_get_autocommit(handle_), 0);
-  EXPECT_EQ(FailureOf([&] { Mark(3); }).Message(), QStringLiteral("数据库已撤销本次事务的全部修改，不能继续。"));
+  EXPECT_EQ(FailureOf([&] { Mark(3); }).Message(), u"数据库已撤销本次事务的全部修改，不能继续。"_s);
   connection_->RollbackTrans();
-  EXPECT_EQ(Stored(3, QStringLiteral("remark")), QString());
+  EXPECT_EQ(Stored(3, u"remark"_s), QString());
   Mark(4);
-  EXPECT_EQ(Stored(4, QStringLiteral("remark")), QStringLiteral("marked"));
+  EXPECT_EQ(Stored(4, u"remark"_s), u"marked"_s);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class Searches : public DataSuite {
  protected:
@@ -21,65 +22,65 @@ class Searches : public DataSuite {
     records_->SetSort(QString::fromUtf8(order));
     return Ids();
   }
-  QStringList Ids() { return Texts(*records_, QStringLiteral("id")); }
-  static QStringList Of(const char* ids) { return QString::fromLatin1(ids).split(QLatin1Char(' ')); }
+  QStringList Ids() { return Texts(*records_, u"id"_s); }
+  static QStringList Of(const char* ids) { return QString::fromLatin1(ids).split(u' '); }
   /// The number of the file that a search ends on, "EOF" or "BOF".
   QString Found(const char* criterion, qint64 skip = 0, SearchDirection direction = SearchDirection::Forward) {
     records_->Find(QString::fromUtf8(criterion), skip, direction);
-    if (records_->EOF_()) return QStringLiteral("EOF");
-    return records_->BOF() ? QStringLiteral("BOF") : (*records_)[QStringLiteral("id")].Text();
+    if (records_->EOF_()) return u"EOF"_s;
+    return records_->BOF() ? u"BOF"_s : (*records_)[u"id"_s].Text();
   }
   std::unique_ptr<Recordset> records_;
 };
 FOLVANE_ON_EACH_DATABASE(Searches);
 
 TEST_P(Searches, AFindStartsAtTheCurrentRow) {
-  EXPECT_EQ(Found("pages = 25"), QStringLiteral("2"));
-  EXPECT_EQ(Found("pages = 25"), QStringLiteral("2"));
-  EXPECT_EQ(Found("pages = 25", 1), QStringLiteral("5"));
-  EXPECT_EQ(Found("pages = 25", 1), QStringLiteral("EOF"));
+  EXPECT_EQ(Found("pages = 25"), u"2"_s);
+  EXPECT_EQ(Found("pages = 25"), u"2"_s);
+  EXPECT_EQ(Found("pages = 25", 1), u"5"_s);
+  EXPECT_EQ(Found("pages = 25", 1), u"EOF"_s);
 }
 
 TEST_P(Searches, AFindBackwardsEndsBeforeTheFirstRow) {
   records_->MoveLast();
-  EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), QStringLiteral("2"));
-  EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), QStringLiteral("BOF"));
+  EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), u"2"_s);
+  EXPECT_EQ(Found("pages = 25", 1, SearchDirection::Backward), u"BOF"_s);
 }
 
 TEST_P(Searches, AFindForAKeyStandsOnItsRow) {
-  EXPECT_EQ(Found("code = 'B-002'"), QStringLiteral("4"));
+  EXPECT_EQ(Found("code = 'B-002'"), u"4"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("code = 'b-002'"), QStringLiteral("4"));
+  EXPECT_EQ(Found("code = 'b-002'"), u"4"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("code = 'nothing'"), QStringLiteral("EOF"));
+  EXPECT_EQ(Found("code = 'nothing'"), u"EOF"_s);
 }
 
 TEST_P(Searches, AFindComparesChineseQuotesNumbersAndDates) {
-  EXPECT_EQ(Found("title Like '%报表%'"), QStringLiteral("4"));
+  EXPECT_EQ(Found("title Like '%报表%'"), u"4"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("remark = 'it''s'"), QStringLiteral("4"));
+  EXPECT_EQ(Found("remark = 'it''s'"), u"4"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("pages < 10"), QStringLiteral("3"));
+  EXPECT_EQ(Found("pages < 10"), u"3"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("filed > #2002-06-01#"), QStringLiteral("5"));
+  EXPECT_EQ(Found("filed > #2002-06-01#"), u"5"_s);
 }
 
 TEST_P(Searches, AFindSeesWhatWasTypedAndNotYetWritten) {
   StandOn(*records_, 3);
-  (*records_)[QStringLiteral("code")].SetValue(QStringLiteral("NEW"));
+  (*records_)[u"code"_s].SetValue(u"NEW"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("code = 'NEW'"), QStringLiteral("3"));
+  EXPECT_EQ(Found("code = 'NEW'"), u"3"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("code = 'B-001'"), QStringLiteral("EOF"));
+  EXPECT_EQ(Found("code = 'B-001'"), u"EOF"_s);
 }
 
 TEST_P(Searches, AFindKeepsWithinFilterAndSort) {
-  records_->SetFilter(QStringLiteral("pages = 25"));
-  records_->SetSort(QStringLiteral("id Desc"));
-  EXPECT_EQ(Found("id < 9"), QStringLiteral("5"));
-  EXPECT_EQ(Found("id < 9", 1), QStringLiteral("2"));
+  records_->SetFilter(u"pages = 25"_s);
+  records_->SetSort(u"id Desc"_s);
+  EXPECT_EQ(Found("id < 9"), u"5"_s);
+  EXPECT_EQ(Found("id < 9", 1), u"2"_s);
   records_->MoveFirst();
-  EXPECT_EQ(Found("code = 'B-001'"), QStringLiteral("EOF"));
+  EXPECT_EQ(Found("code = 'B-001'"), u"EOF"_s);
 }
 
 TEST_P(Searches, AFindForAnEqualValueStandsOnTheNearestHitInTheOrderShown) {
@@ -102,9 +103,9 @@ TEST_P(Searches, ATextThatIsNoNumberIsNotComparedWithANumber) {
 
 TEST_P(Searches, ATextInAColumnOfNumbersIsNoNumber) {
   if (!OnSqlite()) GTEST_SKIP() << "only SQLite keeps a text in a column of numbers";
-  Meanwhile(QStringLiteral("UPDATE files SET pages = 'none' WHERE id = 3"));
+  Meanwhile(u"UPDATE files SET pages = 'none' WHERE id = 3"_s);
   records_ = Open();
-  EXPECT_EQ(Found("pages = 0"), QStringLiteral("EOF"));
+  EXPECT_EQ(Found("pages = 0"), u"EOF"_s);
   EXPECT_EQ(Filtered("pages < 5"), QStringList());
   EXPECT_EQ(Filtered("pages < 15"), Of("1"));
 }
@@ -152,15 +153,15 @@ TEST_P(Searches, AFilterKnowsNullQuotesAndDates) {
 
 TEST_P(Searches, AFilterStandsOnTheFirstRowItShows) {
   records_->MoveLast();
-  records_->SetFilter(QStringLiteral("code Like 'B*'"));
+  records_->SetFilter(u"code Like 'B*'"_s);
   EXPECT_EQ(records_->RecordCount(), 2);
   EXPECT_EQ(records_->AbsolutePosition(), 1);
-  EXPECT_EQ((*records_)[QStringLiteral("code")].Text(), QStringLiteral("B-001"));
-  EXPECT_EQ(records_->Filter(), QStringLiteral("code Like 'B*'"));
+  EXPECT_EQ((*records_)[u"code"_s].Text(), u"B-001"_s);
+  EXPECT_EQ(records_->Filter(), u"code Like 'B*'"_s);
 }
 
 TEST_P(Searches, AFilterThatMeetsNothingShowsAnEmptyRecordSet) {
-  records_->SetFilter(QStringLiteral("id = 99"));
+  records_->SetFilter(u"id = 99"_s);
   EXPECT_EQ(records_->RecordCount(), 0);
   EXPECT_TRUE(records_->BOF() && records_->EOF_());
   records_->SetFilter(QString());
@@ -169,10 +170,10 @@ TEST_P(Searches, AFilterThatMeetsNothingShowsAnEmptyRecordSet) {
 }
 
 TEST_P(Searches, AFilterThatCannotBeReadLeavesTheOldOne) {
-  records_->SetFilter(QStringLiteral("pages = 25"));
+  records_->SetFilter(u"pages = 25"_s);
   for (const char* wrong : {"nothing = 1", "pages =", "pages = 25 And", "= 3", "pages = 'x", "(pages = 1"})
     EXPECT_EQ(FailureOf([&] { records_->SetFilter(QString::fromUtf8(wrong)); }).Kind(), DataErrorKind::Usage) << wrong;
-  EXPECT_EQ(records_->Filter(), QStringLiteral("pages = 25"));
+  EXPECT_EQ(records_->Filter(), u"pages = 25"_s);
   EXPECT_EQ(Ids(), Of("2 5"));
 }
 
@@ -186,20 +187,20 @@ TEST_P(Searches, ASortOrdersByNumbersTextsAndDates) {
 
 TEST_P(Searches, ASortPutsNullBeforeEverythingAndKeepsTheOrderOfEquals) {
   EXPECT_EQ(Sorted("pages"), Of("4 3 1 2 5"));
-  EXPECT_EQ(Sorted("remark").first(), QStringLiteral("2"));
+  EXPECT_EQ(Sorted("remark").first(), u"2"_s);
 }
 
 TEST_P(Searches, ASortAndAFilterHoldTogether) {
-  records_->SetFilter(QStringLiteral("code Like 'A%'"));
+  records_->SetFilter(u"code Like 'A%'"_s);
   EXPECT_EQ(Sorted("id Desc"), Of("5 2 1"));
   records_->SetFilter(QString());
   EXPECT_EQ(Ids(), Of("5 4 3 2 1"));
 }
 
 TEST_P(Searches, ASortByAFieldThatIsNotThereIsRefusedAndTheOrderStays) {
-  records_->SetSort(QStringLiteral("id Desc"));
-  EXPECT_EQ(FailureOf([&] { records_->SetSort(QStringLiteral("nothing")); }).Kind(), DataErrorKind::Usage);
-  EXPECT_EQ(records_->Sort(), QStringLiteral("id Desc"));
+  records_->SetSort(u"id Desc"_s);
+  EXPECT_EQ(FailureOf([&] { records_->SetSort(u"nothing"_s); }).Kind(), DataErrorKind::Usage);
+  EXPECT_EQ(records_->Sort(), u"id Desc"_s);
   EXPECT_EQ(Ids(), Of("5 4 3 2 1"));
 }
 

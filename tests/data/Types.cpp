@@ -6,6 +6,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kUnlimited = 2147483647;
 
@@ -13,15 +14,16 @@ class Types : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
-    Database().Native(QStringLiteral("CREATE TABLE Kinds (id integer NOT NULL PRIMARY KEY, small smallint, big bigint, "
-                                     "amount numeric(12,3), ratio double precision, share real, flag boolean, day "
-                                     "date, moment timestamp, code char(5), title varchar(60), wide varchar(300), "
-                                     "edge varchar(255), remark text, content ") +
-                      (OnSqlite() ? QStringLiteral("blob)") : QStringLiteral("bytea)")));
+    Database().Native(
+        u"CREATE TABLE Kinds (id integer NOT NULL PRIMARY KEY, small smallint, big bigint, "
+        "amount numeric(12,3), ratio double precision, share real, flag boolean, day "
+        "date, moment timestamp, code char(5), title varchar(60), wide varchar(300), "
+        "edge varchar(255), remark text, content "_s +
+        (OnSqlite() ? u"blob)"_s : u"bytea)"_s));
   }
   std::unique_ptr<Recordset> Open() {
     auto records = std::make_unique<Recordset>();
-    records->Open(QStringLiteral("Select * From kinds"), Connected());
+    records->Open(u"Select * From kinds"_s, Connected());
     return records;
   }
 };
@@ -68,11 +70,11 @@ TEST_P(Types, EveryKindOfValueIsReadBackAsItWasWritten) {
                                                   {"flag", 1LL},
                                                   {"day", QDate(2002, 3, 4)},
                                                   {"moment", QDateTime(QDate(2002, 3, 4), QTime(5, 6, 7), Qt::UTC)},
-                                                  {"code", QStringLiteral("ABCDE")},
-                                                  {"title", QStringLiteral("关于档案")},
+                                                  {"code", u"ABCDE"_s},
+                                                  {"title", u"关于档案"_s},
                                                   {"wide", QString(150, QChar(0x6863))},
-                                                  {"edge", QStringLiteral("20020304")},
-                                                  {"remark", QStringLiteral("甲")},
+                                                  {"edge", u"20020304"_s},
+                                                  {"remark", u"甲"_s},
                                                   {"content", QByteArray("\x00\x01\xff\x27", 4)}};
   const auto writer = Open();
   writer->AddNew();
@@ -84,10 +86,10 @@ TEST_P(Types, EveryKindOfValueIsReadBackAsItWasWritten) {
 }
 
 TEST_P(Types, EveryKindOfValueCanBeChangedAndCleared) {
-  Database().Native(QStringLiteral("INSERT INTO Kinds VALUES (1, 2, 3, 4.125, 0.1, 0.1, %1, '2002-03-04', "
-                                   "'2002-03-04 05:06:07', 'ABCDE', 't', 'w', 'e', 'r', %2)")
-                        .arg(OnSqlite() ? QStringLiteral("1") : QStringLiteral("true"),
-                             OnSqlite() ? QStringLiteral("x'00ff'") : QStringLiteral("'\\x00ff'")));
+  Database().Native(
+      u"INSERT INTO Kinds VALUES (1, 2, 3, 4.125, 0.1, 0.1, %1, '2002-03-04', "
+      "'2002-03-04 05:06:07', 'ABCDE', 't', 'w', 'e', 'r', %2)"_s.arg(OnSqlite() ? u"1"_s : u"true"_s,
+                                                                      OnSqlite() ? u"x'00ff'"_s : u"'\\x00ff'"_s));
   const auto records = Open();
   for (int i = 1; i < records->Fields().Count(); ++i) records->Fields().Item(i).SetValue({});
   records->UpdateBatch();
@@ -99,21 +101,20 @@ TEST_P(Types, EveryKindOfValueCanBeChangedAndCleared) {
 }
 
 TEST_P(Types, ATruthValueCanBeChangedByItself) {
-  Database().Native(QStringLiteral("INSERT INTO Kinds (id, flag) VALUES (1, %1)")
-                        .arg(OnSqlite() ? QStringLiteral("0") : QStringLiteral("false")));
+  Database().Native(u"INSERT INTO Kinds (id, flag) VALUES (1, %1)"_s.arg(OnSqlite() ? u"0"_s : u"false"_s));
   const auto records = Open();
-  EXPECT_EQ((*records)[QStringLiteral("flag")].Value(), QVariant(0LL));
-  (*records)[QStringLiteral("flag")].SetValue(1);
+  EXPECT_EQ((*records)[u"flag"_s].Value(), QVariant(0LL));
+  (*records)[u"flag"_s].SetValue(1);
   records->UpdateBatch();
-  EXPECT_EQ((*Open())[QStringLiteral("flag")].Value(), QVariant(1LL));
+  EXPECT_EQ((*Open())[u"flag"_s].Value(), QVariant(1LL));
 }
 
 TEST_P(Types, AMomentWithAFractionOfASecondCanBeChanged) {
-  Database().Native(QStringLiteral("INSERT INTO Kinds (id, moment) VALUES (1, '2002-03-04 05:06:07.891234')"));
+  Database().Native(u"INSERT INTO Kinds (id, moment) VALUES (1, '2002-03-04 05:06:07.891234')"_s);
   const auto records = Open();
-  (*records)[QStringLiteral("moment")].SetValue(QStringLiteral("2003-01-01 10:20:30"));
+  (*records)[u"moment"_s].SetValue(u"2003-01-01 10:20:30"_s);
   records->UpdateBatch();
-  EXPECT_EQ(Database().Value(QStringLiteral("SELECT moment FROM Kinds")), QStringLiteral("2003-01-01 10:20:30"));
+  EXPECT_EQ(Database().Value(u"SELECT moment FROM Kinds"_s), u"2003-01-01 10:20:30"_s);
 }
 
 TEST_P(Types, AnExpressionHasTheTypeOfItsValues) {
@@ -129,53 +130,53 @@ TEST_P(Types, AnExpressionHasTheTypeOfItsValues) {
 }
 
 TEST_P(Types, ATextWithoutALengthHasNoLimit) {
-  Database().Native(QStringLiteral("CREATE TABLE loose (name varchar)"));
+  Database().Native(u"CREATE TABLE loose (name varchar)"_s);
   const NativeResult result = QueryNative(*Connected(), "SELECT name FROM loose");
   EXPECT_EQ(result.columns[0].type, AdoType::VarChar);
   EXPECT_EQ(result.columns[0].definedSize, kUnlimited);
 }
 
 TEST_P(Types, ATableIsDescribedWhateverTheCaseOfItsName) {
-  const std::optional<TableInfo> table = Connected()->NativeDriver().Describe(QStringLiteral("KINDS"));
+  const std::optional<TableInfo> table = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"KINDS"_s);
   ASSERT_TRUE(table);
-  EXPECT_EQ(table->name.toLower(), QStringLiteral("kinds"));
+  EXPECT_EQ(table->name.toLower(), u"kinds"_s);
   EXPECT_EQ(table->key, std::vector{0});
   EXPECT_FALSE(table->columns[0].nullable);
   EXPECT_TRUE(table->columns[1].nullable);
-  const ColumnInfo& title = table->columns[std::size_t(table->IndexOf(QStringLiteral("TITLE")))];
+  const ColumnInfo& title = table->columns[std::size_t(table->IndexOf(u"TITLE"_s))];
   EXPECT_EQ(title.type, AdoType::VarChar);
   EXPECT_EQ(title.definedSize, 60);
 }
 
 TEST_P(Types, ATableThatIsNotThereIsNotDescribed) {
-  EXPECT_FALSE(Connected()->NativeDriver().Describe(QStringLiteral("nowhere")));
+  EXPECT_FALSE(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"nowhere"_s));
 }
 
 TEST_P(Types, AColumnThatTheDatabaseCountsIsKnown) {
-  Database().Native(OnSqlite() ? QStringLiteral("CREATE TABLE counted (id integer PRIMARY KEY, n integer)")
-                               : QStringLiteral("CREATE TABLE counted (id serial PRIMARY KEY, n integer)"));
-  const std::optional<TableInfo> table = Connected()->NativeDriver().Describe(QStringLiteral("counted"));
+  Database().Native(OnSqlite() ? u"CREATE TABLE counted (id integer PRIMARY KEY, n integer)"_s
+                               : u"CREATE TABLE counted (id serial PRIMARY KEY, n integer)"_s);
+  const std::optional<TableInfo> table = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"counted"_s);
   ASSERT_TRUE(table);
   EXPECT_TRUE(table->columns[0].autoNumber);
   EXPECT_FALSE(table->columns[1].autoNumber);
 }
 
 TEST_P(Types, TheColumnsOfAKeyComeInTheOrderOfTheKey) {
-  Database().Native(QStringLiteral("CREATE TABLE pairs (a varchar(5), b varchar(5), c integer, PRIMARY KEY (c, a))"));
-  EXPECT_EQ(Connected()->NativeDriver().Describe(QStringLiteral("pairs"))->key, (std::vector{2, 0}));
+  Database().Native(u"CREATE TABLE pairs (a varchar(5), b varchar(5), c integer, PRIMARY KEY (c, a))"_s);
+  EXPECT_EQ(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"pairs"_s)->key, (std::vector{2, 0}));
 }
 
 TEST_P(Types, AUniqueIndexServesAsKeyUnlessItsColumnsMayBeNull) {
-  Database().Native(QStringLiteral("CREATE TABLE keyless (a varchar(5) NOT NULL, b varchar(5))"));
-  Database().Native(QStringLiteral("CREATE UNIQUE INDEX keyless_b ON keyless (b)"));
-  EXPECT_TRUE(Connected()->NativeDriver().Describe(QStringLiteral("keyless"))->key.empty());
-  Database().Native(QStringLiteral("CREATE UNIQUE INDEX keyless_a ON keyless (a)"));
-  EXPECT_EQ(Connected()->NativeDriver().Describe(QStringLiteral("keyless"))->key, std::vector{0});
+  Database().Native(u"CREATE TABLE keyless (a varchar(5) NOT NULL, b varchar(5))"_s);
+  Database().Native(u"CREATE UNIQUE INDEX keyless_b ON keyless (b)"_s);
+  EXPECT_TRUE(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"keyless"_s)->key.empty());
+  Database().Native(u"CREATE UNIQUE INDEX keyless_a ON keyless (a)"_s);
+  EXPECT_EQ(DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"keyless"_s)->key, std::vector{0});
 }
 
 TEST_P(Types, AViewIsDescribedWithoutAKey) {
-  Database().Native(QStringLiteral("CREATE VIEW seen AS SELECT id, title FROM Kinds"));
-  const std::optional<TableInfo> view = Connected()->NativeDriver().Describe(QStringLiteral("seen"));
+  Database().Native(u"CREATE VIEW seen AS SELECT id, title FROM Kinds"_s);
+  const std::optional<TableInfo> view = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"seen"_s);
   ASSERT_TRUE(view);
   EXPECT_EQ(view->columns.size(), 2u);
   EXPECT_TRUE(view->key.empty());

@@ -3,6 +3,7 @@
 
 namespace folvane::test {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class DemoDesign : public DemoTest {};
 FOLVANE_ON_EACH_DATABASE(DemoDesign);
@@ -37,7 +38,7 @@ TEST_P(DemoDesign, TellsEachFieldOnceUnderACaptionOfItsOwn) {
     QStringList fields = Column(u"Select FieldName"_s + of);
     EXPECT_EQ(captions.removeDuplicates(), 0) << qPrintable(table);
     EXPECT_EQ(fields.removeDuplicates(), 0) << qPrintable(table);
-    EXPECT_EQ(fields.size() + 1, static_cast<qsizetype>(Connected()->Table(table)->columns.size()))
+    EXPECT_EQ(fields.size() + 1, qsizetype(DatabaseSession::Of(*Connected()).Table(table)->columns.size()))
         << "all columns but the key: " << qPrintable(table);
   }
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "data/DatabaseSession.h"
 #include "data/Recordset.h"
 #include "host/demo/DemoDatabase.h"
 #include "support/TestDatabase.h"
@@ -67,7 +68,7 @@ class DemoTest : public testing::TestWithParam<std::string> {
   }
   int Count(const QString& rest) { return Column(u"Select Count(1) As N From "_s + rest).at(0).toInt(); }
   bool HasField(const QString& table, const QString& field) {
-    const TableInfo* info = Connected()->Table(table);
+    const TableInfo* info = DatabaseSession::Of(*Connected()).Table(table);
     return info && info->IndexOf(field) >= 0;
   }
 

@@ -3,10 +3,12 @@
 
 #include <folvane/DataError.h>
 
+#include "data/DatabaseSession.h"
 #include "demo/DemoFixture.h"
 
 namespace folvane::test {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class DemoRecords : public DemoTest {
  protected:
@@ -204,8 +206,8 @@ TEST_P(DemoMaker, WritesOverNothingWithoutBeingTold) {
 TEST_P(DemoMaker, LeavesNothingWhenItCannotFinish) {
   Database().Native(u"create table Dsj (x integer)"_s);
   EXPECT_THROW(demo::MakeDemoDatabase(*Connected(), {}), DataError);
-  EXPECT_EQ(Connected()->Table(u"Lwdj"_s), nullptr);
-  EXPECT_EQ(Connected()->Table(u"DynamicWindows"_s), nullptr);
+  EXPECT_EQ(DatabaseSession::Of(*Connected()).Table(u"Lwdj"_s), nullptr);
+  EXPECT_EQ(DatabaseSession::Of(*Connected()).Table(u"DynamicWindows"_s), nullptr);
 }
 
 TEST_P(DemoMaker, TellsHowFarItIs) {

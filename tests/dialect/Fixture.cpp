@@ -3,19 +3,19 @@
 #include "catalogue/Ddl.h"
 
 namespace folvane::test {
+using namespace Qt::Literals::StringLiterals;
 
 void FillTables(TestDatabase& database, Connection& connection) {
   CreateCatalogue(connection);
-  const QString date = database.Kind() == "SQLite" ? QStringLiteral("varchar(10)") : QStringLiteral("date");
+  const QString date = database.Kind() == "SQLite" ? u"varchar(10)"_s : u"date"_s;
   database.Native(
-      QStringLiteral("CREATE TABLE Lwdj (ArchiveID varchar(20) PRIMARY KEY, RegID integer, DocNo varchar(50), "
-                     "Amaintitle varchar(200), CreatedDate varchar(10), FileDate %1, FileStatus varchar(20), "
-                     "Quantity integer, Note varchar(100), FondsNo varchar(10), ReadState varchar(10))")
-          .arg(date));
+      u"CREATE TABLE Lwdj (ArchiveID varchar(20) PRIMARY KEY, RegID integer, DocNo varchar(50), "
+      "Amaintitle varchar(200), CreatedDate varchar(10), FileDate %1, FileStatus varchar(20), "
+      "Quantity integer, Note varchar(100), FondsNo varchar(10), ReadState varchar(10))"_s.arg(date));
   database.Native(
-      QStringLiteral("CREATE TABLE Ajml (ArchiveID varchar(20) PRIMARY KEY, FondsNo varchar(10), YearNo integer, "
-                     "ItemNo integer, DocOrder integer, ArchiveNo varchar(50), PageNo integer, Quantity integer, "
-                     "CreatedDate varchar(10))"));
+      u"CREATE TABLE Ajml (ArchiveID varchar(20) PRIMARY KEY, FondsNo varchar(10), YearNo integer, "
+      "ItemNo integer, DocOrder integer, ArchiveNo varchar(50), PageNo integer, Quantity integer, "
+      "CreatedDate varchar(10))"_s);
   for (
       const char* sql : {
           "INSERT INTO Lwdj VALUES "

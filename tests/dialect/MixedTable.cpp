@@ -1,13 +1,14 @@
 #include "MixedTable.h"
 
 namespace folvane::test {
+using namespace Qt::Literals::StringLiterals;
 
 void MakeMixedTable(TestDatabase& database) {
   const bool onSqlite = database.Kind() == "SQLite";
-  database.Native(QStringLiteral("CREATE TABLE Mixed (id integer PRIMARY KEY, t varchar(20), n integer, "
-                                 "d numeric(9,2), f %1, day date, moment %2)")
-                      .arg(onSqlite ? QStringLiteral("float") : QStringLiteral("double precision"),
-                           onSqlite ? QStringLiteral("datetime") : QStringLiteral("timestamp")));
+  database.Native(
+      u"CREATE TABLE Mixed (id integer PRIMARY KEY, t varchar(20), n integer, "
+      "d numeric(9,2), f %1, day date, moment %2)"_s.arg(onSqlite ? u"float"_s : u"double precision"_s,
+                                                         onSqlite ? u"datetime"_s : u"timestamp"_s));
   for (const char* sql : {
            "INSERT INTO Mixed VALUES (1,'abc',5,1.50,2.5,'2002-03-04','2002-03-04 10:20:30')",
            "INSERT INTO Mixed VALUES (2,'ABC  ',-3,0,0.25,'2002-12-31','2002-12-31')",

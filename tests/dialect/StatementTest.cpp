@@ -10,6 +10,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 std::string KindName(DataErrorKind kind) {
   switch (kind) {
@@ -36,9 +37,9 @@ std::vector<std::string> RowsOf(const std::shared_ptr<Connection>& connection, c
     QStringList values;
     for (int i = 0; i < records.Fields().Count(); ++i) {
       const Field field = records.Fields().Item(i);
-      values << (field.IsNull() ? QStringLiteral("<null>") : field.Text());
+      values << (field.IsNull() ? u"<null>"_s : field.Text());
     }
-    rows.push_back(values.join(QLatin1Char('|')).toStdString());
+    rows.push_back(values.join(u'|').toStdString());
   }
   return rows;
 }

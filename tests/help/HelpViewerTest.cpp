@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "components/help/HelpViewer.h"
-#include "shell/CommonRoutines.h"
 #include "shell/ModalWindow.h"
+#include "shell/OpenHelp.h"
 #include "support/HostDoubles.h"
 #include "support/WindowDriver.h"
 

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "originals/OriginalFiles.h"
 #include "originals/OriginalStore.h"
 #include "records/DesignedDatabase.h"
 #include "shell/SharedState.h"

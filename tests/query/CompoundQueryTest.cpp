@@ -1,5 +1,6 @@
 #include <folvane/DataError.h>
 
+#include "data/DatabaseSession.h"
 #include "data/drivers/Driver.h"
 #include "query/CompoundQuery.h"
 #include "query/QueryFixture.h"
@@ -204,9 +205,9 @@ TEST_P(CompoundQueryTest, ARemovalTakesPartInATransactionThatTheHostHasBegunOnIt
   if (!OnSqlite()) GTEST_SKIP() << "there a transaction is begun by a setting of the handle";
   CompoundQuery query(u"Lwdj"_s);
   query.Add({QString(), u"登记号"_s, u"等于"_s, u"5"_s, {}});
-  Connected()->NativeDriver().Execute({"BEGIN", {}});
+  DatabaseSession::Of(*Connected()).NativeDriver().Execute({"BEGIN", {}});
   query.Remove(1);
-  Connected()->NativeDriver().Execute({"ROLLBACK", {}});
+  DatabaseSession::Of(*Connected()).NativeDriver().Execute({"ROLLBACK", {}});
   EXPECT_EQ(Shown(CompoundQuery(u"Lwdj"_s)), QStringList{u"|登记号|等于|5|1"_s});
 }
 

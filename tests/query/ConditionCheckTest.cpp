@@ -1,3 +1,4 @@
+#include "data/DatabaseSession.h"
 #include "query/ConditionCheck.h"
 #include "query/QueryFixture.h"
 
@@ -68,7 +69,7 @@ TEST_P(ConditionCheckTest, AColumnThatWasAddedSinceTheTableWasReadIsFound) {
 
 TEST_P(ConditionCheckTest, OfATableThatTheDatabaseDoesNotKnowNothingIsSaidAgainstItsColumns) {
   Run(u"drop table Lwdj"_s);
-  Connected()->RefreshSchema();
+  DatabaseSession::Of(*Connected()).RefreshSchema();
   EXPECT_EQ(Flaw(u"登记号"_s, u"RegID"_s, u"="_s, u"abc"_s), QString());
 }
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-#include "shell/CommonRoutines.h"
+#include "shell/OpenHelp.h"
 #include "support/HostDoubles.h"
 
 namespace folvane {

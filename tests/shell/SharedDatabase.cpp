@@ -33,4 +33,10 @@ void SharedDatabase::Run(const QStringList& statements) {
   for (const QString& statement : statements) Database().Native(statement);
 }
 
+QStringList Entries(const QComboBox& list) {
+  QStringList entries;
+  for (int index = 0; index < list.count(); ++index) entries << list.itemText(index);
+  return entries;
+}
+
 }  // namespace folvane::test

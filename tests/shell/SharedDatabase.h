@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QComboBox>
+
 #include "shell/SharedState.h"
 #include "support/HostDoubles.h"
 #include "support/TestDatabase.h"
@@ -19,5 +21,8 @@ class SharedDatabase : public OnEachDatabase {
  private:
   QStringList statements_;
 };
+
+/// The entries of a list from the first on.
+QStringList Entries(const QComboBox& list);
 
 }  // namespace folvane::test

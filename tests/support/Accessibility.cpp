@@ -14,6 +14,7 @@
 
 namespace folvane::test {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 template <typename... Kinds>
 bool IsOneOf(const QWidget* widget) {
@@ -30,7 +31,7 @@ bool IsPartOfAnother(const QWidget* widget) {
   for (const QWidget* parent = widget->parentWidget(); parent && !parent->isWindow(); parent = parent->parentWidget()) {
     if (IsControl(parent)) return true;
   }
-  return widget->objectName().startsWith(QStringLiteral("qt_"));
+  return widget->objectName().startsWith(u"qt_"_s);
 }
 
 QString NameOf(QWidget* widget) {

@@ -8,6 +8,8 @@
 #include "support/HostDoubles.h"
 #include "support/WindowDriver.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 void PinSurroundings(const QString& home) {
@@ -25,7 +27,7 @@ void PinSurroundings(const QString& home) {
 
 /// Passes on what Qt has to say, less what the offscreen platform says of itself at every window.
 void TellMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (text.startsWith(QLatin1String("This plugin does not support"))) return;
+  if (text.startsWith("This plugin does not support"_L1)) return;
   std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
@@ -38,7 +40,7 @@ int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   QApplication application(argc, argv);
   // The defaults of Qt's own platform differ from machine to machine; the pinned font has this size everywhere.
-  QApplication::setFont(QFont(QStringLiteral("WenQuanYi Micro Hei"), 9));
+  QApplication::setFont(QFont(u"WenQuanYi Micro Hei"_s, 9));
   QApplication::setQuitOnLastWindowClosed(false);
   auto& listeners = testing::UnitTest::GetInstance()->listeners();
   listeners.Append(new folvane::test::HostDoublesListener);

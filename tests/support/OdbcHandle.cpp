@@ -9,6 +9,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 SQLCHAR* AsSql(QByteArray& text) { return reinterpret_cast<SQLCHAR*>(text.data()); }
 
@@ -26,11 +27,11 @@ QString TextOf(SQLHSTMT statement, SQLUSMALLINT column) {
   SQLLEN length = 0;
   SQLRETURN outcome = SQL_SUCCESS;
   while (SQL_SUCCEEDED(outcome = SQLGetData(statement, column, SQL_C_CHAR, piece.data(), piece.size(), &length))) {
-    if (length == SQL_NULL_DATA) return QStringLiteral("<null>");
+    if (length == SQL_NULL_DATA) return u"<null>"_s;
     text += piece.data();
     if (outcome == SQL_SUCCESS) break;
   }
-  Check(outcome, SQL_HANDLE_STMT, statement, QStringLiteral("reading a value"));
+  Check(outcome, SQL_HANDLE_STMT, statement, u"reading a value"_s);
   return QString::fromUtf8(text);
 }
 

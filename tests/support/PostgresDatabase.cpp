@@ -8,21 +8,22 @@
 #include "support/OdbcHandle.h"
 
 namespace folvane::test {
+using namespace Qt::Literals::StringLiterals;
 
-PostgresDatabase::PostgresDatabase() : schema_(QStringLiteral("test_") + QUuid::createUuid().toString(QUuid::Id128)) {
+PostgresDatabase::PostgresDatabase() : schema_(u"test_"_s + QUuid::createUuid().toString(QUuid::Id128)) {
   if (!qEnvironmentVariableIsSet("FOLVANE_TEST_PG")) {
     throw std::runtime_error("no PostgreSQL server: run through scripts/with-postgres");
   }
-  OdbcHandle(qgetenv("FOLVANE_TEST_PG")).Rows(QStringLiteral("CREATE SCHEMA ") + schema_);
+  OdbcHandle(qgetenv("FOLVANE_TEST_PG")).Rows(u"CREATE SCHEMA "_s + schema_);
   own_ = Open();
 }
 
 PostgresDatabase::~PostgresDatabase() {
   try {
     // A connection left inside a transaction must fail its test instead of holding it up for ever.
-    Native(QStringLiteral("SET lock_timeout = '5s'"));
-    Native(QStringLiteral("SET client_min_messages = warning"));
-    Native(QStringLiteral("DROP SCHEMA ") + schema_ + QStringLiteral(" CASCADE"));
+    Native(u"SET lock_timeout = '5s'"_s);
+    Native(u"SET client_min_messages = warning"_s);
+    Native(u"DROP SCHEMA "_s + schema_ + u" CASCADE"_s);
   } catch (const std::exception& error) {
     ADD_FAILURE() << error.what();
   }
@@ -30,7 +31,7 @@ PostgresDatabase::~PostgresDatabase() {
 
 std::unique_ptr<OdbcHandle> PostgresDatabase::Open() const {
   auto handle = std::make_unique<OdbcHandle>(qgetenv("FOLVANE_TEST_PG"));
-  handle->Rows(QStringLiteral("SET search_path TO ") + schema_);
+  handle->Rows(u"SET search_path TO "_s + schema_);
   return handle;
 }
 

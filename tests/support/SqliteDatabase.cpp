@@ -8,13 +8,14 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 [[noreturn]] void Fail(sqlite3* handle, const QString& sql) {
   throw std::runtime_error(std::string(sqlite3_errmsg(handle)) + " in: " + sql.toStdString());
 }
 
 QString TextOf(sqlite3_stmt* statement, int column) {
-  if (sqlite3_column_type(statement, column) == SQLITE_NULL) return QStringLiteral("<null>");
+  if (sqlite3_column_type(statement, column) == SQLITE_NULL) return u"<null>"_s;
   return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
                            sqlite3_column_bytes(statement, column));
 }
@@ -27,7 +28,7 @@ SqliteDatabase::~SqliteDatabase() { sqlite3_close_v2(own_); }
 
 sqlite3* SqliteDatabase::Open() const {
   sqlite3* handle = nullptr;
-  const QByteArray path = directory_.filePath(QStringLiteral("test.db")).toUtf8();
+  const QByteArray path = directory_.filePath(u"test.db"_s).toUtf8();
   if (sqlite3_open(path.constData(), &handle) != SQLITE_OK) Fail(handle, QString::fromUtf8(path));
   // A crash of the machine may cost the test its file; waiting for the disk at every statement would cost minutes.
   sqlite3_exec(handle, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);

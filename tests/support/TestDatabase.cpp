@@ -6,6 +6,7 @@
 #include "support/SqliteDatabase.h"
 
 namespace folvane::test {
+using namespace Qt::Literals::StringLiterals;
 
 std::unique_ptr<TestDatabase> TestDatabase::Create(const std::string& kind) {
   if (kind == "SQLite") return std::make_unique<SqliteDatabase>();
@@ -15,7 +16,7 @@ std::unique_ptr<TestDatabase> TestDatabase::Create(const std::string& kind) {
 
 QString TestDatabase::Value(const QString& sql) {
   const std::vector<QStringList> rows = Rows(sql);
-  return rows.empty() ? QStringLiteral("<no row>") : rows.front().front();
+  return rows.empty() ? u"<no row>"_s : rows.front().front();
 }
 
 }  // namespace folvane::test

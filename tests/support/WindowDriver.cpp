@@ -12,6 +12,7 @@
 namespace folvane::test {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 /// Generous, because the same tests run under the sanitizers on a busy machine.
 constexpr int kPatience = 20'000;
@@ -45,7 +46,7 @@ QString NameOf(const QWidget& window) {
 QString NamesOf(const QWidgetList& windows) {
   QStringList names;
   for (const QWidget* window : windows) names << NameOf(*window);
-  return names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", "));
+  return names.isEmpty() ? u"none"_s : names.join(u", "_s);
 }
 
 /// Ends every nested event loop: hides windows, the innermost first, without asking them.
@@ -79,13 +80,12 @@ void RunSteps(const Appointment& appointment, QWidget& shown) {
   try {
     appointment.steps(shown);
   } catch (const std::exception& error) {
-    FailAndHideAll(QStringLiteral("in the steps of ") + appointment.name + QStringLiteral(": ") +
-                   QString::fromUtf8(error.what()));
+    FailAndHideAll(u"in the steps of "_s + appointment.name + u": "_s + QString::fromUtf8(error.what()));
     return;
   }
   if (!window || !window->isVisible()) return;
   window->close();
-  if (window && window->isVisible()) FailAndHideAll(appointment.name + QStringLiteral(" does not close"));
+  if (window && window->isVisible()) FailAndHideAll(appointment.name + u" does not close"_s);
 }
 
 }  // namespace
@@ -137,10 +137,10 @@ class WindowDriverListener::Watch : public QObject {
     if (!appointments.empty() && appointments.back().waiting.hasExpired(kPatience)) {
       const QString name = appointments.back().name;
       appointments.clear();
-      FailAndHideAll(QStringLiteral("the window ") + name + QStringLiteral(" did not come"));
+      FailAndHideAll(u"the window "_s + name + u" did not come"_s);
     } else if (appointments.empty() && QApplication::activeModalWidget() && idle_.hasExpired(kPatience)) {
-      FailAndHideAll(driving_ ? QStringLiteral("the steps wait for a window that nobody drives")
-                              : QStringLiteral("a window stands open and nobody drives it"));
+      FailAndHideAll(driving_ ? u"the steps wait for a window that nobody drives"_s
+                              : u"a window stands open and nobody drives it"_s);
       idle_.restart();
     } else if (!QApplication::activeModalWidget()) {
       idle_.restart();

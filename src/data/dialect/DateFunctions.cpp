@@ -5,6 +5,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 struct DateForm {
   const char* function;
@@ -87,7 +88,7 @@ constexpr std::array kForms{
 }  // namespace
 
 bool IsDateFunction(const QString& name) {
-  return name == QLatin1String("datepart") || name == QLatin1String("datediff") || name == QLatin1String("dateadd");
+  return name == "datepart"_L1 || name == "datediff"_L1 || name == "dateadd"_L1;
 }
 
 const char* DateFunctionForm(DialectKind dialect, const QString& function, const QString& part) {

@@ -1,13 +1,14 @@
 #include "data/dialect/Dialect.h"
 
 namespace folvane::sql {
+using namespace Qt::Literals::StringLiterals;
 
 const char* LiteralForms::Of(const QString& op) const {
-  if (op == QLatin1String("=")) return equal;
-  if (op == QLatin1String("<>")) return unequal;
-  if (op == QLatin1String("<")) return less;
-  if (op == QLatin1String("<=")) return lessOrEqual;
-  if (op == QLatin1String(">")) return greater;
+  if (op == "="_L1) return equal;
+  if (op == "<>"_L1) return unequal;
+  if (op == "<"_L1) return less;
+  if (op == "<="_L1) return lessOrEqual;
+  if (op == ">"_L1) return greater;
   return greaterOrEqual;
 }
 

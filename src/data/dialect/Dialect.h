@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "data/dialect/NativeWords.h"
 #include "data/dialect/SyntaxTree.h"
-#include "data/drivers/Driver.h"
 
 namespace folvane::sql {
 

@@ -2,17 +2,17 @@
 
 #include <algorithm>
 
+#include "data/dialect/EmittedNames.h"
 #include "data/dialect/Literals.h"
 
 namespace folvane::sql {
 
 namespace {
-
-QByteArray Quoted(QString name) { return '"' + name.replace(QLatin1Char('"'), QLatin1String("\"\"")).toUtf8() + '"'; }
+using namespace Qt::Literals::StringLiterals;
 
 class Emitter {
  public:
-  explicit Emitter(const Dialect& dialect) : dialect_(dialect) {}
+  explicit Emitter(const Dialect& dialect) : dialect_(dialect), names_(dialect) {}
 
   Translation Take() { return std::move(out_); }
   void Put(const char* text) { out_.text += text; }
@@ -26,7 +26,7 @@ class Emitter {
       case Statement::Delete:
         Put("DELETE FROM ");
         PutTable(statement.target);
-        known_.push_back(&statement.target);
+        names_.Enter(statement.target);
         return PutCondition(" WHERE ", statement.where);
       default:
         return Put(*statement.query);
@@ -67,7 +67,7 @@ class Emitter {
       case Expression::Null:
         return Put("NULL");
       case Expression::Star:
-        if (!value.qualifier.isEmpty()) out_.text += Qualifier(value.qualifier) + '.';
+        if (!value.qualifier.isEmpty()) out_.text += names_.OfQualifier(value.qualifier) + '.';
         return Put("*");
       case Expression::Unary:
         out_.text += value.text.toLatin1() + ' ';
@@ -98,23 +98,9 @@ class Emitter {
   }
 
  private:
-  // Names. The catalogue's spelling where it is known, which PostgreSQL is particular about.
-  QByteArray Foreign(const QString& name) const { return Quoted(dialect_.foldsNames ? name.toLower() : name); }
-
-  QByteArray TableName(const TableReference& table) const {
-    return table.info ? Quoted(table.info->name) : Foreign(table.name);
-  }
-
-  QByteArray Qualifier(const QString& name) const {
-    for (auto table = known_.rbegin(); table != known_.rend(); ++table)
-      if ((*table)->alias.isEmpty() && (*table)->name.compare(name, Qt::CaseInsensitive) == 0)
-        return TableName(**table);
-    return Foreign(name);
-  }
-
   void PutName(const Expression& value) {
-    if (!value.qualifier.isEmpty()) out_.text += Qualifier(value.qualifier) + '.';
-    out_.text += value.column ? Quoted(value.column->name) : Foreign(value.text);
+    if (!value.qualifier.isEmpty()) out_.text += names_.OfQualifier(value.qualifier) + '.';
+    out_.text += names_.OfColumn(value.text, value.column);
   }
 
   static QByteArray PlainlyQuoted(const QString& text) { return '\'' + text.toUtf8().replace("'", "''") + '\''; }
@@ -149,7 +135,7 @@ class Emitter {
       else if (*c == '*' || *c == '+')
         PutList(value.parts, *c == '+' ? 1 : 0);
       else
-        Put(*value.parts[static_cast<std::size_t>(*c - '1')]);
+        Put(*value.parts[size_t(*c - '1')]);
     }
   }
 
@@ -177,12 +163,12 @@ class Emitter {
   }
 
   void PutSelect(const Query& query) {
-    for (const TableReference& table : query.tables) known_.push_back(&table);
+    names_.Enter(query.tables);
     PutSelectWord(query.distinct, query.distinctOn);
     for (std::size_t i = 0; i < query.items.size(); ++i) {
       if (i > 0) Put(",");
       Put(*query.items[i].value);
-      if (!query.items[i].alias.isEmpty()) out_.text += " AS " + Foreign(query.items[i].alias);
+      if (!query.items[i].alias.isEmpty()) out_.text += " AS " + names_.OfAlias(query.items[i].alias);
     }
     PutTables(query);
     PutCondition(" WHERE ", query.where);
@@ -191,7 +177,7 @@ class Emitter {
       PutList(query.groupBy);
     }
     PutCondition(" HAVING ", query.having);
-    known_.resize(known_.size() - query.tables.size());
+    names_.Leave(query.tables);
   }
 
   void PutSelectWord(bool distinct, const std::vector<ExpressionPtr>& distinctOn) {
@@ -204,7 +190,7 @@ class Emitter {
   void PutTables(const Query& query) {
     bool first = true;
     for (const TableReference& table : query.tables) {
-      const bool comma = table.join == QLatin1String(",");
+      const bool comma = table.join == ","_L1;
       out_.text += first ? " FROM " : comma ? "," : ' ' + table.join.toLatin1() + ' ';
       first = false;
       PutTable(table);
@@ -218,14 +204,14 @@ class Emitter {
       Put(*table.query);
       Put(")");
     } else {
-      out_.text += TableName(table);
+      out_.text += names_.OfTable(table);
     }
-    if (!table.alias.isEmpty()) out_.text += " AS " + Foreign(table.alias);
+    if (!table.alias.isEmpty()) out_.text += " AS " + names_.OfAlias(table.alias);
   }
 
   void PutOrder(const Query& query) {
     if (query.orderBy.empty()) return;
-    for (const TableReference& table : query.tables) known_.push_back(&table);
+    names_.Enter(query.tables);
     Put(" ORDER BY ");
     for (std::size_t i = 0; i < query.orderBy.size(); ++i) {
       if (i > 0) Put(",");
@@ -233,14 +219,14 @@ class Emitter {
       if (query.orderBy[i].descending) Put(" DESC");
       out_.text += query.orderBy[i].nulls;
     }
-    known_.resize(known_.size() - query.tables.size());
+    names_.Leave(query.tables);
   }
 
   void PutTop(const Query& query) { PutCondition(" LIMIT ", query.top); }
 
   // Writing statements.
   QByteArray ColumnName(const Assignment& assignment) const {
-    return assignment.info ? Quoted(assignment.info->name) : Foreign(assignment.column);
+    return names_.OfColumn(assignment.column, assignment.info);
   }
 
   void PutInsert(const Statement& statement) {
@@ -264,7 +250,7 @@ class Emitter {
   void PutUpdate(const Statement& statement) {
     Put("UPDATE ");
     PutTable(statement.target);
-    known_.push_back(&statement.target);
+    names_.Enter(statement.target);
     for (std::size_t i = 0; i < statement.assignments.size(); ++i) {
       out_.text += (i == 0 ? " SET " : ",") + ColumnName(statement.assignments[i]) + " = ";
       Put(*statement.assignments[i].value);
@@ -273,7 +259,7 @@ class Emitter {
   }
 
   const Dialect& dialect_;
-  std::vector<const TableReference*> known_;  ///< the tables in sight
+  EmittedNames names_;
   Translation out_;
 };
 

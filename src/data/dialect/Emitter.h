@@ -9,8 +9,8 @@
 
 namespace folvane::sql {
 
-/// A statement in a dialect, for every statement of its shape. Where the dialect binds literals, the text has the
-/// marker ?n for the nth slot; where not, the literals are put in at the slots' places.
+/// A statement in a dialect, for every statement of its template. Where the dialect binds literals, the text has the
+/// marker ?n for the nth slot; where not, the literals are put in at the slots.
 struct Translation {
   QByteArray text;
   std::vector<Slot> slots;

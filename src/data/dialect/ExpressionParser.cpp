@@ -8,6 +8,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kDeepest = 200;  // brackets in brackets; far beyond what people write
 
@@ -28,16 +29,16 @@ ExpressionPtr Unary(const QString& op, ExpressionPtr inner) {
 }  // namespace
 
 ExpressionPtr StatementParser::ReadExpression() {
-  if (++depth_ > kDeepest) Refuse(QStringLiteral("括号嵌套过深"));
+  if (++depth_ > kDeepest) Refuse(u"括号嵌套过深"_s);
   ExpressionPtr left = ReadAnd();
-  while (TakeWord("or")) left = Binary(QStringLiteral("OR"), std::move(left), ReadAnd());
+  while (TakeWord("or")) left = Binary(u"OR"_s, std::move(left), ReadAnd());
   --depth_;
   return left;
 }
 
 ExpressionPtr StatementParser::ReadAnd() {
   ExpressionPtr left = ReadNot();
-  while (TakeWord("and")) left = Binary(QStringLiteral("AND"), std::move(left), ReadNot());
+  while (TakeWord("and")) left = Binary(u"AND"_s, std::move(left), ReadNot());
   return left;
 }
 
@@ -45,7 +46,7 @@ ExpressionPtr StatementParser::ReadNot() {
   int count = 0;
   while (TakeWord("not")) ++count;
   ExpressionPtr value = ReadPredicate();
-  for (; count > 0; --count) value = Unary(QStringLiteral("NOT"), std::move(value));
+  for (; count > 0; --count) value = Unary(u"NOT"_s, std::move(value));
   return value;
 }
 
@@ -108,7 +109,7 @@ ExpressionPtr StatementParser::ReadIn(ExpressionPtr left) {
   if (IsWord("select")) {
     test->query = ReadQuery();
   } else {
-    if (IsSign(")")) RejectSyntax(QStringLiteral("In 的括号中没有值"));
+    if (IsSign(")")) RejectSyntax(u"In 的括号中没有值"_s);
     do test->parts.push_back(ReadSum());
     while (TakeSign(","));
   }
@@ -193,9 +194,9 @@ ExpressionPtr StatementParser::ReadExists() {
 ExpressionPtr StatementParser::ReadName() {
   ExpressionPtr name = MakeExpression(Expression::Name);
   name->text = NeedName();
-  if (name->text.compare(QLatin1String("current_timestamp"), Qt::CaseInsensitive) == 0) {
+  if (name->text.compare("current_timestamp"_L1, Qt::CaseInsensitive) == 0) {
     name->kind = Expression::Call;
-    name->text = QStringLiteral("getdate");
+    name->text = u"getdate"_s;
     return name;
   }
   while (TakeSign(".")) {

@@ -114,7 +114,7 @@ constexpr std::array kStyles{
 }  // namespace
 
 const Function* FindFunction(const QString& name, std::size_t arguments) {
-  const int count = static_cast<int>(arguments);
+  const int count = int(arguments);
   for (const Function& function : kFunctions)
     if (name == QLatin1String(function.name) && count >= function.least &&
         (function.most < 0 || count <= function.most))

@@ -5,9 +5,10 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 void AppendRegexSign(QString& regex, QChar c) {
-  if (QStringLiteral("\\^$.|?*+()[]{}-").contains(c)) regex += u'\\';
+  if (u"\\^$.|?*+()[]{}-"_s.contains(c)) regex += u'\\';
   regex += c;
 }
 
@@ -19,7 +20,7 @@ void AppendLiteral(LikePattern& read, QChar c) {
 
 // The inside of brackets as a regular expression's class.
 QString ClassToRegex(QStringView inner) {
-  QString regex = QStringLiteral("[");
+  QString regex = u"["_s;
   if (inner.startsWith(u'^')) {
     regex += u'^';
     inner = inner.mid(1);
@@ -44,7 +45,7 @@ LikePattern ReadPattern(const QString& pattern, QChar escape) {
       AppendLiteral(read, pattern[++i]);
     } else if (c == u'%') {
       read.native += c;
-      read.regex += QStringLiteral(".*");
+      read.regex += u".*"_s;
     } else if (c == u'_') {
       read.native += c;
       read.regex += u'.';
@@ -54,7 +55,7 @@ LikePattern ReadPattern(const QString& pattern, QChar escape) {
       const QStringView inner = close < 0 ? QStringView() : QStringView(pattern).mid(i + 1, close - i - 1);
       if (close < 0) {
         read.hasClass = true;
-        read.regex += QStringLiteral("(?!)");
+        read.regex += u"(?!)"_s;
         return read;
       }
       if (inner.size() == 1 && inner[0] != u'^') {
@@ -71,6 +72,6 @@ LikePattern ReadPattern(const QString& pattern, QChar escape) {
   return read;
 }
 
-QString RegexOf(const LikePattern& pattern) { return QStringLiteral("^(?:%1) *$").arg(pattern.regex); }
+QString RegexOf(const LikePattern& pattern) { return u"^(?:%1) *$"_s.arg(pattern.regex); }
 
 }  // namespace folvane::sql

@@ -11,6 +11,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QString Trimmed(const QString& text) {
   qsizetype length = text.size();
@@ -34,7 +35,7 @@ QVariant Required(const std::optional<Value>& value, const QString& text, const 
 QString DateEnd(const QString& text) {
   const std::optional<QString> date = DateFromText(text);
   if (!date) RejectValue(text, DateWord());
-  return date->size() == 10 ? *date + QStringLiteral(" 00:00:00.000") : *date;
+  return date->size() == 10 ? *date + u" 00:00:00.000"_s : *date;
 }
 
 QVariant NumberValue(const QString& text, Transform transform) {
@@ -49,7 +50,7 @@ QVariant NumberValue(const QString& text, Transform transform) {
 
 QString Literal::ValueIn(const QString& statement) const {
   if (!hasDoubledQuotes) return QString::fromRawData(statement.constData() + begin, length);
-  return statement.mid(begin, length).replace(QLatin1String("''"), QLatin1String("'"));
+  return statement.mid(begin, length).replace("''"_L1, "'"_L1);
 }
 
 QVariant ValueOf(const Literal& literal, const QString& statement, const Slot& slot) {

@@ -11,7 +11,7 @@ namespace folvane::sql {
 /// A literal of a statement, as a piece of its text.
 struct Literal {
   enum Kind : unsigned char { Text, Integer, Decimal, Float };
-  /// What a translation may depend on; signs in the shape of a statement.
+  /// What a translation may depend on; signs in a statement's template.
   enum Trait : unsigned char {
     Plain = 1,          ///< no ASCII letter: compares without folding
     Long = 2,           ///< of 16 characters or more, as keys are
@@ -31,7 +31,7 @@ struct Literal {
   QString ValueIn(const QString& statement) const;
 };
 
-/// A place in a translated text where a literal goes.
+/// A position in a translated text where a literal goes.
 struct Slot {
   qsizetype at;
   int literal;

@@ -6,6 +6,7 @@
 #include "data/dialect/StatementParser.h"
 
 namespace folvane::sql {
+using namespace Qt::Literals::StringLiterals;
 
 QueryPtr StatementParser::ReadQuery() {
   QueryPtr query = ReadSelect();
@@ -82,7 +83,7 @@ void StatementParser::ReadTables(Query& query) {
   for (;;) {
     QString join;
     if (TakeSign(","))
-      join = QStringLiteral(",");
+      join = u","_s;
     else if (IsWord("join") || IsWord("inner") || IsWord("left") || IsWord("right") || IsWord("full") ||
              IsWord("cross") || IsWord("outer"))
       join = ReadJoinWords();
@@ -104,13 +105,13 @@ QString StatementParser::ReadJoinWords() {
     if (!known) RejectHere();
     words += tokens_[at_++].text.toUpper() + u' ';
   }
-  return words + QStringLiteral("JOIN");
+  return words + u"JOIN"_s;
 }
 
 TableReference StatementParser::ReadTable() {
   TableReference table;
   if (TakeSign("(")) {
-    if (!IsWord("select")) Refuse(QStringLiteral("From 中的括号"));
+    if (!IsWord("select")) Refuse(u"From 中的括号"_s);
     table.query = ReadQuery();
     NeedSign(")");
   } else {
@@ -118,7 +119,7 @@ TableReference StatementParser::ReadTable() {
   }
   const bool named = TakeWord("as");
   if (named || IsName()) table.alias = NeedName();
-  if (table.query && table.alias.isEmpty()) RejectSyntax(QStringLiteral("From 中的子查询没有别名"));
+  if (table.query && table.alias.isEmpty()) RejectSyntax(u"From 中的子查询没有别名"_s);
   if (IsWord("with")) RefuseKnownForms();
   return table;
 }

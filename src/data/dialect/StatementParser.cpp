@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // Words that end an expression or a table name without "As" before them.
 constexpr std::array kClauseWords{
@@ -71,9 +72,8 @@ void StatementParser::NeedSign(const char* sign) {
 QString StatementParser::NeedName() {
   if (!IsName()) RejectHere();
   const Token& token = tokens_[at_++];
-  if (token.kind == TokenKind::Word && token.text.startsWith(u'@')) Refuse(QStringLiteral("变量“%1”").arg(token.text));
-  if (token.kind == TokenKind::Word && token.text.startsWith(u'#'))
-    Refuse(QStringLiteral("临时表“%1”").arg(token.text));
+  if (token.kind == TokenKind::Word && token.text.startsWith(u'@')) Refuse(u"变量“%1”"_s.arg(token.text));
+  if (token.kind == TokenKind::Word && token.text.startsWith(u'#')) Refuse(u"临时表“%1”"_s.arg(token.text));
   return token.text;
 }
 
@@ -81,15 +81,15 @@ void StatementParser::RefuseKnownForms() const {
   for (const KnownForm& form : kRefusedForms)
     if (IsWord(form.first) && (!*form.second || IsWord(form.second, 1))) Refuse(QString::fromUtf8(form.name));
   for (const char* sign : {"&", "|", "^", "~"})
-    if (IsSign(sign)) Refuse(QStringLiteral("位运算“%1”").arg(QLatin1String(sign)));
+    if (IsSign(sign)) Refuse(u"位运算“%1”"_s.arg(QLatin1String(sign)));
 }
 
 void StatementParser::RejectHere() const {
   const Token& token = Now();
-  if (token.kind == TokenKind::End) RejectSyntax(QStringLiteral("语句不完整"));
-  if (token.IsSign(QLatin1String(";"))) Refuse(QStringLiteral("一次执行多条语句"));
+  if (token.kind == TokenKind::End) RejectSyntax(u"语句不完整"_s);
+  if (token.IsSign(";"_L1)) Refuse(u"一次执行多条语句"_s);
   RefuseKnownForms();
-  RejectSyntax(QStringLiteral("“%1”附近有错误").arg(text_.mid(token.at, 30)));
+  RejectSyntax(u"“%1”附近有错误"_s.arg(text_.mid(token.at, 30)));
 }
 
 int StatementParser::NeedStructuralNumber() {
@@ -109,8 +109,8 @@ Parsed StatementParser::ReadAll() {
   TakeSign(";");
   if (Now().kind != TokenKind::End) {
     for (const char* word : {"select", "insert", "update", "delete", "if"})
-      if (IsWord(word)) Refuse(QStringLiteral("一次执行多条语句"));
-    if (at_ > 0 && tokens_[at_ - 1].IsSign(QLatin1String(";"))) Refuse(QStringLiteral("一次执行多条语句"));
+      if (IsWord(word)) Refuse(u"一次执行多条语句"_s);
+    if (at_ > 0 && tokens_[at_ - 1].IsSign(";"_L1)) Refuse(u"一次执行多条语句"_s);
     RejectHere();
   }
   parsed.structural = std::move(structural_);
@@ -128,7 +128,7 @@ Statement StatementParser::ReadStatement() {
   if (TakeWord("delete")) return ReadDelete();
   if (TakeWord("if")) return ReadConditional();
   for (const char* word : kForeignStatements)
-    if (IsWord(word)) Refuse(QStringLiteral("%1 语句").arg(Now().text));
+    if (IsWord(word)) Refuse(u"%1 语句"_s.arg(Now().text));
   RejectHere();
 }
 
@@ -136,10 +136,10 @@ Statement StatementParser::ReadConditional() {
   Statement statement;
   statement.kind = Statement::Conditional;
   statement.condition = ReadExpression();
-  if (!IsWord("select")) Refuse(QStringLiteral("If 后面不是 Select 语句"));
+  if (!IsWord("select")) Refuse(u"If 后面不是 Select 语句"_s);
   statement.then = ReadQuery();
-  if (!TakeWord("else")) Refuse(QStringLiteral("没有 Else 的 If"));
-  if (!IsWord("select")) Refuse(QStringLiteral("Else 后面不是 Select 语句"));
+  if (!TakeWord("else")) Refuse(u"没有 Else 的 If"_s);
+  if (!IsWord("select")) Refuse(u"Else 后面不是 Select 语句"_s);
   statement.otherwise = ReadQuery();
   return statement;
 }
@@ -155,8 +155,8 @@ Statement StatementParser::ReadInsert() {
     while (TakeSign(","));
     NeedSign(")");
   }
-  if (IsWord("default")) Refuse(QStringLiteral("Default Values"));
-  if (IsWord("exec") || IsWord("execute")) Refuse(QStringLiteral("Insert … Exec"));
+  if (IsWord("default")) Refuse(u"Default Values"_s);
+  if (IsWord("exec") || IsWord("execute")) Refuse(u"Insert … Exec"_s);
   if (TakeWord("values")) {
     ReadValues(statement);
     return statement;
@@ -172,14 +172,14 @@ void StatementParser::ReadValues(Statement& statement) {
   std::size_t count = 0;
   NeedSign("(");
   do {
-    if (IsWord("default")) Refuse(QStringLiteral("Values 中的 Default"));
+    if (IsWord("default")) Refuse(u"Values 中的 Default"_s);
     if (!named) statement.assignments.emplace_back();
-    if (count == statement.assignments.size()) RejectSyntax(QStringLiteral("值比字段多"));
+    if (count == statement.assignments.size()) RejectSyntax(u"值比字段多"_s);
     statement.assignments[count++].value = ReadExpression();
   } while (TakeSign(","));
   NeedSign(")");
-  if (count < statement.assignments.size()) RejectSyntax(QStringLiteral("字段比值多"));
-  if (IsSign(",")) Refuse(QStringLiteral("一次插入多行"));
+  if (count < statement.assignments.size()) RejectSyntax(u"字段比值多"_s);
+  if (IsSign(",")) Refuse(u"一次插入多行"_s);
 }
 
 Statement StatementParser::ReadUpdate() {
@@ -195,7 +195,7 @@ Statement StatementParser::ReadUpdate() {
     assignment.value = ReadExpression();
     statement.assignments.push_back(std::move(assignment));
   } while (TakeSign(","));
-  if (IsWord("from")) Refuse(QStringLiteral("Update … From"));
+  if (IsWord("from")) Refuse(u"Update … From"_s);
   if (TakeWord("where")) statement.where = ReadExpression();
   return statement;
 }
@@ -205,7 +205,7 @@ Statement StatementParser::ReadDelete() {
   statement.kind = Statement::Delete;
   TakeWord("from");
   statement.target = ReadTarget();
-  if (IsWord("from")) Refuse(QStringLiteral("Delete … From"));
+  if (IsWord("from")) Refuse(u"Delete … From"_s);
   if (TakeWord("where")) statement.where = ReadExpression();
   return statement;
 }

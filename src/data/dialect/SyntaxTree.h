@@ -23,7 +23,7 @@ inline bool IsNumeric(ValueType type) {
   return type == ValueType::Integer || type == ValueType::Decimal || type == ValueType::Float;
 }
 
-/// What a literal turns into where it stands: the same for every literal of one class in one shape of a statement.
+/// What a literal turns into where it stands: the same for every literal of one class in one template of a statement.
 enum class Transform {
   Plain,     ///< as it is written
   Text,      ///< a text; a number's digits as a text
@@ -75,7 +75,7 @@ struct Expression {
   std::vector<ExpressionPtr> parts;
   QueryPtr query;
 
-  int literal = -1;  ///< of Text and Number: its place among the statement's literals, from 0
+  int literal = -1;  ///< of Text and Number: its index among the statement's literals, from 0
   Transform transform = Transform::Plain;
   int limit = 0;  ///< the most characters that Transform::Variants may give; 0 for any number
 

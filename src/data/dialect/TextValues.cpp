@@ -5,6 +5,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool IsDigits(QStringView text) {
   for (const QChar c : text)
@@ -32,15 +33,15 @@ std::optional<double> ToDouble(QStringView text) {
 }
 
 QDateTime ReadMoment(const QString& text) {
-  static const QRegularExpression shape(QStringLiteral(
-      "^(?:(\\d{4})(?:([-/.])(\\d{1,2})\\2(\\d{1,2})|(\\d{2})(\\d{2}))|(\\d{1,2})([-/.])(\\d{1,2})\\8(\\d{4}))"
-      "(?:[ T]+(\\d{1,2}):(\\d{2})(?::(\\d{2})(?:\\.(\\d{1,7}))?)?)?$"));
-  const QRegularExpressionMatch match = shape.match(text);
+  static const QRegularExpression pattern(
+      u"^(?:(\\d{4})(?:([-/.])(\\d{1,2})\\2(\\d{1,2})|(\\d{2})(\\d{2}))|(\\d{1,2})([-/.])(\\d{1,2})\\8(\\d{4}))"
+      "(?:[ T]+(\\d{1,2}):(\\d{2})(?::(\\d{2})(?:\\.(\\d{1,7}))?)?)?$"_s);
+  const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   const auto part = [&](int group) { return match.capturedView(group).toInt(); };
   QDate date(part(1), part(3) + part(5), part(4) + part(6));
   if (match.capturedLength(7) > 0) date = QDate(part(10), part(7), part(9));
-  const int milliseconds = QString(match.captured(14) + QStringLiteral("000")).left(3).toInt();
+  const int milliseconds = QString(match.captured(14) + u"000"_s).left(3).toInt();
   const QTime time(part(11), part(12), part(13), milliseconds);
   return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
 }
@@ -80,9 +81,9 @@ std::optional<QDateTime> MomentFromText(QStringView text) {
 QString MomentText(const QDateTime& moment) {
   const QTime time = moment.time();
   const bool midnight = time == QTime(0, 0);
-  return moment.toString(midnight           ? QStringLiteral("yyyy-MM-dd")
-                         : time.msec() == 0 ? QStringLiteral("yyyy-MM-dd HH:mm:ss")
-                                            : QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+  return moment.toString(midnight           ? u"yyyy-MM-dd"_s
+                         : time.msec() == 0 ? u"yyyy-MM-dd HH:mm:ss"_s
+                                            : u"yyyy-MM-dd HH:mm:ss.zzz"_s);
 }
 
 std::optional<QString> DateFromText(QStringView text) {
@@ -90,8 +91,8 @@ std::optional<QString> DateFromText(QStringView text) {
   return moment ? std::optional(MomentText(*moment)) : std::nullopt;
 }
 
-QString IntegerWord() { return QStringLiteral("整数"); }
-QString NumberWord() { return QStringLiteral("数字"); }
-QString DateWord() { return QStringLiteral("日期"); }
+QString IntegerWord() { return u"整数"_s; }
+QString NumberWord() { return u"数字"_s; }
+QString DateWord() { return u"日期"_s; }
 
 }  // namespace folvane::sql

@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 bool StartsWord(QChar c) { return c.isLetter() || c == u'_' || c == u'#' || c == u'@'; }
@@ -53,8 +54,8 @@ class Scanner {
       } else if (Peek() == u'-' && Peek(1) == u'-') {
         while (at_ < text_.size() && text_[at_] != u'\n') ++at_;
       } else if (Peek() == u'/' && Peek(1) == u'*') {
-        const qsizetype end = text_.indexOf(QLatin1String("*/"), at_ + 2);
-        if (end < 0) RejectSyntax(QStringLiteral("注释没有结束"));
+        const qsizetype end = text_.indexOf("*/"_L1, at_ + 2);
+        if (end < 0) RejectSyntax(u"注释没有结束"_s);
         at_ = end + 2;
       } else {
         return;
@@ -76,8 +77,7 @@ class Scanner {
         return inner;
       }
     }
-    RejectSyntax(QStringLiteral("“%1”处的%2没有配对")
-                     .arg(text_.mid(start, 20), open == u'[' ? QStringLiteral("方括号") : QStringLiteral("引号")));
+    RejectSyntax(u"“%1”处的%2没有配对"_s.arg(text_.mid(start, 20), open == u'[' ? u"方括号"_s : u"引号"_s));
   }
 
   QString Number() {
@@ -106,7 +106,7 @@ class Scanner {
         at_ += qstrlen(sign);
         return QLatin1String(sign);
       }
-    RejectSyntax(QStringLiteral("不能识别的字符“%1”").arg(text_[at_]));
+    RejectSyntax(u"不能识别的字符“%1”"_s.arg(text_[at_]));
   }
 
   const QString& text_;

@@ -7,23 +7,24 @@
 #include "data/dialect/Parser.h"
 #include "data/dialect/Refusal.h"
 #include "data/dialect/Rewriter.h"
-#include "data/dialect/Shape.h"
-#include "data/dialect/ShapeCache.h"
+#include "data/dialect/StatementTemplate.h"
+#include "data/dialect/TemplateCache.h"
 #include "data/dialect/Tokenizer.h"
 #include "data/dialect/TypeInference.h"
 
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // Servers of the language get their statements untouched, but one at a time like the others.
 Plan Untouched(const QString& statement) {
   const std::vector<sql::Token> tokens = sql::Tokenize(statement);
   for (std::size_t i = 0; i + 2 < tokens.size(); ++i)
-    if (tokens[i].IsSign(QLatin1String(";"))) sql::Refuse(QStringLiteral("一次执行多条语句"));
+    if (tokens[i].IsSign(";"_L1)) sql::Refuse(u"一次执行多条语句"_s);
   Plan plan;
   plan.statement.text = statement.toUtf8();
-  plan.givesRows = tokens[0].IsWord(QLatin1String("select")) || tokens[0].IsWord(QLatin1String("if"));
+  plan.givesRows = tokens[0].IsWord("select"_L1) || tokens[0].IsWord("if"_L1);
   return plan;
 }
 
@@ -38,7 +39,7 @@ class Filling {
   }
 
  private:
-  const sql::Literal& At(const sql::Slot& slot) const { return literals_[static_cast<std::size_t>(slot.literal)]; }
+  const sql::Literal& At(const sql::Slot& slot) const { return literals_[size_t(slot.literal)]; }
 
   NativeStatement Bound(const sql::Translation& translation) const {
     NativeStatement native{translation.text, {}};
@@ -93,10 +94,10 @@ class Translator::Impl {
 
  private:
   Plan Filled(const QString& statement) {
-    const bool readable = shape_.Read(statement);
-    const std::vector<sql::Literal>& literals = shape_.Literals();
-    const sql::Translated* known = readable ? cache_.Find(shape_.Key(), literals, statement) : nullptr;
-    if (!known) known = &cache_.Keep(shape_.Key(), TranslateAnew(statement));
+    const bool readable = template_.Read(statement);
+    const std::vector<sql::Literal>& literals = template_.Literals();
+    const sql::Translated* known = readable ? cache_.Find(template_.Key(), literals, statement) : nullptr;
+    if (!known) known = &cache_.Keep(template_.Key(), TranslateAnew(statement));
     const Filling filling(statement, literals, sql::DialectOf(kind_).bindsLiterals);
     Plan plan;
     plan.givesRows = known->givesRows;
@@ -113,7 +114,7 @@ class Translator::Impl {
     sql::Statement& statement = parsed.statement;
     sql::InferTypes(statement, tables_);
     const sql::Dialect& dialect = sql::DialectOf(kind_);
-    sql::RewriteContext context(dialect, shape_.Literals(), orderCollation_);
+    sql::RewriteContext context(dialect, template_.Literals(), orderCollation_);
     sql::RewriteStatement(statement, context);
     sql::Translated translated;
     translated.conditional = statement.kind == sql::Statement::Conditional;
@@ -128,7 +129,7 @@ class Translator::Impl {
     translated.pinned = parsed.structural;
     translated.pinned.insert(translated.pinned.end(), context.Pinned().begin(), context.Pinned().end());
     for (const int literal : translated.pinned) {
-      const QString value = shape_.Literals()[static_cast<std::size_t>(literal)].ValueIn(text);
+      const QString value = template_.Literals()[size_t(literal)].ValueIn(text);
       translated.pinnedValues << QString(value.constData(), value.size());  // outlives the statement
     }
     return translated;
@@ -137,8 +138,8 @@ class Translator::Impl {
   DialectKind kind_;
   TableLookup tables_;
   QByteArray orderCollation_;
-  sql::Shape shape_;
-  sql::ShapeCache cache_;
+  sql::StatementTemplate template_;
+  sql::TemplateCache cache_;
 };
 
 Translator::Translator(DialectKind dialect, TableLookup tables, const QByteArray& orderCollation)

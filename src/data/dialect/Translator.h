@@ -6,7 +6,7 @@
 
 #include "data/NativeStatement.h"
 #include "data/Schema.h"
-#include "data/drivers/Driver.h"
+#include "data/dialect/NativeWords.h"
 
 namespace folvane {
 
@@ -21,7 +21,7 @@ struct Plan {
 };
 
 /// Puts statements of the T-SQL flavour into a database's own dialect. What it has translated it keeps by the
-/// statement's shape (the text less its literals), so that a repeated statement costs a scan and a look-up.
+/// statement's template (the text less its literals), so that a repeated statement costs a scan and a look-up.
 class Translator {
  public:
   using TableLookup = std::function<const TableInfo*(const QString&)>;

@@ -6,6 +6,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The tables that a name may come from, and those around them.
 struct Scope {
@@ -15,14 +16,14 @@ struct Scope {
 
 bool IsSame(const QString& a, const QString& b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
 
-bool IsComparison(const QString& op) { return QStringLiteral("<>=").contains(op[0]); }
+bool IsComparison(const QString& op) { return u"<>="_s.contains(op[0]); }
 
 void NeedCondition(const Expression& value) {
-  if (value.type != ValueType::Condition) RejectSyntax(QStringLiteral("应写条件的地方写了值"));
+  if (value.type != ValueType::Condition) RejectSyntax(u"应写条件的地方写了值"_s);
 }
 
 void NeedValue(const Expression& value) {
-  if (value.type == ValueType::Condition) RejectSyntax(QStringLiteral("应写值的地方写了条件"));
+  if (value.type == ValueType::Condition) RejectSyntax(u"应写值的地方写了条件"_s);
 }
 
 class Inference {
@@ -49,7 +50,7 @@ class Inference {
   static void FindTarget(const Statement& statement, Assignment& assignment) {
     const TableInfo* table = statement.target.info;
     const int index = table && !assignment.column.isEmpty() ? table->IndexOf(assignment.column) : -1;
-    if (index >= 0) assignment.info = &table->columns[static_cast<std::size_t>(index)];
+    if (index >= 0) assignment.info = &table->columns[size_t(index)];
   }
 
   void Read(Query& query, const Scope* outer) {
@@ -116,7 +117,7 @@ class Inference {
       case Expression::Null:
         return ValueType::Null;
       case Expression::Unary:
-        return value.text == QLatin1String("NOT") ? ValueType::Condition : value.parts[0]->type;
+        return value.text == "NOT"_L1 ? ValueType::Condition : value.parts[0]->type;
       case Expression::Binary:
         return IsComparison(value.text) || value.text[0].isLetter() ? ValueType::Condition : TypeOfSum(value);
       case Expression::Group:
@@ -142,8 +143,7 @@ class Inference {
   static ValueType TypeOfSum(const Expression& value) { return Stronger(value.parts[0]->type, value.parts[1]->type); }
 
   static ValueType TypeOfCall(const Expression& value) {
-    if (IsDateFunction(value.text))
-      return value.text == QLatin1String("dateadd") ? ValueType::Date : ValueType::Integer;
+    if (IsDateFunction(value.text)) return value.text == "dateadd"_L1 ? ValueType::Date : ValueType::Integer;
     const Function* function = FindFunction(value.text, value.parts.size());
     if (!function) return ValueType::Unknown;
     if (function->resultRule == Function::OfType) return function->result;
@@ -172,7 +172,7 @@ class Inference {
         }
         const int index = table->info ? table->info->IndexOf(value.text) : -1;
         if (index < 0) continue;
-        value.column = &table->info->columns[static_cast<std::size_t>(index)];
+        value.column = &table->info->columns[size_t(index)];
         value.isKey = table->info->key.size() == 1 && table->info->key[0] == index;
         return TypeOfColumn(value.column->type);
       }

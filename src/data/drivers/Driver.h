@@ -5,12 +5,11 @@
 
 #include "data/NativeStatement.h"
 #include "data/Schema.h"
+#include "data/dialect/NativeWords.h"
 
 namespace folvane {
 
 class RowStore;
-
-enum class DialectKind { TransactSql, Sqlite, PostgreSql };
 
 /// What a database driver does for the layer above. One instance stands over one open handle that it does not own.
 /// Every call throws DataError.

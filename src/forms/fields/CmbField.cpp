@@ -1,6 +1,6 @@
 #include "forms/fields/CmbField.h"
 
-#include "shell/CommonRoutines.h"
+#include "shell/Lookups.h"
 
 namespace folvane {
 

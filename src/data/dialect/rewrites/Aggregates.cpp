@@ -7,16 +7,17 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 const char* FormOf(const Expression& value, const Function& function, const Dialect& dialect) {
   const Expression& part = *value.parts[0];
   if (part.type == ValueType::Text && !part.isKey) {
-    if (value.text == QLatin1String("min")) return dialect.leastText;
-    if (value.text == QLatin1String("max")) return dialect.greatestText;
+    if (value.text == "min"_L1) return dialect.leastText;
+    if (value.text == "max"_L1) return dialect.greatestText;
   }
   if (part.type == ValueType::Integer) {
-    if (value.text == QLatin1String("sum")) return dialect.sumOfIntegers;
-    if (value.text == QLatin1String("avg")) return dialect.averageOfIntegers;
+    if (value.text == "sum"_L1) return dialect.sumOfIntegers;
+    if (value.text == "avg"_L1) return dialect.averageOfIntegers;
   }
   return function.Form(dialect.kind);
 }
@@ -27,11 +28,11 @@ ExpressionPtr RewriteAggregate(ExpressionPtr value, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
   const Function& function = *FindFunction(value->text, 1);
   const ExpressionPtr& part = value->parts[0];
-  const bool adds = value->text == QLatin1String("sum") || value->text == QLatin1String("avg");
+  const bool adds = value->text == "sum"_L1 || value->text == "avg"_L1;
   if (adds && (part->type == ValueType::Text || part->type == ValueType::Date))
-    RejectSyntax(QStringLiteral("%1 只能用于数字").arg(value->text));
+    RejectSyntax(u"%1 只能用于数字"_s.arg(value->text));
   ExpressionPtr argument = part;
-  if (value->distinct && part->type == ValueType::Text && value->text == QLatin1String("count"))
+  if (value->distinct && part->type == ValueType::Text && value->text == "count"_L1)
     argument = Native(dialect.distinctText, {part}, ValueType::Text);
   ExpressionPtr call = Native(FormOf(*value, function, dialect), {argument}, value->type);
   if (value->distinct) call->form.replace("$*", "DISTINCT $*");

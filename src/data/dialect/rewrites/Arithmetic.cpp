@@ -7,23 +7,24 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 ExpressionPtr RewriteDateSum(const ExpressionPtr& value, RewriteContext& context) {
   const ExpressionPtr &left = value->parts[0], &right = value->parts[1];
-  if (value->text == QLatin1String("+") && IsNumeric(right->type))
+  if (value->text == "+"_L1 && IsNumeric(right->type))
     return Native(context.Dialect().addDays, {left, right}, ValueType::Date);
-  if (value->text == QLatin1String("+") && IsNumeric(left->type))
+  if (value->text == "+"_L1 && IsNumeric(left->type))
     return Native(context.Dialect().addDays, {right, left}, ValueType::Date);
-  if (value->text == QLatin1String("-") && IsNumeric(right->type))
+  if (value->text == "-"_L1 && IsNumeric(right->type))
     return Native(context.Dialect().addDays, {left, Native("(- $1)", {right}, right->type)}, ValueType::Date);
-  Refuse(QStringLiteral("日期的运算“%1”，请用 DateAdd、DateDiff 或 Convert").arg(value->text));
+  Refuse(u"日期的运算“%1”，请用 DateAdd、DateDiff 或 Convert"_s.arg(value->text));
 }
 
 const char* FormOf(const QString& op, const Dialect& dialect) {
-  if (op == QLatin1String("+")) return "($1 + $2)";
-  if (op == QLatin1String("-")) return "($1 - $2)";
-  if (op == QLatin1String("*")) return "($1 * $2)";
-  return op == QLatin1String("/") ? dialect.divide : dialect.modulo;
+  if (op == "+"_L1) return "($1 + $2)";
+  if (op == "-"_L1) return "($1 - $2)";
+  if (op == "*"_L1) return "($1 * $2)";
+  return op == "/"_L1 ? dialect.divide : dialect.modulo;
 }
 
 ExpressionPtr RewriteSum(const ExpressionPtr& value, RewriteContext& context) {
@@ -31,9 +32,8 @@ ExpressionPtr RewriteSum(const ExpressionPtr& value, RewriteContext& context) {
   const ExpressionPtr &left = value->parts[0], &right = value->parts[1];
   const ValueType type = Stronger(left->type, right->type);
   if (type == ValueType::Date) return RewriteDateSum(value, context);
-  if (type == ValueType::Text && value->text == QLatin1String("+"))
-    return Native(dialect.concat, {left, right}, ValueType::Text);
-  if (type == ValueType::Text) RejectSyntax(QStringLiteral("文本不能作运算“%1”").arg(value->text));
+  if (type == ValueType::Text && value->text == "+"_L1) return Native(dialect.concat, {left, right}, ValueType::Text);
+  if (type == ValueType::Text) RejectSyntax(u"文本不能作运算“%1”"_s.arg(value->text));
   return Native(FormOf(value->text, dialect), {Coerce(left, type, context), Coerce(right, type, context)}, type);
 }
 
@@ -42,8 +42,8 @@ ExpressionPtr RewriteSum(const ExpressionPtr& value, RewriteContext& context) {
 ExpressionPtr RewriteUnary(ExpressionPtr value, RewriteContext& context) {
   if (value->type == ValueType::Condition) return value;
   if (value->type == ValueType::Text)
-    value = Native(value->text == QLatin1String("-") ? "(- $1)" : "$1",
-                   {Coerce(value->parts[0], ValueType::Integer, context)}, ValueType::Integer);
+    value = Native(value->text == "-"_L1 ? "(- $1)" : "$1", {Coerce(value->parts[0], ValueType::Integer, context)},
+                   ValueType::Integer);
   return value;
 }
 

@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 ExpressionPtr Argument(const ExpressionPtr& part, char letter, RewriteContext& context) {
   switch (letter) {
@@ -29,7 +30,7 @@ bool GivesOneType(const Function& function) {
 }
 
 ExpressionPtr NullIf(const ExpressionPtr& value, RewriteContext& context) {
-  const ExpressionPtr equal = Compare(QStringLiteral("="), value->parts[0], value->parts[1], context);
+  const ExpressionPtr equal = Compare(u"="_s, value->parts[0], value->parts[1], context);
   return Native("CASE WHEN $1 THEN NULL ELSE $2 END", {equal, value->parts[0]}, value->type);
 }
 
@@ -38,11 +39,11 @@ ExpressionPtr NullIf(const ExpressionPtr& value, RewriteContext& context) {
 ExpressionPtr RewriteCall(ExpressionPtr value, RewriteContext& context) {
   if (IsDateFunction(value->text)) return RewriteDateCall(std::move(value), context);
   const Function* function = FindFunction(value->text, value->parts.size());
-  if (!function) Refuse(QStringLiteral("函数“%1”").arg(value->text));
-  if (value->text == QLatin1String("nullif")) return NullIf(value, context);
+  if (!function) Refuse(u"函数“%1”"_s.arg(value->text));
+  if (value->text == "nullif"_L1) return NullIf(value, context);
   if (function->least == 1 && function->most == 1 && function->arguments[0] == 'A')
     return RewriteAggregate(std::move(value), context);
-  if (value->distinct) RejectSyntax(QStringLiteral("函数“%1”中的 Distinct").arg(value->text));
+  if (value->distinct) RejectSyntax(u"函数“%1”中的 Distinct"_s.arg(value->text));
   std::vector<ExpressionPtr> parts;
   for (std::size_t i = 0; i < value->parts.size(); ++i)
     parts.push_back(GivesOneType(*function) ? Coerce(value->parts[i], value->type, context)
@@ -51,12 +52,12 @@ ExpressionPtr RewriteCall(ExpressionPtr value, RewriteContext& context) {
 }
 
 ExpressionPtr RewriteDateCall(ExpressionPtr value, RewriteContext& context) {
-  const bool isPart = value->text == QLatin1String("datepart");
+  const bool isPart = value->text == "datepart"_L1;
   if (value->parts.size() != (isPart ? 2 : 3) || value->parts[0]->kind != Expression::Name)
-    RejectSyntax(QStringLiteral("函数“%1”的参数不对").arg(value->text));
+    RejectSyntax(u"函数“%1”的参数不对"_s.arg(value->text));
   const char* form = DateFunctionForm(context.Dialect().kind, value->text, value->parts[0]->text);
-  if (!form) Refuse(QStringLiteral("%1 的日期部分“%2”").arg(value->text, value->parts[0]->text));
-  const bool counts = value->text == QLatin1String("dateadd");
+  if (!form) Refuse(u"%1 的日期部分“%2”"_s.arg(value->text, value->parts[0]->text));
+  const bool counts = value->text == "dateadd"_L1;
   std::vector<ExpressionPtr> parts{Argument(value->parts[1], counts ? 'I' : 'D', context)};
   if (!isPart) parts.push_back(Argument(value->parts[2], 'D', context));
   return Native(form, std::move(parts), value->type);

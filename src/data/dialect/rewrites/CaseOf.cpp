@@ -4,6 +4,7 @@
 #include "data/dialect/rewrites/Coercion.h"
 
 namespace folvane::sql {
+using namespace Qt::Literals::StringLiterals;
 
 ExpressionPtr RewriteCase(ExpressionPtr value, RewriteContext& context) {
   ExpressionPtr chosen = MakeExpression(Expression::Case);
@@ -11,7 +12,7 @@ ExpressionPtr RewriteCase(ExpressionPtr value, RewriteContext& context) {
   chosen->hasElse = value->hasElse;
   const std::size_t first = value->hasOperand ? 1 : 0, end = value->parts.size() - (value->hasElse ? 1 : 0);
   for (std::size_t i = first; i + 1 < end; i += 2) {
-    chosen->parts.push_back(value->hasOperand ? Compare(QStringLiteral("="), value->parts[0], value->parts[i], context)
+    chosen->parts.push_back(value->hasOperand ? Compare(u"="_s, value->parts[0], value->parts[i], context)
                                               : value->parts[i]);
     chosen->parts.push_back(Coerce(value->parts[i + 1], value->type, context));
   }

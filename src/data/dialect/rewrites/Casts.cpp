@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kDefaultLength = 30, kDefaultPrecision = 18, kMoneyScale = 4;
 
@@ -14,7 +15,7 @@ ExpressionPtr Digits(int number) { return Native(QByteArray::number(number).cons
 
 const char* PatternOf(int style) {
   const char* pattern = DateStyle(style < 0 ? 0 : style);
-  if (!pattern) Refuse(QStringLiteral("Convert 的样式 %1").arg(style));
+  if (!pattern) Refuse(u"Convert 的样式 %1"_s.arg(style));
   return pattern;
 }
 
@@ -47,7 +48,7 @@ ExpressionPtr ToInteger(const Expression& value, const CastType& type, RewriteCo
 }
 
 ExpressionPtr ToDecimal(const Expression& value, RewriteContext& context) {
-  const bool isMoney = value.text == QLatin1String("money");
+  const bool isMoney = value.text == "money"_L1;
   const int precision = value.size > 0 ? value.size : kDefaultPrecision;
   const int scale = value.scale >= 0 ? value.scale : isMoney ? kMoneyScale : 0;
   return Native(context.Dialect().toDecimal,
@@ -65,7 +66,7 @@ bool ReadsAsUsual(int style) {
 
 ExpressionPtr RewriteCast(ExpressionPtr value, RewriteContext& context) {
   const CastType* type = FindCastType(value->text);
-  if (!type) Refuse(QStringLiteral("类型“%1”").arg(value->text));
+  if (!type) Refuse(u"类型“%1”"_s.arg(value->text));
   switch (type->type) {
     case ValueType::Text:
       return ToText(*value, *type, context);
@@ -77,9 +78,16 @@ ExpressionPtr RewriteCast(ExpressionPtr value, RewriteContext& context) {
       return Native(context.Dialect().integerToFloat, {Coerce(value->parts[0], ValueType::Float, context)},
                     ValueType::Float);
     default:
-      if (!ReadsAsUsual(value->style)) Refuse(QStringLiteral("Convert 的样式 %1").arg(value->style));
+      if (!ReadsAsUsual(value->style)) Refuse(u"Convert 的样式 %1"_s.arg(value->style));
       return Native("$1", {Coerce(value->parts[0], ValueType::Date, context)}, ValueType::Date);
   }
+}
+
+// The language knows no truth values as values: a bit is a number.
+ExpressionPtr RewriteName(ExpressionPtr value, RewriteContext& context) {
+  const bool isBit = value->column && value->column->type == AdoType::Boolean;
+  if (!isBit || !*context.Dialect().bitToInteger) return value;
+  return Native(context.Dialect().bitToInteger, {value}, ValueType::Integer);
 }
 
 }  // namespace folvane::sql

@@ -3,10 +3,11 @@
 #include "data/dialect/Refusal.h"
 
 namespace folvane::sql {
+using namespace Qt::Literals::StringLiterals;
 
 bool RewriteContext::Has(const Expression& literal, Literal::Trait trait) const {
-  const auto place = static_cast<std::size_t>(literal.literal);
-  return literal.literal >= 0 && place < literals_.size() && literals_[place].Has(trait);
+  const auto index = size_t(literal.literal);
+  return literal.literal >= 0 && index < literals_.size() && literals_[index].Has(trait);
 }
 
 const QString& RewriteContext::Pin(const Expression& literal) {
@@ -97,7 +98,7 @@ ExpressionPtr Coerce(const ExpressionPtr& value, ValueType type, RewriteContext&
   if (from == ValueType::Text)
     return IsTextLiteral(*value) ? CoerceLiteral(value, type) : Native(FormFromText(type, dialect), {value}, type);
   if (from == ValueType::Date) {
-    if (type != ValueType::Text) Refuse(QStringLiteral("把日期当作数字"));
+    if (type != ValueType::Text) Refuse(u"把日期当作数字"_s);
     return Native(dialect.dateToText, {value}, type);
   }
   if (IsNumeric(type)) return value;  // numbers meet as the database sees fit

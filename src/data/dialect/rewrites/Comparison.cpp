@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 ExpressionPtr WithOperator(const char* form, const QString& op, const ExpressionPtr& left, const ExpressionPtr& right) {
   ExpressionPtr test = Native(form, {left, right}, ValueType::Condition);
@@ -20,10 +21,10 @@ ExpressionPtr Plainly(const QString& op, const ExpressionPtr& left, const Expres
 
 // The operator seen from the other side.
 QString Mirrored(const QString& op) {
-  if (op == QLatin1String("<")) return QStringLiteral(">");
-  if (op == QLatin1String("<=")) return QStringLiteral(">=");
-  if (op == QLatin1String(">")) return QStringLiteral("<");
-  if (op == QLatin1String(">=")) return QStringLiteral("<=");
+  if (op == "<"_L1) return u">"_s;
+  if (op == "<="_L1) return u">="_s;
+  if (op == ">"_L1) return u"<"_s;
+  if (op == ">="_L1) return u"<="_s;
   return op;
 }
 
@@ -82,8 +83,8 @@ ExpressionPtr Compare(const QString& op, const ExpressionPtr& left, const Expres
 }
 
 ExpressionPtr RewriteBetween(ExpressionPtr value, RewriteContext& context) {
-  const ExpressionPtr low = Compare(QStringLiteral(">="), value->parts[0], value->parts[1], context);
-  const ExpressionPtr high = Compare(QStringLiteral("<="), value->parts[0], value->parts[2], context);
+  const ExpressionPtr low = Compare(u">="_s, value->parts[0], value->parts[1], context);
+  const ExpressionPtr high = Compare(u"<="_s, value->parts[0], value->parts[2], context);
   return Native(value->negated ? "(NOT ($1 AND $2))" : "($1 AND $2)", {low, high}, ValueType::Condition);
 }
 

@@ -5,6 +5,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool IsSame(const Expression& a, const Expression& b) {
   if (a.kind == Expression::Group || b.kind == Expression::Group) return IsSame(Bare(a), Bare(b));
@@ -17,8 +18,7 @@ bool IsSame(const Expression& a, const Expression& b) {
 }
 
 bool IsAggregate(const Expression& value) {
-  static const QStringList names{QStringLiteral("count"), QStringLiteral("sum"), QStringLiteral("avg"),
-                                 QStringLiteral("min"), QStringLiteral("max")};
+  static const QStringList names{u"count"_s, u"sum"_s, u"avg"_s, u"min"_s, u"max"_s};
   return value.kind == Expression::Call && names.contains(value.text);
 }
 

@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // Blanks at the end of a pattern, and a last sign that may be one, count against the value's own: the plain Like of the
 // databases cannot tell.
@@ -27,7 +28,7 @@ ExpressionPtr ByTraits(const ExpressionPtr& text, const Expression& pattern, Rew
 ExpressionPtr WithEscape(const ExpressionPtr& text, const Expression& pattern, const Expression& escape,
                          RewriteContext& context) {
   if (pattern.kind != Expression::Text || escape.kind != Expression::Text || context.Pin(escape).size() != 1)
-    Refuse(QStringLiteral("Escape 前后不是文本常量"));
+    Refuse(u"Escape 前后不是文本常量"_s);
   const Dialect& dialect = context.Dialect();
   const QString written = context.Pin(pattern);
   if (*dialect.likeClassEscape)

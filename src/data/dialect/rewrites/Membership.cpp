@@ -7,6 +7,7 @@
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool AllKeys(const Expression& value, RewriteContext& context, bool needLong) {
   const Expression& subject = *value.parts[0];
@@ -22,7 +23,7 @@ bool AllKeys(const Expression& value, RewriteContext& context, bool needLong) {
 ExpressionPtr ChainOfComparisons(const Expression& value, RewriteContext& context) {
   ExpressionPtr chain;
   for (std::size_t i = 1; i < value.parts.size(); ++i) {
-    const ExpressionPtr test = Compare(QStringLiteral("="), value.parts[0], value.parts[i], context);
+    const ExpressionPtr test = Compare(u"="_s, value.parts[0], value.parts[i], context);
     chain = chain ? Native("$1 OR $2", {chain, test}, ValueType::Condition) : test;
   }
   return Native("($1)", {chain}, ValueType::Condition);
@@ -37,7 +38,7 @@ ExpressionPtr InTexts(const Expression& value, RewriteContext& context) {
       parts[i] = Transformed(*parts[i], Transform::Variants, ValueType::Text, limit);
     return Native(dialect.inKeys, std::move(parts), ValueType::Condition);
   }
-  if (static_cast<int>(parts.size()) - 1 <= dialect.mostKeysApart && AllKeys(value, context, false))
+  if (int(parts.size()) - 1 <= dialect.mostKeysApart && AllKeys(value, context, false))
     return ChainOfComparisons(value, context);
   if (dialect.foldsLiterals)
     for (ExpressionPtr& part : parts) part = Fold(part, context);
@@ -64,7 +65,7 @@ ExpressionPtr InList(const Expression& value, RewriteContext& context) {
 ExpressionPtr InQuery(Expression& value, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
   Query& query = *value.query;
-  if (query.items.size() != 1) RejectSyntax(QStringLiteral("In 的子查询应只有一列"));
+  if (query.items.size() != 1) RejectSyntax(u"In 的子查询应只有一列"_s);
   ExpressionPtr subject = value.parts[0];
   const ValueType type = Stronger(subject->type, query.items[0].value->type);
   const bool texts = subject->type == ValueType::Text && query.items[0].value->type == ValueType::Text;

@@ -10,12 +10,10 @@ namespace {
 const SelectItem* ItemOf(const Expression& value, const Query& query, bool* isOrdinal, RewriteContext& context) {
   *isOrdinal = value.kind == Expression::Number;
   if (*isOrdinal) {
-    const int place = context.Pin(value).toInt();
-    for (int i = 0; i < place && i < static_cast<int>(query.items.size()); ++i)
-      if (query.items[static_cast<std::size_t>(i)].value->kind == Expression::Star) return nullptr;
-    return place >= 1 && place <= static_cast<int>(query.items.size())
-               ? &query.items[static_cast<std::size_t>(place) - 1]
-               : nullptr;
+    const int ordinal = context.Pin(value).toInt();
+    for (int i = 0; i < ordinal && i < int(query.items.size()); ++i)
+      if (query.items[size_t(i)].value->kind == Expression::Star) return nullptr;
+    return ordinal >= 1 && ordinal <= int(query.items.size()) ? &query.items[size_t(ordinal) - 1] : nullptr;
   }
   if (value.kind != Expression::Name || !value.qualifier.isEmpty()) return nullptr;
   for (const SelectItem& item : query.items)
@@ -60,8 +58,9 @@ void Order(OrderTerm& item, const Query& query, RewriteContext& context) {
 void OrderUnion(OrderTerm& item, const Query& query, RewriteContext& context) {
   item.nulls = item.descending ? context.Dialect().nullsLast : context.Dialect().nullsFirst;
   if (item.value->kind == Expression::Number) {
-    const auto place = static_cast<std::size_t>(context.Pin(*item.value).toInt());
-    const ExpressionPtr name = place >= 1 && place <= query.items.size() ? NameOf(query.items[place - 1]) : nullptr;
+    const auto ordinal = size_t(context.Pin(*item.value).toInt());
+    const ExpressionPtr name =
+        ordinal >= 1 && ordinal <= query.items.size() ? NameOf(query.items[ordinal - 1]) : nullptr;
     item.value = name ? name : Ordinal(*item.value);
   }
   if (item.value->type == ValueType::Text) item.value = Fold(item.value, context);

@@ -5,6 +5,7 @@
 
 #include <folvane/OdbcConnection.h>
 
+#include "data/DatabaseSession.h"
 #include "data/RowStore.h"
 #include "data/drivers/odbc/OdbcErrors.h"
 #include "data/drivers/odbc/OdbcRows.h"
@@ -15,6 +16,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kMostPrepared = 64;
 // The width with which PostgreSQL's ODBC driver describes a varchar without a length.
@@ -29,7 +31,7 @@ QString ServerName(SQLHDBC connection) {
 
 QByteArray BaseName(OdbcStatement& statement, std::size_t column, SQLUSMALLINT attribute) {
   std::array<char, 256> name{};
-  statement.Check(SQLColAttribute(statement.Handle(), static_cast<SQLUSMALLINT>(column + 1), attribute, name.data(),
+  statement.Check(SQLColAttribute(statement.Handle(), SQLUSMALLINT(column + 1), attribute, name.data(),
                                   SQLSMALLINT(name.size()), nullptr, nullptr));
   return name.data();
 }
@@ -37,11 +39,10 @@ QByteArray BaseName(OdbcStatement& statement, std::size_t column, SQLUSMALLINT a
 }  // namespace
 
 DialectKind DialectOfServer(const QString& name) {
-  if (name.startsWith(QLatin1String("PostgreSQL"), Qt::CaseInsensitive)) return DialectKind::PostgreSql;
+  if (name.startsWith("PostgreSQL"_L1, Qt::CaseInsensitive)) return DialectKind::PostgreSql;
   for (const char* known : {"Microsoft SQL Server", "SQL Server", "Adaptive Server", "Sybase", "ASE", "FreeTDS"})
     if (name.contains(QLatin1String(known), Qt::CaseInsensitive)) return DialectKind::TransactSql;
-  throw DataError(DataErrorKind::Usage,
-                  QStringLiteral("不支持的数据库“%1”：只能使用 PostgreSQL、SQL Server 或 Sybase。").arg(name));
+  throw DataError(DataErrorKind::Usage, u"不支持的数据库“%1”：只能使用 PostgreSQL、SQL Server 或 Sybase。"_s.arg(name));
 }
 
 OdbcDriver::OdbcDriver(SQLHDBC connection)
@@ -63,10 +64,9 @@ void OdbcDriver::CheckEncoding() {
   const bool kept = rows.RowCount() == 1 && rows.At(0, 0).ToVariant().toString() == sample &&
                     rows.At(0, 1).ToVariant().toInt() == sample.toUcs4().size();
   if (!kept)
-    throw DataError(
-        DataErrorKind::Usage,
-        QStringLiteral("数据库连接的字符编码不是 UTF-8，汉字会丢失。请用 ANSI 方式连接，并将 client_encoding "
-                       "设为 UTF8。"));
+    throw DataError(DataErrorKind::Usage,
+                    u"数据库连接的字符编码不是 UTF-8，汉字会丢失。请用 ANSI 方式连接，并将 client_encoding "
+                    "设为 UTF8。"_s);
 }
 
 // Notes a failure inside a transaction, which may have ended it on the server. Once the server is gone nothing more is
@@ -128,7 +128,7 @@ void OdbcDriver::FindWidths(OdbcStatement& statement, std::vector<OdbcColumn>& c
     if (!tables.contains(table)) tables.insert(table, DescribePostgresTable(*this, QString::fromUtf8(table)));
     const std::optional<TableInfo>& info = tables[table];
     const int index = info ? info->IndexOf(QString::fromUtf8(BaseName(statement, i, SQL_DESC_BASE_COLUMN_NAME))) : -1;
-    if (index >= 0) column.definedSize = info->columns[static_cast<std::size_t>(index)].definedSize;
+    if (index >= 0) column.definedSize = info->columns[size_t(index)].definedSize;
   }
 }
 
@@ -200,8 +200,8 @@ void OdbcDriver::LeaveTransaction() {
 }
 
 std::shared_ptr<Connection> AdoptOdbc(void* connection) {
-  if (!connection) throw DataError(DataErrorKind::Usage, QStringLiteral("没有已连接的 ODBC 句柄。"));
-  return std::make_shared<Connection>(std::make_unique<OdbcDriver>(connection));
+  if (!connection) throw DataError(DataErrorKind::Usage, u"没有已连接的 ODBC 句柄。"_s);
+  return MakeConnection(std::make_unique<OdbcDriver>(connection));
 }
 
 }  // namespace folvane

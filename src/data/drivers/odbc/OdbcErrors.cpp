@@ -9,6 +9,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 struct StateKind {
   const char* prefix;
@@ -43,7 +44,7 @@ Diagnostic FirstDiagnostic(SQLSMALLINT handleType, SQLHANDLE handle) {
   SQLSMALLINT length = 0;
   const auto get = [&] {
     return SQLGetDiagRec(handleType, handle, 1, state.data(), &native, reinterpret_cast<SQLCHAR*>(message.data()),
-                         static_cast<SQLSMALLINT>(message.size()), &length);
+                         SQLSMALLINT(message.size()), &length);
   };
   SQLRETURN result = get();
   if (result == SQL_SUCCESS_WITH_INFO && length >= message.size()) {
@@ -76,9 +77,9 @@ DataErrorKind KindOfSqlState(QByteArrayView state) {
 }
 
 QString ServerText(const QString& message) {
-  static const QRegularExpression prefix(QStringLiteral("^(\\[[^\\]]*\\])*\\s*((ERROR|FATAL|PANIC):\\s*)?"));
+  static const QRegularExpression prefix(u"^(\\[[^\\]]*\\])*\\s*((ERROR|FATAL|PANIC):\\s*)?"_s);
   static const QRegularExpression remark(
-      QStringLiteral(";?\\s*(Error while executing the query|Error while preparing parameters)?\\s*$"));
+      u";?\\s*(Error while executing the query|Error while preparing parameters)?\\s*$"_s);
   QString text = message;
   text.remove(prefix);
   text.remove(remark);
@@ -86,27 +87,26 @@ QString ServerText(const QString& message) {
 }
 
 QStringList KeyColumns(const QString& message) {
-  static const QRegularExpression key(QStringLiteral("\\n[^\\n(]*\\((.+?)\\)=\\("));
-  static const QRegularExpression name(QStringLiteral("^(?:\"((?:[^\"]|\"\")+)\"|([\\w$]+))$"),
+  static const QRegularExpression key(u"\\n[^\\n(]*\\((.+?)\\)=\\("_s);
+  static const QRegularExpression name(u"^(?:\"((?:[^\"]|\"\")+)\"|([\\w$]+))$"_s,
                                        QRegularExpression::UseUnicodePropertiesOption);
   QStringList columns;
-  for (const QString& column : key.match(message).captured(1).split(QStringLiteral(", "))) {
+  for (const QString& column : key.match(message).captured(1).split(u", "_s)) {
     const QRegularExpressionMatch match = name.match(column);
     if (!match.hasMatch()) return {};
-    columns << match.captured(1).replace(QStringLiteral("\"\""), QStringLiteral("\"")) + match.captured(2);
+    columns << match.captured(1).replace(u"\"\""_s, u"\""_s) + match.captured(2);
   }
   return columns;
 }
 
 void ThrowOdbcError(SQLSMALLINT handleType, SQLHANDLE handle, SQLHDBC connection) {
   const Diagnostic diagnostic = FirstDiagnostic(handleType, handle);
-  const QString code = QString::fromLatin1(diagnostic.state) + QLatin1Char(' ') + QString::number(diagnostic.native);
+  const QString code = QString::fromLatin1(diagnostic.state) + u' ' + QString::number(diagnostic.native);
   const QString text = ServerText(diagnostic.message);
   if (IsDead(connection))
-    throw DataError(DataErrorKind::Lost, text.isEmpty() ? QStringLiteral("数据库连接已经断开。") : text, {}, code);
+    throw DataError(DataErrorKind::Lost, text.isEmpty() ? u"数据库连接已经断开。"_s : text, {}, code);
   if (IsDuplicate(diagnostic)) throw DuplicateError(KeyColumns(diagnostic.message), code);
-  throw DataError(KindOfSqlState(diagnostic.state), text.isEmpty() ? QStringLiteral("数据库没有说明错误原因。") : text,
-                  {}, code);
+  throw DataError(KindOfSqlState(diagnostic.state), text.isEmpty() ? u"数据库没有说明错误原因。"_s : text, {}, code);
 }
 
 }  // namespace folvane

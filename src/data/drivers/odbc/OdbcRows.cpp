@@ -48,9 +48,9 @@ void Append(RowStore& rows, Cell::Kind kind, const char* value, SQLLEN length) {
       std::memcpy(&real, value, sizeof real);
       return rows.AddReal(real);
     case Cell::Bytes:
-      return rows.AddBytes(value, static_cast<std::size_t>(length));
+      return rows.AddBytes(value, size_t(length));
     default:
-      return rows.AddText(value, static_cast<std::size_t>(length));
+      return rows.AddText(value, size_t(length));
   }
 }
 
@@ -62,16 +62,16 @@ SQLLEN GetWhole(OdbcStatement& statement, SQLUSMALLINT column, Cell::Kind kind, 
   for (;;) {
     value.resize(filled + room);
     SQLLEN left = 0;
-    const SQLRETURN outcome = statement.Check(SQLGetData(statement.Handle(), column, MemoryType(kind),
-                                                         value.data() + filled, static_cast<SQLLEN>(room), &left));
+    const SQLRETURN outcome = statement.Check(
+        SQLGetData(statement.Handle(), column, MemoryType(kind), value.data() + filled, SQLLEN(room), &left));
     if (left == SQL_NULL_DATA) return SQL_NULL_DATA;
     if (outcome == SQL_NO_DATA) break;
-    const bool whole = left != SQL_NO_TOTAL && static_cast<std::size_t>(left) + end <= room;
-    filled += whole ? static_cast<std::size_t>(left) : room - end;
+    const bool whole = left != SQL_NO_TOTAL && size_t(left) + end <= room;
+    filled += whole ? size_t(left) : room - end;
     if (whole) break;
-    room = left == SQL_NO_TOTAL ? kPieceSize : static_cast<std::size_t>(left) - (room - end) + end;
+    room = left == SQL_NO_TOTAL ? kPieceSize : size_t(left) - (room - end) + end;
   }
-  return static_cast<SQLLEN>(filled);
+  return SQLLEN(filled);
 }
 
 /// The rows of a result by blocks into bound buffers. A value that is longer than its buffer is read again whole.
@@ -110,7 +110,7 @@ class BlockReader {
 
   static std::size_t FirstWidth(const OdbcColumn& column) {
     if (column.kind == Cell::Integer || column.kind == Cell::Real) return sizeof(qint64);
-    const auto most = static_cast<std::size_t>(column.mostBytes) + EndBytes(column.kind);
+    const auto most = size_t(column.mostBytes) + EndBytes(column.kind);
     return column.mostBytes == 0 ? kFirstWidth : std::min(most, kFirstWidth);
   }
 
@@ -122,8 +122,8 @@ class BlockReader {
     Column& column = bound_[index];
     column.buffer = std::make_unique<char[]>(column.width * blockRows_);
     column.lengths = std::make_unique<SQLLEN[]>(blockRows_);
-    statement_.Check(SQLBindCol(statement_.Handle(), static_cast<SQLUSMALLINT>(index + 1), MemoryType(column.kind),
-                                column.buffer.get(), static_cast<SQLLEN>(column.width), column.lengths.get()));
+    statement_.Check(SQLBindCol(statement_.Handle(), SQLUSMALLINT(index + 1), MemoryType(column.kind),
+                                column.buffer.get(), SQLLEN(column.width), column.lengths.get()));
   }
 
   void AppendRow(std::size_t row) {
@@ -132,8 +132,8 @@ class BlockReader {
     for (std::size_t i = 0; i < bound_.size(); ++i) {
       Column& column = bound_[i];
       const SQLLEN length = column.lengths[row];
-      const bool whole = length == SQL_NULL_DATA ||
-                         (length >= 0 && static_cast<std::size_t>(length) + EndBytes(column.kind) <= column.width);
+      const bool whole =
+          length == SQL_NULL_DATA || (length >= 0 && size_t(length) + EndBytes(column.kind) <= column.width);
       if (whole)
         Append(rows_, column.kind, column.buffer.get() + row * column.width, length);
       else
@@ -144,10 +144,9 @@ class BlockReader {
 
   void AppendAgain(std::size_t row, std::size_t index) {
     Column& column = bound_[index];
-    statement_.Check(
-        SQLSetPos(statement_.Handle(), static_cast<SQLSETPOSIROW>(row + 1), SQL_POSITION, SQL_LOCK_NO_CHANGE));
-    const SQLLEN length = GetWhole(statement_, static_cast<SQLUSMALLINT>(index + 1), column.kind, whole_);
-    if (length != SQL_NULL_DATA) column.longest = std::max(column.longest, static_cast<std::size_t>(length));
+    statement_.Check(SQLSetPos(statement_.Handle(), SQLSETPOSIROW(row + 1), SQL_POSITION, SQL_LOCK_NO_CHANGE));
+    const SQLLEN length = GetWhole(statement_, SQLUSMALLINT(index + 1), column.kind, whole_);
+    if (length != SQL_NULL_DATA) column.longest = std::max(column.longest, size_t(length));
     Append(rows_, column.kind, whole_.data(), length);
   }
 
@@ -182,7 +181,7 @@ bool CanReadAgain(SQLHDBC connection) {
 bool AllFit(const std::vector<OdbcColumn>& columns) {
   return std::all_of(columns.begin(), columns.end(), [](const OdbcColumn& column) {
     return column.kind == Cell::Integer || column.kind == Cell::Real ||
-           (column.mostBytes > 0 && static_cast<std::size_t>(column.mostBytes) < kFirstWidth);
+           (column.mostBytes > 0 && size_t(column.mostBytes) < kFirstWidth);
   });
 }
 
@@ -190,16 +189,16 @@ bool AllFit(const std::vector<OdbcColumn>& columns) {
 
 void ReadRows(OdbcStatement& statement, const std::vector<OdbcColumn>& columns, RowStore& rows) {
   if (!AllFit(columns) && !CanReadAgain(statement.Connection())) return ReadRowsOneByOne(statement, columns, rows);
-  rows.SetColumnCount(static_cast<int>(columns.size()));
+  rows.SetColumnCount(int(columns.size()));
   BlockReader(statement, columns, rows).Read();
 }
 
 void ReadRowsOneByOne(OdbcStatement& statement, const std::vector<OdbcColumn>& columns, RowStore& rows) {
-  rows.SetColumnCount(static_cast<int>(columns.size()));
+  rows.SetColumnCount(int(columns.size()));
   std::string value;
   while (statement.Check(SQLFetch(statement.Handle())) != SQL_NO_DATA) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      const SQLLEN length = GetWhole(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].kind, value);
+      const SQLLEN length = GetWhole(statement, SQLUSMALLINT(i + 1), columns[i].kind, value);
       Append(rows, columns[i].kind, value.data(), length);
     }
     rows.EndRow();

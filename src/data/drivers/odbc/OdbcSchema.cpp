@@ -92,7 +92,7 @@ QByteArray AsPattern(SQLHDBC connection, const QString& name) {
   SQLGetInfo(connection, SQL_SEARCH_PATTERN_ESCAPE, escape, sizeof escape, nullptr);
   QString pattern;
   for (const QChar character : name) {
-    if (character == QLatin1Char('_') || character == QLatin1Char('%')) pattern += QLatin1String(escape);
+    if (character == u'_' || character == u'%') pattern += QLatin1String(escape);
     pattern += character;
   }
   return pattern.toUtf8();
@@ -162,7 +162,7 @@ void ReadPrimaryKey(SQLHDBC connection, const TableName& name, TableInfo& info) 
 
 bool IdentifiesRows(const std::vector<int>& key, const TableInfo& info) {
   for (const int column : key)
-    if (column < 0 || info.columns[static_cast<std::size_t>(column)].nullable) return false;
+    if (column < 0 || info.columns[size_t(column)].nullable) return false;
   return !key.empty();
 }
 

@@ -9,21 +9,22 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 SQLCHAR* AsSql(const QByteArray& text) { return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.constData())); }
 
 QByteArray TextBytes(const QVariant& value) {
   QByteArray bytes = ValueText(value).toUtf8();
   // Below the driver a text ends at its first zero byte, and what follows would be lost without a word.
-  if (bytes.contains('\0')) throw DataError(DataErrorKind::Conversion, QStringLiteral("文字中不能含有空字符。"));
+  if (bytes.contains('\0')) throw DataError(DataErrorKind::Conversion, u"文字中不能含有空字符。"_s);
   return bytes;
 }
 
-SQLSMALLINT IntegerType(qint64 value) { return static_cast<SQLINTEGER>(value) == value ? SQL_INTEGER : SQL_BIGINT; }
+SQLSMALLINT IntegerType(qint64 value) { return SQLINTEGER(value) == value ? SQL_INTEGER : SQL_BIGINT; }
 
 SQLSMALLINT DigitsAfterPoint(const QByteArray& number) {
   const qsizetype point = number.indexOf('.');
-  return static_cast<SQLSMALLINT>(point < 0 ? 0 : number.size() - point - 1);
+  return SQLSMALLINT(point < 0 ? 0 : number.size() - point - 1);
 }
 
 }  // namespace
@@ -41,7 +42,7 @@ SQLRETURN OdbcStatement::Check(SQLRETURN outcome) {
 }
 
 void OdbcStatement::Prepare(const QByteArray& text) {
-  Check(SQLPrepare(statement_, AsSql(text), static_cast<SQLINTEGER>(text.size())));
+  Check(SQLPrepare(statement_, AsSql(text), SQLINTEGER(text.size())));
 }
 
 void OdbcStatement::Execute(const std::vector<QVariant>& parameters) {
@@ -51,8 +52,8 @@ void OdbcStatement::Execute(const std::vector<QVariant>& parameters) {
 
 void OdbcStatement::ExecuteDirect(const NativeStatement& statement) {
   Bind(statement.parameters);
-  hadNoRows_ = Check(SQLExecDirect(statement_, AsSql(statement.text),
-                                   static_cast<SQLINTEGER>(statement.text.size()))) == SQL_NO_DATA;
+  hadNoRows_ =
+      Check(SQLExecDirect(statement_, AsSql(statement.text), SQLINTEGER(statement.text.size()))) == SQL_NO_DATA;
 }
 
 qint64 OdbcStatement::ChangedRows() {
@@ -69,8 +70,7 @@ qint64 OdbcStatement::ChangedRows() {
 
 void OdbcStatement::Bind(const std::vector<QVariant>& parameters) {
   bound_.assign(parameters.size(), {});
-  for (std::size_t i = 0; i < parameters.size(); ++i)
-    BindValue(static_cast<SQLUSMALLINT>(i + 1), parameters[i], bound_[i]);
+  for (std::size_t i = 0; i < parameters.size(); ++i) BindValue(SQLUSMALLINT(i + 1), parameters[i], bound_[i]);
 }
 
 // Texts go as SQL_VARCHAR, which reaches PostgreSQL without a type: it takes the text for whatever the column beside
@@ -110,7 +110,7 @@ void OdbcStatement::BindValue(SQLUSMALLINT number, const QVariant& value, Bound&
   }
   if (!address) address = bound.bytes.data();
   if (inMemory != SQL_C_SBIGINT && bound.length != SQL_NULL_DATA) bound.length = bound.bytes.size();
-  const auto size = static_cast<SQLULEN>(qMax<qsizetype>(1, bound.bytes.size()));  // zero is refused by the manager
+  const auto size = SQLULEN(qMax<qsizetype>(1, bound.bytes.size()));  // zero is refused by the manager
   Check(SQLBindParameter(statement_, number, SQL_PARAM_INPUT, inMemory, inStatement, size, scale, address,
                          bound.bytes.size(), &bound.length));
 }

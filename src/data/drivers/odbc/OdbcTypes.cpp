@@ -83,7 +83,7 @@ OdbcColumn DescribeColumn(DialectKind dialect, OdbcStatement& statement, SQLUSMA
   statement.Check(SQLDescribeCol(statement.Handle(), number, name.data(), SQLSMALLINT(name.size()), &length, &sqlType,
                                  &size, &digits, &nullable));
   const QByteArray typeName = TextAttribute(statement, number, SQL_DESC_TYPE_NAME);
-  OdbcColumn column = DescribeOdbcType(dialect, sqlType, typeName, static_cast<qint64>(size));
+  OdbcColumn column = DescribeOdbcType(dialect, sqlType, typeName, qint64(size));
   column.info.name = QString::fromUtf8(reinterpret_cast<const char*>(name.data()));
   column.info.nullable = nullable != SQL_NO_NULLS;
   return column;
@@ -97,7 +97,7 @@ OdbcColumn DescribeOdbcType(DialectKind dialect, SQLSMALLINT sqlType, const QByt
   column.kind = known.kind;
   column.info.type = known.adoType;
   const bool limited = size > 0 && size < kUnlimited;
-  column.info.definedSize = known.size ? known.size : limited ? static_cast<int>(size) : kUnlimited;
+  column.info.definedSize = known.size ? known.size : limited ? int(size) : kUnlimited;
   if (known.size == 0 && limited) column.mostBytes = known.kind == Cell::Bytes ? size : size * kMostBytesOfCharacter;
   return column;
 }

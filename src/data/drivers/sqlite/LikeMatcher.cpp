@@ -9,13 +9,13 @@ namespace {
 
 char32_t Folded(char32_t c) { return c >= U'A' && c <= U'Z' ? c + 32 : c; }
 
-// The character at a place, which moves behind it. A broken sequence counts byte by byte.
+// The character at a position, which moves behind it. A broken sequence counts byte by byte.
 char32_t Next(const char*& at, const char* end) {
-  const auto lead = static_cast<unsigned char>(*at++);
+  const auto lead = uchar(*at++);
   const int more = lead < 0xc0 ? 0 : lead < 0xe0 ? 1 : lead < 0xf0 ? 2 : 3;
   if (more == 0 || end - at < more) return lead;
   char32_t sign = lead & (0x3f >> more);
-  for (int i = 0; i < more; ++i) sign = (sign << 6) | (static_cast<unsigned char>(*at++) & 0x3f);
+  for (int i = 0; i < more; ++i) sign = (sign << 6) | (uchar(*at++) & 0x3f);
   return sign;
 }
 

@@ -6,6 +6,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 std::optional<QDateTime> MomentOf(sqlite3_context* context, sqlite3_value* value) {
   const QString text = TextOf(value);
@@ -75,7 +76,7 @@ const Part* PartOf(sqlite3_context* context, sqlite3_value* value) {
   const QByteArrayView name = Utf8Of(value);
   for (const Part& part : kParts)
     if (name == QByteArrayView(part.name)) return &part;
-  Fail(context, QStringLiteral("没有名为“%1”的日期部分。").arg(TextOf(value)));
+  Fail(context, u"没有名为“%1”的日期部分。"_s.arg(TextOf(value)));
   return nullptr;
 }
 
@@ -100,8 +101,7 @@ void DateAdd(sqlite3_context* context, int count, sqlite3_value** values) {
   const auto moment = part ? MomentOf(context, values[2]) : std::nullopt;
   if (!moment) return;
   const QDateTime sum = part->add(*moment, sqlite3_value_int64(values[1]));
-  if (!sum.isValid() || sum.date().year() > 9999 || sum.date().year() < 1)
-    return Fail(context, QStringLiteral("日期超出了范围。"));
+  if (!sum.isValid() || sum.date().year() > 9999 || sum.date().year() < 1) return Fail(context, u"日期超出了范围。"_s);
   ResultText(context, sql::MomentText(sum));
 }
 
@@ -119,7 +119,7 @@ int HourOfTwelve(const QDateTime& at) { return (at.time().hour() + 11) % 12 + 1;
 QString MonthName(int month) {
   static constexpr std::array kNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                      "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-  return QLatin1String(kNames[static_cast<std::size_t>(month - 1)]);
+  return QLatin1String(kNames[size_t(month - 1)]);
 }
 
 // The signs of PostgreSQL's to_char that the styles use; the longer of two that begin alike stands first.
@@ -135,7 +135,7 @@ constexpr std::array kSigns{
     Sign{"HH24", [](const QDateTime& at) { return Padded(at.time().hour(), 2); }},
     Sign{"hh", [](const QDateTime& at) { return Padded(HourOfTwelve(at), 2, ' '); }},
     Sign{"SS", [](const QDateTime& at) { return Padded(at.time().second(), 2); }},
-    Sign{"AM", [](const QDateTime& at) { return at.time().hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM"); }},
+    Sign{"AM", [](const QDateTime& at) { return at.time().hour() < 12 ? u"AM"_s : u"PM"_s; }},
 };
 
 QString Formatted(const QDateTime& moment, QByteArrayView pattern) {

@@ -4,6 +4,7 @@
 
 #include <folvane/SqliteConnection.h>
 
+#include "data/DatabaseSession.h"
 #include "data/RowStore.h"
 #include "data/drivers/sqlite/SqliteErrors.h"
 #include "data/drivers/sqlite/SqliteFunctions.h"
@@ -13,13 +14,14 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kMostPrepared = 64;
 
 std::vector<ColumnInfo> ColumnsOf(sqlite3_stmt* statement) {
-  std::vector<ColumnInfo> columns(static_cast<std::size_t>(sqlite3_column_count(statement)));
-  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-    ColumnInfo& column = columns[static_cast<std::size_t>(i)];
+  std::vector<ColumnInfo> columns(size_t(sqlite3_column_count(statement)));
+  for (int i = 0; i < int(columns.size()); ++i) {
+    ColumnInfo& column = columns[size_t(i)];
     column.name = QString::fromUtf8(sqlite3_column_name(statement, i));
     const char* declared = sqlite3_column_decltype(statement, i);
     ReadDeclaredType(QString::fromUtf8(declared), column);
@@ -51,11 +53,11 @@ void AppendValue(sqlite3_value* value, RowStore& rows) {
       return rows.AddReal(sqlite3_value_double(value));
     case SQLITE_BLOB: {
       const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
-      return rows.AddBytes(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+      return rows.AddBytes(bytes, size_t(sqlite3_value_bytes(value)));
     }
     default: {
       const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-      return rows.AddText(text, static_cast<std::size_t>(sqlite3_value_bytes(value)));
+      return rows.AddText(text, size_t(sqlite3_value_bytes(value)));
     }
   }
 }
@@ -76,8 +78,8 @@ int TypeOfValue(int sqliteType) {
 // An expression has no declared type; it takes that of its first value that is not null.
 void TypeExpressions(sqlite3_stmt* statement, std::vector<ColumnInfo>& columns, int& untyped) {
   untyped = 0;
-  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
-    ColumnInfo& column = columns[static_cast<std::size_t>(i)];
+  for (int i = 0; i < int(columns.size()); ++i) {
+    ColumnInfo& column = columns[size_t(i)];
     if (column.type != 0) continue;
     if (const int type = sqlite3_column_type(statement, i); type != SQLITE_NULL)
       column.type = TypeOfValue(type);
@@ -106,8 +108,7 @@ SqliteDriver::~SqliteDriver() = default;
 std::shared_ptr<SqliteStatement> SqliteDriver::Prepare(const QByteArray& text) {
   if (!inTransaction_) return std::make_shared<SqliteStatement>(database_, text);
   // What follows would be kept one by one, and what went before is gone.
-  if (!InTransaction())
-    throw DataError(DataErrorKind::Other, QStringLiteral("数据库已撤销本次事务的全部修改，不能继续。"));
+  if (!InTransaction()) throw DataError(DataErrorKind::Other, u"数据库已撤销本次事务的全部修改，不能继续。"_s);
   if (const auto known = prepared_.constFind(text); known != prepared_.constEnd()) return *known;
   if (prepared_.size() >= kMostPrepared) prepared_.clear();
   auto statement = std::make_shared<SqliteStatement>(database_, text);
@@ -131,7 +132,7 @@ void SqliteDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>&
   sqlite3_stmt* handle = statement->Handle();
   bool hasRow = statement->Step();
   columns = ColumnsOf(handle);  // now: the first step compiles anew over tables that others have changed
-  const int count = static_cast<int>(columns.size());
+  const int count = int(columns.size());
   rows.SetColumnCount(count);
   for (int untyped = count; hasRow; hasRow = statement->Step()) {
     if (untyped) TypeExpressions(handle, columns, untyped);
@@ -169,8 +170,8 @@ void SqliteDriver::Rollback() {
 bool SqliteDriver::InTransaction() const { return inTransaction_ && !sqlite3_get_autocommit(database_); }
 
 std::shared_ptr<Connection> AdoptSqlite(sqlite3* database) {
-  if (!database) throw DataError(DataErrorKind::Usage, QStringLiteral("没有打开的 SQLite 数据库。"));
-  return std::make_shared<Connection>(std::make_unique<SqliteDriver>(database));
+  if (!database) throw DataError(DataErrorKind::Usage, u"没有打开的 SQLite 数据库。"_s);
+  return MakeConnection(std::make_unique<SqliteDriver>(database));
 }
 
 }  // namespace folvane

@@ -8,6 +8,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The low byte of an extended result code is the primary code: https://www.sqlite.org/rescode.html
 DataErrorKind KindOf(int result) {
@@ -40,7 +41,7 @@ bool IsDuplicate(int result) {
 // "UNIQUE constraint failed: files.id, files.code" names the columns; an index over expressions is named by itself.
 QStringList ColumnsNamedIn(const QString& message) {
   QStringList columns;
-  for (const QString& name : message.section(QStringLiteral(": "), 1).split(QStringLiteral(", ")))
+  for (const QString& name : message.section(u": "_s, 1).split(u", "_s))
     if (name.contains(u'.')) columns << name.section(u'.', -1);
   return columns;
 }

@@ -19,7 +19,7 @@ int Collate(void*, int lengthA, const void* a, int lengthB, const void* b) {
   const QByteArrayView right = WithoutTrailingBlanks({static_cast<const char*>(b), lengthB});
   const qsizetype common = std::min(left.size(), right.size());
   for (qsizetype i = 0; i < common; ++i) {
-    const auto x = static_cast<unsigned char>(FoldAscii(left[i])), y = static_cast<unsigned char>(FoldAscii(right[i]));
+    const auto x = uchar(FoldAscii(left[i])), y = uchar(FoldAscii(right[i]));
     if (x != y) return x < y ? -1 : 1;
   }
   return left.size() < right.size() ? -1 : left.size() > right.size();
@@ -60,12 +60,12 @@ QString TextOf(sqlite3_value* value) { return QString::fromUtf8(Utf8Of(value)); 
 
 void ResultText(sqlite3_context* context, const QString& text) {
   const QByteArray utf8 = text.toUtf8();
-  sqlite3_result_text(context, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+  sqlite3_result_text(context, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
 }
 
 void Fail(sqlite3_context* context, const QString& message) {
   const QByteArray utf8 = message.toUtf8();
-  sqlite3_result_error(context, utf8.constData(), static_cast<int>(utf8.size()));
+  sqlite3_result_error(context, utf8.constData(), int(utf8.size()));
 }
 
 void FailConversion(sqlite3_context* context, const QString& text, const QString& wanted) {

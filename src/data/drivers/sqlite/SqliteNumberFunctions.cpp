@@ -7,6 +7,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 bool IsText(sqlite3_value* value) { return sqlite3_value_type(value) == SQLITE_TEXT; }
 
@@ -35,8 +36,8 @@ void Text(sqlite3_context* context, int count, sqlite3_value** values) {
 }
 
 // Halves go away from zero.
-double Rounded(double value, int places) {
-  const double factor = std::pow(10.0, places);
+double Rounded(double value, int decimals) {
+  const double factor = std::pow(10.0, decimals);
   const double scaled = value * factor;
   return std::isfinite(scaled) ? std::round(scaled) / factor : value;
 }
@@ -45,22 +46,22 @@ void Round(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const double rounded = Rounded(sqlite3_value_double(values[0]), sqlite3_value_int(values[1]));
   const bool whole = sqlite3_value_type(values[0]) == SQLITE_INTEGER;
-  whole ? sqlite3_result_int64(context, static_cast<qlonglong>(rounded)) : sqlite3_result_double(context, rounded);
+  whole ? sqlite3_result_int64(context, qlonglong(rounded)) : sqlite3_result_double(context, rounded);
 }
 
 // A number right aligned; stars when it does not fit.
 void Str(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const double number = sqlite3_value_double(values[0]);
-  const qsizetype width = sqlite3_value_int(values[1]), places = sqlite3_value_int(values[2]);
+  const qsizetype width = sqlite3_value_int(values[1]), decimals = sqlite3_value_int(values[2]);
   const QString whole = QString::number(Rounded(number, 0), 'f', 0);
-  const QString text = QString::number(Rounded(number, static_cast<int>(places)), 'f', static_cast<int>(places));
+  const QString text = QString::number(Rounded(number, int(decimals)), 'f', int(decimals));
   ResultText(context, whole.size() > width ? QString(width, u'*') : text.left(width).rightJustified(width));
 }
 
 bool FailsByZero(sqlite3_context* context, sqlite3_value* divisor) {
   if (sqlite3_value_double(divisor) != 0) return false;
-  Fail(context, QStringLiteral("除数是零。"));
+  Fail(context, u"除数是零。"_s);
   sqlite3_result_error_code(context, SQLITE_MISMATCH);
   return true;
 }

@@ -7,6 +7,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 struct DeclaredType {
   const char* word;
@@ -50,7 +51,7 @@ constexpr std::array kDeclaredTypes{
 };
 
 int SizeInBrackets(const QString& declared) {
-  const qsizetype open = declared.indexOf(QLatin1Char('('));
+  const qsizetype open = declared.indexOf(u'(');
   if (open < 0) return 0;
   qsizetype end = open + 1;
   while (end < declared.size() && declared[end].isDigit()) ++end;
@@ -72,7 +73,7 @@ void MarkKey(sqlite3* database, TableInfo& info) {
   columns.Bind({indexes.Text(0)});
   while (columns.Step()) {
     const int column = columns.IsNull(0) ? -1 : info.IndexOf(columns.Text(0));
-    if (column < 0 || info.columns[static_cast<std::size_t>(column)].nullable) {
+    if (column < 0 || info.columns[size_t(column)].nullable) {
       info.key.clear();
       return;
     }
@@ -116,7 +117,7 @@ std::optional<TableInfo> DescribeSqliteTable(sqlite3* database, const QString& t
     keyColumns += inKey;
     column.nullable = columns.Integer(2) == 0 && !inKey;
     // An "integer primary key" is the row number, which the database counts by itself.
-    column.autoNumber = inKey && columns.Text(1).compare(QLatin1String("integer"), Qt::CaseInsensitive) == 0;
+    column.autoNumber = inKey && columns.Text(1).compare("integer"_L1, Qt::CaseInsensitive) == 0;
     info.columns.push_back(column);
   }
   if (keyColumns > 1)

@@ -17,8 +17,7 @@ const QString& StringIn(const QVariant& value) { return *static_cast<const QStri
 }  // namespace
 
 SqliteStatement::SqliteStatement(sqlite3* database, const QByteArray& text) : database_(database) {
-  const int result =
-      sqlite3_prepare_v2(database, text.constData(), static_cast<int>(text.size()), &statement_, nullptr);
+  const int result = sqlite3_prepare_v2(database, text.constData(), int(text.size()), &statement_, nullptr);
   if (result != SQLITE_OK) ThrowSqliteError(database, result);
 }
 
@@ -29,19 +28,19 @@ void SqliteStatement::Bind(const std::vector<QVariant>& parameters) {
   // Room for all strings at once, which costs a statement of many values less than a piece of memory for each.
   std::size_t room = 0;
   for (const QVariant& value : parameters)
-    if (value.typeId() == QMetaType::QString) room += kMostUtf8 * static_cast<std::size_t>(StringIn(value).size());
+    if (value.typeId() == QMetaType::QString) room += kMostUtf8 * size_t(StringIn(value).size());
   if (room > textsSize_) {
     texts_ = std::make_unique_for_overwrite<char[]>(room);
     textsSize_ = room;
   }
   textsUsed_ = 0;
-  for (std::size_t i = 0; i < parameters.size(); ++i) BindValue(static_cast<int>(i) + 1, parameters[i]);
+  for (std::size_t i = 0; i < parameters.size(); ++i) BindValue(int(i) + 1, parameters[i]);
 }
 
 void SqliteStatement::BindString(int index, const QString& text) {
   QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
   char* start = texts_.get() + textsUsed_;
-  const auto length = static_cast<std::size_t>(encoder.appendToBuffer(start, text) - start);
+  const auto length = size_t(encoder.appendToBuffer(start, text) - start);
   textsUsed_ += length;
   const int result = sqlite3_bind_text64(statement_, index, start ? start : "", length, SQLITE_STATIC, SQLITE_UTF8);
   if (result != SQLITE_OK) ThrowSqliteError(database_, result);
@@ -65,13 +64,13 @@ void SqliteStatement::BindValue(int index, const QVariant& value) {
       break;
     case QMetaType::QByteArray:
       bound_.push_back(value.toByteArray());
-      result = sqlite3_bind_blob64(statement_, index, bound_.back().constData(),
-                                   static_cast<sqlite3_uint64>(bound_.back().size()), SQLITE_STATIC);
+      result = sqlite3_bind_blob64(statement_, index, bound_.back().constData(), sqlite3_uint64(bound_.back().size()),
+                                   SQLITE_STATIC);
       break;
     default:
       bound_.push_back(ValueText(value).toUtf8());
-      result = sqlite3_bind_text64(statement_, index, bound_.back().constData(),
-                                   static_cast<sqlite3_uint64>(bound_.back().size()), SQLITE_STATIC, SQLITE_UTF8);
+      result = sqlite3_bind_text64(statement_, index, bound_.back().constData(), sqlite3_uint64(bound_.back().size()),
+                                   SQLITE_STATIC, SQLITE_UTF8);
   }
   if (result != SQLITE_OK) ThrowSqliteError(database_, result);
 }

@@ -8,6 +8,7 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The pattern is the same for all rows of a statement as a rule: SQLite keeps what was made of it.
 const LikeMatcher* MatcherOf(sqlite3_context* context, int count, sqlite3_value** values,
@@ -36,7 +37,7 @@ void SubString(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const QString text = TextOf(values[0]);
   const qlonglong start = sqlite3_value_int64(values[1]) - 1, length = sqlite3_value_int64(values[2]);
-  if (length < 0) return Fail(context, QStringLiteral("SubString 的长度不能是负数。"));
+  if (length < 0) return Fail(context, u"SubString 的长度不能是负数。"_s);
   const qlonglong from = std::clamp<qlonglong>(start, 0, text.size());
   const qlonglong to = std::clamp<qlonglong>(start + length, from, text.size());
   ResultText(context, text.mid(from, to - from));

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "base/IgnoreErrors.h"
-#include "base/ProgramDirectory.h"
+#include "base/Surroundings.h"
 #include "support/HostDoubles.h"
 
 namespace folvane {

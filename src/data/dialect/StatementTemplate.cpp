@@ -1,4 +1,4 @@
-#include "data/dialect/Shape.h"
+#include "data/dialect/StatementTemplate.h"
 
 #include <algorithm>
 #include <array>
@@ -47,14 +47,14 @@ unsigned char TraitsOfPattern(QStringView pattern) {
 
 }  // namespace
 
-bool Shape::Read(const QString& statement) {
-  begin_ = reinterpret_cast<Place>(statement.utf16());
+bool StatementTemplate::Read(const QString& statement) {
+  begin_ = reinterpret_cast<Position>(statement.utf16());
   end_ = begin_ + statement.size();
-  if (key_.size() < static_cast<std::size_t>(statement.size())) key_.resize(static_cast<std::size_t>(statement.size()));
+  if (key_.size() < size_t(statement.size())) key_.resize(size_t(statement.size()));
   length_ = 0;
   literals_.clear();
   judged_ = afterLike_ = false;
-  for (Place at = begin_; at && at < end_;) {
+  for (Position at = begin_; at && at < end_;) {
     const char16_t c = *at;
     if (StartsWord(c)) {
       at = ReadWord(at);
@@ -79,19 +79,19 @@ bool Shape::Read(const QString& statement) {
   return true;
 }
 
-void Shape::Keep(Place from, Place to) {
+void StatementTemplate::Keep(Position from, Position to) {
   std::copy(from, to, key_.data() + length_);
-  length_ += static_cast<std::size_t>(to - from);
+  length_ += size_t(to - from);
 }
 
-void Shape::KeepLiteral(const Literal& literal) {
-  key_[length_++] = static_cast<char16_t>(kFirstSign + literal.kind * 256 + literal.traits);
+void StatementTemplate::KeepLiteral(const Literal& literal) {
+  key_[length_++] = char16_t(kFirstSign + literal.kind * 256 + literal.traits);
   literals_.push_back(literal);
   afterLike_ = false;
 }
 
-Shape::Place Shape::ReadWord(Place at) {
-  Place end = at + 1;
+StatementTemplate::Position StatementTemplate::ReadWord(Position at) {
+  Position end = at + 1;
   while (end < end_ && ContinuesWord(*end)) ++end;
   if (end - at == 1 && (*at == u'N' || *at == u'n') && end < end_ && *end == u'\'') return ReadText(end);
   NoteWord(at, end - at);
@@ -99,7 +99,7 @@ Shape::Place Shape::ReadWord(Place at) {
   return end;
 }
 
-void Shape::NoteWord(Place word, qsizetype length) {
+void StatementTemplate::NoteWord(Position word, qsizetype length) {
   afterLike_ = false;
   if (length < 2 || length > 6) return;
   const QStringView text(word, length);
@@ -110,10 +110,10 @@ void Shape::NoteWord(Place word, qsizetype length) {
     afterLike_ = IsWord(text, "like");
 }
 
-Shape::Place Shape::ReadText(Place at) {
+StatementTemplate::Position StatementTemplate::ReadText(Position at) {
   Literal literal;
   literal.begin = at + 1 - begin_;
-  for (Place from = at + 1;;) {
+  for (Position from = at + 1;;) {
     const qsizetype quote = QStringView(from, end_ - from).indexOf(u'\'');
     if (quote < 0) return nullptr;
     at = from + quote;
@@ -131,7 +131,7 @@ Shape::Place Shape::ReadText(Place at) {
   return at + 1;
 }
 
-Shape::Place Shape::ReadNumber(Place at) {
+StatementTemplate::Position StatementTemplate::ReadNumber(Position at) {
   Literal literal;
   literal.kind = Literal::Integer;
   literal.begin = at - begin_;
@@ -157,8 +157,8 @@ Shape::Place Shape::ReadNumber(Place at) {
   return at;
 }
 
-Shape::Place Shape::SkipTo(Place at, char16_t close) {
-  for (Place end = at + 1; end < end_; ++end) {
+StatementTemplate::Position StatementTemplate::SkipTo(Position at, char16_t close) {
+  for (Position end = at + 1; end < end_; ++end) {
     if (*end != close) continue;
     if (end + 1 < end_ && end[1] == close) {
       ++end;
@@ -171,7 +171,7 @@ Shape::Place Shape::SkipTo(Place at, char16_t close) {
   return nullptr;
 }
 
-Shape::Place Shape::SkipComment(Place at) {
+StatementTemplate::Position StatementTemplate::SkipComment(Position at) {
   const QStringView rest(at, end_ - at);
   qsizetype length = rest.indexOf(*at == u'-' ? QStringView(u"\n") : QStringView(u"*/"), 2);
   if (*at == u'-')

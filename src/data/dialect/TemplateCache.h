@@ -18,16 +18,16 @@ struct Translated {
   QStringList pinnedValues;
 };
 
-/// Translations by the shape of their statements, those of one shape apart by the literals that they were made for.
-/// Bounded: when it is full it begins anew, which costs less than keeping account of what was used last.
-class ShapeCache {
+/// Translations by the template of their statements, those of one template apart by the literals that they were made
+/// for. Bounded: when it is full it begins anew, which costs less than keeping account of what was used last.
+class TemplateCache {
  public:
-  const Translated* Find(std::u16string_view shape, const std::vector<Literal>& literals, const QString& statement);
-  const Translated& Keep(std::u16string_view shape, Translated translated);
+  const Translated* Find(std::u16string_view key, const std::vector<Literal>& literals, const QString& statement);
+  const Translated& Keep(std::u16string_view key, Translated translated);
   void Clear();
   std::size_t Size() const { return count_; }
 
-  static constexpr std::size_t kMost = 512, kMostOfOneShape = 16;
+  static constexpr std::size_t kMost = 512, kMostOfOneTemplate = 16;
 
  private:
   struct Hash {

@@ -1,9 +1,0 @@
-#include <folvane/createdname.h>
-
-#include "base/KeyMaker.h"
-
-namespace folvane {
-
-QString createdname::CreateName() const { return folvane::CreateName(); }
-
-}  // namespace folvane
