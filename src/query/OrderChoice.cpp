@@ -4,7 +4,7 @@
 
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
-#include "records/TableRights.h"
+#include "records/ListOrder.h"
 #include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
 

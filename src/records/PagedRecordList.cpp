@@ -15,8 +15,8 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int kIconColumn = 6;
 
-void ShowFailure(const QString& what, const std::exception& error) {
-  ShowMessage({what + ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)});
+MessageRequest MessageOf(const QString& what, const std::exception& error) {
+  return {what + ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)};
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ void PagedRecordList::FillRows(int maximum, SearchDirection direction) {
       progress_(added + 1, maximum);
     }
   } catch (const std::exception& error) {
-    ShowFailure(u"将数据添加至列表时出现错误，原因为："_s, error);
+    failure_(MessageOf(u"将数据添加至列表时出现错误，原因为："_s, error));
   }
   progress_(-1, maximum);
 }
@@ -45,7 +45,7 @@ bool PagedRecordList::AddRow(SearchDirection direction) {
     list_.InsertRow(direction == SearchDirection::Forward ? list_.Count() : 0, ReadRow());
     return true;
   } catch (const std::exception& error) {
-    ShowFailure(u"将当前记录加载至列表时出现错误，原因是："_s, error);
+    failure_(MessageOf(u"将当前记录加载至列表时出现错误，原因是："_s, error));
     return false;
   }
 }
