@@ -163,6 +163,7 @@ void RecordList::Reload(const QString& key) {
 }
 
 void RecordList::ShowAt(const QString& key) {
+  model_.ClearTicks();
   pages_.PositionOnOrFirst(key);
   const qint64 position = records_.AbsolutePosition();
   ShowFromCursor();

@@ -79,6 +79,9 @@ class RecordList {
   qint64 RecordCount() const { return records_.IsOpen() ? records_.RecordCount() : 0; }
   const RecordListModel& Rows() const { return model_; }
   RecordListView& View() const { return view_; }
+  /// Gives the rows boxes to tick, which Rows() tells. A tick stays while the user moves in the list; it goes when the
+  /// records are opened or read again.
+  void SetTickable(bool tickable) { model_.SetTickable(tickable); }
   /// The key of the current row's record, "" when there is none.
   QString SelectedKey() const;
   /// The keys of all selected rows, from the top.

@@ -25,7 +25,8 @@ struct ListRow {
 /// The rows of a record list that have been loaded so far. The last column always holds the record's key.
 ///
 /// Rows and columns count from 0 here, as in any item model. Display role is the text; Qt::UserRole of a header is the
-/// column's key and + 2 its tag; of a row Qt::UserRole is the record's key and + 1 the icon number.
+/// column's key and + 2 its tag; of a row Qt::UserRole is the record's key and + 1 the icon number. Qt::CheckStateRole
+/// of the first column ticks a row.
 class RecordListModel : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
@@ -49,15 +50,25 @@ class RecordListModel : public QAbstractTableModel {
   /// What the decoration role shows for an icon number.
   void SetDecoration(std::function<QVariant(int icon)> decoration) { decoration_ = std::move(decoration); }
 
+  /// Whether rows have a box to tick, before their first cell; they have none unless told so.
+  void SetTickable(bool tickable);
+  /// The keys of the ticked records in the order in which they were ticked, whether their rows are loaded or not.
+  const QStringList& Ticked() const { return ticked_; }
+  void ClearTicks();
+
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
   std::vector<ListColumn> columns_;
   std::deque<ListRow> rows_;
   std::function<QVariant(int)> decoration_;
+  bool tickable_ = false;
+  QStringList ticked_;
 };
 
 }  // namespace folvane

@@ -43,6 +43,9 @@ class RecordListTest : public DesignTest {
     return cells;
   }
   void Choose(int row) { view_.setCurrentIndex(list_.Rows().index(row - 1, 0)); }
+  bool Tick(int row, bool on = true) {
+    return view_.model()->setData(list_.Rows().index(row - 1, 0), on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+  }
 
   RecordListView view_;
   Recordset records_;
@@ -236,6 +239,37 @@ TEST_P(RecordListTest, AWidthThatTheUserGaveBelongsToTheTable) {
   EXPECT_EQ(list_.Table(), QString());
   list_.ShowColumns(u"Lwdj"_s);
   EXPECT_EQ((QList<int>{view_.columnWidth(0), view_.columnWidth(1), view_.columnWidth(2)}), (QList<int>{77, 100, 1}));
+}
+
+TEST_P(RecordListTest, RowsCanBeTickedOnlyWhereTheListIsTickable) {
+  Open(3);
+  EXPECT_FALSE(Tick(1));
+  EXPECT_FALSE(list_.Rows().index(0, 0).data(Qt::CheckStateRole).isValid());
+  list_.SetTickable(true);
+  EXPECT_EQ(list_.Rows().index(0, 0).data(Qt::CheckStateRole).toInt(), Qt::Unchecked);
+  EXPECT_FALSE(list_.Rows().index(0, 1).data(Qt::CheckStateRole).isValid()) << "a box for each row";
+}
+
+TEST_P(RecordListTest, TheKeysOfTickedRowsComeInTheOrderOfTheTicks) {
+  Open(3);
+  list_.SetTickable(true);
+  for (const int row : {3, 1, 2}) EXPECT_TRUE(Tick(row));
+  Tick(1, false);
+  EXPECT_EQ(list_.Rows().Ticked(), (QStringList{DesignedDatabase::Key(3), DesignedDatabase::Key(2)}));
+  EXPECT_EQ(list_.Rows().index(2, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+}
+
+TEST_P(RecordListTest, ATickOutlastsAMoveAndNoReading) {
+  Open(100);
+  list_.SetTickable(true);
+  Choose(1);
+  Tick(2);
+  list_.LastRecord();
+  EXPECT_EQ(list_.Rows().FindRow(DesignedDatabase::Key(2)), -1) << "its row is gone for now";
+  list_.FirstRecord();
+  EXPECT_EQ(list_.Rows().index(1, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+  list_.SortByColumn(0);
+  EXPECT_EQ(list_.Rows().Ticked(), QStringList());
 }
 
 }  // namespace folvane::test
