@@ -19,7 +19,6 @@
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
 #include "browser/TableNavigation.h"
-#include "records/OriginalsOfRecord.h"
 #include "records/RecordList.h"
 #include "records/ReportEntries.h"
 #include "shell/CommonRoutines.h"
@@ -154,7 +153,7 @@ void FrmMain::EnterTable() {
 void FrmMain::ShowRow() {
   originals_->Clear();
   const BrowserView view = View();
-  if (view.selected) originals_->ShowOriginals(ReadOriginals(list_->SelectedKey()));
+  if (view.selected) originals_->ShowOriginalsOf(list_->SelectedKey());
   TellShown();
   commands_->Enable(BrowserEnabling(view));
   if (!view.hasRows) status_->ShowNoRecords();

@@ -3,11 +3,10 @@
 #include <algorithm>
 #include <exception>
 
-#include "records/OriginalsOfRecord.h"
-#include "records/RowIcon.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
+#include "shell/SharedState.h"
 
 namespace folvane {
 namespace {
@@ -17,6 +16,12 @@ constexpr int kIconColumn = 6;
 
 MessageRequest MessageOf(const QString& what, const std::exception& error) {
   return {what + ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)};
+}
+
+bool HasOriginals(const QString& recordKey) {
+  Recordset rows;
+  rows.Open(u"Select * From Original_Text Where RecordID = '"_s + EscapeSql(recordKey) + u"'"_s, SharedConnection());
+  return !rows.EOF_();
 }
 
 }  // namespace

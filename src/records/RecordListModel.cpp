@@ -4,6 +4,11 @@
 
 namespace folvane {
 
+int IconOfRow(const QString& seventhCell, bool hasOriginals) {
+  if (seventhCell.trimmed().isEmpty()) return hasOriginals ? RowIcon::EmptyWithOriginals : RowIcon::Empty;
+  return hasOriginals ? RowIcon::FilledWithOriginals : RowIcon::Filled;
+}
+
 void RecordListModel::SetColumns(std::vector<ListColumn> columns) {
   beginResetModel();
   rows_.clear();
@@ -40,18 +45,6 @@ void RecordListModel::InsertRow(int at, ListRow row) {
 
 QString RecordListModel::KeyOf(int row) const {
   return row >= 0 && row < Count() && !Row(row).cells.isEmpty() ? Row(row).cells.last() : QString();
-}
-
-int RecordListModel::FindRow(const QString& key) const {
-  for (int row = 0; row < Count(); ++row) {
-    if (KeyOf(row) == key) return row;
-  }
-  return -1;
-}
-
-void RecordListModel::SetIcon(int row, int icon) {
-  rows_.at(size_t(row)).icon = icon;
-  Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1), {Qt::DecorationRole, Qt::UserRole + 1});
 }
 
 void RecordListModel::SetTickable(bool tickable) {

@@ -16,6 +16,13 @@ struct ListColumn {
   QString tag;
 };
 
+/// The icons of a list row: they tell whether the seventh column holds something and whether the record has originals.
+namespace RowIcon {
+enum : int { Filled = 1, Empty = 2, Original = 3, FilledWithOriginals = 4, EmptyWithOriginals = 5 };
+}  // namespace RowIcon
+
+int IconOfRow(const QString& seventhCell, bool hasOriginals);
+
 /// A row of a record list: one text per column, and the number of its icon.
 struct ListRow {
   QStringList cells;
@@ -44,9 +51,6 @@ class RecordListModel : public QAbstractTableModel {
   const ListRow& Row(int row) const { return rows_.at(size_t(row)); }
   /// The key of a row's record; "" for a row that is not there.
   QString KeyOf(int row) const;
-  /// The row of a record, -1 when it is not loaded.
-  int FindRow(const QString& key) const;
-  void SetIcon(int row, int icon);
   /// What the decoration role shows for an icon number.
   void SetDecoration(std::function<QVariant(int icon)> decoration) { decoration_ = std::move(decoration); }
 

@@ -4,7 +4,6 @@
 #include "records/ListColumns.h"
 #include "records/PagedRecordList.h"
 #include "records/RecordStatement.h"
-#include "records/RowIcon.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {
@@ -179,14 +178,6 @@ TEST(RowIconTest, SeventhColumnAndOriginalsGiveTheIcon) {
   EXPECT_EQ(IconOfRow(u"a"_s, false), 1);
   EXPECT_EQ(IconOfRow(QString(), true), 5);
   EXPECT_EQ(IconOfRow(u"a"_s, true), 4);
-}
-
-TEST(RowIconTest, ACountOfTheOriginalsMovesTheIconWithinItsPair) {
-  EXPECT_EQ(IconAfterCount(4, false), 1);
-  EXPECT_EQ(IconAfterCount(5, false), 2);
-  EXPECT_EQ(IconAfterCount(1, true), 4);
-  EXPECT_EQ(IconAfterCount(2, true), 5);
-  EXPECT_EQ(IconAfterCount(4, true), 4);
 }
 
 }  // namespace folvane::test
