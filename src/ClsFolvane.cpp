@@ -5,7 +5,7 @@
 #include <folvane/DataError.h>
 
 #include "base/IgnoreErrors.h"
-#include "browser/RecordBrowser.h"
+#include "browser/FrmMain.h"
 #include "data/Recordset.h"
 #include "flows/FlowWindow.h"
 #include "shell/ModalWindow.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 #include <functional>
 #include <vector>
 
@@ -15,9 +14,14 @@ class QMenu;
 namespace folvane {
 
 class BrowserStatus;
+struct BrowserEnabling;
 
-/// The commands of the record browser and the groups in which rights and the record list enable them. A new command
-/// clears the notice of the one before. An error of a toolbar key ends it; the status line tells.
+/// The menus of the record browser, the pop-up on the originals among them, and its toolbar. Commands whose subsystem
+/// does not exist yet are unavailable.
+CommandDesign BrowserDesign();
+
+/// The commands of the record browser. A new command clears the notice of the one before. An error of a toolbar key
+/// ends it; the status line tells.
 class BrowserCommands {
  public:
   BrowserCommands(QMainWindow& window, BrowserStatus& status);
@@ -27,16 +31,7 @@ class BrowserCommands {
   /// What a toolbar key without a twin runs.
   void OnKey(const QString& key, std::function<void()> handler);
   void BindShortcut(const QString& entry, QWidget& widget) { commands_.BindShortcut(entry, widget); }
-  bool IsEntryEnabled(const QString& entry) const { return commands_.IsEntryEnabled(entry); }
-
-  // The commands that reading, changing and printing take. Looking at originals takes a right too, which also enables
-  // the list of originals; RecordListPart sees to that.
-  void SetBrowseCommands(bool on, bool hasParentTable);
-  void SetEditCommands(bool on, bool hasTarget);
-  void SetPrintCommands(bool on);
-
-  void EnableEntries(const QStringList& entries, bool on);
-  void EnableKeys(const QStringList& keys, bool on);
+  void Enable(const BrowserEnabling& enabling);
 
   /// Shows the reports of a table as entries of the report menu; without any the one entry that says so.
   void ShowReports(const std::vector<ReportRow>& reports);

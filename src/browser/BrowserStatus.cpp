@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include "shell/EventGuard.h"
 #include "widgets/StatusPanel.h"
 
 namespace folvane {
@@ -46,6 +47,14 @@ void BrowserStatus::ShowNotice(const QString& text) {
   notice_->setText(text.simplified());
   notice_->setToolTip(text);
   notice_->repaint();
+}
+
+void BrowserStatus::RunTrapped(const std::function<void()>& command) {
+  try {
+    command();
+  } catch (const std::exception& error) {
+    ShowNotice(u"未能完成："_s + ErrorText(error));
+  }
 }
 
 void BrowserStatus::ShowProgress(int done, int maximum) {

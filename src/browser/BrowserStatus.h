@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStatusBar>
+#include <functional>
 
 class QLabel;
 class QProgressBar;
@@ -18,6 +19,8 @@ class BrowserStatus : public QStatusBar {
   void ShowPosition(qint64 position, qint64 count);
   /// What a command is about to do, has done or could not do; "" takes it away.
   void ShowNotice(const QString& text);
+  /// Runs a command whose errors end it without a message box: the notice tells what could not be done.
+  void RunTrapped(const std::function<void()>& command);
   /// @param done rows filled of the maximum, -1 when the filling has ended
   void ShowProgress(int done, int maximum);
 

@@ -1,12 +1,11 @@
 #include "browser/BulkCommands.h"
 
-#include "browser/BrowserState.h"
-#include "browser/CommandTrap.h"
-#include "browser/RecordListPart.h"
+#include "browser/BrowserStatus.h"
 #include "bulk/FrmBactchUpdate.h"
 #include "originals/OriginalStore.h"
 #include "query/AskQuery.h"
 #include "query/ConditionText.h"
+#include "records/RecordList.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
@@ -36,17 +35,17 @@ QString CountText(const QString& table, const AskedQuery& query) {
 }  // namespace
 
 void BulkCommands::Delete() {
-  RunTrapped(parts_.Status, [this] { DeleteQueried(); });
+  status_.RunTrapped([this] { DeleteQueried(); });
 }
 
 void BulkCommands::DeleteQueried() {
-  if (parts_.State.CurrTable.isEmpty()) return;
+  if (list_.Table().isEmpty()) return;
   const QString key = list_.SelectedKey();
-  const AskedQuery query = AskCompoundQuery(parts_.State.CurrTable);
+  const AskedQuery query = AskCompoundQuery(list_.Table());
   const QString leftOut = LeftOutNote(query.ignored);
-  parts_.Status.ShowNotice(query.condition.isEmpty() ? leftOut : QString());
+  status_.ShowNotice(query.condition.isEmpty() ? leftOut : QString());
   if (query.condition.isEmpty()) return;
-  QStringList notes{CountText(parts_.State.CurrTable, query), leftOut};
+  QStringList notes{CountText(list_.Table(), query), leftOut};
   notes.removeAll(QString());
   const MessageRequest question{u"确定要批量删除这些记录以及相关原文吗？"_s,
                                 MessageFlag::OkCancel + MessageFlag::Warning + MessageFlag::SecondIsDefault,
@@ -57,11 +56,11 @@ void BulkCommands::DeleteQueried() {
   const BusyPointer busy;
   const qint64 gone = DeleteWhere(query.condition);
   list_.Reload(key);
-  parts_.Status.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
+  status_.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
 }
 
 qint64 BulkCommands::DeleteWhere(const QString& condition) {
-  const QString selected = parts_.State.CurrTable + u" Where "_s + condition;
+  const QString selected = list_.Table() + u" Where "_s + condition;
   DeleteOriginals(u" Where RecordID In (Select ArchiveID From "_s + selected + u")"_s);
   return SharedConnection()->Execute(u"Delete From "_s + selected);
 }
@@ -71,9 +70,10 @@ void BulkCommands::Update() {
   bool changed = false;
   {
     const LoadedWindow<FrmBactchUpdate> window;
-    window->TableName = parts_.State.CurrTable;
-    window->vsPos = parts_.List.CurrentRow() > 0 ? parts_.List.CurrentRow() : kNoRow;
-    window->Parameters = &parts_.State.Parameters;
+    window->TableName = list_.Table();
+    const int row = list_.View().CurrentRow();
+    window->vsPos = row > 0 ? row : kNoRow;
+    window->Parameters = &parameters_;
     window->Open();
     changed = window->IsSucceed;
   }

@@ -2,16 +2,17 @@
 
 #include <QString>
 
-#include "browser/BrowserParts.h"
-
 namespace folvane {
 
-class RecordListPart;
+class BrowserStatus;
+class RecordList;
+class TableParameters;
 
 /// The commands that change many records of the table at once.
 class BulkCommands {
  public:
-  BulkCommands(const BrowserParts& parts, RecordListPart& list) : parts_(parts), list_(list) {}
+  BulkCommands(RecordList& list, TableParameters& parameters, BrowserStatus& status)
+      : list_(list), parameters_(parameters), status_(status) {}
 
   /// Deletes the records of a compound query with their originals, whether the user may see them or not. Beside the
   /// question stands how many they are. An error ends it; the status line tells.
@@ -23,8 +24,9 @@ class BulkCommands {
   void DeleteQueried();
   qint64 DeleteWhere(const QString& condition);
 
-  BrowserParts parts_;
-  RecordListPart& list_;
+  RecordList& list_;
+  TableParameters& parameters_;
+  BrowserStatus& status_;
 };
 
 }  // namespace folvane

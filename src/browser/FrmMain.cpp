@@ -1,23 +1,29 @@
 #include "browser/FrmMain.h"
 
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QSplitter>
 #include <QTreeView>
 
 #include <folvane/Icons.h>
 
 #include "browser/BrowserCommands.h"
+#include "browser/BrowserEnabling.h"
 #include "browser/BrowserStatus.h"
 #include "browser/BulkCommands.h"
-#include "browser/ClassTreePart.h"
 #include "browser/FilterBar.h"
+#include "browser/ListLimits.h"
 #include "browser/OriginalsView.h"
 #include "browser/QueryCommands.h"
 #include "browser/RecordCommands.h"
-#include "browser/RecordListPart.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
+#include "browser/TableNavigation.h"
+#include "records/RecordList.h"
+#include "records/ReportEntries.h"
+#include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
+#include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "shell/OpenHelp.h"
 #include "shell/SharedState.h"
@@ -29,29 +35,55 @@ namespace folvane {
 
 using namespace Qt::Literals::StringLiterals;
 
+void ShowRecordBrowser() {
+  DefaultInstance<FrmMain>::Unload();
+  FrmMain& window = DefaultInstance<FrmMain>::Get();
+  ShowModal(window, [&window] { window.Start(); });
+  if (DefaultInstance<FrmMain>::IsLoaded()) RunGuarded([&window] { window.End(); });
+}
+
 FrmMain::FrmMain() {
   setObjectName(u"FrmMain"_s);
   setWindowTitle(u"文件登记"_s);
   setWindowIcon(Icon(u"folvane"_s));
   LayOut();
-  const BrowserParts parts{state_,     *commands_,  *status_, *search_,  *treeView_,
-                           *listView_, *originals_, *limits_, *listHint_};
-  list_ = std::make_unique<RecordListPart>(parts);
-  tree_ = std::make_unique<ClassTreePart>(parts, *list_);
-  related_ = std::make_unique<RelatedRecords>(parts, *tree_, *list_);
-  recordCommands_ = std::make_unique<RecordCommands>(parts, *list_);
-  bulkCommands_ = std::make_unique<BulkCommands>(parts, *list_);
-  queryCommands_ = std::make_unique<QueryCommands>(parts, *list_);
+  MakeList();
+  MakeNavigation();
+  limits_ = std::make_unique<ListLimits>(*list_, parameters_, *tables_, *search_);
+  related_ = std::make_unique<RelatedRecords>(*tables_, *list_, parameters_);
+  recordCommands_ = std::make_unique<RecordCommands>(*list_, parameters_, *treeView_, *status_);
+  bulkCommands_ = std::make_unique<BulkCommands>(*list_, parameters_, *status_);
+  queryCommands_ = std::make_unique<QueryCommands>(*list_, parameters_, *limits_, *status_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
+  originals_->setEnabled(false);
   commands_->ShowReports({});
-  list_->DisableCommands();
+  commands_->Enable(BrowserEnabling({}));
 }
 
 // The models are members and destroyed before the views, which are children: the views must not ask them any more.
 FrmMain::~FrmMain() {
   for (QTreeView* view : findChildren<QTreeView*>()) view->setModel(nullptr);
+}
+
+void FrmMain::MakeList() {
+  RecordList::News news;
+  news.opening = [this] { status_->ShowNotice({}); };
+  news.chosen = [this] { ShowRow(); };
+  news.entered = [this] { OpenRow(); };
+  news.progress = [this](int done, int maximum) { status_->ShowProgress(done, maximum); };
+  news.failure = [](const MessageRequest& message) { ShowMessage(message); };
+  list_ = std::make_unique<RecordList>(*listView_, Shared().CurrentRecords, parameters_, std::move(news));
+}
+
+void FrmMain::MakeNavigation() {
+  TableNavigation::Steps steps;
+  steps.leave = [this] { LeaveTable(); };
+  steps.enter = [this] { EnterTable(); };
+  steps.tell = [this] { TellShown(); };
+  steps.stay = [this] { TellUnchanged(); };
+  tables_ = std::make_unique<TableNavigation>(*treeView_, parameters_, *list_, std::move(steps));
 }
 
 void FrmMain::Connect() {
@@ -63,9 +95,9 @@ void FrmMain::Connect() {
     FrmAbout about;
     ShowModal(about);
   });
-  search_->OnSearch([this] { queryCommands_->QuickSearch(); });
-  limits_->OnLift([this] { LiftFilter(); });
-  list_->OnEnter([this] { OpenRow(); });
+  search_->OnSearch([this](const QString& condition) { list_->ShowWhere(condition); });
+  filterBar_->OnLift([this] { LiftFilter(); });
+  ConnectGuarded(listView_->header(), &QHeaderView::sectionClicked, this, &FrmMain::SortByColumn);
   ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { OpenRow(); });
   ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
 }
@@ -96,14 +128,77 @@ void FrmMain::ConnectCommands() {
 
 void FrmMain::Start() {
   if (status_->IsStarted()) return;
-  tree_->Start();
+  tables_->Start();
   status_->SetStarted(true);
   listView_->setFocus();
 }
 
+void FrmMain::LeaveTable() {
+  commands_->Enable(BrowserEnabling({}));
+  originals_->Clear();
+}
+
+void FrmMain::EnterTable() {
+  const QString& table = list_->Table();
+  if (table.isEmpty()) {
+    status_->ShowNothing();
+    commands_->ShowReports({});
+    return;
+  }
+  search_->Fill(table);
+  commands_->ShowReports(ReadReportEntries(table));
+  commands_->Enable(BrowserEnabling(View()));
+}
+
+void FrmMain::ShowRow() {
+  originals_->Clear();
+  const BrowserView view = View();
+  if (view.selected) originals_->ShowOriginalsOf(list_->SelectedKey());
+  TellShown();
+  commands_->Enable(BrowserEnabling(view));
+  if (!view.hasRows) status_->ShowNoRecords();
+  if (view.selected) status_->ShowPosition(view.position, view.count);
+}
+
+void FrmMain::TellShown() {
+  const bool hasTable = !list_->Table().isEmpty();
+  if (hasTable) {
+    filterBar_->ShowLimits(limits_->FilterText(), limits_->RightsText());
+  } else {
+    filterBar_->Clear();
+  }
+  search_->setEnabled(hasTable);
+  search_->FollowFilter(list_->ShownFilter());
+  originals_->setEnabled(hasTable && parameters_.Grants().lookFile);
+  listHint_->ShowHint(hasTable ? limits_->EmptyListHint() : tables_->ChoiceHint());
+  tables_->FollowFilter();
+}
+
+// The list stands as it was, whatever the node seems to promise.
+void FrmMain::TellUnchanged() {
+  const QString filter = limits_->FilterText();
+  status_->ShowNotice(filter.isEmpty() ? QString() : u"列表仍按“"_s + filter + u"”显示，按 F5 显示全部"_s);
+}
+
+BrowserView FrmMain::View() const {
+  const Recordset& records = list_->Records();
+  return {!list_->Table().isEmpty(),
+          parameters_.Grants(),
+          tables_->HasParentTable(),
+          list_->State() == ListRecords::Refused,
+          list_->Rows().Count() > 0,
+          listView_->CurrentRow() > 0,
+          records.IsOpen() ? records.AbsolutePosition() : 0,
+          list_->RecordCount()};
+}
+
+void FrmMain::SortByColumn(int column) {
+  status_->RunTrapped([&] { list_->SortByColumn(column); });
+}
+
 // The list cannot be worked in before the entry window has gone and the list shows the records again.
 void FrmMain::OpenRow() {
-  if (!state_.Parameters.Selected(Parameter::Child).isEmpty()) {
+  if (!parameters_.Selected(Parameter::Child).isEmpty()) {
     related_->OpenChildren();
     return;
   }
@@ -120,7 +215,7 @@ void FrmMain::LiftFilter() {
 }
 
 void FrmMain::ShowOriginalsMenu(const QPoint& at) {
-  if (listView_->CurrentRow() == 0 || !state_.Parameters.Grants().lookFile) return;
+  if (listView_->CurrentRow() == 0 || !parameters_.Grants().lookFile) return;
   commands_->OriginalsMenu().popup(originals_->viewport()->mapToGlobal(at));
 }
 
@@ -134,8 +229,8 @@ void FrmMain::End() {
   status_->SetStarted(false);
   KeepSplitters();
   list_->KeepColumnWidths();
-  tree_->End();
-  if (Shared().CurrentRecords.IsOpen()) Shared().CurrentRecords.Close();
+  tables_->End();
+  if (list_->Records().IsOpen()) list_->Records().Close();
 }
 
 }  // namespace folvane

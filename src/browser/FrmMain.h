@@ -3,7 +3,7 @@
 #include <QMainWindow>
 #include <memory>
 
-#include "browser/BrowserState.h"
+#include "records/TableParameters.h"
 
 class QSplitter;
 class QTreeView;
@@ -13,16 +13,22 @@ namespace folvane {
 class BrowserCommands;
 class BrowserStatus;
 class BulkCommands;
-class ClassTreePart;
 class FilterBar;
+class ListLimits;
 class OriginalsView;
 class QueryCommands;
 class RecordCommands;
-class RecordListPart;
+class RecordList;
 class RecordListView;
 class RelatedRecords;
 class SearchBar;
+class TableNavigation;
 class ViewHint;
+struct BrowserView;
+
+/// Opens the record browser and returns when the user has closed it. Its tree and list are built anew each time.
+/// @throws DataError what fails while it opens
+void ShowRecordBrowser();
 
 /// The record browser: the class tree on the left, the records of the chosen table on the right with the originals of
 /// the selected one beneath.
@@ -33,8 +39,8 @@ class FrmMain : public QMainWindow {
 
   /// The work of the first activation; later ones do nothing. @throws DataError
   void Start();
-  /// Keeps the place for the next start and lets go of the records; nothing the second time. The closing of the window
-  /// does it, after the windows over it have been closed; whoever hides it calls this.
+  /// Keeps the table in view for the next start and lets go of the records; nothing the second time. The closing of the
+  /// window does it, after the windows over it have been closed; whoever hides it calls this.
   void End();
 
  protected:
@@ -45,27 +51,40 @@ class FrmMain : public QMainWindow {
   void AddTreeView();
   void AddListViews();
   void AddParameterView();
+  void MakeList();
+  void MakeNavigation();
   void Connect();
   void ConnectMoves();
   void ConnectCommands();
+
+  // What the window does as another table, other records or another row come into view.
+  void LeaveTable();
+  void EnterTable();
+  void ShowRow();
+  void TellShown();
+  void TellUnchanged();
+  BrowserView View() const;
+
+  void SortByColumn(int column);
   void OpenRow();
   void LiftFilter();
   void RestoreSplitters();
   void KeepSplitters() const;
   void ShowOriginalsMenu(const QPoint& at);
 
-  BrowserState state_;
+  TableParameters parameters_;
   std::unique_ptr<BrowserCommands> commands_;
   BrowserStatus* status_;
   SearchBar* search_;
-  FilterBar* limits_;
+  FilterBar* filterBar_;
   QTreeView* treeView_;
   RecordListView* listView_;
   ViewHint* listHint_;
   OriginalsView* originals_;
   QSplitter *columns_, *rows_;
-  std::unique_ptr<RecordListPart> list_;
-  std::unique_ptr<ClassTreePart> tree_;
+  std::unique_ptr<RecordList> list_;
+  std::unique_ptr<TableNavigation> tables_;
+  std::unique_ptr<ListLimits> limits_;
   std::unique_ptr<RelatedRecords> related_;
   std::unique_ptr<RecordCommands> recordCommands_;
   std::unique_ptr<BulkCommands> bulkCommands_;

@@ -3,15 +3,12 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include <folvane/Icons.h>
-
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserStatus.h"
 #include "browser/FilterBar.h"
 #include "browser/FrmMain.h"
 #include "browser/OriginalsView.h"
 #include "browser/SearchBar.h"
-#include "records/RowIcon.h"
 #include "shell/RegistryValues.h"
 #include "widgets/RecordListView.h"
 #include "widgets/ViewHint.h"
@@ -20,13 +17,13 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kPlaces = u"Software\\Norvex\\Folvane\\Windows"_s;
-const QString kColumnsPlace = u"FrmMain.Columns"_s;
-const QString kRowsPlace = u"FrmMain.Rows"_s;
+const QString kWindowsPath = u"Software\\Norvex\\Folvane\\Windows"_s;
+const QString kColumnSizes = u"FrmMain.Columns"_s;
+const QString kRowSizes = u"FrmMain.Rows"_s;
 
 void RestoreSizes(QSplitter& splitter, const QString& name, const QList<int>& usual) {
   QList<int> sizes;
-  for (const QString& size : QueryValue(kCurrentUser, kPlaces, name).split(u',', Qt::SkipEmptyParts)) {
+  for (const QString& size : QueryValue(kCurrentUser, kWindowsPath, name).split(u',', Qt::SkipEmptyParts)) {
     sizes.append(size.toInt());
   }
   splitter.setSizes(sizes.size() == usual.size() ? sizes : usual);
@@ -35,7 +32,7 @@ void RestoreSizes(QSplitter& splitter, const QString& name, const QList<int>& us
 void KeepSizes(const QSplitter& splitter, const QString& name) {
   QStringList sizes;
   for (const int size : splitter.sizes()) sizes.append(QString::number(size));
-  SaveValue(kCurrentUser, kPlaces, name, sizes.join(u','));
+  SaveValue(kCurrentUser, kWindowsPath, name, sizes.join(u','));
 }
 
 }  // namespace
@@ -64,8 +61,6 @@ void FrmMain::AddTreeView() {
   treeView_->setUniformRowHeights(true);
   treeView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   treeView_->setMinimumWidth(140);
-  state_.Tree.SetDecoration([](const QString& image) { return Icon(image); });
-  treeView_->setModel(&state_.Tree);
 }
 
 void FrmMain::AddListViews() {
@@ -73,20 +68,18 @@ void FrmMain::AddListViews() {
   auto* column = new QVBoxLayout(right);
   column->setContentsMargins(0, 0, 0, 0);
   search_ = new SearchBar(right);
-  limits_ = new FilterBar(right);
+  filterBar_ = new FilterBar(right);
   rows_ = new QSplitter(Qt::Vertical, right);
   rows_->setChildrenCollapsible(false);
   listView_ = new RecordListView(rows_);
   listView_->setObjectName(u"LVData"_s);
   listView_->setAccessibleName(u"记录列表"_s);
   listView_->header()->setSectionsClickable(true);
-  state_.List.SetDecoration([](int icon) { return Icon(u"row%1"_s.arg(icon)); });
-  listView_->setModel(&state_.List);
   listHint_ = new ViewHint(*listView_, u"ListHint"_s);
   originals_ = new OriginalsView(rows_);
   rows_->setStretchFactor(0, 1);
   column->addWidget(search_);
-  column->addWidget(limits_);
+  column->addWidget(filterBar_);
   column->addWidget(rows_, 1);
 }
 
@@ -95,22 +88,21 @@ void FrmMain::AddParameterView() {
   auto* view = new QTreeView(this);
   view->setObjectName(u"LV_Para"_s);
   view->hide();
-  view->setModel(&state_.Parameters);
-  connect(&state_.Parameters, &TableParameters::TagChanged, view,
+  view->setModel(&parameters_);
+  connect(&parameters_, &TableParameters::TagChanged, view,
           [view](const QString& tag) { view->setProperty("Tag", tag); });
-  connect(&state_.Parameters, &TableParameters::SelectedRowChanged, view, [this, view](int row) {
-    view->setCurrentIndex(row == 0 ? QModelIndex() : state_.Parameters.index(row - 1, 0));
-  });
+  connect(&parameters_, &TableParameters::SelectedRowChanged, view,
+          [this, view](int row) { view->setCurrentIndex(row == 0 ? QModelIndex() : parameters_.index(row - 1, 0)); });
 }
 
 void FrmMain::RestoreSplitters() {
-  RestoreSizes(*columns_, kColumnsPlace, {250, 930});
-  RestoreSizes(*rows_, kRowsPlace, {420, 130});
+  RestoreSizes(*columns_, kColumnSizes, {250, 930});
+  RestoreSizes(*rows_, kRowSizes, {420, 130});
 }
 
 void FrmMain::KeepSplitters() const {
-  KeepSizes(*columns_, kColumnsPlace);
-  KeepSizes(*rows_, kRowsPlace);
+  KeepSizes(*columns_, kColumnSizes);
+  KeepSizes(*rows_, kRowSizes);
 }
 
 }  // namespace folvane

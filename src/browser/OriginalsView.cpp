@@ -4,7 +4,11 @@
 
 #include <folvane/Icons.h>
 
-#include "records/RowIcon.h"
+#include "catalogue/OriginalRows.h"
+#include "catalogue/ReadRows.h"
+#include "records/RecordListModel.h"
+#include "shell/SharedState.h"
+#include "shell/SqlText.h"
 #include "widgets/ViewHint.h"
 
 namespace folvane {
@@ -40,8 +44,11 @@ void OriginalsView::Clear() {
   hint_->ShowHint({});
 }
 
-void OriginalsView::ShowOriginals(const std::vector<OriginalRow>& originals) {
+void OriginalsView::ShowOriginalsOf(const QString& recordKey) {
   Clear();
+  const std::vector<OriginalRow> originals =
+      ReadRows<OriginalRow>(SharedConnection(), u"Select * from Original_Text Where RecordId='"_s +
+                                                    EscapeSql(recordKey) + u"'  Order By FileOrder"_s);
   if (originals.empty()) hint_->ShowHint(u"此文件没有原文。"_s);
   for (const OriginalRow& original : originals) {
     QStandardItem* name = NewItem(original.originalName);

@@ -2,9 +2,6 @@
 
 #include <QStandardItemModel>
 #include <QTreeView>
-#include <vector>
-
-#include "records/OriginalsOfRecord.h"
 
 namespace folvane {
 
@@ -16,7 +13,8 @@ class OriginalsView : public QTreeView {
   explicit OriginalsView(QWidget* parent = nullptr);
 
   void Clear();
-  void ShowOriginals(const std::vector<OriginalRow>& originals);
+  /// Reads the originals of a record and shows them in their order. @throws DataError
+  void ShowOriginalsOf(const QString& recordKey);
 
  private:
   QStandardItemModel model_;

@@ -1,21 +1,19 @@
 #pragma once
 
-#include <QString>
-
-#include "browser/BrowserParts.h"
-
 namespace folvane {
 
-class RecordListPart;
+class BrowserStatus;
+class ListLimits;
+class RecordList;
+class TableParameters;
 struct AskedQuery;
 
 /// The commands that say which records the list shows and in what order, and those that go to one of them by number.
 class QueryCommands {
  public:
-  QueryCommands(const BrowserParts& parts, RecordListPart& list) : parts_(parts), list_(list) {}
+  QueryCommands(RecordList& list, TableParameters& parameters, ListLimits& limits, BrowserStatus& status)
+      : list_(list), parameters_(parameters), limits_(limits), status_(status) {}
 
-  /// Searches by the condition of the search bar.
-  void QuickSearch();
   void SimpleQuery();
   void CompoundQuery();
   /// Takes query and year away: all records that the user may see.
@@ -28,11 +26,11 @@ class QueryCommands {
 
  private:
   void Show(const AskedQuery& query);
-  /// @param words the same for reading where it cannot be told from its text; "" for none
-  void Show(const QString& filter, const QString& words = {});
 
-  BrowserParts parts_;
-  RecordListPart& list_;
+  RecordList& list_;
+  TableParameters& parameters_;
+  ListLimits& limits_;
+  BrowserStatus& status_;
 };
 
 }  // namespace folvane

@@ -3,13 +3,13 @@
 #include <QCoreApplication>
 #include <QTreeView>
 
-#include "browser/BrowserState.h"
-#include "browser/CommandTrap.h"
-#include "browser/RecordListPart.h"
+#include "browser/BrowserStatus.h"
 #include "bulk/FrmReplace.h"
 #include "entry/FrmInput.h"
 #include "originals/OriginalStore.h"
+#include "records/RecordList.h"
 #include "records/RecordStatement.h"
+#include "records/TableParameters.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
@@ -21,46 +21,45 @@ namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 void RecordCommands::Add() {
-  if (!parts_.State.CurrTable.isEmpty() && Shared().CurrentRecords.IsOpen()) OpenEntry(u"1"_s);
+  if (!list_.Table().isEmpty() && list_.Records().IsOpen()) OpenEntry(u"1"_s);
 }
 
 void RecordCommands::Change() {
-  if (!parts_.State.CurrTable.isEmpty() && parts_.List.CurrentRow() > 0) OpenEntry(u"0"_s);
+  if (!list_.Table().isEmpty() && list_.View().CurrentRow() > 0) OpenEntry(u"0"_s);
 }
 
 void RecordCommands::OpenEntry(const QString& addOnOpen) {
-  RecordListView& list = parts_.List;
+  RecordListView& view = list_.View();
   {
     const LoadedWindow<FrmInput> entry;
-    entry->CurrTable = parts_.State.CurrTable;
+    entry->CurrTable = list_.Table();
     entry->AddOnOpen = addOnOpen;
-    entry->Context = {parts_.Tree.currentIndex().data().toString(), &parts_.State.Parameters,
-                      [&list](const QString& key) { list.setProperty("Tag", key); }, OpenReplace};
+    entry->Context = {tree_.currentIndex().data().toString(), &parameters_,
+                      [&view](const QString& key) { view.setProperty("Tag", key); }, OpenReplace};
     entry->Open();
   }
-  list_.EnableCommands();
   QCoreApplication::processEvents();
-  list_.Reload(list.property("Tag").toString());
+  list_.Reload(view.property("Tag").toString());
 }
 
 void RecordCommands::Delete() {
-  RunTrapped(parts_.Status, [this] { DeleteSelected(); });
+  status_.RunTrapped([this] { DeleteSelected(); });
 }
 
 void RecordCommands::DeleteSelected() {
   const QStringList keys = list_.SelectedKeys();
-  if (parts_.State.CurrTable.isEmpty() || keys.isEmpty()) return;
-  parts_.Status.ShowNotice(u"选中 %1 条记录"_s.arg(keys.size()));
+  if (list_.Table().isEmpty() || keys.isEmpty()) return;
+  status_.ShowNotice(u"选中 %1 条记录"_s.arg(keys.size()));
   const int answer =
       ShowMessage(u"确定要删除当前文件及相关原文吗?"_s, MessageFlag::YesNo | MessageFlag::Information, kSystemTitle);
-  parts_.Status.ShowNotice({});
+  status_.ShowNotice({});
   if (answer != Answer::Yes) return;
   const BusyPointer busy;
   DeleteOriginals(u" Where RecordID "_s + InKeys(keys));
   const qint64 gone =
-      SharedConnection()->Execute(u"Delete from "_s + parts_.State.CurrTable + u" Where ArchiveId "_s + InKeys(keys));
+      SharedConnection()->Execute(u"Delete from "_s + list_.Table() + u" Where ArchiveId "_s + InKeys(keys));
   list_.Reload();
-  parts_.Status.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
+  status_.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
 }
 
 }  // namespace folvane

@@ -2,16 +2,20 @@
 
 #include <QString>
 
-#include "browser/BrowserParts.h"
+class QTreeView;
 
 namespace folvane {
 
-class RecordListPart;
+class BrowserStatus;
+class RecordList;
+class TableParameters;
 
 /// The commands that add, change and delete records.
 class RecordCommands {
  public:
-  RecordCommands(const BrowserParts& parts, RecordListPart& list) : parts_(parts), list_(list) {}
+  /// @param tree its current node names the table in the entry window
+  RecordCommands(RecordList& list, TableParameters& parameters, const QTreeView& tree, BrowserStatus& status)
+      : list_(list), parameters_(parameters), tree_(tree), status_(status) {}
 
   void Add();
   void Change();
@@ -22,8 +26,10 @@ class RecordCommands {
   void OpenEntry(const QString& addOnOpen);
   void DeleteSelected();
 
-  BrowserParts parts_;
-  RecordListPart& list_;
+  RecordList& list_;
+  TableParameters& parameters_;
+  const QTreeView& tree_;
+  BrowserStatus& status_;
 };
 
 }  // namespace folvane

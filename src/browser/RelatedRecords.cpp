@@ -1,10 +1,8 @@
 #include "browser/RelatedRecords.h"
 
-#include "browser/BrowserState.h"
-#include "browser/ClassTreePart.h"
-#include "browser/RecordListPart.h"
-#include "data/Recordset.h"
-#include "shell/SharedState.h"
+#include "browser/TableNavigation.h"
+#include "records/RecordList.h"
+#include "records/TableParameters.h"
 #include "shell/SqlText.h"
 
 namespace folvane {
@@ -12,34 +10,33 @@ namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 QString RelatedRecords::ConditionOnCurrent(const QString& field) const {
-  return field + u" = '"_s + EscapeSql(Shared().CurrentRecords[field].Text()) + u"'"_s;
+  return field + u" = '"_s + EscapeSql(list_.Records()[field].Text()) + u"'"_s;
 }
 
 void RelatedRecords::OpenParent() {
-  TableParameters& parameters = parts_.State.Parameters;
-  const QString parent = parameters.Selected(Parameter::Parent);
-  if (parts_.State.CurrTable.isEmpty() || parent.isEmpty()) return;
-  const QString relation = parameters.Selected(Parameter::Relation);
+  const QString parent = parameters_.Selected(Parameter::Parent);
+  if (list_.Table().isEmpty() || parent.isEmpty()) return;
+  const QString relation = parameters_.Selected(Parameter::Relation);
   QString condition;
-  if (parts_.State.List.Count() == 0) {
-    condition = parameters.Tag();
+  if (list_.Rows().Count() == 0) {
+    condition = parameters_.Tag();
   } else if (!relation.isEmpty()) {
     condition = ConditionOnCurrent(relation);
   }
-  parameters.SetTag(QString());
-  const int row = parameters.Find(parent);
+  parameters_.SetTag(QString());
+  const int row = parameters_.Find(parent);
   if (row == 0) return;
-  tree_.OpenTable(row);
+  tables_.OpenTable(row);
   ShowFrom(condition);
 }
 
 // The list starts at the parent record; when that is not among the rows it stays at the first.
 void RelatedRecords::ShowFrom(const QString& condition) {
-  if (parts_.State.List.Count() == 0) {
-    list_.UpdateCommands();
+  if (list_.Rows().Count() == 0) {
+    list_.ShowNone();
     return;
   }
-  Recordset& records = Shared().CurrentRecords;
+  Recordset& records = list_.Records();
   records.MoveFirst();
   if (!condition.isEmpty()) records.Find(condition);
   if (records.EOF_()) records.MoveFirst();
@@ -47,17 +44,16 @@ void RelatedRecords::ShowFrom(const QString& condition) {
 }
 
 void RelatedRecords::OpenChildren() {
-  TableParameters& parameters = parts_.State.Parameters;
-  const QString child = parameters.Selected(Parameter::Child);
-  const int row = child.isEmpty() ? 0 : parameters.Find(child);
+  const QString child = parameters_.Selected(Parameter::Child);
+  const int row = child.isEmpty() ? 0 : parameters_.Find(child);
   if (row == 0) return;
-  const QString relation = parameters.Selected(Parameter::ChildRelation);
+  const QString relation = parameters_.Selected(Parameter::ChildRelation);
   if (!relation.isEmpty()) {
     const QString condition = ConditionOnCurrent(relation);
-    parameters.SetTag(condition);
-    parameters.Set(row, Parameter::Filter, condition);
+    parameters_.SetTag(condition);
+    parameters_.Set(row, Parameter::Filter, condition);
   }
-  tree_.OpenTable(row);
+  tables_.OpenTable(row);
 }
 
 }  // namespace folvane

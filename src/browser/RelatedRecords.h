@@ -2,18 +2,17 @@
 
 #include <QString>
 
-#include "browser/BrowserParts.h"
-
 namespace folvane {
 
-class ClassTreePart;
-class RecordListPart;
+class RecordList;
+class TableNavigation;
+class TableParameters;
 
 /// The ways between a table and the tables that hang under it: up to the parent of a record, down to its children.
 class RelatedRecords {
  public:
-  RelatedRecords(const BrowserParts& parts, ClassTreePart& tree, RecordListPart& list)
-      : parts_(parts), tree_(tree), list_(list) {}
+  RelatedRecords(TableNavigation& tables, RecordList& list, TableParameters& parameters)
+      : tables_(tables), list_(list), parameters_(parameters) {}
 
   void OpenParent();
   void OpenChildren();
@@ -22,9 +21,9 @@ class RelatedRecords {
   QString ConditionOnCurrent(const QString& field) const;
   void ShowFrom(const QString& condition);
 
-  BrowserParts parts_;
-  ClassTreePart& tree_;
-  RecordListPart& list_;
+  TableNavigation& tables_;
+  RecordList& list_;
+  TableParameters& parameters_;
 };
 
 }  // namespace folvane

@@ -88,6 +88,7 @@ void SearchBar::LayOut() {
 void SearchBar::Fill(const QString& table) {
   const QSignalBlocker silence(captions_);
   for (TextCombo* list : {captions_, relation_, value_, fields_, types_, histories_}) list->clear();
+  table_ = table;
   searched_.clear();
   FillSearchFields(table, *fields_, *captions_, *types_, *histories_);
   if (captions_->count() == 0) return;
@@ -141,7 +142,8 @@ QString SearchBar::CaptionOf(const QString& field) const {
 
 QString SearchBar::FieldName() const { return fields_->itemText(captions_->currentIndex()); }
 
-void SearchBar::RememberValue(const QString& table) {
+// Puts the value at the top of the field's history and stores that.
+void SearchBar::RememberValue() {
   const QString value = value_->currentText();
   if (value.isEmpty()) return;
   QStringList values{value};
@@ -153,11 +155,16 @@ void SearchBar::RememberValue(const QString& table) {
   const QString history = HistoryText(values);
   histories_->setItemText(captions_->currentIndex(), history);
   SharedConnection()->Execute(u"Update SimSearch Set FieldValue = '"_s + StoredHistory(history) +
-                              u"' Where TableName = '"_s + table + u"' And DataField = '"_s + FieldName() + u"'"_s);
+                              u"' Where TableName = '"_s + table_ + u"' And DataField = '"_s + FieldName() + u"'"_s);
 }
 
-void SearchBar::OnSearch(std::function<void()> handler) {
-  ConnectGuarded(search_, &QPushButton::clicked, this, [handler] { handler(); });
+void SearchBar::OnSearch(std::function<void(const QString&)> handler) {
+  ConnectGuarded(search_, &QPushButton::clicked, this, [this, handler] {
+    const std::optional<QString> condition = Condition();
+    if (!condition) return;
+    RememberValue();
+    handler(*condition);
+  });
 }
 
 }  // namespace folvane

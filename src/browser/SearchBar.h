@@ -16,22 +16,20 @@ class SearchBar : public QGroupBox {
 
   /// Reads the fields of a table and chooses the first.
   void Fill(const QString& table);
-  /// The condition as entered; says what is missing and gives nothing when it is not complete.
-  std::optional<QString> Condition();
-  /// Puts the value at the top of the field's history and stores that.
-  void RememberValue(const QString& table);
   /// Empties the value when the condition that was searched by is no longer the list's.
   void FollowFilter(const QString& filter);
   /// The caption of a field on offer, "" for any other.
   QString CaptionOf(const QString& field) const;
-  /// What a press of the search key runs.
-  void OnSearch(std::function<void()> handler);
+  /// What a press of the search key does with the condition as entered; what is missing in it is asked for instead.
+  void OnSearch(std::function<void(const QString& condition)> handler);
 
  private:
   TextCombo* AddHiddenCombo(const QString& name);
   void LayOut();
   void ChooseField(int index);
   void ClearValue();
+  std::optional<QString> Condition();
+  void RememberValue();
   std::optional<QString> Missing(QWidget* control, const QString& message);
   QString FieldName() const;
 
@@ -39,6 +37,7 @@ class SearchBar : public QGroupBox {
   // Hidden and parallel to the captions.
   TextCombo *fields_, *types_, *histories_;
   class QPushButton* search_;
+  QString table_;     ///< whose fields are on offer
   QString searched_;  ///< the condition that was given last, "" for none
 };
 

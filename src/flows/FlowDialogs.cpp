@@ -7,8 +7,8 @@
 #include <folvane/Icons.h>
 
 #include "base/Today.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
+#include "shell/Lookups.h"
 #include "shell/Messages.h"
 #include "widgets/DateBox.h"
 #include "widgets/DialogKeys.h"

@@ -4,8 +4,9 @@
 
 #include "base/IgnoreErrors.h"
 #include "data/OneTransaction.h"
-#include "shell/CommonRoutines.h"
+#include "data/Recordset.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -8,9 +8,10 @@
 #include "base/Today.h"
 #include "base/TypedValues.h"
 #include "data/OneTransaction.h"
+#include "data/Recordset.h"
 #include "flows/PassedErrors.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -11,7 +11,6 @@
 #include "flows/RouteDialogs.h"
 #include "query/AskQuery.h"
 #include "query/ConditionText.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"

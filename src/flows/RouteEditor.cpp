@@ -13,8 +13,8 @@
 
 #include "data/Recordset.h"
 #include "flows/Flow.h"
-#include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
+#include "shell/Lookups.h"
 #include "shell/SharedState.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/ViewHint.h"

@@ -5,8 +5,8 @@
 
 #include "data/OneTransaction.h"
 #include "data/Recordset.h"
-#include "shell/CommonRoutines.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {

@@ -5,7 +5,7 @@
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
 #include "data/Recordset.h"
-#include "records/TableRights.h"
+#include "records/ListOrder.h"
 #include "shell/SharedState.h"
 #include "shell/TableFields.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/ReadRows.h"
+#include "records/ListOrder.h"
 #include "records/TableRights.h"
 #include "records/YearFormula.h"
 #include "shell/SharedState.h"

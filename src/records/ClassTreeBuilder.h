@@ -13,7 +13,7 @@ namespace folvane {
 /// Builds the class tree from the design tables: classes at once, the tables of a class when it is first opened. Each
 /// table node gets a row of the parameter list with the rights, the order and the archive target read for it.
 ///
-/// A design row that would put a node below itself is left out: it has no place in a tree. A table whose parameters or
+/// A design row that would put a node below itself is left out: a tree cannot hold it. A table whose parameters or
 /// whose tables below it could not be read does not come into the tree; it is read again with the next opening of its
 /// class.
 class ClassTreeBuilder {

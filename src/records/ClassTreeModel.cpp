@@ -12,9 +12,9 @@ void ClassTreeModel::Clear() {
 
 int ClassTreeModel::AddNode(int parent, const QString& key, const QString& text, const QString& image,
                             const QVariant& tag) {
-  const int place = parent == 0 ? 0 : int(Node(parent).children.size());
+  const int row = parent == 0 ? 0 : int(Node(parent).children.size());
   const int added = Count() + 1;
-  beginInsertRows(IndexOf(parent), place, place);
+  beginInsertRows(IndexOf(parent), row, row);
   nodes_.push_back({key, text, image, tag, parent, {}});
   if (parent != 0) nodes_[size_t(parent) - 1].children.push_back(added);
   endInsertRows();
@@ -24,8 +24,8 @@ int ClassTreeModel::AddNode(int parent, const QString& key, const QString& text,
 void ClassTreeModel::RemoveFrom(int index) {
   const int above = Node(index).parent;
   std::vector<int>& siblings = nodes_[size_t(above) - 1].children;
-  const int place = int(siblings.size()) - 1;
-  beginRemoveRows(IndexOf(above), place, place);
+  const int row = int(siblings.size()) - 1;
+  beginRemoveRows(IndexOf(above), row, row);
   siblings.pop_back();
   nodes_.resize(size_t(index) - 1);
   endRemoveRows();
@@ -60,8 +60,8 @@ QModelIndex ClassTreeModel::IndexOf(int node) const {
   const int above = Node(node).parent;
   if (above == 0) return createIndex(0, 0, quintptr(node));
   const std::vector<int>& siblings = Node(above).children;
-  const auto place = std::find(siblings.begin(), siblings.end(), node);
-  return createIndex(int(place - siblings.begin()), 0, quintptr(node));
+  const auto found = std::find(siblings.begin(), siblings.end(), node);
+  return createIndex(int(found - siblings.begin()), 0, quintptr(node));
 }
 
 QModelIndex ClassTreeModel::index(int row, int column, const QModelIndex& parent) const {

@@ -7,8 +7,8 @@ namespace folvane {
 /// Rows loaded at a time.
 inline constexpr int kPageSize = 30;
 
-/// Where a record list stands. The cursor is on the record of the selected row.
-struct ListPlace {
+/// The rows of a record list within its records. The cursor is on the record of the selected row.
+struct ListWindow {
   qint64 position;  ///< the cursor's, from 1
   int index;        ///< of the selected row, from 1
   int count;        ///< rows in the list
@@ -30,6 +30,6 @@ struct MovePlan {
 };
 
 /// The way to the record at an absolute position, which may lie past the last one.
-MovePlan PlanMove(qint64 target, const ListPlace& place);
+MovePlan PlanMove(qint64 target, const ListWindow& window);
 
 }  // namespace folvane

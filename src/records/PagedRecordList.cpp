@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <exception>
 
-#include "records/OriginalsOfRecord.h"
-#include "records/RowIcon.h"
+#include "data/Recordset.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
+#include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
 namespace folvane {
@@ -15,8 +15,14 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int kIconColumn = 6;
 
-void ShowFailure(const QString& what, const std::exception& error) {
-  ShowMessage({what + ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)});
+MessageRequest MessageOf(const QString& what, const std::exception& error) {
+  return {what + ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)};
+}
+
+bool HasOriginals(const QString& recordKey) {
+  Recordset rows;
+  rows.Open(u"Select * From Original_Text Where RecordID = '"_s + EscapeSql(recordKey) + u"'"_s, SharedConnection());
+  return !rows.EOF_();
 }
 
 }  // namespace
@@ -35,7 +41,7 @@ void PagedRecordList::FillRows(int maximum, SearchDirection direction) {
       progress_(added + 1, maximum);
     }
   } catch (const std::exception& error) {
-    ShowFailure(u"将数据添加至列表时出现错误，原因为："_s, error);
+    failure_(MessageOf(u"将数据添加至列表时出现错误，原因为："_s, error));
   }
   progress_(-1, maximum);
 }
@@ -45,7 +51,7 @@ bool PagedRecordList::AddRow(SearchDirection direction) {
     list_.InsertRow(direction == SearchDirection::Forward ? list_.Count() : 0, ReadRow());
     return true;
   } catch (const std::exception& error) {
-    ShowFailure(u"将当前记录加载至列表时出现错误，原因是："_s, error);
+    failure_(MessageOf(u"将当前记录加载至列表时出现错误，原因是："_s, error));
     return false;
   }
 }

@@ -3,6 +3,8 @@
 #include <QString>
 #include <functional>
 
+#include <folvane/HostServices.h>
+
 #include "data/Recordset.h"
 #include "records/MovePlan.h"
 #include "records/RecordListModel.h"
@@ -15,12 +17,14 @@ class PagedRecordList {
  public:
   /// Is told how many rows of how many have been added; done >= 0 while filling, -1 when the filling has ended.
   using Progress = std::function<void(int done, int maximum)>;
+  /// Is given what there is to say to the user about rows that could not be added, before anything else is done.
+  using Failure = std::function<void(const MessageRequest& message)>;
 
-  PagedRecordList(Recordset& records, RecordListModel& list, Progress progress)
-      : records_(records), list_(list), progress_(std::move(progress)) {}
+  PagedRecordList(Recordset& records, RecordListModel& list, Progress progress, Failure failure)
+      : records_(records), list_(list), progress_(std::move(progress)), failure_(std::move(failure)) {}
 
   /// Adds up to that many rows from the cursor on, at the end of the list or, backwards, before its first row. The
-  /// cursor ends one past them. An error is shown and ends the filling; the rows added so far stay.
+  /// cursor ends one past them. An error is told and ends the filling; the rows added so far stay.
   void FillRows(int maximum, SearchDirection direction = SearchDirection::Forward);
 
   /// Starts the list over with the page from the cursor on.
@@ -47,6 +51,7 @@ class PagedRecordList {
   Recordset& records_;
   RecordListModel& list_;
   Progress progress_;
+  Failure failure_;
 };
 
 }  // namespace folvane

@@ -4,9 +4,15 @@
 
 namespace folvane {
 
+int IconOfRow(const QString& seventhCell, bool hasOriginals) {
+  if (seventhCell.trimmed().isEmpty()) return hasOriginals ? RowIcon::EmptyWithOriginals : RowIcon::Empty;
+  return hasOriginals ? RowIcon::FilledWithOriginals : RowIcon::Filled;
+}
+
 void RecordListModel::SetColumns(std::vector<ListColumn> columns) {
   beginResetModel();
   rows_.clear();
+  ticked_.clear();
   columns_ = std::move(columns);
   endResetModel();
 }
@@ -41,16 +47,31 @@ QString RecordListModel::KeyOf(int row) const {
   return row >= 0 && row < Count() && !Row(row).cells.isEmpty() ? Row(row).cells.last() : QString();
 }
 
-int RecordListModel::FindRow(const QString& key) const {
-  for (int row = 0; row < Count(); ++row) {
-    if (KeyOf(row) == key) return row;
-  }
-  return -1;
+void RecordListModel::SetTickable(bool tickable) {
+  beginResetModel();
+  tickable_ = tickable;
+  ticked_.clear();
+  endResetModel();
 }
 
-void RecordListModel::SetIcon(int row, int icon) {
-  rows_.at(size_t(row)).icon = icon;
-  Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1), {Qt::DecorationRole, Qt::UserRole + 1});
+void RecordListModel::ClearTicks() {
+  if (ticked_.isEmpty()) return;
+  ticked_.clear();
+  if (Count() > 0) Q_EMIT dataChanged(index(0, 0), index(Count() - 1, 0), {Qt::CheckStateRole});
+}
+
+bool RecordListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (role != Qt::CheckStateRole || !(flags(index) & Qt::ItemIsUserCheckable)) return false;
+  const QString key = KeyOf(index.row());
+  ticked_.removeOne(key);
+  if (value.toInt() == Qt::Checked) ticked_.append(key);
+  Q_EMIT dataChanged(index, index, {Qt::CheckStateRole});
+  return true;
+}
+
+Qt::ItemFlags RecordListModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+  return tickable_ && index.isValid() && index.column() == 0 ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
 int RecordListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Count(); }
@@ -67,6 +88,9 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const {
       return row.cells.value(index.column());
     case Qt::DecorationRole:
       return index.column() == 0 && decoration_ ? decoration_(row.icon) : QVariant();
+    case Qt::CheckStateRole:
+      if (!(flags(index) & Qt::ItemIsUserCheckable)) return {};
+      return ticked_.contains(KeyOf(index.row())) ? Qt::Checked : Qt::Unchecked;
     case Qt::UserRole:
       return KeyOf(index.row());
     case Qt::UserRole + 1:

@@ -16,6 +16,13 @@ struct ListColumn {
   QString tag;
 };
 
+/// The icons of a list row: they tell whether the seventh column holds something and whether the record has originals.
+namespace RowIcon {
+enum : int { Filled = 1, Empty = 2, Original = 3, FilledWithOriginals = 4, EmptyWithOriginals = 5 };
+}  // namespace RowIcon
+
+int IconOfRow(const QString& seventhCell, bool hasOriginals);
+
 /// A row of a record list: one text per column, and the number of its icon.
 struct ListRow {
   QStringList cells;
@@ -25,7 +32,8 @@ struct ListRow {
 /// The rows of a record list that have been loaded so far. The last column always holds the record's key.
 ///
 /// Rows and columns count from 0 here, as in any item model. Display role is the text; Qt::UserRole of a header is the
-/// column's key and + 2 its tag; of a row Qt::UserRole is the record's key and + 1 the icon number.
+/// column's key and + 2 its tag; of a row Qt::UserRole is the record's key and + 1 the icon number. Qt::CheckStateRole
+/// of the first column ticks a row.
 class RecordListModel : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
@@ -43,21 +51,28 @@ class RecordListModel : public QAbstractTableModel {
   const ListRow& Row(int row) const { return rows_.at(size_t(row)); }
   /// The key of a row's record; "" for a row that is not there.
   QString KeyOf(int row) const;
-  /// The row of a record, -1 when it is not loaded.
-  int FindRow(const QString& key) const;
-  void SetIcon(int row, int icon);
   /// What the decoration role shows for an icon number.
   void SetDecoration(std::function<QVariant(int icon)> decoration) { decoration_ = std::move(decoration); }
+
+  /// Whether rows have a box to tick, before their first cell; they have none unless told so.
+  void SetTickable(bool tickable);
+  /// The keys of the ticked records in the order in which they were ticked, whether their rows are loaded or not.
+  const QStringList& Ticked() const { return ticked_; }
+  void ClearTicks();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
   std::vector<ListColumn> columns_;
   std::deque<ListRow> rows_;
   std::function<QVariant(int)> decoration_;
+  bool tickable_ = false;
+  QStringList ticked_;
 };
 
 }  // namespace folvane

@@ -2,7 +2,6 @@
 
 #include <folvane/DataError.h>
 
-#include "catalogue/QueryRows.h"
 #include "catalogue/ReadRows.h"
 #include "catalogue/RightsRows.h"
 #include "shell/SharedState.h"
@@ -10,8 +9,6 @@
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-const QString kDefaultOrder = u"ArchiveId Desc"_s;
 
 void SetRights(TableParameters& parameters, int row, const QString& limit, const TableRightsRow& rights) {
   parameters.Set(row, Parameter::RowLimit, limit);
@@ -26,15 +23,6 @@ TableRightsRow SameRights(const QString& flag, const QString& words) {
   rights.popLookFile = rights.popPrintData = rights.popEditData = flag;
   rights.popStrChn = words;
   return rights;
-}
-
-QString OfTableAndUser(const QString& table) {
-  return u" Where TableName = '"_s + table + u"' and UserID="_s + Shared().UserId;
-}
-
-QString InsertOrder(const QString& begin, const QString& table, const QString& order) {
-  return begin + u"(TableName,OrderStr,UserID) Values('"_s + table + u"','"_s + order + u"',"_s + Shared().UserId +
-         u")"_s;
 }
 
 }  // namespace
@@ -61,26 +49,6 @@ void ReadTableRights(TableParameters& parameters, int row, const QString& table)
   }
   const QString& condition = rights.front().popCondition;
   SetRights(parameters, row, condition.isEmpty() ? QString() : u"("_s + condition + u")"_s, rights.front());
-}
-
-QString ReadDefaultOrder(const QString& table) {
-  const std::vector<BrowseOrderRow> orders =
-      ReadRows<BrowseOrderRow>(SharedConnection(), u"Select OrderStr From FindCirOrder"_s + OfTableAndUser(table));
-  if (!orders.empty()) return orders.front().orderStr;
-  SharedConnection()->Execute(InsertOrder(u"Insert into FindCirOrder"_s, table, kDefaultOrder));
-  return kDefaultOrder;
-}
-
-void SaveOrder(const QString& table, const QString& order) {
-  StoreOrder(
-      table, order,
-      ReadRows<BrowseOrderRow>(SharedConnection(), u"Select * From FindCirOrder"_s + OfTableAndUser(table)).empty());
-}
-
-void StoreOrder(const QString& table, const QString& order, bool isNew) {
-  SharedConnection()->Execute(isNew
-                                  ? InsertOrder(u"Insert Into FindCirOrder"_s, table, order)
-                                  : u"Update FindCirOrder Set OrderStr = '"_s + order + u"'"_s + OfTableAndUser(table));
 }
 
 }  // namespace folvane

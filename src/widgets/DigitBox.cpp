@@ -2,7 +2,7 @@
 
 #include <QRegularExpressionValidator>
 
-#include "shell/CommonRoutines.h"
+#include "shell/TypedKeys.h"
 
 namespace folvane {
 namespace {

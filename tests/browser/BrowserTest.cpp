@@ -3,7 +3,7 @@
 #include <QHeaderView>
 #include <QMenu>
 
-#include "browser/RecordBrowser.h"
+#include "browser/FrmMain.h"
 #include "shell/RegistryValues.h"
 
 namespace folvane::test {
@@ -84,8 +84,8 @@ void BrowserTest::InBrowser(const std::function<void(const Browser&)>& steps) {
 
 QString BrowserTest::Remembered() const { return QueryValue(kLocalMachine, kMainFlags, u"FolvaneDefault"_s); }
 
-void BrowserTest::Remember(const QString& place) const {
-  SaveValue(kLocalMachine, kMainFlags, u"FolvaneDefault"_s, place);
+void BrowserTest::Remember(const QString& text) const {
+  SaveValue(kLocalMachine, kMainFlags, u"FolvaneDefault"_s, text);
 }
 
 }  // namespace folvane::test

@@ -51,7 +51,7 @@ class BrowserTest : public DesignTest {
   /// Opens the browser, runs the steps in it and closes it.
   void InBrowser(const std::function<void(const Browser&)>& steps);
   QString Remembered() const;
-  void Remember(const QString& place) const;
+  void Remember(const QString& text) const;
 };
 
 /// One with twelve records of Lwdj, the newest first.

@@ -47,7 +47,7 @@ QString SelectedNode(const Browser& browser) {
   return browser.View(u"TV_File"_s).currentIndex().data(Qt::UserRole).toString();
 }
 
-void SearchFor(const Browser& browser, const QString& value) {
+void QuickSearchFor(const Browser& browser, const QString& value) {
   Find<QComboBox>(browser.Window(), u"CboValue"_s).setEditText(value);
   Click(Find<QPushButton>(browser.Window(), u"CmdSearch"_s));
 }
@@ -121,7 +121,7 @@ TEST_P(FilterBarTest, AYearThatIsSetAsideWithoutReadingIsNotClaimed) {
 
 TEST_P(FilterBarTest, AWordLeavesTheSearchBoxWithItsSearchAndStaysInItsHistory) {
   InBrowser([&](const Browser& browser) {
-    SearchFor(browser, u"题名1"_s);
+    QuickSearchFor(browser, u"题名1"_s);
     EXPECT_EQ(Limit(browser), u"查询：题名 包含 题名1"_s);
     browser.ClickColumn(0);
     EXPECT_EQ(TextIn(browser.Window(), u"CboValue"_s), u"题名1"_s) << "still in force";
@@ -180,7 +180,7 @@ TEST_P(FilterBarTest, LongWordsAreCutAndDoNotWidenTheWindow) {
   InBrowser([&](const Browser& browser) {
     const int least = browser.Window().minimumSizeHint().width();
     const QString words = QString(200, u'长');
-    SearchFor(browser, words);
+    QuickSearchFor(browser, words);
     EXPECT_TRUE(Limit(browser).endsWith(u"…"_s));
     EXPECT_TRUE(LiftKey(browser).toolTip().contains(words));
     EXPECT_EQ(browser.Window().minimumSizeHint().width(), least);

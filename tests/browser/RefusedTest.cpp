@@ -36,7 +36,7 @@ void Query(const Browser& browser, const QString& condition) {
   browser.Entry(u"mnu_Tool4_HSearch"_s).trigger();
 }
 
-QString Hint(const Browser& browser) { return Find<QLabel>(browser.Window(), u"ListHint"_s).text(); }
+QString ListHint(const Browser& browser) { return Find<QLabel>(browser.Window(), u"ListHint"_s).text(); }
 
 }  // namespace
 
@@ -75,7 +75,7 @@ TEST_P(RefusedTest, RefreshLiftsAConditionThatFailedAtTheStart) {
   InBrowser([&](const Browser& browser) {
     browser.Key(u"Refresh"_s).trigger();
     EXPECT_EQ(browser.List().model()->rowCount(), 12);
-    EXPECT_EQ(Hint(browser), QString());
+    EXPECT_EQ(ListHint(browser), QString());
   });
 }
 
@@ -84,7 +84,7 @@ TEST_P(RefusedTest, CommandsThatNeedRecordsAreOffUntilTheyAreOpenAgain) {
   InBrowser([&](const Browser& browser) {
     Query(browser, u"Lwdj.NoSuchField = '1'"_s);
     messages.Clear();
-    EXPECT_EQ(Hint(browser), u"未能打开表“来文登记”的记录。按 F5 刷新以取消上面的条件，显示全部。"_s);
+    EXPECT_EQ(ListHint(browser), u"未能打开表“来文登记”的记录。按 F5 刷新以取消上面的条件，显示全部。"_s);
     for (const QString& entry : {u"mnu_File1_Add"_s, u"mnu_File4_Property"_s, u"mnu_File3_Del"_s,
                                  u"mnu_Tool1_BUpdate"_s, u"mnu_Tool3_Sort"_s}) {
       EXPECT_FALSE(browser.On(entry)) << entry.toStdString();
@@ -127,7 +127,7 @@ TEST_P(RefusedTest, AClassThatCouldNotBeReadIsReadWithTheNextClick) {
       EXPECT_TRUE(messages.Last().text.startsWith(kProgramError));
       EXPECT_FALSE(messages.Last().details.isEmpty());
       EXPECT_EQ(browser.KeysBelow(u"C3\\"_s), QStringList()) << number;
-      EXPECT_EQ(Hint(browser), u"未能打开“科技”。请再次点击它以重试。"_s);
+      EXPECT_EQ(ListHint(browser), u"未能打开“科技”。请再次点击它以重试。"_s);
       browser.Choose(u"C3\\"_s);
       browser.Choose(u"Kj"_s);
       EXPECT_EQ(browser.Column(u"LVData"_s), (QStringList{u"2"_s, u"1"_s})) << number;
@@ -147,7 +147,7 @@ TEST_P(RefusedTest, ATableThatCouldNotBeOpenedIsOpenedWithTheNextClick) {
     }
     EXPECT_EQ(messages.Requests().size(), 1u);
     EXPECT_FALSE(Find(browser.Window(), u"FraSearch"_s).isEnabled());
-    EXPECT_EQ(Hint(browser), u"未能打开“发文登记”。请再次点击它以重试。"_s);
+    EXPECT_EQ(ListHint(browser), u"未能打开“发文登记”。请再次点击它以重试。"_s);
     browser.Choose(u"Fwdj"_s);
     EXPECT_EQ(browser.Column(u"LVData"_s), (QStringList{u"2"_s, u"1"_s}));
   });

@@ -3,7 +3,8 @@
 #include <folvane/DataError.h>
 
 #include "browser/BrowserTest.h"
-#include "browser/RecordBrowser.h"
+#include "browser/FrmMain.h"
+#include "browser/TableNavigation.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {
@@ -54,7 +55,7 @@ TEST_P(BrowserStartTest, TheRoadFromTheStartToAFilledList) {
           u"Select * from Original_Text Where RecordId='00000000000000000001'  Order By FileOrder"_s));
 }
 
-TEST_P(BrowserStartTest, TheTreeShowsTheClassesAndTheTablesOfTheFirstPlace) {
+TEST_P(BrowserStartTest, TheTreeShowsTheClassesAndTheTablesBesideTheFirst) {
   design_->AddClass(3, u"科技"_s);
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddPlainTable(u"Kj"_s, u"科技文件"_s, 3);
@@ -139,6 +140,15 @@ TEST_P(BrowserStartTest, TheExitKeyClosesTheWindow) {
   });
   EXPECT_EQ(Remembered(), u"Lwdj,"_s);
   EXPECT_FALSE(Shared().CurrentRecords.IsOpen());
+}
+
+TEST(LastTableTest, TheFilterStandsBehindTheFirstComma) {
+  EXPECT_EQ(LastTable::FromText(QString()).table, u"Lwdj"_s) << "the usual first table";
+  EXPECT_EQ(LastTable::FromText(u"Fwdj"_s).table, u"Fwdj"_s);
+  const LastTable last = LastTable::FromText(u" Fwdj,Left(CreatedDate,4) = '2001' "_s);
+  EXPECT_EQ(last.table, u"Fwdj"_s);
+  EXPECT_EQ(last.filter, u"Left(CreatedDate,4) = '2001'"_s);
+  EXPECT_EQ(last.ToText(), u"Fwdj,Left(CreatedDate,4) = '2001'"_s);
 }
 
 }  // namespace folvane::test

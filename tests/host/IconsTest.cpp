@@ -7,7 +7,7 @@
 
 #include <folvane/Icons.h>
 
-#include "browser/BrowserDesign.h"
+#include "browser/BrowserCommands.h"
 #include "entry/EntryCommandDesign.h"
 #include "host/Appearance.h"
 #include "host/Entries.h"

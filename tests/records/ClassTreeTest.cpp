@@ -2,11 +2,8 @@
 
 #include <folvane/DataError.h>
 
-#include "base/CodePage.h"
 #include "records/ClassTreeBuilder.h"
 #include "records/DesignedDatabase.h"
-#include "records/TableRights.h"
-#include "records/YearFormula.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {
@@ -241,89 +238,6 @@ TEST_P(ClassTreeTest, AClassThatIsCompleteIsNotReadAgain) {
   log_->Take();
   EXPECT_FALSE(builder_.OpenClass(NodeOf(u"C2\\"_s)));
   EXPECT_THAT(log_->Take(), ElementsAre());
-}
-
-TEST_P(ClassTreeTest, TheAdministratorHasAllRightsWithoutARow) {
-  parameters_.Add(u"Lwdj"_s);
-  for (const QString& id : {u"1"_s, u"1.0"_s}) {
-    Shared().UserId = id;
-    ReadTableRights(parameters_, 1, u"Lwdj"_s);
-    EXPECT_EQ(parameters_.Get(1, Parameter::RowLimit), QString());
-    EXPECT_EQ(parameters_.Get(1, Parameter::LookFile), u"1"_s);
-    EXPECT_EQ(parameters_.Get(1, Parameter::Print), u"1"_s);
-    EXPECT_EQ(parameters_.Get(1, Parameter::Edit), u"1"_s);
-    EXPECT_EQ(parameters_.Get(1, Parameter::RightsText), u"所有权限"_s);
-  }
-  EXPECT_THAT(log_->Take(), ElementsAre()) << "no query runs";
-}
-
-TEST_P(ClassTreeTest, AnEmptyUserIdIsNoNumberAndFails) {
-  parameters_.Add(u"Lwdj"_s);
-  Shared().UserId.clear();
-  EXPECT_THROW(ReadTableRights(parameters_, 1, u"Lwdj"_s), DataError);
-}
-
-TEST_P(ClassTreeTest, AUserHasTheRightsOfTheRow) {
-  Shared().UserId = u"5"_s;
-  parameters_.Add(u"Lwdj"_s);
-  design_->Insert(u"UserPopedomScope"_s,
-                  u"UserID,PopTableName,PopStrChn,PopEditData,PopPrintData,PopLookFile,PopCondition"_s,
-                  {u"5"_s, u"Lwdj"_s, u"浏览"_s, u"0"_s, u"1"_s, u"<null>"_s, u"RegID > 3"_s});
-  ReadTableRights(parameters_, 1, u"Lwdj"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::RowLimit), u"(RegID > 3)"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::LookFile), QString());
-  EXPECT_EQ(parameters_.Get(1, Parameter::Print), u"1"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::Edit), u"0"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::RightsText), u"浏览"_s);
-  EXPECT_THAT(log_->Take(),
-              ElementsAre(u"Select PopStrChn,PopEditData,PopPrintData,PopLookFile,PopCondition From UserPopedomScope "
-                          "Where UserID = '5' And PopTableName = 'Lwdj'"_s));
-}
-
-TEST_P(ClassTreeTest, AUserWithoutARowSeesNothing) {
-  Shared().UserId = u"5"_s;
-  parameters_.Add(u"Lwdj"_s);
-  ReadTableRights(parameters_, 1, u"Lwdj"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::RowLimit), u"1 = 2"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::Edit), u"0"_s);
-  EXPECT_EQ(parameters_.Get(1, Parameter::RightsText), u"无权限"_s);
-}
-
-TEST_P(ClassTreeTest, AStoredOrderIsTakenAndAMissingOneIsStoredOnce) {
-  EXPECT_EQ(ReadDefaultOrder(u"Lwdj"_s), u"ArchiveId Desc"_s);
-  SaveOrder(u"Lwdj"_s, u"RegID Asc"_s);
-  EXPECT_EQ(ReadDefaultOrder(u"Lwdj"_s), u"RegID Asc"_s);
-  EXPECT_EQ(design_->Value(u"select count(*) from FindCirOrder"_s), u"1"_s);
-}
-
-TEST_P(ClassTreeTest, SavingTheOrderOfATableWithoutARowInsertsIt) {
-  SaveOrder(u"Lwdj"_s, u"RegID Asc"_s);
-  EXPECT_EQ(design_->Value(u"select OrderStr from FindCirOrder"_s), u"RegID Asc"_s);
-  EXPECT_THAT(log_->Take(),
-              ElementsAre(u"Select * From FindCirOrder Where TableName = 'Lwdj' and UserID=1"_s,
-                          u"Insert Into FindCirOrder(TableName,OrderStr,UserID) Values('Lwdj','RegID Asc',1)"_s));
-}
-
-TEST(YearFormulaTest, AMissingFileIsWrittenWithItsComments) {
-  const TempProgramDirectory program;
-  EXPECT_EQ(ReadYearFormula(u"Lwdj"_s), u"0"_s);
-  EXPECT_EQ(FromCodePage(program.Read(u"YearFormula.Ini"_s)),
-            u"#--------------------------------------------------------------\r\n# 自定义字段显示数据\r\n"
-            "#要求：表中含有该字段,字段名用英文名！\r\n\r\n[YearFormula]\r\nLwdj=0\r\n"_s);
-}
-
-TEST(YearFormulaTest, ATableTheFileDoesNotKnowIsAdded) {
-  const TempProgramDirectory program;
-  program.Write(u"YearFormula.Ini"_s, "[YearFormula]\r\nLwdj=DocNo\r\n");
-  EXPECT_EQ(ReadYearFormula(u"Fwdj"_s), u"0"_s);
-  EXPECT_EQ(ReadYearFormula(u"Lwdj"_s), u"DocNo"_s);
-  EXPECT_EQ(program.Read(u"YearFormula.Ini"_s), "[YearFormula]\r\nLwdj=DocNo\r\nFwdj=0\r\n");
-}
-
-TEST(YearFormulaTest, AFieldNameIsCutAtNineteenCharacters) {
-  const TempProgramDirectory program;
-  program.Write(u"YearFormula.Ini"_s, "[YearFormula]\r\nLwdj=ABCDEFGHIJKLMNOPQRSTUVWXYZ\r\n");
-  EXPECT_EQ(ReadYearFormula(u"Lwdj"_s), u"ABCDEFGHIJKLMNOPQRS"_s);
 }
 
 }  // namespace folvane::test

@@ -45,9 +45,9 @@ void DesignedDatabase::AddTable(const QString& table, const QString& caption, in
            {table, caption, u"F"_s, field.name, field.caption, field.type});
     Insert(u"ListViewFormat"_s, u"TableName,FieldName,ChnFieldName,ColumnWidth,OrderNo"_s,
            {table, field.name, field.caption, u"1500"_s, QString::number(++order)});
-    const QString place = QString::number(order);
+    const QString number = QString::number(order);
     Insert(u"SaveControls"_s, u"DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,F_Width,F_Height"_s,
-           {table, field.name, u"1"_s, place, place, u"1500"_s, QString::number(order * 450), u"3000"_s, u"300"_s});
+           {table, field.name, u"1"_s, number, number, u"1500"_s, QString::number(order * 450), u"3000"_s, u"300"_s});
   }
   Run(u"create table "_s + table + u" ("_s + columns + u")"_s);
 }

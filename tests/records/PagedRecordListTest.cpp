@@ -37,7 +37,9 @@ class PagedRecordListTest : public DesignTest {
   Recordset records_;
   RecordListModel list_;
   QList<int> progress_;
-  PagedRecordList pages_{records_, list_, [this](int done, int) { progress_ << done; }};
+  std::vector<MessageRequest> told_;
+  PagedRecordList pages_{records_, list_, [this](int done, int) { progress_ << done; },
+                         [this](const MessageRequest& message) { told_.push_back(message); }};
   int selected_ = 1;
 };
 
@@ -145,23 +147,23 @@ TEST_P(PagedRecordListTest, AFarMoveBackStartsTheListOver) {
   EXPECT_EQ(Selected(), 1);
 }
 
-TEST_P(PagedRecordListTest, AColumnThatTheTableLacksGivesOneMessageAndAnEmptyList) {
-  MessageBoxes messages;
+TEST_P(PagedRecordListTest, AColumnThatTheTableLacksIsToldOnceAndLeavesTheListEmpty) {
   design_->Insert(u"ListViewFormat"_s, u"TableName,FieldName,ChnFieldName,ColumnWidth,OrderNo"_s,
                   {u"Lwdj"_s, u"NoSuchField"_s, u"没有"_s, u"900"_s, u"9"_s});
   Open(5);
   EXPECT_EQ(list_.Count(), 0);
-  ASSERT_EQ(messages.Requests().size(), 1u);
-  EXPECT_TRUE(messages.Last().text.startsWith(u"将当前记录加载至列表时出现错误，原因是："_s));
+  ASSERT_EQ(told_.size(), 1u);
+  EXPECT_TRUE(told_[0].text.startsWith(u"将当前记录加载至列表时出现错误，原因是："_s));
+  EXPECT_EQ(told_[0].flags, 16);
+  EXPECT_EQ(told_[0].title, u"系统提示"_s);
 }
 
 TEST_P(PagedRecordListTest, ALostTableOfOriginalsKeepsTheRowsAddedSoFar) {
-  MessageBoxes messages;
   Open(40);
   design_->Run(u"drop table Original_Text"_s);
   GoTo(31);
   EXPECT_EQ(list_.Count(), 30);
-  EXPECT_EQ(messages.Requests().size(), 1u);
+  EXPECT_EQ(told_.size(), 1u);
 }
 
 TEST_P(PagedRecordListTest, ATableWithoutColumnsShowsOnlyTheHiddenOne) {
@@ -169,6 +171,13 @@ TEST_P(PagedRecordListTest, ATableWithoutColumnsShowsOnlyTheHiddenOne) {
   EXPECT_EQ(list_.Columns().size(), 1u);
   EXPECT_THAT(log_->Take(), ElementsAre(u"Select FieldName,ChnFieldName,ColumnWidth from ListViewFormat where "
                                         "Tablename='Fwdj' Order By OrderNo"_s));
+}
+
+TEST(RowIconTest, SeventhColumnAndOriginalsGiveTheIcon) {
+  EXPECT_EQ(IconOfRow(u"  "_s, false), 2);
+  EXPECT_EQ(IconOfRow(u"a"_s, false), 1);
+  EXPECT_EQ(IconOfRow(QString(), true), 5);
+  EXPECT_EQ(IconOfRow(u"a"_s, true), 4);
 }
 
 }  // namespace folvane::test

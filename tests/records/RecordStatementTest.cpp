@@ -7,6 +7,13 @@ namespace folvane::test {
 
 using namespace Qt::Literals::StringLiterals;
 
+TEST(RecordStatementTest, WithoutAConditionThereIsNoWherePart) {
+  EXPECT_EQ(RecordStatement(u"Lwdj"_s, QString(), u"ArchiveId Desc"_s),
+            u"Select * From Lwdj Order By ArchiveId Desc"_s);
+  EXPECT_EQ(RecordStatement(u"Lwdj"_s, u"1 = 2"_s, u"RegID Asc"_s),
+            u"Select * From Lwdj Where 1 = 2 Order By RegID Asc"_s);
+}
+
 TEST(RecordStatementTest, RightsAndAQueryAreJoinedByAnd) {
   EXPECT_EQ(JoinedWithRights(u"(a = 1)"_s, u"b = 2"_s), u"(a = 1) And b = 2"_s);
   EXPECT_EQ(JoinedWithRights(u"1 = 2"_s, QString()), u"1 = 2"_s);

@@ -19,5 +19,15 @@ QString OrderAfterClick(const RecordListModel& list, int column, const QString& 
 /// Marks the column by which a click has sorted: the arrow of its direction stands before its caption, and no longer
 /// before that of the order before.
 void MarkOrder(RecordListModel& list, int column, const QString& before, const QString& order);
+/// Takes the arrows from all captions, for an order that no click gave.
+void UnmarkOrder(RecordListModel& list);
+
+/// The order that the current user has kept for a table. A table without one gets "ArchiveId Desc" and a row for it.
+QString ReadDefaultOrder(const QString& table);
+
+/// Keeps the order of a table for the current user.
+void SaveOrder(const QString& table, const QString& order);
+/// The same for a caller that knows whether the user has none for the table yet.
+void StoreOrder(const QString& table, const QString& order, bool isNew);
 
 }  // namespace folvane

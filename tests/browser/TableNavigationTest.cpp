@@ -13,7 +13,7 @@ using testing::Not;
 
 namespace {
 
-class NodeChoiceTest : public BrowserTest {
+class TableNavigationTest : public BrowserTest {
  protected:
   /// Lwdj with two records of 2002 and one of 2001, and its year nodes.
   void AddYears() {
@@ -31,9 +31,9 @@ testing::Matcher<QString> ReadsRecordsOf(const QString& table) {
 
 }  // namespace
 
-FOLVANE_ON_EACH_DATABASE(NodeChoiceTest);
+FOLVANE_ON_EACH_DATABASE(TableNavigationTest);
 
-TEST_P(NodeChoiceTest, ATableShowsItsRecordsByItsDesign) {
+TEST_P(TableNavigationTest, ATableShowsItsRecordsByItsDesign) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddPlainTable(u"Fwdj"_s, u"发文登记"_s, 2);
   design_->AddRecords(u"Fwdj"_s, 2);
@@ -46,7 +46,7 @@ TEST_P(NodeChoiceTest, ATableShowsItsRecordsByItsDesign) {
   });
 }
 
-TEST_P(NodeChoiceTest, ATableChosenTwiceIsNotReadAgain) {
+TEST_P(TableNavigationTest, ATableChosenTwiceIsNotReadAgain) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   InBrowser([&](const Browser& browser) {
     log_->Take();
@@ -55,7 +55,7 @@ TEST_P(NodeChoiceTest, ATableChosenTwiceIsNotReadAgain) {
   });
 }
 
-TEST_P(NodeChoiceTest, ATableIsReadOnceForAClickAndForAKey) {
+TEST_P(TableNavigationTest, ATableIsReadOnceForAClickAndForAKey) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddPlainTable(u"Fwdj"_s, u"发文登记"_s, 2);
   InBrowser([&](const Browser& browser) {
@@ -69,7 +69,7 @@ TEST_P(NodeChoiceTest, ATableIsReadOnceForAClickAndForAKey) {
   });
 }
 
-TEST_P(NodeChoiceTest, AClassEmptiesTheListAndLoadsItsTablesOnce) {
+TEST_P(TableNavigationTest, AClassEmptiesTheListAndLoadsItsTablesOnce) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddClass(3, u"科技"_s);
   design_->AddPlainTable(u"Kj"_s, u"科技文件"_s, 3);
@@ -91,7 +91,7 @@ TEST_P(NodeChoiceTest, AClassEmptiesTheListAndLoadsItsTablesOnce) {
   });
 }
 
-TEST_P(NodeChoiceTest, AfterAClassTheSameTableIsReadAgain) {
+TEST_P(TableNavigationTest, AfterAClassTheSameTableIsReadAgain) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   InBrowser([&](const Browser& browser) {
     browser.Choose(u"C2\\"_s);
@@ -102,7 +102,7 @@ TEST_P(NodeChoiceTest, AfterAClassTheSameTableIsReadAgain) {
   });
 }
 
-TEST_P(NodeChoiceTest, ATableWithADateOpensWithThisYear) {
+TEST_P(TableNavigationTest, ATableWithADateOpensWithThisYear) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddPlainTable(u"Fwdj"_s, u"发文登记"_s, 2, true);
   InBrowser([&](const Browser& browser) {
@@ -112,7 +112,7 @@ TEST_P(NodeChoiceTest, ATableWithADateOpensWithThisYear) {
   });
 }
 
-TEST_P(NodeChoiceTest, AYearNodeLimitsTheListAndItsTableLeavesItThere) {
+TEST_P(TableNavigationTest, AYearNodeLimitsTheListAndItsTableLeavesItThere) {
   AddYears();
   InBrowser([&](const Browser& browser) {
     EXPECT_EQ(browser.KeysBelow(u"Lwdj"_s), (QStringList{u"Lwdj-2002"_s, u"Lwdj-2001"_s}));
@@ -129,7 +129,7 @@ TEST_P(NodeChoiceTest, AYearNodeLimitsTheListAndItsTableLeavesItThere) {
   EXPECT_EQ(Remembered(), u"Lwdj,Left(CreatedDate,4) = '2001'"_s);
 }
 
-TEST_P(NodeChoiceTest, AChangeOfTheGroupingShowsWithoutARestart) {
+TEST_P(TableNavigationTest, AChangeOfTheGroupingShowsWithoutARestart) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddRecords(u"Lwdj"_s, 2);
   InBrowser([&](const Browser& browser) {
@@ -142,7 +142,7 @@ TEST_P(NodeChoiceTest, AChangeOfTheGroupingShowsWithoutARestart) {
   });
 }
 
-TEST_P(NodeChoiceTest, ASecondLevelValueWithAQuoteBreaksTheFilterAndTheWindowGoesOn) {
+TEST_P(TableNavigationTest, ASecondLevelValueWithAQuoteBreaksTheFilterAndTheWindowGoesOn) {
   MessageBoxes messages;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddRecords(u"Lwdj"_s, 2);
@@ -157,7 +157,7 @@ TEST_P(NodeChoiceTest, ASecondLevelValueWithAQuoteBreaksTheFilterAndTheWindowGoe
   });
 }
 
-TEST_P(NodeChoiceTest, ATableNameContainingAHyphenCannotHaveSecondLevelNodes) {
+TEST_P(TableNavigationTest, ATableNameContainingAHyphenCannotHaveSecondLevelNodes) {
   MessageBoxes messages;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddRecords(u"Lwdj"_s, 3);
@@ -173,7 +173,7 @@ TEST_P(NodeChoiceTest, ATableNameContainingAHyphenCannotHaveSecondLevelNodes) {
   });
 }
 
-TEST_P(NodeChoiceTest, AnOrderThatIsNoLongerValidLeavesTheRecordsClosed) {
+TEST_P(TableNavigationTest, AnOrderThatIsNoLongerValidLeavesTheRecordsClosed) {
   MessageBoxes messages;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddPlainTable(u"Fwdj"_s, u"发文登记"_s, 2);
@@ -187,7 +187,7 @@ TEST_P(NodeChoiceTest, AnOrderThatIsNoLongerValidLeavesTheRecordsClosed) {
   });
 }
 
-TEST_P(NodeChoiceTest, ATableThatTheDatabaseLacksIsToldAndTheWindowGoesOn) {
+TEST_P(TableNavigationTest, ATableThatTheDatabaseLacksIsToldAndTheWindowGoesOn) {
   MessageBoxes messages;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddRecords(u"Lwdj"_s, 1);
@@ -201,7 +201,7 @@ TEST_P(NodeChoiceTest, ATableThatTheDatabaseLacksIsToldAndTheWindowGoesOn) {
   });
 }
 
-TEST_P(NodeChoiceTest, AUserWithoutRightsSeesTheTableAndNoRecord) {
+TEST_P(TableNavigationTest, AUserWithoutRightsSeesTheTableAndNoRecord) {
   Shared().UserId = u"5"_s;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddRecords(u"Lwdj"_s, 2);
@@ -214,7 +214,7 @@ TEST_P(NodeChoiceTest, AUserWithoutRightsSeesTheTableAndNoRecord) {
   });
 }
 
-TEST_P(NodeChoiceTest, TheRightsOfTheUserLimitTheListAndEnableTheCommands) {
+TEST_P(TableNavigationTest, TheRightsOfTheUserLimitTheListAndEnableTheCommands) {
   Shared().UserId = u"5"_s;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddRecords(u"Lwdj"_s, 3);
@@ -229,7 +229,7 @@ TEST_P(NodeChoiceTest, TheRightsOfTheUserLimitTheListAndEnableTheCommands) {
   });
 }
 
-TEST_P(NodeChoiceTest, ATableWithoutReportsShowsTheOneEntryThatSaysSo) {
+TEST_P(TableNavigationTest, ATableWithoutReportsShowsTheOneEntryThatSaysSo) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   InBrowser([&](const Browser& browser) {
     const QAction& only = FindAction(browser.Window(), u"mnu_Report"_s, u"mnu_Report_List(1)"_s);
@@ -239,7 +239,7 @@ TEST_P(NodeChoiceTest, ATableWithoutReportsShowsTheOneEntryThatSaysSo) {
   });
 }
 
-TEST_P(NodeChoiceTest, ClickingTheEntryThatSaysThereIsNoReportDoesNothing) {
+TEST_P(TableNavigationTest, ClickingTheEntryThatSaysThereIsNoReportDoesNothing) {
   MessageBoxes messages;
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   InBrowser([&](const Browser& browser) {
@@ -253,7 +253,7 @@ TEST_P(NodeChoiceTest, ClickingTheEntryThatSaysThereIsNoReportDoesNothing) {
   });
 }
 
-TEST_P(NodeChoiceTest, TheReportMenuOffersTheReportsOfTheTableOfTypeOne) {
+TEST_P(TableNavigationTest, TheReportMenuOffersTheReportsOfTheTableOfTypeOne) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
   design_->AddPlainTable(u"Fwdj"_s, u"发文登记"_s, 2);
   const QString columns = u"Report_ID,Report_Name,Report_Group_Id,Report_Type"_s;
