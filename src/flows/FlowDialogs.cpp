@@ -6,7 +6,7 @@
 
 #include <folvane/Icons.h>
 
-#include "base/Today.h"
+#include "base/Surroundings.h"
 #include "shell/EventGuard.h"
 #include "shell/Lookups.h"
 #include "shell/Messages.h"

@@ -5,7 +5,7 @@
 
 #include <folvane/DataError.h>
 
-#include "base/Today.h"
+#include "base/Surroundings.h"
 #include "base/TypedValues.h"
 #include "data/OneTransaction.h"
 #include "data/Recordset.h"
