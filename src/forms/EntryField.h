@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 #include <QWidget>
+#include <memory>
 
 #include "widgets/TypingGate.h"
 
@@ -82,6 +83,10 @@ class EntryField : public QObject {
   QPointer<QWidget> widget_;
   QString shown_;
 };
+
+/// Makes the field of a kind, its control hidden in the parent. Null for a kind that is not built.
+/// @throws DataError when the list of a dictionary cannot be read
+std::unique_ptr<EntryField> NewField(const FieldSpec& spec, QWidget* parent);
 
 /// The name of an array of controls, "Txt"; "" for a kind that is not built.
 QString ControlArrayName(int controlType);

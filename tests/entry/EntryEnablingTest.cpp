@@ -17,7 +17,7 @@ TableGrants Without(bool TableGrants::*right) {
 }
 
 /// What is enabled after the toolbar was set and the record shown, as the window does it.
-EntryEnabling Shown(const TableGrants& grants, const EntryPlace& place, bool autoSave = false) {
+EntryEnabling Shown(const TableGrants& grants, const EntryPosition& place, bool autoSave = false) {
   EntryEnabling enabling(grants);
   enabling.ApplyRights();
   enabling.SetToolbarState(place.state == RecordState::Browse, autoSave);
@@ -44,7 +44,7 @@ const QStringList kEntries{u"AddNewRecord"_s, u"SaveRecord"_s,   u"DelRecord"_s,
 struct Case {
   const char* name;
   TableGrants grants;
-  EntryPlace place;
+  EntryPosition place;
   QStringList keysOff, entriesOff;
 };
 
@@ -61,7 +61,7 @@ TEST_P(EntryEnablingCases, EnablesAllButThese) {
   EXPECT_EQ(Enabled(kEntries, enabling, false), entries);
 }
 
-const EntryPlace kMiddle{RecordState::Browse, 2, 3};
+const EntryPosition kMiddle{RecordState::Browse, 2, 3};
 
 INSTANTIATE_TEST_SUITE_P(
     All, EntryEnablingCases,
@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& each) { return std::string(each.param.name); });
 
 TEST(EntryEnabling, AddingStaysEnabledWhileEditingWithAutoSave) {
-  const EntryPlace editing{RecordState::Modify, 1, 3};
+  const EntryPosition editing{RecordState::Modify, 1, 3};
   EXPECT_TRUE(Shown(kAll, editing, true).IsKeyEnabled(u"AddRecord"_s));
   EXPECT_TRUE(Shown(kAll, editing, true).IsEntryEnabled(u"AddNewRecord"_s));
   EXPECT_FALSE(Shown(Without(&TableGrants::edit), editing, true).IsKeyEnabled(u"AddRecord"_s));

@@ -1,7 +1,6 @@
 #include <folvane/DataError.h>
 
 #include "KeyOrderFixture.h"
-#include "entry/EnterWalk.h"
 #include "entry/KeyOrder.h"
 
 namespace folvane::test {

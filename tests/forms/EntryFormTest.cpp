@@ -95,18 +95,23 @@ TEST_F(EntryFormTest, ShowsTheRecordAndGuardsItsLengths) {
   EXPECT_EQ(TextIn(*form_, u"Txt(1)"_s), u"一二三四五六"_s);
 }
 
-TEST_F(EntryFormTest, KnowsTheFieldsByKindAndByColumn) {
+TEST_F(EntryFormTest, KnowsTheFieldsByTheirKindsAndNumbers) {
   Design(u"FondsNo"_s, u"全宗"_s, ControlKind::F_FondsNo, 2, 1500, 0);
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt_MLine, 1, 1500, 400);
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 800);
   Build();
-  EntryField* fonds = form_->FieldOf({ControlKind::F_FondsNo, 2});
-  ASSERT_TRUE(fonds);
-  EXPECT_EQ(form_->FondsControl(), fonds);
+  EXPECT_TRUE(form_->FieldOf({ControlKind::F_FondsNo, 2}));
   EXPECT_EQ(form_->FieldOf({ControlKind::F_FondsNo, 1}), nullptr);
-  form_->FieldOf({ControlKind::Txt, 1})->SetText(u"单行"_s);
-  EXPECT_EQ(form_->ValueOfField(u"Title"_s), u"单行"_s);
-  EXPECT_EQ(form_->ValueOfField(u"title"_s), QString());
+}
+
+TEST_F(EntryFormTest, TellsWhatItsFieldsShow) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 3, 1500, 0);
+  Build();
+  form_->FieldOf({ControlKind::Txt, 3})->SetText(u"单行"_s);
+  const ShownFields shown = form_->Shown();
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_EQ(shown[0].control, (ControlId{ControlKind::Txt, 3}));
+  EXPECT_EQ(shown[0].dataField, u"Title"_s);
+  EXPECT_EQ(shown[0].caption, u"题名"_s);
+  EXPECT_EQ(shown[0].text, u"单行"_s);
 }
 
 TEST_F(EntryFormTest, LeavesALabelWithoutAFieldForAnUnknownKind) {
@@ -124,7 +129,7 @@ TEST_F(EntryFormTest, HoldsNothingOfTheTableBefore) {
   Build(u"Fwdj"_s);
   EXPECT_TRUE(form_->findChildren<QWidget*>(u"Txt(1)"_s).isEmpty());
   EXPECT_EQ(form_->findChildren<QLabel*>().size(), 1);
-  EXPECT_TRUE(form_->FondsControl());
+  EXPECT_TRUE(form_->FieldOf({ControlKind::F_FondsNo, 1}));
 }
 
 TEST_F(EntryFormTest, EndsTheBuildingOverAColumnThatTheRecordSetLacks) {
