@@ -31,9 +31,7 @@ class EntryEnabling {
   /// The commands on the current record and the moves from it.
   void RefreshRecordView(const EntryPosition& at);
 
-  /// Commands that nothing was said about are enabled.
-  bool IsKeyEnabled(const QString& key) const { return keys_.value(key, true); }
-  bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry, true); }
+  /// Commands that nothing was said about are not in these, and stay enabled.
   const QHash<QString, bool>& Keys() const { return keys_; }
   const QHash<QString, bool>& Entries() const { return entries_; }
 

@@ -73,7 +73,6 @@ class EntryField : public QObject {
  protected:
   /// Takes the control, which goes with the field.
   EntryField(FieldSpec spec, QWidget* widget);
-  const FieldSpec& Spec() const { return spec_; }
   virtual void ShowStored(const QString& stored) { SetText(stored); }
 
  private:
