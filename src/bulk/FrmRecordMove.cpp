@@ -10,7 +10,8 @@
 
 #include <folvane/Icons.h>
 
-#include "bulk/PageOffset.h"
+#include "base/TypedValues.h"
+#include "records/MovePlan.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
@@ -30,6 +31,15 @@ QString Digits(const QString& typed) {
 }
 
 }  // namespace
+
+int MoveNumberOf(const QString& number, bool isPage) {
+  const int asked = ToInteger(number);
+  if (!isPage || asked == 0) return asked;
+  int before = 0;
+  if (__builtin_mul_overflow(asked - 1, kPageSize, &before))
+    throw NumberError(u"页码“%1”超出了整数的范围。"_s.arg(number));
+  return before;
+}
 
 FrmRecordMove::FrmRecordMove()
     : question_(new QLabel(u"请键入您要移动到指定数据的"_s, this)), number_(new TextBox(this)) {

@@ -14,8 +14,9 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString kKey = QStringLiteral("ArchiveID");
+const QString kKey = u"ArchiveID"_s;
 
 }  // namespace
 
