@@ -1,83 +1,8 @@
-#include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <gmock/gmock.h>
-
-#include "bulk/FrmReplace.h"
-#include "entry/InputFixture.h"
+#include "bulk/ReplaceWindowFixture.h"
 #include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
-
-/// The window that finds and replaces, read and driven by the names of its controls.
-class Replacing {
- public:
-  explicit Replacing(QWidget& window) : window_(window) {}
-
-  QWidget& Window() const { return window_; }
-  QWidget& Control(const QString& name) const { return Find<QWidget>(window_, name); }
-  bool On(const QString& name) const { return Control(name).isEnabled(); }
-  bool Ticked(const QString& name) const { return Find<QAbstractButton>(window_, name).isChecked(); }
-  QString Status() const { return TextIn(window_, u"LblStatus"_s); }
-  void Enter(const QString& name, const QString& text) const { Retype(Control(name), text); }
-  void Do(const QString& name) const { Click(Control(name)); }
-  void Choose(const QString& name, int entry) const {
-    auto& combo = Find<QComboBox>(window_, name);
-    combo.setFocus();
-    Press(combo, Qt::Key_Home);
-    for (int step = 0; step < entry; ++step) Press(combo, Qt::Key_Down);
-  }
-
- private:
-  QWidget& window_;
-};
-
-QWidget* OpenReplaceWindow() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == u"FrmReplace"_s && window->isVisible()) return window;
-  }
-  return nullptr;
-}
-
-/// The window beside the entry window, over titles and document numbers.
-class ReplaceWindowTest : public InputTest {
- protected:
-  void SetUp() override {
-    InputTest::SetUp();
-    openReplace_ = &OpenReplace;
-    Design({u"Amaintitle"_s, u"题名"_s});
-    Design({u"DocNo"_s, u"文号"_s, ControlKind::Cmb});
-    Design({u"CreatedDate"_s, u"日期"_s, ControlKind::DTP_Arch});
-  }
-  void TearDown() override {
-    DefaultInstance<FrmReplace>::Unload();
-    InputTest::TearDown();
-  }
-  void Title(int number, const QString& title) {
-    Run(u"update Lwdj set Amaintitle = '%2' where ArchiveID = '%1'"_s.arg(Key(number), title));
-  }
-  QString TitleOf(int number) {
-    return Value(u"select Amaintitle from Lwdj where ArchiveID = '%1'"_s.arg(Key(number)));
-  }
-
-  void WithReplace(const std::function<void(const Input&, const Replacing&)>& steps, qint64 position = 1) {
-    InWindow(
-        [&](const Input& input) {
-          input.Do(u"mnuReplace"_s);
-          QWidget* window = OpenReplaceWindow();
-          ASSERT_TRUE(window);
-          ASSERT_TRUE(WaitUntil([&] { return window->isActiveWindow(); }));
-          steps(input, Replacing(*window));
-        },
-        false, position);
-  }
-  static QString SelectedIn(const Input& input, const QString& control) {
-    QWidget& widget = input.Control(control);
-    const auto* box = qobject_cast<QLineEdit*>(&widget);
-    return (box ? box : widget.findChild<QLineEdit*>())->selectedText();
-  }
-};
 
 FOLVANE_ON_EACH_DATABASE(ReplaceWindowTest);
 
@@ -258,78 +183,6 @@ TEST_P(ReplaceWindowTest, WithoutAHitNothingIsSaidAndTheRecordStays) {
   EXPECT_TRUE(boxes_.Requests().empty());
 }
 
-TEST_P(ReplaceWindowTest, ReplaceOverwritesTheHitOfTheCurrentRecordInTheTableOnly) {
-  AddRecords(2);
-  Title(1, u"xaby"_s);
-  Title(2, u"xaby"_s);
-  WithReplace([&](const Input& input, const Replacing& replacing) {
-    replacing.Enter(u"CboFindTxt"_s, u"ab"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"Z"_s);
-    replacing.Do(u"CmdReplace"_s);
-    EXPECT_EQ(TitleOf(1), u"Z"_s);
-    EXPECT_EQ(TitleOf(2), u"xaby"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"xaby"_s);
-    EXPECT_EQ(SelectedIn(input, u"Txt(1)"_s), u"ab"_s);
-    EXPECT_EQ(replacing.Status(), u"已替换的记录：1条，重新读取后显示新值"_s);
-  });
-}
-
-TEST_P(ReplaceWindowTest, ReplaceAllOverwritesTheHitsOfItsWayAndTellsTheirNumberBeforeAndAfter) {
-  AddRecords(4);
-  WithReplace(
-      [&](const Input& input, const Replacing& replacing) {
-        replacing.Enter(u"CboFindTxt"_s, u"题名"_s);
-        replacing.Enter(u"CboRelaceTxt"_s, u"a[b"_s);
-        replacing.Choose(u"CboFx"_s, 2);
-        EXPECT_TRUE(WaitUntil([&] { return replacing.Status() == u"符合条件的记录：3条"_s; }));
-        replacing.Do(u"CmdReplaceAll"_s);
-        EXPECT_EQ(replacing.Status(), u"已替换的记录：3条，重新读取后显示新值"_s);
-        EXPECT_EQ(input.Position(), u"当前记录：第2条/共4条"_s);
-      },
-      2);
-  EXPECT_EQ((QStringList{TitleOf(1), TitleOf(2), TitleOf(4)}), (QStringList{u"题名1"_s, u"a[b"_s, u"a[b"_s}));
-}
-
-TEST_P(ReplaceWindowTest, TellsHowManyHitsCouldNotBeWrittenAndWhy) {
-  AddRecords(3);
-  Run(u"create unique index OneTitle on Lwdj (Amaintitle)"_s);
-  WithReplace([&](const Input&, const Replacing& replacing) {
-    replacing.Enter(u"CboFindTxt"_s, u"题名"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"同名"_s);
-    replacing.Do(u"CmdReplaceAll"_s);
-    EXPECT_EQ(replacing.Status(),
-              u"已替换的记录：1条，重新读取后显示新值\n未能写入的记录：2条，字段“题名”的值已经存在。"_s);
-  });
-  EXPECT_EQ((QStringList{TitleOf(1), TitleOf(2)}), (QStringList{u"同名"_s, u"题名2"_s}));
-  EXPECT_TRUE(boxes_.Requests().empty());
-}
-
-TEST_P(ReplaceWindowTest, TellsThatTheReplacementIsTooLong) {
-  AddRecords(2);
-  Design({u"FondsNo"_s, u"全宗号"_s});
-  Run(u"update Lwdj set FondsNo = '01'"_s);
-  WithReplace([&](const Input&, const Replacing& replacing) {
-    replacing.Do(u"OptField"_s);
-    replacing.Choose(u"CboField"_s, 3);
-    replacing.Enter(u"CboFindTxt"_s, u"01"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"五字全宗号"_s);
-    replacing.Do(u"CmdReplaceAll"_s);
-    EXPECT_EQ(replacing.Status(),
-              u"已替换的记录：0条\n未能写入的记录：2条，字段“全宗号”的值太长：有 10 个字节，最多 4 个字节。"_s);
-  });
-}
-
-TEST_P(ReplaceWindowTest, TellsThatTheCurrentRecordCouldNotBeWritten) {
-  AddRecords(2);
-  Run(u"create unique index OneTitle on Lwdj (Amaintitle)"_s);
-  WithReplace([&](const Input&, const Replacing& replacing) {
-    replacing.Enter(u"CboFindTxt"_s, u"题名"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"题名2"_s);
-    replacing.Do(u"CmdReplace"_s);
-    EXPECT_EQ(replacing.Status(), u"已替换的记录：0条\n未能写入的记录：1条，字段“题名”的值已经存在。"_s);
-  });
-}
-
 TEST_P(ReplaceWindowTest, NamesItsControlsForScreenReaders) {
   AddRecords(1);
   WithReplace(
@@ -343,19 +196,6 @@ TEST_P(ReplaceWindowTest, FindsOnWithItsShortcut) {
     Press(replacing.Control(u"CboFindTxt"_s), Qt::Key_F3);
     EXPECT_EQ(input.Position(), u"当前记录：第2条/共2条"_s);
   });
-}
-
-TEST_P(ReplaceWindowTest, AQuoteInTheReplacementReplacesNothingAndShowsNoBox) {
-  AddRecords(2);
-  WithReplace([&](const Input&, const Replacing& replacing) {
-    replacing.Enter(u"CboFindTxt"_s, u"题名"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"it's"_s);
-    replacing.Do(u"CmdReplace"_s);
-    replacing.Do(u"CmdReplaceAll"_s);
-    EXPECT_TRUE(replacing.Status().startsWith(u"已替换的记录：0条\n未能写入的记录：2条，"_s));
-  });
-  EXPECT_EQ(TitleOf(1), u"题名1"_s);
-  EXPECT_TRUE(boxes_.Requests().empty());
 }
 
 TEST_P(ReplaceWindowTest, AnEditInProgressIsNeitherLostNorStoredNorMovedAwayFrom) {

@@ -50,16 +50,16 @@ class PaperForm : public FormToSave {
   bool wasMarked = false;
 };
 
-const ControlId kTitle{ControlKind::Txt, 1}, kNumber{ControlKind::Txt, 2};
-const QString kRefused = u"当前数据保存失败，原因在于："_s;
+const ControlId kTitleBox{ControlKind::Txt, 1}, kNumberBox{ControlKind::Txt, 2};
+const QString kReason = u"当前数据保存失败，原因在于："_s;
 
 class RecordSaveTest : public EntryTest {
  protected:
   void SetUp() override {
     EntryTest::SetUp();
     Run(u"insert into Lwdj (ArchiveID,Amaintitle,DocNo) values ('1','一','甲'),('2','二','乙')"_s);
-    AddField(kTitle, u"Amaintitle"_s, u"题名"_s);
-    AddField(kNumber, u"DocNo"_s, u"文号"_s);
+    AddField(kTitleBox, u"Amaintitle"_s, u"题名"_s);
+    AddField(kNumberBox, u"DocNo"_s, u"文号"_s);
     other_ = Database().Connect();
   }
   void AddField(const ControlId& control, const QString& column, const QString& caption) {
@@ -99,7 +99,7 @@ class RecordSaveTest : public EntryTest {
 };
 
 TEST_P(RecordSaveTest, WritesWhatTheFormShows) {
-  Edit(kTitle, u"新题"_s);
+  Edit(kTitleBox, u"新题"_s);
   EXPECT_TRUE(Save());
   EXPECT_EQ(Stored(u"Amaintitle"_s), u"新题"_s);
   EXPECT_EQ(form_.acts, (QStringList{u"refresh"_s, u"keep"_s, u"saved"_s}));
@@ -124,13 +124,13 @@ TEST_P(RecordSaveTest, SendsTheUserToAddOnAnEmptyRecordSet) {
 }
 
 TEST_P(RecordSaveTest, GoesToTheRequiredFieldThatIsEmpty) {
-  layout_.RequiredList = {{}, kNumber};
-  Edit(kNumber, QString());
+  layout_.RequiredList = {{}, kNumberBox};
+  Edit(kNumberBox, QString());
   EXPECT_FALSE(Save());
-  EXPECT_EQ(Said(), kRefused + u"“文号”字段值不能为空！请输入数据！"_s);
+  EXPECT_EQ(Said(), kReason + u"“文号”字段值不能为空！请输入数据！"_s);
   EXPECT_EQ(form_.said[0].flags, MessageFlag::Information);
   EXPECT_EQ(form_.said[0].title, u"著录"_s);
-  EXPECT_EQ(form_.focused, kNumber);
+  EXPECT_EQ(form_.focused, kNumberBox);
   EXPECT_FALSE(form_.wasMarked);
   EXPECT_EQ(form_.work, u"准备就绪"_s);
   EXPECT_EQ(Stored(u"DocNo"_s), u"甲"_s);
@@ -148,9 +148,9 @@ TEST_P(RecordSaveTest, MarksTheWholeOfADateThatIsNone) {
 TEST_P(RecordSaveTest, LetsNobodySaveOutsideHisRights) {
   rights_ = {u"Lwdj"_s, u"(Lwdj.DocNo='甲')"_s, u"文号为甲"_s};
   Run(u"insert into UserPopedomScopeDetails (PopTableName,UserId,FieldName) values ('Lwdj','7','DocNo')"_s);
-  Edit(kNumber, u"丙"_s);
+  Edit(kNumberBox, u"丙"_s);
   EXPECT_FALSE(Save());
-  EXPECT_EQ(Said(), kRefused + u"您输入的数据与您的权限不符！\r\n文号为甲"_s);
+  EXPECT_EQ(Said(), kReason + u"您输入的数据与您的权限不符！\r\n文号为甲"_s);
   EXPECT_EQ(form_.focused, ControlId());
   EXPECT_TRUE(form_.acts.isEmpty());
 }
@@ -167,29 +167,29 @@ TEST_P(RecordSaveTest, PutsMultiLineTextsOnOneLineAndTellsOfIt) {
 TEST_P(RecordSaveTest, ClearsTheTextThatBreaksARuleAfterItHasKeptTheComboTexts) {
   Run(u"insert into SaveCollect (TableName,CenterControlIndex,FieldName,ControlIndex,ControlType,ChnFieldName,Relation,"
       "CollectValue) values ('Lwdj',0,'DocNo',2,1,'文号','只能是','数字')"_s);
-  Edit(kNumber, u"丙"_s);
+  Edit(kNumberBox, u"丙"_s);
   EXPECT_FALSE(Save());
   EXPECT_EQ(form_.said.back().title, u"校对提示"_s);
   EXPECT_EQ(form_.said.back().flags, MessageFlag::Information);
-  EXPECT_EQ(form_.FieldOf(kNumber).text, QString());
+  EXPECT_EQ(form_.FieldOf(kNumberBox).text, QString());
   EXPECT_EQ(Shared().CurrentRecords[u"DocNo"_s].Text(), QString());
   EXPECT_EQ(form_.acts, (QStringList{u"refresh"_s, u"keep"_s}));
 }
 
 TEST_P(RecordSaveTest, GoesToTheFieldThatTheDatabaseRefuses) {
   Run(u"create unique index OneNumber on Lwdj (DocNo)"_s);
-  Edit(kNumber, u"乙"_s);
+  Edit(kNumberBox, u"乙"_s);
   EXPECT_FALSE(Save());
-  EXPECT_EQ(Said(), kRefused + u"字段“文号”的值“乙”已经存在。"_s);
+  EXPECT_EQ(Said(), kReason + u"字段“文号”的值“乙”已经存在。"_s);
   EXPECT_EQ(form_.said[0].flags, MessageFlag::Critical);
   EXPECT_EQ(form_.said[0].note, u"您输入的内容仍保留在界面上。"_s);
-  EXPECT_EQ(form_.focused, kNumber);
+  EXPECT_EQ(form_.focused, kNumberBox);
   EXPECT_EQ(lifecycle_->State(), RecordState::Modify);
 }
 
 TEST_P(RecordSaveTest, PassesOnAnErrorThatIsAboutNoField) {
   Refuse(u"Lwdj"_s, u"update"_s, u"new.ArchiveID = '1'"_s);
-  Edit(kTitle, u"新题"_s);
+  Edit(kTitleBox, u"新题"_s);
   EXPECT_THROW(Save(), DataError);
   EXPECT_TRUE(form_.said.empty());
   EXPECT_EQ(Stored(u"Amaintitle"_s), u"一"_s);
@@ -211,14 +211,14 @@ TEST_P(RecordSaveTest, TakesAnotherKeyForANewRecordWhoseKeyIsTaken) {
 }
 
 TEST_P(RecordSaveTest, WritesOverAnotherClerkOnlyWhenTheUserHasSeenWhat) {
-  Edit(kTitle, u"我的"_s);
+  Edit(kTitleBox, u"我的"_s);
   OtherRuns(u"Update Lwdj Set Amaintitle='对方' Where ArchiveID='1'"_s);
   form_.answers = {Answer::Yes, Answer::No, Answer::Yes, Answer::Yes};
   EXPECT_FALSE(Save());
   ASSERT_EQ(form_.said.size(), 2u);
-  EXPECT_EQ(form_.said[0].text,
-            kRefused + u"该记录已被其他用户修改！\r\n您输入的内容仍保留在界面上，没有写入数据库。\r\n"
-                       "是否查看对方保存的数据？"_s);
+  EXPECT_EQ(form_.said[0].text, kReason +
+                                    u"该记录已被其他用户修改！\r\n您输入的内容仍保留在界面上，没有写入数据库。\r\n"
+                                    "是否查看对方保存的数据？"_s);
   EXPECT_EQ(form_.said[0].flags, MessageFlag::YesNo + MessageFlag::Warning);
   EXPECT_TRUE(Said().contains(u"题名：对方（您的内容：我的）"_s));
   EXPECT_EQ(form_.said[1].flags, MessageFlag::YesNo + MessageFlag::Question + MessageFlag::SecondIsDefault);
@@ -228,7 +228,7 @@ TEST_P(RecordSaveTest, WritesOverAnotherClerkOnlyWhenTheUserHasSeenWhat) {
 }
 
 TEST_P(RecordSaveTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
-  Edit(kTitle, u"我的"_s);
+  Edit(kTitleBox, u"我的"_s);
   OtherRuns(u"Update Lwdj Set Amaintitle='对方' Where ArchiveID='1'"_s);
   form_.whileAsked = [&] {
     if (form_.said.size() == 2) OtherRuns(u"Update Lwdj Set Amaintitle='第三人' Where ArchiveID='1'"_s);
@@ -240,11 +240,12 @@ TEST_P(RecordSaveTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
 }
 
 TEST_P(RecordSaveTest, TellsThatTheRecordIsGone) {
-  Edit(kTitle, u"我的"_s);
+  Edit(kTitleBox, u"我的"_s);
   OtherRuns(u"Delete From Lwdj Where ArchiveID='1'"_s);
   EXPECT_FALSE(Save());
-  EXPECT_EQ(Said(), kRefused + u"该记录已被其他用户删除！\r\n您输入的内容仍保留在界面上，没有写入数据库。\r\n"
-                               "请抄录需要的内容后取消本次操作。"_s);
+  EXPECT_EQ(Said(), kReason +
+                        u"该记录已被其他用户删除！\r\n您输入的内容仍保留在界面上，没有写入数据库。\r\n"
+                        "请抄录需要的内容后取消本次操作。"_s);
   EXPECT_EQ(form_.said[0].flags, MessageFlag::Warning);
 }
 
