@@ -43,7 +43,7 @@ inline const QString kReady = QStringLiteral("准备就绪");
 /// Tells the user of the rule that the form breaks, and takes away the text that is to be entered anew.
 void TellBrokenRule(FormToSave& form, const BrokenRule& broken);
 
-/// Whose record is saved.
+/// What a save goes by.
 struct SaveTerms {
   EntryRights rights;
   bool mayEdit = false;  ///< otherwise the rights are not looked at
