@@ -9,7 +9,7 @@
 #include "browser/FrmMain.h"
 #include "browser/OriginalsView.h"
 #include "browser/SearchBar.h"
-#include "shell/RegistryValues.h"
+#include "widgets/KeptSizes.h"
 #include "widgets/RecordListView.h"
 #include "widgets/ViewHint.h"
 
@@ -17,23 +17,8 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kWindowsPath = u"Software\\Norvex\\Folvane\\Windows"_s;
 const QString kColumnSizes = u"FrmMain.Columns"_s;
 const QString kRowSizes = u"FrmMain.Rows"_s;
-
-void RestoreSizes(QSplitter& splitter, const QString& name, const QList<int>& usual) {
-  QList<int> sizes;
-  for (const QString& size : QueryValue(kCurrentUser, kWindowsPath, name).split(u',', Qt::SkipEmptyParts)) {
-    sizes.append(size.toInt());
-  }
-  splitter.setSizes(sizes.size() == usual.size() ? sizes : usual);
-}
-
-void KeepSizes(const QSplitter& splitter, const QString& name) {
-  QStringList sizes;
-  for (const int size : splitter.sizes()) sizes.append(QString::number(size));
-  SaveValue(kCurrentUser, kWindowsPath, name, sizes.join(u','));
-}
 
 }  // namespace
 

@@ -13,7 +13,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 // Large enough for the cost of a transaction not to count, small enough for progress and a stop to show soon.
-constexpr std::size_t kPortion = 500;
+constexpr size_t kPortion = 500;
 
 }  // namespace
 
@@ -74,14 +74,14 @@ void BatchWalk::Step() { direction_ == Direction::Up ? records_.MovePrevious() :
 std::optional<QString> BatchWalk::Replaced() const { return replacement_.Of(records_[field_].Value()); }
 
 qint64 BatchWalk::Count() {
-  const ReturnTo place(records_);
+  const ReturnTo before(records_);
   qint64 count = 0;
   for (Start(); OnRow(); Step()) count += Replaced() ? 1 : 0;
   return count;
 }
 
 bool BatchWalk::Run(const Progress& progress) {
-  const ReturnTo place(records_);
+  const ReturnTo before(records_);
   CheckLengths();
   try {
     return Walk(progress);
@@ -135,7 +135,7 @@ void BatchWalk::WritePortion() {
 // A portion is written whole or not at all. One that is refused is written record by record up to the one at fault.
 void BatchWalk::WriteSingly() {
   const std::vector<qint64> rows = std::exchange(portion_, {});
-  const ReturnTo place(records_);
+  const ReturnTo before(records_);
   try {
     for (const qint64 row : rows) {
       records_.SetBookmark(row);

@@ -67,7 +67,6 @@ void FindReplace::Look(const Recordset& records, bool replace, bool& found) {
   int hit = search_.NextHit(records);
   if (hit >= 0 && !replace) {
     GetFieldControl(records.Fields().Item(hit).Name());
-    hitPosition_ = records.AbsolutePosition();
     found = true;
   }
   for (; hit >= 0 && replace; hit = search_.NextHit(records, hit + 1)) {
@@ -83,14 +82,14 @@ void FindReplace::Overwrite(const Recordset& records, const QString& field) cons
 }
 
 bool FindReplace::FindNext(Recordset& records, SearchWay way, const Progress& progress) {
-  ReturnTo place(records);
+  ReturnTo before(records);
   const qint64 count = records.RecordCount();
   qint64 done = 0;
   for (BeginSearch(records, way); StandsOnRecord(records); StepSearch(records, way)) {
     bool found = false;
     FindInRecord(records, false, found);
     if (found) {
-      place.Stay();
+      before.Stay();
       return true;
     }
     if (!progress(++done, count)) break;
@@ -99,7 +98,7 @@ bool FindReplace::FindNext(Recordset& records, SearchWay way, const Progress& pr
 }
 
 qint64 FindReplace::ReplaceAll(Recordset& records, SearchWay way, const Progress& progress) {
-  const ReturnTo place(records);
+  const ReturnTo before(records);
   const qint64 count = records.RecordCount();
   qint64 done = 0, replaced = 0;
   BeginSearch(records, way);

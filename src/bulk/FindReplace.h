@@ -42,8 +42,6 @@ class FindReplace {
   /// @return the records that were hit and overwritten
   qint64 ReplaceAll(Recordset& records, SearchWay way, const Progress& progress);
 
-  /// The position of the last hit found, 0 before the first.
-  qint64 HitPosition() const { return hitPosition_; }
   /// The control of the last hit's field. A field without a control leaves it as it was.
   const ControlId& HitControl() const { return hitControl_; }
 
@@ -63,7 +61,6 @@ class FindReplace {
   QString replacement_;
   RecordSearch search_;
   Refusals refused_;
-  qint64 hitPosition_ = 0;
   ControlId hitControl_;
 };
 

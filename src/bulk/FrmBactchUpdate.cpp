@@ -132,7 +132,7 @@ FillOfEmpty FrmBactchUpdate::Fill(const QString& field) const {
 
 BatchWalk FrmBactchUpdate::Walk(const QString& field) const {
   const Replacement replacement{find_->currentText(), value_->text(), whole_->isChecked(), case_->isChecked()};
-  const auto direction = static_cast<BatchWalk::Direction>(direction_->currentIndex());
+  const auto direction = BatchWalk::Direction(direction_->currentIndex());
   return BatchWalk(Shared().CurrentRecords, field, replacement, direction, vsPos);
 }
 

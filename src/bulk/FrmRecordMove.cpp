@@ -4,44 +4,38 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 #include <utility>
 
 #include <folvane/Icons.h>
 
-#include "bulk/PageOffset.h"
+#include "base/TypedValues.h"
+#include "records/MovePlan.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
-#include "shell/TypedKeys.h"
 #include "widgets/DialogKeys.h"
-#include "widgets/TextBox.h"
+#include "widgets/DigitBox.h"
 
 namespace folvane {
-namespace {
 using namespace Qt::Literals::StringLiterals;
 
-QString Digits(const QString& typed) {
-  QString digits;
-  for (const QChar letter : typed) {
-    if (FilterKey(letter.unicode(), u"0123456789"_s, true) != 0) digits += letter;
-  }
-  return digits;
+int MoveNumberOf(const QString& number, bool isPage) {
+  const int asked = ToInteger(number);
+  if (!isPage || asked == 0) return asked;
+  int before = 0;
+  if (__builtin_mul_overflow(asked - 1, kPageSize, &before))
+    throw NumberError(u"页码“%1”超出了整数的范围。"_s.arg(number));
+  return before;
 }
 
-}  // namespace
-
 FrmRecordMove::FrmRecordMove()
-    : question_(new QLabel(u"请键入您要移动到指定数据的"_s, this)), number_(new TextBox(this)) {
+    : question_(new QLabel(u"请键入您要移动到指定数据的"_s, this)), number_(new DigitBox(this)) {
   setObjectName(u"FrmRecordMove"_s);
   setWindowTitle(u"数据快速定位"_s);
   setWindowIcon(Icon(u"goto"_s));
   question_->setObjectName(u"LblCirName"_s);
   question_->setBuddy(number_);
   number_->setObjectName(u"TxtMoveNo"_s);
-  number_->SetAdmission(&Digits);
-  number_->setValidator(
-      new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), number_));  // for what is pasted
   LayOut();
 }
 

@@ -8,6 +8,10 @@ namespace folvane {
 
 class TextBox;
 
+/// The record position that a typed number asks for: a record's number as it stands, or for a page the count of the
+/// records before it. 0 for the first page and for the number 0. @throws NumberError beyond 32 bits
+int MoveNumberOf(const QString& number, bool isPage);
+
 /// Asks for the number of a record or of a page to go to. Used through DefaultInstance and shown by ShowModal; whoever
 /// showed it reads MoveNumber and unloads it.
 class FrmRecordMove : public QDialog {

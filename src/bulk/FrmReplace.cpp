@@ -171,7 +171,7 @@ SearchTerms FrmReplace::Terms() const {
           like_->isChecked()};
 }
 
-SearchWay FrmReplace::Way() const { return static_cast<SearchWay>(way_->currentIndex()); }
+SearchWay FrmReplace::Way() const { return SearchWay(way_->currentIndex()); }
 
 bool FrmReplace::IsSettled() {
   input_->StoreTyped();
@@ -225,11 +225,11 @@ void FrmReplace::SelectHit() {
   if (!text) return;
   input_->activateWindow();
   field->Focus();
-  const qsizetype place = text->text().indexOf(find_->currentText());
-  if (whole_->isChecked() || place < 1)
+  const qsizetype start = text->text().indexOf(find_->currentText());
+  if (whole_->isChecked() || start < 1)
     text->selectAll();
   else
-    text->setSelection(int(place), int(find_->currentText().size()));
+    text->setSelection(int(start), int(find_->currentText().size()));
 }
 
 void FrmReplace::CountSoon() {

@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "bulk/FindReplace.h"
-#include "bulk/HitCount.h"
 
 class QCheckBox;
 class QLabel;

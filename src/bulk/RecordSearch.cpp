@@ -3,11 +3,20 @@
 #include <algorithm>
 
 #include "base/IgnoreErrors.h"
+#include "bulk/ReturnTo.h"
 #include "data/ValueText.h"
 
 namespace folvane {
-
+namespace {
 using namespace Qt::Literals::StringLiterals;
+
+constexpr int kRecordsAtATime = 1000;
+
+qint64 BookmarkOf(const Recordset& records) { return StandsOnRecord(records) ? records.Bookmark() : 0; }
+
+bool IsEdited(const Recordset& records) { return records.EditMode() != EditModeKind::None; }
+
+}  // namespace
 
 void BeginSearch(Recordset& records, SearchWay way) {
   if (way == SearchWay::All && records.RecordCount() > 0) records.MoveFirst();
@@ -48,6 +57,26 @@ bool RecordSearch::Hits(const Field& field) const {
   if (!value.isValid()) return false;
   const QString text = ValueText(value);
   return pattern_ ? pattern_->Matches(text) : text == whole_;
+}
+
+void HitCount::Begin(Recordset& records, RecordSearch search, SearchWay way) {
+  search_ = std::move(search);
+  way_ = way;
+  next_ = count_ = 0;
+  if (IsEdited(records)) return;
+  const ReturnTo before(records);
+  BeginSearch(records, way_);
+  next_ = BookmarkOf(records);
+}
+
+bool HitCount::GoOn(Recordset& records) {
+  if (next_ == 0 || IsEdited(records)) return false;
+  const ReturnTo before(records);
+  records.SetBookmark(next_);
+  for (int done = 0; done < kRecordsAtATime && StandsOnRecord(records); ++done, StepSearch(records, way_))
+    count_ += search_.IsHit(records) ? 1 : 0;
+  next_ = BookmarkOf(records);
+  return next_ > 0;
 }
 
 }  // namespace folvane

@@ -1,8 +1,12 @@
 #include "entry/EntryCommandDesign.h"
 
+#include "shell/RegistryValues.h"
+
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+
+const QString kMarked = u"True"_s, kUnmarked = u"False"_s;
 
 std::vector<CommandMenu> Menus() {
   return {
@@ -86,6 +90,21 @@ const QSet<QString>& UnavailableEntryCommands() {
       kRunReport,    u"mnuDistibute"_s, u"mnuPassRead"_s, u"mnuTransact"_s, u"mnuArchive"_s, u"DoArchive"_s,
   };
   return unavailable;
+}
+
+const std::vector<KeptMark>& KeptMarks() {
+  static const std::vector<KeptMark> marks{{u"AutoSave"_s, u"AutoAddSaveFlags"_s},
+                                           {u"UseSign"_s, u"UseSpecialSign"_s},
+                                           {u"AutoStatus"_s, u"AutoFileStatus"_s}};
+  return marks;
+}
+
+bool ReadMark(const KeptMark& mark) {
+  return QueryValue(kLocalMachine, kMainFlags, mark.value).compare(kMarked, Qt::CaseInsensitive) == 0;
+}
+
+void KeepMark(const KeptMark& mark, bool on) {
+  SaveValue(kLocalMachine, kMainFlags, mark.value, on ? kMarked : kUnmarked);
 }
 
 }  // namespace folvane

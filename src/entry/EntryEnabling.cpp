@@ -80,16 +80,16 @@ void EntryEnabling::SetToolbarState(bool browsing, bool autoSave) {
   ApplyRights();
 }
 
-void EntryEnabling::RefreshRecordView(const EntryPlace& place) {
+void EntryEnabling::RefreshRecordView(const EntryPosition& at) {
   SetEntries(kMoveEntries + kFileEntries + kFlowEntries +
                  QStringList{u"DelRecord"_s, u"mnuCopyAll"_s, u"ReportDesign"_s, u"mnuArchive"_s},
              false);
   SetKeys(kFlowKeys + QStringList{u"DoArchive"_s, u"FileArea"_s, u"ReportView"_s, u"MovePrevious"_s, u"MoveNext"_s,
                                   u"DelRecord"_s},
           false);
-  if (place.state != RecordState::Browse || place.count == 0) return;
+  if (at.state != RecordState::Browse || at.count == 0) return;
   EnableOnRecord();
-  EnableMoves(place);
+  EnableMoves(at);
 }
 
 void EntryEnabling::EnableOnRecord() {
@@ -113,12 +113,12 @@ void EntryEnabling::EnableOnRecord() {
   SetEntries({u"mnuCopyAll"_s}, true);
 }
 
-void EntryEnabling::EnableMoves(const EntryPlace& place) {
-  if (place.position > 1) {
+void EntryEnabling::EnableMoves(const EntryPosition& at) {
+  if (at.position > 1) {
     SetKeys({u"MovePrevious"_s}, true);
     SetEntries({u"First_R"_s, u"Previous_R"_s}, true);
   }
-  if (place.position >= 1 && place.position < place.count) {
+  if (at.position >= 1 && at.position < at.count) {
     SetKeys({u"MoveNext"_s}, true);
     SetEntries({u"Next_R"_s, u"Last_R"_s}, true);
   }

@@ -12,7 +12,7 @@ namespace folvane {
 enum class RecordState { Browse = 0, Add = 1, Modify = 2 };
 
 /// Where an entry form stands in its records. Positions count from 1.
-struct EntryPlace {
+struct EntryPosition {
   RecordState state = RecordState::Browse;
   qint64 position = 0;
   qint64 count = 0;
@@ -29,11 +29,9 @@ class EntryEnabling {
   /// @param autoSave saving goes on to the next record: the command to add stays as it is
   void SetToolbarState(bool browsing, bool autoSave);
   /// The commands on the current record and the moves from it.
-  void RefreshRecordView(const EntryPlace& place);
+  void RefreshRecordView(const EntryPosition& at);
 
-  /// Commands that nothing was said about are enabled.
-  bool IsKeyEnabled(const QString& key) const { return keys_.value(key, true); }
-  bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry, true); }
+  /// Commands that nothing was said about are not in these, and stay enabled.
   const QHash<QString, bool>& Keys() const { return keys_; }
   const QHash<QString, bool>& Entries() const { return entries_; }
 
@@ -48,7 +46,7 @@ class EntryEnabling {
   void SetMoveButtons(bool allowed);
   void WithoutTarget();
   void EnableOnRecord();
-  void EnableMoves(const EntryPlace& place);
+  void EnableMoves(const EntryPosition& at);
 
   TableGrants grants_;
   QHash<QString, bool> keys_, entries_;

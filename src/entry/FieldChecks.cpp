@@ -4,8 +4,9 @@
 
 #include "base/CodePage.h"
 #include "base/TypedValues.h"
-#include "forms/LimitText.h"
+#include "data/Recordset.h"
 #include "shell/Messages.h"
+#include "shell/SharedState.h"
 
 namespace folvane {
 namespace {
@@ -64,6 +65,25 @@ std::optional<CheckFailure> FirstFailure(const ShownFields& fields, const std::v
   return {};
 }
 
+QString ValueOf(const QString& column, const ShownFields& fields) {
+  const ShownField* first = nullptr;
+  for (const ShownField& field : fields) {
+    if (field.dataField == column && (!first || field.control.type < first->control.type)) first = &field;
+  }
+  return first ? first->text : QString();
+}
+
+// The condition with what was entered in place of the columns. Values are not quoted for the statement: one with an
+// apostrophe cannot be judged.
+QString WithValues(const EntryRights& rights, Recordset& limited, const ShownFields& fields) {
+  QString condition = rights.condition;
+  for (; !limited.EOF_(); limited.MoveNext()) {
+    const QString column = limited[u"FieldName"_s].Text();
+    condition.replace(rights.table + u'.' + column, u'\'' + ValueOf(column, fields) + u'\'');
+  }
+  return condition;
+}
+
 bool IsBadDate(const QString& text) {
   const QString month = text.mid(4, 2), day = text.right(2);
   const QString date = text.left(4) + u'-' + month + u'-' + day;
@@ -71,6 +91,22 @@ bool IsBadDate(const QString& text) {
 }
 
 }  // namespace
+
+std::optional<CheckFailure> CheckPopedom(const EntryRights& rights, const ShownFields& fields) {
+  Recordset records;
+  records.Open(u"Select Distinct(FieldName) from UserPopedomScopeDetails Where PopTableName='"_s + rights.table +
+                   u"' And UserId = '"_s + Shared().UserId + u"'"_s,
+               SharedConnection());
+  if (records.EOF_()) return {};
+  const QString condition = WithValues(rights, records, fields);
+  records.Close();
+  records.Open(u"If Not ("_s + condition +
+                   u") Select 'False' As Result,Count(1)as T from DynamicWindows "
+                   "Else Select 'True' As Result,Count(1)as T From DynamicWindows"_s,
+               SharedConnection());
+  if (records[u"Result"_s].Text() == u"True") return {};
+  return CheckFailure{kNotSaved + u"您输入的数据与您的权限不符！\r\n"_s + rights.words, 0, {}};
+}
 
 std::optional<CheckFailure> CheckData(const ShownFields& fields, const EntryLayout& layout) {
   if (auto failure = FirstFailure(fields, layout.RequiredList, CheckRequired)) return failure;
@@ -86,6 +122,14 @@ std::optional<CheckFailure> CheckArchiveDates(const ShownFields& fields) {
   }
   if (!first) return {};
   return Failure(u"您输入的日期不合法！请重新输入！"_s, first->control);
+}
+
+QString FondsNoIn(const ShownFields& fields) {
+  QString number;
+  for (const ShownField& field : fields) {
+    if (field.control.type == ControlKind::F_FondsNo && field.dataField.toUpper() == u"FONDSNO") number = field.text;
+  }
+  return number;
 }
 
 QString OneLine(const QString& text) {

@@ -1,24 +1,11 @@
 #pragma once
 
 #include <QString>
-#include <functional>
 #include <optional>
-#include <vector>
 
 #include "forms/EntryLayout.h"
 
 namespace folvane {
-
-/// What an entry form shows of a field at the moment, for checks that need no controls.
-struct ShownField {
-  ControlId control;
-  QString dataField;
-  QString caption;    ///< the name that messages use
-  QString limitText;  ///< the hint on its length
-  QString text;       ///< "" for a date picker without a date
-};
-
-using ShownFields = std::vector<ShownField>;
 
 /// How the messages of a refused save begin.
 inline const QString kNotSaved = QStringLiteral("当前数据保存失败，原因在于：");
@@ -38,11 +25,10 @@ struct EntryRights {
 };
 
 /// Whether the record with the values now entered still lies inside the user's rights, as the database judges it. A
-/// table without limits for the user passes.
-/// @param valueOfField gives what the form shows of a column
+/// table without limits for the user passes. Where a column is shown twice the kinds are searched in their order, and
+/// multi-line boxes last.
 /// @throws DataError when the condition cannot be judged
-std::optional<CheckFailure> CheckPopedom(const EntryRights& rights,
-                                         const std::function<QString(const QString&)>& valueOfField);
+std::optional<CheckFailure> CheckPopedom(const EntryRights& rights, const ShownFields& fields);
 
 /// The first required field that is empty; after those the first field of a fixed length that is neither empty nor
 /// full.
@@ -52,6 +38,9 @@ std::optional<CheckFailure> CheckData(const ShownFields& fields, const EntryLayo
 /// The first date of eight digits that is none. The month or the day may be 00, not known.
 /// Whoever shows the failure selects the whole text of the field.
 std::optional<CheckFailure> CheckArchiveDates(const ShownFields& fields);
+
+/// The record's fonds number, from its picker; "" where the form has none.
+QString FondsNoIn(const ShownFields& fields);
 
 /// The text of a multi-line box as a record keeps it: one line, without blanks around.
 QString OneLine(const QString& text);

@@ -44,7 +44,7 @@ void FrmCustomFormat::LayOut() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(20, 16, 20, 16);
   column->setSizeConstraint(QLayout::SetFixedSize);
-  for (std::size_t i = 0; i < kHelpTexts.size(); ++i) {
+  for (size_t i = 0; i < kHelpTexts.size(); ++i) {
     auto* label = new QLabel(kHelpTexts[i], this);
     label->setObjectName(u"Label%1"_s.arg(i + 1));
     label->setTextFormat(Qt::PlainText);

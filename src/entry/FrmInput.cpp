@@ -1,5 +1,6 @@
 #include "entry/FrmInput.h"
 
+#include <QCloseEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
@@ -7,6 +8,8 @@
 
 #include <folvane/DataError.h>
 
+#include "base/IgnoreErrors.h"
+#include "entry/DictionaryWriteBack.h"
 #include "entry/EntryStatus.h"
 #include "forms/EntryForm.h"
 #include "originals/OriginalStore.h"
@@ -14,6 +17,7 @@
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
 #include "shell/TypedKeys.h"
+#include "widgets/BusyPointer.h"
 #include "widgets/WindowCommands.h"
 
 namespace folvane {
@@ -83,17 +87,112 @@ void FrmInput::CopyAll() {
   commands_->SetMark(entry, lifecycle_->CopiesAll());
 }
 
-void FrmInput::StoreTyped() {
-  QGuiApplication::inputMethod()->commit();
-  form_->Binding().Store();
-}
-
 void FrmInput::ShowCurrentRecord() {
   status_->ShowNote({});
   lifecycle_->NoteMoved();
   form_->Binding().ShowRow();
   RefreshRecordView();
   commands_->SetMark(u"mnuCopyAll"_s, lifecycle_->CopiesAll());
+}
+
+// Saving.
+
+bool FrmInput::SaveData() {
+  bool saved = false;
+  RunGuarded([&] {
+    const EntryRights rights{CurrTable, Selected(Parameter::RowLimit).trimmed(), Selected(Parameter::RightsText)};
+    saved = RecordSave(*this, *lifecycle_, {rights, MayEdit(), windowTitle()}).Run();
+  });
+  if (!saved) status_->ShowWork(kReady);
+  return saved;
+}
+
+ShownFields FrmInput::Shown() const { return lifecycle_ ? form_->Shown() : ShownFields(); }
+
+QWidget* FrmInput::ControlOf(const ControlId& control) const {
+  const EntryField* field = lifecycle_ ? form_->FieldOf(control) : nullptr;
+  return field ? &field->Widget() : nullptr;
+}
+
+void FrmInput::StoreTyped() {
+  QGuiApplication::inputMethod()->commit();
+  form_->Binding().Store();
+}
+
+void FrmInput::StoreShown() { form_->Binding().StoreShown(); }
+
+void FrmInput::Refresh() { form_->Binding().Refresh(); }
+
+void FrmInput::ClearText(const ControlId& control) {
+  if (EntryField* field = form_->FieldOf(control)) field->SetText({});
+}
+
+void FrmInput::KeepComboTexts() { form_->KeepComboTexts(); }
+
+void FrmInput::FocusOn(const ControlId& control, bool marked) {
+  EntryField* field = form_->FieldOf(control);
+  if (!field) return;
+  field->Focus();
+  if (marked) field->SelectAll();
+}
+
+int FrmInput::Say(const MessageRequest& message) { return ShowMessage(message); }
+
+void FrmInput::ShowWork(const QString& text) { status_->ShowWork(text); }
+
+void FrmInput::ShowNote(const QString& text) { status_->ShowNote(text); }
+
+void FrmInput::WhileBusy(const std::function<void()>& work) {
+  const BusyPointer busy;
+  work();
+}
+
+void FrmInput::ShowSaved() {
+  form_->Binding().Refresh();  // the database may have given a number
+  ShowSettled();
+}
+
+// Closing.
+
+FrmInput::~FrmInput() {
+  lifecycle_.reset();
+  form_->ClearEntryControls();  // controls that go tell of lost focus: while there is still a window to be told
+}
+
+void FrmInput::closeEvent(QCloseEvent* event) {
+  bool closes = true;
+  if (lifecycle_) RunGuarded([&] { closes = MayClose(); });
+  event->setAccepted(closes);
+}
+
+bool FrmInput::MayClose() {
+  const auto leave = [this](const QString& key) {
+    if (Context.LeaveTag) Context.LeaveTag(key);
+  };
+  leave(u"<NULL>"_s);
+  if (!SettleEdit()) return false;
+  if (const QString key = lifecycle_->CurrentKey(); !key.isEmpty()) leave(key);
+  RunGuarded([this] { WriteBackDictionaries(CurrTable, form_->ComboLists()); });
+  End();
+  return true;
+}
+
+bool FrmInput::SettleEdit() {
+  IgnoreErrors([this] { StoreTyped(); });  // told again by whatever is answered now
+  if (MayEdit() && !lifecycle_->IsEmpty() && lifecycle_->State() != RecordState::Browse) {
+    const int answer =
+        ShowMessage(u"是否保存当前操作?"_s, MessageFlag::YesNoCancel + MessageFlag::Information, windowTitle());
+    if (answer == Answer::Yes) return SaveData();
+    if (answer == Answer::Cancel) return false;
+  }
+  RunGuarded([this] { CancelEdit(); });
+  return true;
+}
+
+void FrmInput::End() {
+  timer_->stop();
+  form_->Binding().SetSource(nullptr);
+  lifecycle_.reset();
 }
 
 // Fields.
@@ -130,10 +229,8 @@ void FrmInput::NextKey(const EntryField& field) {
 }
 
 void FrmInput::FocusCurrentKey() {
-  EntryField* field = form_->FieldOf(walk_.Current());
-  if (!field) return;
-  field->Focus();
-  if (SelectsOnEntry(field->ControlType())) field->SelectAll();
+  const ControlId control = walk_.Current();
+  FocusOn(control, SelectsOnEntry(control.type));
 }
 
 // State.
@@ -156,11 +253,11 @@ void FrmInput::SetToolbarState(bool browsing) {
 }
 
 void FrmInput::RefreshRecordView() {
-  const EntryPlace place = lifecycle_->Place();
-  enabling_.RefreshRecordView(place);
+  const EntryPosition at = lifecycle_->Position();
+  enabling_.RefreshRecordView(at);
   ApplyEnabling();
-  if (place.state != RecordState::Browse) return;
-  place.count == 0 ? status_->ShowNoRecords() : status_->ShowPosition(place.position, place.count);
+  if (at.state != RecordState::Browse) return;
+  at.count == 0 ? status_->ShowNoRecords() : status_->ShowPosition(at.position, at.count);
 }
 
 void FrmInput::ApplyEnabling() {
@@ -176,7 +273,7 @@ void FrmInput::ShowEditing() {
   form_->Binding().ShowRow();
   SetToolbarState(false);
   status_->ShowWork(u"当前状态：新增一条记录"_s);
-  status_->ShowCount(lifecycle_->Place().count);
+  status_->ShowCount(lifecycle_->Position().count);
 }
 
 void FrmInput::ShowSettled() {
@@ -184,7 +281,7 @@ void FrmInput::ShowSettled() {
   showsEditing_ = false;
   SetToolbarState(true);
   RefreshRecordView();
-  status_->ShowWork(u"准备就绪"_s);
+  status_->ShowWork(kReady);
 }
 
 // A shortcut that saves or cancels counts from the first change on, also before the toolbar has gone over to it.

@@ -3,13 +3,13 @@
 #include <QMainWindow>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
-#include "entry/EnterWalk.h"
-#include "entry/EntryContext.h"
 #include "entry/EntryEnabling.h"
-#include "entry/FieldChecks.h"
+#include "entry/KeyOrder.h"
 #include "entry/RecordLifecycle.h"
+#include "entry/RecordSave.h"
 #include "records/TableParameters.h"
 
 class QLabel;
@@ -20,12 +20,22 @@ namespace folvane {
 class EntryField;
 class EntryForm;
 class EntryStatus;
+class FrmInput;
 class WindowCommands;
-class DataError;
+
+/// What the entry window is told by the window that opens it.
+struct EntryContext {
+  QString NodeText;                       ///< of the tree node that is selected there
+  TableParameters* Parameters = nullptr;  ///< the row selected in it is that of the table; outlives the entry window
+  /// Takes the key of the record that the list is to stand on afterwards, "<NULL>" for none.
+  std::function<void(const QString& key)> LeaveTag;
+  /// Opens the window that finds and replaces beside the entry window; null where there is none.
+  std::function<void(FrmInput& window)> OpenReplace;
+};
 
 /// The entry window: the one form for the records of any table, made from the table's design and bound to the shared
 /// record set. Used through DefaultInstance; whoever opened it unloads it afterwards.
-class FrmInput : public QMainWindow {
+class FrmInput : public QMainWindow, public FormToSave {
  public:
   FrmInput();
   ~FrmInput() override;
@@ -37,16 +47,21 @@ class FrmInput : public QMainWindow {
   /// Builds the form of the table and shows the window modally. @throws DataError what fails while it opens
   void Open();
 
-  /// Checks and writes the record with all that the form shows. Answers whether nothing is left to be saved; what keeps
-  /// it from that has been shown, and the record is as it was.
+  /// Saves the record with all that the form shows. Answers whether nothing is left to be saved; what keeps it from
+  /// that has been shown, and the record is as it was.
   bool SaveData();
   void CancelEdit();
   /// Saves what is being edited and begins a new record.
   void AddNewRecord();
 
   /// For whoever moves the shared record set while the window is open: the first before, the second after.
-  void StoreTyped();
+  void StoreTyped() override;
   void ShowCurrentRecord();
+
+  /// The control of a kind and number, null when the form has none or is not open.
+  QWidget* ControlOf(const ControlId& control) const;
+  /// Nothing while the form is not open.
+  ShownFields Shown() const override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -65,7 +80,7 @@ class FrmInput : public QMainWindow {
   void ShowHint(const QString& text);
   void ConnectFields(const QStringList& wideFields);
   void LoadReportMenu();
-  void ReadFlags();
+  void ReadMarks();
   void UseYearSign();
   void ShowOpened(qint64 openPosition);
   QString Selected(Parameter parameter) const;
@@ -90,25 +105,22 @@ class FrmInput : public QMainWindow {
   void ShowEditing();
   void ShowSettled();
 
-  // Saving.
-  bool SaveTyped();
-  bool PassesChecks();
-  bool Refuse(const CheckFailure& failure);
-  bool PassesRules();
-  bool WriteRecord();
-  bool MayWriteAgain(const DataError& error);
-  /// Takes over what someone else has made of the record. Answers whether it can be written, once the user agrees.
-  bool TakeTheirs();
-  void FocusColumn(const QString& column);
-  void TrimMultiLines();
-  void KeepComboTexts();
-  ShownFields FieldsShown() const;
+  // The form that is saved.
+  void StoreShown() override;
+  void Refresh() override;
+  void ClearText(const ControlId& control) override;
+  void KeepComboTexts() override;
+  void FocusOn(const ControlId& control, bool marked) override;
+  int Say(const MessageRequest& message) override;
+  void ShowWork(const QString& text) override;
+  void ShowNote(const QString& text) override;
+  void WhileBusy(const std::function<void()>& work) override;
+  void ShowSaved() override;
 
   // Closing.
   bool MayClose();
   bool SettleEdit();
   void End();
-  void WriteBack();
 
   void FocusCurrentKey();
   void NextKey(const EntryField& field);

@@ -11,13 +11,10 @@
 #include "catalogue/ReportRows.h"
 #include "data/Recordset.h"
 #include "entry/EntryCommandDesign.h"
-#include "entry/EntryControls.h"
-#include "entry/EntryFlags.h"
 #include "entry/EntryStatus.h"
 #include "entry/FrmInput.h"
 #include "entry/FrmKeyOrder.h"
 #include "entry/FrmSaveCollect.h"
-#include "entry/KeyOrder.h"
 #include "entry/RegFormulaFile.h"
 #include "entry/TypingAids.h"
 #include "forms/EntryForm.h"
@@ -115,9 +112,9 @@ void FrmInput::ConnectMoves() {
 
 void FrmInput::ConnectTools() {
   commands_->OnEntry(u"mnuReplace"_s, [this] { Context.OpenReplace(*this); });
-  for (const EntryFlag& flag : EntryFlags()) {
-    commands_->OnEntry(flag.entry, [this, flag] {
-      SaveFlag(flag, commands_->IsMarked(flag.entry));
+  for (const KeptMark& mark : KeptMarks()) {
+    commands_->OnEntry(mark.entry, [this, mark] {
+      KeepMark(mark, commands_->IsMarked(mark.entry));
       UseYearSign();
     });
   }
@@ -172,7 +169,7 @@ void FrmInput::Load() {
   grants_ = Context.Parameters ? Context.Parameters->Grants() : TableGrants{};
   grants_.edit = grants_.edit && HasKey(records);
   lifecycle_ = std::make_unique<RecordLifecycle>(records, LifecycleStart{form_->Layout(), carried, rule}, openPosition);
-  ReadFlags();
+  ReadMarks();
   ConnectFields(RegCbcIni(CurrTable));
   ShowOpened(openPosition);
 }
@@ -182,15 +179,11 @@ void FrmInput::ShowOpened(qint64 openPosition) {
   enabling_.ApplyRights();
   commands_->EnableEntry(u"mnuReplace"_s, bool(Context.OpenReplace));
   status_->ShowUser(Shared().UserName);
-  status_->ShowOpened(openPosition, lifecycle_->Place().count);
+  status_->ShowOpened(openPosition, lifecycle_->Position().count);
   walk_.SetKeys(form_->Layout().KeyList);
   walk_.Restart();
   form_->Binding().ShowRow();
   ShowSettled();
-  SetControlFinder([form = form_](const ControlId& control) -> QObject* {
-    const EntryField* field = form->FieldOf(control);
-    return field ? &field->Widget() : nullptr;
-  });
   // The bar moves the fields up and down only: no part of them may be cut off at the side.
   const QSize room = screen()->availableGeometry().size();
   form_->setMinimumWidth(std::min(form_->sizeHint().width(), room.width()));
@@ -220,8 +213,8 @@ void FrmInput::ConnectFields(const QStringList& wideFields) {
   UseYearSign();
 }
 
-void FrmInput::ReadFlags() {
-  for (const EntryFlag& flag : EntryFlags()) commands_->SetMark(flag.entry, ReadFlag(flag));
+void FrmInput::ReadMarks() {
+  for (const KeptMark& mark : KeptMarks()) commands_->SetMark(mark.entry, ReadMark(mark));
 }
 
 void FrmInput::UseYearSign() {

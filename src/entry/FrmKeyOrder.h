@@ -29,9 +29,9 @@ class FrmKeyOrder : public QDialog {
   void Connect();
   void Load();
 
-  /// The place of the field that is selected, from 1; 0 when none is.
+  /// The position of the field that is selected, from 1; 0 when none is.
   int Position() const;
-  /// Shows the order as it is now, with the field at that place selected.
+  /// Shows the order as it is now, with the field at that position selected.
   void Select(int position);
   void ShowPosition();
   void TakePosition(int wanted);

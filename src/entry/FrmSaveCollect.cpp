@@ -17,6 +17,7 @@
 #include "entry/ProofingRule.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
+#include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "widgets/ChoiceRelay.h"
 #include "widgets/DialogKeys.h"
@@ -226,7 +227,8 @@ void FrmSaveCollect::LeaveValue(int line, Qt::FocusReason reason) {
 
 void FrmSaveCollect::SaveTempOfLeft() {
   const int line = std::exchange(left_, -1);
-  if (line >= 0) editor_->SaveTemp(line, Said(line));
+  if (line >= 0 && !editor_->SaveTemp(line, Said(line)))
+    ShowMessage(u"对不起!必须输入字段名或是比较关系!"_s, MessageFlag::Critical);
 }
 
 void FrmSaveCollect::ChooseValue(int line) {
@@ -245,7 +247,10 @@ void FrmSaveCollect::DeleteAll() {
   const auto reset = qScopeGuard([this] { removeAll_->setChecked(false); });
   SaveTempOfLeft();
   if (lines_[0].field->Text().isEmpty()) return;
-  if (editor_->DeleteAll()) ClearCboTxt();
+  const int flags = MessageFlag::YesNo + MessageFlag::Information;
+  if (ShowMessage(u"确定将当前的所有校对条件都删除?"_s, flags) != Answer::Yes) return;
+  editor_->DeleteAll();
+  ClearCboTxt();
 }
 
 // Enter takes the key without taking the focus from the line.

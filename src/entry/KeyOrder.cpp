@@ -1,5 +1,7 @@
 #include "entry/KeyOrder.h"
 
+#include <algorithm>
+
 #include "catalogue/FieldRows.h"
 #include "catalogue/ReadRows.h"
 #include "data/OneTransaction.h"
@@ -37,8 +39,8 @@ KeyOrderList::KeyOrderList(const QString& table) : table_(table) {
 }
 
 int KeyOrderList::Move(int from, int to) {
-  const auto isPlace = [&](int position) { return position >= 1 && position <= Count(); };
-  if (!isPlace(from) || !isPlace(to)) return from;
+  const auto isPosition = [&](int position) { return position >= 1 && position <= Count(); };
+  if (!isPosition(from) || !isPosition(to)) return from;
   names_.move(from - 1, to - 1);
   return to;
 }
@@ -61,6 +63,19 @@ std::vector<ControlId> ReadKeyList(const QString& table) {
                                    "Order By SaveControls.KeyOrder"_s))
     keys.push_back({row.controlType, row.controlIndex});
   return keys;
+}
+
+ControlId EnterWalk::Current() const {
+  return size_t(position_) < keys_.size() ? keys_[size_t(position_)] : ControlId();
+}
+
+EnterWalk::Step EnterWalk::Next(const ControlId& from, bool mayEdit) {
+  const auto found = std::find(keys_.begin() + 1, keys_.end(), from);
+  if (found != keys_.end()) position_ = int(found - keys_.begin());
+  const bool isLast = position_ + 1 >= int(keys_.size());
+  if (isLast && mayEdit) return Step::AddRecord;
+  position_ = isLast ? 1 : position_ + 1;
+  return Step::Focus;
 }
 
 }  // namespace folvane

@@ -1,9 +1,15 @@
 #include "entry/ProofingRule.h"
 
+#include <algorithm>
 #include <vector>
 
+#include "base/IgnoreErrors.h"
 #include "base/TypedValues.h"
 #include "base/WildcardPattern.h"
+#include "catalogue/ReadRows.h"
+#include "data/Recordset.h"
+#include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -100,6 +106,31 @@ Breach TestContains(const ProofingRuleRow& rule, const QString& text) {
   return WrongField(rule, must + rule.collectValue + u"，请重新输入！"_s, Keep);
 }
 
+// In the order of the editor's lines, whatever the order that a database gives rows back in after they were changed.
+std::vector<ProofingRuleRow> ReadRules(const QString& table) {
+  std::vector<ProofingRuleRow> rules;
+  IgnoreErrors([&] {
+    rules = ReadRows<ProofingRuleRow>(SharedConnection(), u"Select * from SaveCollect Where TableName='"_s + table +
+                                                              u"' And ControlType <> '3' And ControlType <> 0"_s);
+  });
+  std::stable_sort(rules.begin(), rules.end(), [](const ProofingRuleRow& one, const ProofingRuleRow& other) {
+    return one.centerControlIndex < other.centerControlIndex;
+  });
+  return rules;
+}
+
+// Whether another record holds the text; with a fonds number, another record of that fonds.
+bool IsDuplicate(const QString& table, const QString& fondsNo, const QString& field, const QString& text) {
+  const QString column = fondsNo.isEmpty() ? u"1"_s : u"FondsNo"_s;
+  Recordset records;
+  records.Open(u"Select "_s + column + u" From "_s + table + u" Where "_s + field + u"='"_s + EscapeSql(text) +
+                   u"' And ArchiveId <> '"_s + Shared().CurrentRecords[u"ArchiveId"_s].Text() + u"'"_s,
+               SharedConnection());
+  if (records.EOF_() || fondsNo.isEmpty()) return !records.EOF_();
+  records.SetFilter(u"FondsNo = '"_s + EscapeSql(fondsNo) + u"'"_s);
+  return !records.EOF_();
+}
+
 }  // namespace
 
 QStringList ProofingRelations() {
@@ -125,6 +156,21 @@ std::optional<RuleBreach> TestRule(const ProofingRuleRow& rule, const QString& t
   if (relation == u"等于" && text != rule.collectValue) return WrongData(rule);
   if (relation == u"不等于" && text == rule.collectValue) return WrongData(rule);
   if (relation == kContains || relation == kContainsNot) return TestContains(rule, text);
+  return {};
+}
+
+std::optional<BrokenRule> FirstBrokenRule(const QString& table, const QString& fondsNo, const ShownFields& fields) {
+  for (const ProofingRuleRow& rule : ReadRules(table)) {
+    const ControlId control{rule.controlType, rule.controlIndex};
+    const auto shown =
+        std::find_if(fields.begin(), fields.end(), [&](const ShownField& field) { return field.control == control; });
+    if (shown == fields.end()) continue;
+    Breach breach;
+    IgnoreErrors([&] {
+      breach = TestRule(rule, shown->text, [&] { return IsDuplicate(table, fondsNo, rule.fieldName, shown->text); });
+    });
+    if (breach) return BrokenRule{*breach, control, rule.fieldName};
+  }
   return {};
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "catalogue/QueryRows.h"
+#include "forms/EntryLayout.h"
 
 namespace folvane {
 
@@ -29,5 +30,19 @@ inline const QString kCustomFormat = QStringLiteral("自定义格式");
 /// @throws NumberError, PatternError when the comparison cannot be made
 std::optional<RuleBreach> TestRule(const ProofingRuleRow& rule, const QString& text,
                                    const std::function<bool()>& isDuplicate);
+
+/// A broken rule, and the field that breaks it.
+struct BrokenRule {
+  RuleBreach breach;
+  ControlId control;
+  QString field;
+};
+
+/// Tests the rules of a table one after the other against what its entry form shows, and gives the first that is
+/// broken. A rule whose control the form does not have is passed over, and so is one that cannot be tested, whatever
+/// the reason.
+/// @param fondsNo the fonds number of the record: a value may then stand once in each fonds; "" where it may stand
+///                only once in the table
+std::optional<BrokenRule> FirstBrokenRule(const QString& table, const QString& fondsNo, const ShownFields& fields);
 
 }  // namespace folvane

@@ -14,8 +14,9 @@
 namespace folvane {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString kKey = QStringLiteral("ArchiveID");
+const QString kKey = u"ArchiveID"_s;
 
 }  // namespace
 
@@ -30,7 +31,9 @@ RecordLifecycle::RecordLifecycle(Recordset& records, LifecycleStart start, qint6
   lastBookmark_ = records_.Bookmark();
 }
 
-EntryPlace RecordLifecycle::Place() const { return {state_, records_.AbsolutePosition(), records_.RecordCount()}; }
+EntryPosition RecordLifecycle::Position() const {
+  return {state_, records_.AbsolutePosition(), records_.RecordCount()};
+}
 
 bool RecordLifecycle::HasRow() const { return records_.AbsolutePosition() > 0; }
 
@@ -75,8 +78,8 @@ void RecordLifecycle::Write() {
 }
 
 void RecordLifecycle::NoteWritten() {
-  constexpr qint64 kNoPlace = 2;
-  lastBookmark_ = HasRow() ? records_.Bookmark() : kNoPlace;
+  constexpr qint64 kNoBookmark = 2;
+  lastBookmark_ = HasRow() ? records_.Bookmark() : kNoBookmark;
   state_ = RecordState::Browse;
   refused_ = false;
   contested_.clear();

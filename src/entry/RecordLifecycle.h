@@ -28,8 +28,9 @@ class RecordLifecycle {
   /// Stands on the record at the position the record set had when the window opened.
   RecordLifecycle(Recordset& records, LifecycleStart start, qint64 openPosition);
 
+  Recordset& Records() const { return records_; }
   RecordState State() const { return state_; }
-  EntryPlace Place() const;
+  EntryPosition Position() const;
   /// Whether the record set stands on a record.
   bool HasRow() const;
   /// Of the current record; "" without one, and in a table without keys.

@@ -9,7 +9,7 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kBufferSize = 5;
+constexpr int kFormulaBuffer = 5;
 
 QStringList Heading() {
   const QString line = u"#--------------------------------------------------------------"_s;
@@ -51,7 +51,7 @@ QString RegFormulaPath() { return ProgramFile(u"RegIDFormula.Ini"_s); }
 
 int LoadRegFormula(const QString& table, const Recordset& records) {
   if (!FieldExists(records, u"RegID"_s)) return 0;
-  return ToInteger(TableProfile{RegFormulaPath(), u"RegFormula"_s, Heading(), kBufferSize}.Read(table));
+  return ToInteger(TableProfile{RegFormulaPath(), u"RegFormula"_s, Heading(), kFormulaBuffer}.Read(table));
 }
 
 }  // namespace folvane

@@ -37,7 +37,7 @@ struct RegIdRule {
 /// @throws DataError, NumberError
 int NextRegId(const RegIdRule& rule, const QString& fieldName, const QString& prefix);
 
-/// The digits of a document number between the year's closing bracket and the first 号; "" when it has no such place.
+/// The digits of a document number between the year's closing bracket and the first 号; "" when it has none there.
 QString RunningNumberIn(const QString& docNo, bool useSign);
 
 /// Puts the number into RegID of a record that holds its other values. @throws DataError, NumberError

@@ -8,7 +8,6 @@
 #include "catalogue/ReadRows.h"
 #include "data/OneTransaction.h"
 #include "entry/ProofingRule.h"
-#include "shell/Messages.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
@@ -55,15 +54,14 @@ void RuleEditor::WriteFormat(int line, const QString& pattern) {
   formats_.at(size_t(line)) = pattern;
 }
 
-void RuleEditor::SaveTemp(int line, const RuleLine& said) {
-  if (GetIndexAndType(said)) SaveToUpdate(line, said);
+bool RuleEditor::SaveTemp(int line, const RuleLine& said) {
+  if (said.field.isEmpty() || said.relation.isEmpty()) return false;
+  GetIndexAndType(said);
+  SaveToUpdate(line, said);
+  return true;
 }
 
-bool RuleEditor::GetIndexAndType(const RuleLine& said) {
-  if (said.field.isEmpty() || said.relation.isEmpty()) {
-    ShowMessage(u"对不起!必须输入字段名或是比较关系!"_s, MessageFlag::Critical);
-    return false;
-  }
+void RuleEditor::GetIndexAndType(const RuleLine& said) {
   const auto fields = Read<DictionaryFieldRow>(u"Select FieldName from DynamicWindows"_s + OfTable() +
                                                u" And ChnFieldName='"_s + EscapeSql(said.field) + u"'"_s);
   fieldName_ = fields.empty() ? QString() : fields.front().fieldName;
@@ -71,7 +69,6 @@ bool RuleEditor::GetIndexAndType(const RuleLine& said) {
       Read<EntryControlRow>(u"Select Controlindex,ControlType From SaveControls Where DataSource='"_s + table_ +
                             u"' And DataField='"_s + fieldName_ + u"' And ControlType <> '3'"_s);
   control_ = controls.empty() ? ControlId() : ControlId{controls.front().controlType, controls.front().controlIndex};
-  return true;
 }
 
 void RuleEditor::SaveToUpdate(int line, const RuleLine& said) {
@@ -125,14 +122,11 @@ void RuleEditor::Commit() {
   SqlList_ = {};
 }
 
-bool RuleEditor::DeleteAll() {
-  const int flags = MessageFlag::YesNo + MessageFlag::Information;
-  if (ShowMessage(u"确定将当前的所有校对条件都删除?"_s, flags) != Answer::Yes) return false;
+void RuleEditor::DeleteAll() {
   SharedConnection()->Execute(u"Delete From SaveCollect"_s + OfTable());
-  for (std::size_t line = 0; line < SqlList_.size(); ++line) {
+  for (size_t line = 0; line < SqlList_.size(); ++line) {
     if (notedFor_[line] == table_) SqlList_[line].clear();
   }
-  return true;
 }
 
 std::vector<RuleTable> ReadRuleTables() {

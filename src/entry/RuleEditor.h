@@ -42,19 +42,18 @@ class RuleEditor {
   /// Writes a pattern, which an insert of the line's rule takes over too. An empty one, of a cancelled window, is none.
   void WriteFormat(int line, const QString& pattern);
 
-  /// Notes what a line says. A line without a field or a relation is answered with a message and notes nothing.
-  void SaveTemp(int line, const RuleLine& said);
+  /// Notes what a line says. Answers false for a line without a field or a relation, and notes nothing then.
+  bool SaveTemp(int line, const RuleLine& said);
   /// The statement that waits for a line, "" for none.
   const QString& Pending(int line) const { return SqlList_.at(size_t(line)); }
   /// Runs the statements that wait, all or none. After an error they still wait.
   void Commit();
 
-  /// Removes all rules of the table, after asking, with what waits to be written of them. Answers whether the user
-  /// agreed.
-  bool DeleteAll();
+  /// Removes all rules of the table, with what waits to be written of them.
+  void DeleteAll();
 
  private:
-  bool GetIndexAndType(const RuleLine& said);
+  void GetIndexAndType(const RuleLine& said);
   void SaveToUpdate(int line, const RuleLine& said);
   void Note(int line, const QString& statement);
   QString OfTable() const;

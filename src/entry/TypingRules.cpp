@@ -12,7 +12,7 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kBufferSize = 500;
+constexpr int kWideFieldsBuffer = 500;
 
 // ADO numbers of the unsigned types and of VarNumeric, which no column of ours has.
 enum : int { UnsignedSmallInt = 18, UnsignedInt = 19, UnsignedBigInt = 21, VarNumeric = 139 };
@@ -39,7 +39,7 @@ QStringList RegCbcIni(const QString& table) {
       {line, u"# 半角改全角设置文件------------------"_s,
        u"# 表名后加字段名，用逗号隔开,注意中间不要有空格！格式如：FWDJ=Amaintitle,Responsebyble等！"_s,
        u"# 如果不需要转换的表，在表名后加0，如：FWDJ=0"_s, line},
-      kBufferSize};
+      kWideFieldsBuffer};
   return profile.Read(table).split(u',');
 }
 

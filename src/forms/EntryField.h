@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 #include <QWidget>
+#include <memory>
 
 #include "widgets/TypingGate.h"
 
@@ -72,7 +73,6 @@ class EntryField : public QObject {
  protected:
   /// Takes the control, which goes with the field.
   EntryField(FieldSpec spec, QWidget* widget);
-  const FieldSpec& Spec() const { return spec_; }
   virtual void ShowStored(const QString& stored) { SetText(stored); }
 
  private:
@@ -82,6 +82,10 @@ class EntryField : public QObject {
   QPointer<QWidget> widget_;
   QString shown_;
 };
+
+/// Makes the field of a kind, its control hidden in the parent. Null for a kind that is not built.
+/// @throws DataError when the list of a dictionary cannot be read
+std::unique_ptr<EntryField> NewField(const FieldSpec& spec, QWidget* parent);
 
 /// The name of an array of controls, "Txt"; "" for a kind that is not built.
 QString ControlArrayName(int controlType);

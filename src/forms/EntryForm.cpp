@@ -6,12 +6,11 @@
 
 #include <folvane/DataError.h>
 
-#include "forms/FieldFactory.h"
 #include "forms/LengthGuard.h"
-#include "forms/LimitText.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "widgets/EditCombo.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
@@ -74,7 +73,6 @@ void EntryForm::Build(const QString& table, Recordset& records) {
 void EntryForm::ClearEntryControls() {
   binding_.Clear();
   Forget();
-  fondsControl_ = nullptr;
   fields_.clear();
   labels_.clear();
 }
@@ -93,7 +91,6 @@ void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
   if (IsRequired(row)) field.Widget().setAccessibleDescription(u"必填"_s);
   if (IsGuarded(row.control.type)) new LengthGuard(field);
   binding_.Add(field);
-  if (row.control.type == ControlKind::F_FondsNo && row.dataField.toUpper() == u"FONDSNO") fondsControl_ = &field;
   Reach(field);
 }
 
@@ -150,12 +147,34 @@ EntryField* EntryForm::FieldOf(const ControlId& control) const {
   return found == fields_.end() ? nullptr : found->get();
 }
 
-QString EntryForm::ValueOfField(const QString& fieldName) const {
-  const EntryField* first = nullptr;
+ShownFields EntryForm::Shown() const {
+  ShownFields shown;
+  for (const auto& field : fields_)
+    shown.push_back({{field->ControlType(), field->Index()},
+                     field->DataField(),
+                     field->Caption(),
+                     field->LimitText(),
+                     field->Text()});
+  return shown;
+}
+
+void EntryForm::KeepComboTexts() {
   for (const auto& field : fields_) {
-    if (field->DataField() == fieldName && (!first || field->ControlType() < first->ControlType())) first = field.get();
+    if (field->ControlType() != ControlKind::Cmb || field->Text().isEmpty()) continue;
+    auto& list = static_cast<EditCombo&>(field->Widget());
+    if (list.findText(field->Text(), Qt::MatchExactly | Qt::MatchCaseSensitive) < 0) list.addItem(field->Text());
   }
-  return first ? first->Text() : QString();
+}
+
+std::vector<ComboEntries> EntryForm::ComboLists() const {
+  std::vector<ComboEntries> lists;
+  for (const auto& field : fields_) {
+    if (field->ControlType() != ControlKind::Cmb) continue;
+    ComboEntries& list = lists.emplace_back(ComboEntries{field->DataField(), {}});
+    const auto& combo = static_cast<const EditCombo&>(field->Widget());
+    for (int i = 0; i < combo.count(); ++i) list.entries << combo.itemText(i);
+  }
+  return lists;
 }
 
 }  // namespace folvane

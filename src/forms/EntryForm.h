@@ -29,11 +29,11 @@ class EntryForm : public ScrolledFields {
   const std::vector<std::unique_ptr<EntryField>>& Fields() const { return fields_; }
   /// The field of a kind and number, null when there is none.
   EntryField* FieldOf(const ControlId& control) const;
-  /// The picker of the record's fonds number, null when the form has none.
-  EntryField* FondsControl() const { return fondsControl_; }
-  /// The text in the control that shows the column of exactly that name, "" when there is none. Where a column is shown
-  /// twice the kinds are searched in their order, and multi-line boxes last.
-  QString ValueOfField(const QString& fieldName) const;
+  /// What the fields show, in the order of the design.
+  ShownFields Shown() const;
+  /// Adds the texts of the combo boxes to their lists, for as long as the form stands.
+  void KeepComboTexts();
+  std::vector<ComboEntries> ComboLists() const;
   RecordBinding& Binding() { return binding_; }
 
  private:
@@ -49,7 +49,6 @@ class EntryForm : public ScrolledFields {
   EntryLayout layout_;
   std::vector<std::unique_ptr<EntryField>> fields_;
   std::vector<std::unique_ptr<QLabel>> labels_;
-  EntryField* fondsControl_ = nullptr;
   RecordBinding binding_;
 };
 

@@ -1,7 +1,6 @@
 #include "forms/EntryLayout.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "base/CodePage.h"
 #include "base/TypedValues.h"
@@ -92,6 +91,14 @@ void AddRow(EntryLayout& layout, const Recordset& design, const LayoutRow& row) 
 }
 
 }  // namespace
+
+QString LimitText(const QString& length) { return u"限长"_s + length + u"个字符"_s; }
+
+std::optional<int> LimitIn(const QString& hint) {
+  bool isNumber = false;
+  const int limit = hint.mid(2, hint.indexOf(u'个') - 2).toInt(&isNumber);
+  return isNumber ? std::optional(limit) : std::nullopt;
+}
 
 int CaptionOverhang(const QString& caption) { return kTwipsPerByte * std::max(0, ByteLength(caption) - kCaptionBytes); }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <folvane/Connection.h>
@@ -43,6 +45,23 @@ struct LayoutRow {
   bool isArranged = false;  ///< the design has no usable place or size: the form has given it one
 };
 
+/// What a form shows of a field at the moment, for whoever works without controls.
+struct ShownField {
+  ControlId control;
+  QString dataField;
+  QString caption;    ///< the name that messages use
+  QString limitText;  ///< the hint on its length
+  QString text;       ///< "" for a date picker without a date
+};
+
+using ShownFields = std::vector<ShownField>;
+
+/// A combo box of a form with the entries of its list, those typed into it included.
+struct ComboEntries {
+  QString dataField;
+  QStringList entries;
+};
+
 /// The entry form of a table. The lists count from 1; at 0 stands the empty pair, or the field "<无>".
 struct EntryLayout {
   std::vector<LayoutRow> rows;             ///< in the order of the cursor, from 0
@@ -52,6 +71,12 @@ struct EntryLayout {
   std::vector<CarryField> FieldList;       ///< all fields with their types, for copying a whole record
   std::exception_ptr failure;              ///< why the rows after the last of these could not be read
 };
+
+/// The hint on a field for how much it holds, "限长14个字符"; the checks read the number back out of it.
+QString LimitText(const QString& length);
+
+/// The number in a hint: what stands from its third character up to the first "个". None when that is no number.
+std::optional<int> LimitIn(const QString& hint);
 
 /// What a caption needs to the left of its usual place, in twips, so that it ends before its field.
 int CaptionOverhang(const QString& caption);

@@ -4,7 +4,6 @@
 
 #include "base/CodePage.h"
 #include "forms/EntryLayout.h"
-#include "forms/LimitText.h"
 #include "shell/TypedKeys.h"
 #include "widgets/EditCombo.h"
 

@@ -9,6 +9,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kStep = 300;      // by which the bar moves, and its range grows
 constexpr int kBarMargin = 50;  // left free under the fields
@@ -18,9 +19,9 @@ constexpr int kSideMargin = 450, kBottomMargin = 240;
 
 ScrolledFields::ScrolledFields(QWidget* parent)
     : QWidget(parent), area_(new QWidget(this)), bar_(new QScrollBar(Qt::Vertical, this)) {
-  area_->setObjectName(QStringLiteral("PicControls"));
-  bar_->setObjectName(QStringLiteral("HScroll"));
-  bar_->setAccessibleName(QStringLiteral("上下移动字段"));
+  area_->setObjectName(u"PicControls"_s);
+  bar_->setObjectName(u"HScroll"_s);
+  bar_->setAccessibleName(u"上下移动字段"_s);
   bar_->setSingleStep(kStep);
   bar_->hide();
   connect(bar_, &QScrollBar::valueChanged, this, &ScrolledFields::PutAllInPlace);

@@ -86,7 +86,7 @@ void CompoundQuery::Add(const ShownCondition& typed) {
   const QueryConditionRow row = Map(typed);
   ShownCondition added{row.chnAndOrRelation, typed.field, typed.relation, typed.value, {}};
   // One more than what is saved; the next opening shows the right number.
-  added.place = QString::number(row.orderNo + 1);
+  added.position = QString::number(row.orderNo + 1);
   try {
     Save(row);
     added.number = row.orderNo;
@@ -135,36 +135,36 @@ void CompoundQuery::Save(const QueryConditionRow& row) const {
       values.join(u"','"_s) + u"')"_s);
 }
 
-void CompoundQuery::Remove(int place) {
+void CompoundQuery::Remove(int position) {
   try {
-    InOneTransaction(*SharedConnection(), [&] { RemoveSaved(place); });
+    InOneTransaction(*SharedConnection(), [&] { RemoveSaved(position); });
   } catch (const std::exception&) {
     IgnoreErrors([this] { ReadSaved(); });
     throw;
   }
-  // A row that is saved under another number than its place is still in the table, and another one may be gone.
-  if (!TakeOut(place)) ReadSaved();
+  // A row that is saved under another number than its position is still in the table, and another one may be gone.
+  if (!TakeOut(position)) ReadSaved();
 }
 
-void CompoundQuery::RemoveSaved(int place) const {
-  const QString number = u"'"_s + QString::number(place) + u"'"_s;
+void CompoundQuery::RemoveSaved(int position) const {
+  const QString number = u"'"_s + QString::number(position) + u"'"_s;
   Run(u"Delete From FindCirSave Where OrderNo="_s + number);
   Run(u"Update FindCirSave Set OrderNo=OrderNo-1 Where OrderNo>"_s + number);
-  if (place != 1 || conditions_.size() < 2) return;
+  if (position != 1 || conditions_.size() < 2) return;
   Run(u"Update FindCirSave Set AndOrRelation='' Where OrderNo='1'"_s);
   Run(u"Update FindCirsave set ChnAndOrRelation='' Where OrderNo='1'"_s);
 }
 
 // Follows in the list what was done in the table. Answers whether the row taken out is the one that went there.
-bool CompoundQuery::TakeOut(int place) {
-  const ShownCondition& removed = conditions_[std::size_t(place) - 1];
+bool CompoundQuery::TakeOut(int position) {
+  const ShownCondition& removed = conditions_[size_t(position) - 1];
   for (const ShownCondition& each : conditions_) {
     const bool isSelected = &each == &removed;
-    if (isSelected ? each.number != 0 && each.number != place : each.number == place) return false;
+    if (isSelected ? each.number != 0 && each.number != position : each.number == position) return false;
   }
-  conditions_.erase(conditions_.begin() + (place - 1));
+  conditions_.erase(conditions_.begin() + (position - 1));
   for (ShownCondition& each : conditions_) {
-    if (each.number > place) --each.number;
+    if (each.number > position) --each.number;
   }
   if (!conditions_.empty()) conditions_.front().connector.clear();
   return true;

@@ -12,7 +12,7 @@ namespace folvane {
 /// A condition as the user sees it.
 struct ShownCondition {
   QString connector, field, relation, value;
-  QString place;      ///< as shown; not what Remove takes
+  QString position;   ///< as shown; not what Remove takes
   QString flaw = {};  ///< why it does not count as it reads, in words for the user; "" when it does
   int number = 0;     ///< the number that it is saved under; 0 for one that is not in the table and counts for nothing
 };
@@ -37,9 +37,9 @@ class CompoundQuery {
   QString Missing(const ShownCondition& typed) const;
   /// Adds a condition that nothing is missing from. @throws DataError when the field cannot be looked up
   void Add(const ShownCondition& typed);
-  /// Removes the condition at that place of the list, from 1. @throws DataError, the table being as before then, and
+  /// Removes the condition at that position of the list, from 1. @throws DataError, the table being as before then, and
   /// the list as the table
-  void Remove(int place);
+  void Remove(int position);
 
   /// What is saved as a text, with the restriction behind the condition. Conditions that another user has removed since
   /// get their flaw.
@@ -55,8 +55,8 @@ class CompoundQuery {
   void ReadSaved();
   QueryConditionRow Map(const ShownCondition& condition);
   void Save(const QueryConditionRow& row) const;
-  void RemoveSaved(int place) const;
-  bool TakeOut(int place);
+  void RemoveSaved(int position) const;
+  bool TakeOut(int position);
   void MarkGone(std::vector<QueryConditionRow> saved);
 
   QString table_;

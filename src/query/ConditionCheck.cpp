@@ -63,7 +63,7 @@ QString FlawOf(const QueryConditionRow& condition, const std::vector<DictionaryF
   if (!IsCaptionOf(condition, design))
     return missing + u"，实际比较的是“%1”"_s.arg(CaptionOf(condition.compField, design));
   if (column < 0 || IsPatternOperator(condition.compRelation)) return {};
-  return FlawOfValue(condition.compValue, table->columns[std::size_t(column)]);
+  return FlawOfValue(condition.compValue, table->columns[size_t(column)]);
 }
 
 }  // namespace folvane

@@ -10,6 +10,8 @@ class QLabel;
 
 namespace folvane {
 
+class TextBox;
+
 /// An input for a condition on one field, behind a caption.
 class CriterionBox : public QWidget {
   Q_OBJECT
@@ -41,6 +43,39 @@ class CriterionBox : public QWidget {
   QList<std::pair<QWidget*, QString>> inputs_;
   QLabel* caption_;
   QHBoxLayout* row_;
+};
+
+/// A text box whose condition is that the field contains the text. The condition leaves the table's name to the form.
+/// Its property `text` is what was typed.
+class LikeCriterionBox : public CriterionBox {
+  Q_OBJECT
+  Q_PROPERTY(QString text READ Text WRITE SetText)
+
+ public:
+  explicit LikeCriterionBox(QWidget* parent = nullptr);
+
+  QString Result() const override;
+  QString Text() const;
+  void SetText(const QString& text);
+
+ private:
+  TextBox* text_;
+};
+
+/// Two text boxes, Begin and End, for the limits of a field that holds numbers or dates; one of them is enough. The
+/// condition stands by itself in brackets.
+class RangeCriterionBox : public CriterionBox {
+  Q_OBJECT
+
+ public:
+  explicit RangeCriterionBox(QWidget* parent = nullptr);
+
+  QString Result() const override;
+
+ private:
+  TextBox* NewLimit(const QString& name, const QString& tip);
+
+  TextBox *begin_, *end_;
 };
 
 }  // namespace folvane

@@ -84,17 +84,18 @@ void FieldListView::MoveSelectedTo(FieldListView& target) {
 void FieldListView::MoveAllTo(FieldListView& target) { MoveRows(AllRows(*this), target, target.Count()); }
 
 // Rows are numbered anew as those before them go.
-int FieldListView::MoveRows(const QList<int>& rows, FieldListView& target, int place) {
+int FieldListView::MoveRows(const QList<int>& rows, FieldListView& target, int before) {
   QList<QList<QStandardItem*>> taken;
+  int first = before;
   for (const int row : rows) {
     taken << rows_->takeRow(row - int(taken.size()));
-    if (&target == this && row < place) --place;
+    if (&target == this && row < before) --first;
   }
   for (int at = 0; at < taken.size(); ++at) {
-    target.rows_->insertRow(place + at, taken[at]);
+    target.rows_->insertRow(first + at, taken[at]);
     if (&target != this && target.dress_) target.dress_(*taken[at].front());
   }
-  return place;
+  return first;
 }
 
 void FieldListView::Swap(int step) {
@@ -144,7 +145,7 @@ void FieldListView::dragMoveEvent(QDragMoveEvent* event) {
   event->setAccepted(SourceOf(*event) != nullptr);
 }
 
-int FieldListView::PlaceOf(const QDropEvent& event) const {
+int FieldListView::RowUnder(const QDropEvent& event) const {
   const QModelIndex under = indexAt(event.position().toPoint());
   if (!under.isValid()) return Count();
   const bool below = dropIndicatorPosition() == BelowItem;
@@ -155,7 +156,7 @@ void FieldListView::dropEvent(QDropEvent* event) {
   FieldListView* source = SourceOf(*event);
   if (!source) return event->ignore();
   const QList<int> rows = source->Selected();
-  const int first = source->MoveRows(rows, *this, PlaceOf(*event));
+  const int first = source->MoveRows(rows, *this, RowUnder(*event));
   selectionModel()->clearSelection();
   for (int row = first; row < first + rows.size(); ++row)
     selectionModel()->setCurrentIndex(rows_->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);

@@ -11,7 +11,7 @@ class QMimeData;
 
 namespace folvane {
 
-/// A list of fields whose rows go over to a list beside it, or to another place in the same list: by the routines here,
+/// A list of fields whose rows go over to a list beside it, or to another row of the same list: by the routines here,
 /// and by dragging. Several rows can be selected; a move keeps their order.
 class FieldListView : public RecordListView {
   Q_OBJECT
@@ -60,11 +60,12 @@ class FieldListView : public RecordListView {
 
  private:
   void SelectRow(int row);
-  /// Answers the place of the first of the rows, which is another one than asked for where rows before it have gone.
-  int MoveRows(const QList<int>& rows, FieldListView& target, int place);
+  /// Moves rows before a row of the target. Answers the row of the first of them, which is another one than asked for
+  /// where rows before it have gone.
+  int MoveRows(const QList<int>& rows, FieldListView& target, int before);
   /// The list that the event brings rows of, nullptr when they are not for this one.
   FieldListView* SourceOf(const QDropEvent& event) const;
-  int PlaceOf(const QDropEvent& event) const;
+  int RowUnder(const QDropEvent& event) const;
 
   QStandardItemModel* rows_;
   FieldListView* partner_ = nullptr;

@@ -8,9 +8,7 @@
 #include <folvane/Icons.h>
 
 #include "query/FieldListView.h"
-#include "query/Hint.h"
-#include "query/MoveKey.h"
-#include "query/OrderChoice.h"
+#include "query/OrderText.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "widgets/BusyPointer.h"
@@ -81,7 +79,7 @@ void FrmOrderBy::AddMoveKeys() {
                                        {u"<"_s, u"移除右边选中的排序字段"_s, u"Alt+Left"_s},
                                        {u">"_s, u"按左边选中的字段排序"_s, u"Alt+Right"_s},
                                        {u">>"_s, u"按全部字段排序"_s, u"Alt+Shift+Right"_s}}};
-  for (std::size_t element = 0; element < designs.size(); ++element) {
+  for (size_t element = 0; element < designs.size(); ++element) {
     const Design& design = designs[element];
     auto* key = new QPushButton(design.caption, this);
     SetUpMoveKey(*key, u"CmdSort(%1)"_s.arg(element), design.tip, design.shortcut);
@@ -94,7 +92,7 @@ void FrmOrderBy::LayOut() {
   resize(560, 420);
   auto* keys = new QVBoxLayout;
   keys->addStretch();
-  for (const std::size_t element : {3, 2, 1, 0}) keys->addWidget(moves_[element]);
+  for (const size_t element : {3, 2, 1, 0}) keys->addWidget(moves_[element]);
   keys->addStretch();
   auto* lists = new QHBoxLayout;
   lists->addWidget(offered_, 1);
@@ -128,8 +126,8 @@ void FrmOrderBy::Connect() {
 }
 
 void FrmOrderBy::EnableKeys() {
-  for (const std::size_t element : {0, 1}) moves_[element]->setEnabled(chosen_->Count() > 0);
-  for (const std::size_t element : {2, 3}) moves_[element]->setEnabled(offered_->Count() > 0);
+  for (const size_t element : {0, 1}) moves_[element]->setEnabled(chosen_->Count() > 0);
+  for (const size_t element : {2, 3}) moves_[element]->setEnabled(offered_->Count() > 0);
 }
 
 void FrmOrderBy::Open() {

@@ -9,12 +9,11 @@
 
 #include "query/BrowseGrouping.h"
 #include "query/FieldListView.h"
-#include "query/Hint.h"
-#include "query/MoveKey.h"
 #include "records/YearFormula.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
+#include "widgets/DialogKeys.h"
 #include "widgets/TextCombo.h"
 #include "widgets/ViewHint.h"
 

@@ -8,7 +8,6 @@
 #include <folvane/Icons.h>
 
 #include "query/FieldListView.h"
-#include "query/MoveKey.h"
 #include "query/SearchFields.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"

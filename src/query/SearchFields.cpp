@@ -13,11 +13,11 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 template <class Row>
-std::vector<Row> Read(const QString& statement) {
+std::vector<Row> RowsOf(const QString& statement) {
   return ReadRows<Row>(SharedConnection(), statement);
 }
 
-// The indexes that fit keep their place, whatever comes before them.
+// The indexes that fit stay where they are, whatever comes before them.
 void MendIndexes(std::vector<SearchFieldRow>& fields) {
   QMap<int, QSet<int>> taken;
   std::vector<SearchFieldRow*> unfit;
@@ -51,15 +51,15 @@ void AddRow(Recordset& records, const QString& table, const NamedField& field, i
 
 std::vector<SearchFieldRow> ReadSearchFields(const QString& table) {
   std::vector<SearchFieldRow> fields =
-      Read<SearchFieldRow>(u"Select * from SimSearch Where TableName = '"_s + table + u"' Order By OrderNo"_s);
+      RowsOf<SearchFieldRow>(u"Select * from SimSearch Where TableName = '"_s + table + u"' Order By OrderNo"_s);
   MendIndexes(fields);
   return fields;
 }
 
 std::vector<NamedField> ReadChosenFields(const QString& table) {
   std::vector<NamedField> chosen;
-  for (const auto& row : Read<SearchFieldRow>(u"Select DataField,ChnDataField from SimSearch where Tablename='"_s +
-                                              table + u"' Order By OrderNo"_s))
+  for (const auto& row : RowsOf<SearchFieldRow>(u"Select DataField,ChnDataField from SimSearch where Tablename='"_s +
+                                                table + u"' Order By OrderNo"_s))
     chosen.push_back({row.chnDataField, row.dataField});
   return chosen;
 }
@@ -69,7 +69,7 @@ std::vector<NamedField> ReadOfferedFields(const QString& table, const std::vecto
     return std::any_of(chosen.begin(), chosen.end(), [&](const NamedField& field) { return field.caption == caption; });
   };
   std::vector<NamedField> offered;
-  for (const auto& row : Read<DictionaryFieldRow>(
+  for (const auto& row : RowsOf<DictionaryFieldRow>(
            u"Select ChnFieldname,FieldName From DynamicWindows Where TableName='"_s + table + u"'"_s)) {
     if (!isChosen(row.chnFieldName)) offered.push_back({row.chnFieldName, row.fieldName});
   }
@@ -95,7 +95,7 @@ void SaveSimSearch(const QString& table, const std::vector<NamedField>& chosen) 
 int GetCtlType(const QString& table, const QString& field) {
   static const QStringList ranges{u"数值型"_s, u"数字型"_s, u"档案日期"_s, u"自动编号"_s};
   static const QStringList dates{u"时间型"_s, u"日期型"_s};
-  const std::vector<DictionaryFieldRow> rows = Read<DictionaryFieldRow>(
+  const std::vector<DictionaryFieldRow> rows = RowsOf<DictionaryFieldRow>(
       u"Select ChnFieldName,FieldName,AuxiDictDetails,FieldType From DynamicWindows Where FieldName = '"_s + field +
       u"' And TableName = '"_s + table + u"'"_s);
   if (rows.empty()) return SearchInput::Like;

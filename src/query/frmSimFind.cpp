@@ -8,10 +8,8 @@
 
 #include <folvane/Icons.h>
 
+#include "query/CriterionBox.h"
 #include "query/FrmSimSet.h"
-#include "query/Hint.h"
-#include "query/LikeCriterionBox.h"
-#include "query/RangeCriterionBox.h"
 #include "query/SearchFields.h"
 #include "query/SimpleCondition.h"
 #include "query/frmfhfind.h"
@@ -22,6 +20,7 @@
 #include "shell/ModalWindow.h"
 #include "widgets/DateBox.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane {
 namespace {

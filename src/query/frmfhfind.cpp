@@ -49,7 +49,7 @@ void Mark(const QList<QStandardItem*>& row, const ShownCondition& condition, con
 QList<QStandardItem*> RowOf(const ShownCondition& condition, const QWidget& window) {
   QList<QStandardItem*> row;
   for (const QString& text :
-       {condition.connector, condition.field, condition.relation, condition.value, condition.place})
+       {condition.connector, condition.field, condition.relation, condition.value, condition.position})
     row << new QStandardItem(text);
   if (!condition.flaw.isEmpty()) Mark(row, condition, window);
   return row;
@@ -155,14 +155,14 @@ void frmfhfind::LayOut() {
       {{u"连接关系"_s, connector_}, {u"比较字段"_s, field_}, {u"比较关系"_s, relation_}, {u"比较值"_s, value_}}};
   const std::array stretches{2, 5, 3, 6};
   for (int column = 0; column < 4; ++column) {
-    const auto& [caption, box] = boxes[std::size_t(column)];
+    const auto& [caption, box] = boxes[size_t(column)];
     auto* label = new QLabel(caption, this);
     label->setBuddy(box);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     grid->addWidget(label, 3, column);
     grid->addWidget(box, 4, column);
-    grid->setColumnStretch(column, stretches[std::size_t(column)]);
+    grid->setColumnStretch(column, stretches[size_t(column)]);
   }
   auto* bottom = new QHBoxLayout;
   bottom->addWidget(forget_);
@@ -171,7 +171,7 @@ void frmfhfind::LayOut() {
   grid->addLayout(bottom, 5, 0, 1, 4);
   // The Tab key goes the way of the eye.
   const std::array<QWidget*, 6> eye{list_, connector_, field_, relation_, value_, forget_};
-  for (std::size_t at = 1; at < eye.size(); ++at) setTabOrder(eye[at - 1], eye[at]);
+  for (size_t at = 1; at < eye.size(); ++at) setTabOrder(eye[at - 1], eye[at]);
 }
 
 void frmfhfind::Open() {
@@ -232,15 +232,15 @@ void frmfhfind::AddCondition() {
 
 // After an error too the list shows what is there.
 void frmfhfind::RemoveCondition() {
-  const int place = list_->CurrentRow();
-  if (place == 0) return;
+  const int position = list_->CurrentRow();
+  if (position == 0) return;
   try {
-    query_->Remove(place);
+    query_->Remove(position);
   } catch (const std::exception&) {
-    ShowConditions(place - 1);
+    ShowConditions(position - 1);
     throw;
   }
-  ShowConditions(place - 1);
+  ShowConditions(position - 1);
 }
 
 void frmfhfind::Query() {

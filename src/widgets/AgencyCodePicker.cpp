@@ -5,18 +5,20 @@
 
 namespace folvane {
 
+using namespace Qt::Literals::StringLiterals;
+
 AgencyCodePicker::AgencyCodePicker(QWidget* parent) : ListCombo(parent) {
   connect(this, &QComboBox::activated, this, [this] { CaretToRunningNumber(); });
 }
 
-void AgencyCodePicker::ReadList() { FillDictionary(*this, QStringLiteral("'机关代字'")); }
+void AgencyCodePicker::ReadList() { FillDictionary(*this, u"'机关代字'"_s); }
 
 QString AgencyCodePicker::EntryOf(const QString& text) const { return AgencyOf(text); }
 
 QString AgencyCodePicker::TextOfChoice(const QString& word) const {
   const QString number = Known().mid(AgencyOf(Known()).size());
   if (!number.isEmpty()) return word + number;
-  return DocumentNumber::Begun(word, bracket_, Today().toString(QStringLiteral("yyyy"))).Join();
+  return DocumentNumber::Begun(word, bracket_, Today().toString(u"yyyy"_s)).Join();
 }
 
 void AgencyCodePicker::CaretToRunningNumber() {

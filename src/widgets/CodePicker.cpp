@@ -12,6 +12,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kRowsShown = 12;
 
@@ -56,13 +57,12 @@ void CodePicker::PrepareList() {
 }
 
 QString UnitCodePicker::ListStatement() const {
-  return QStringLiteral("Select FondsNo,FondsName From FondsDefine Order By FondsNo");
+  return u"Select FondsNo,FondsName From FondsDefine Order By FondsNo"_s;
 }
 
 QString ClassCodePicker::ListStatement() const {
-  const QString fonds = QueryValue(kLocalMachine, kFondsSet, QStringLiteral("CurrFondsNo"));
-  return QStringLiteral("Select ClassNo,ClassName From EntityClass Where FondsNo='") + EscapeSql(fonds) +
-         QStringLiteral("' Order By ClassNo");
+  const QString fonds = QueryValue(kLocalMachine, kFondsSet, u"CurrFondsNo"_s);
+  return u"Select ClassNo,ClassName From EntityClass Where FondsNo='"_s + EscapeSql(fonds) + u"' Order By ClassNo"_s;
 }
 
 }  // namespace folvane

@@ -8,6 +8,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kFullLength = 10;  // YYYY-mm-DD
 
@@ -32,7 +33,7 @@ DateBox::DateBox(QWidget* parent) : CalendarCombo(parent) {
   Box().SetAdmission(AdmitDateSigns);
 }
 
-QString DateBox::Text() const { return date_.toString(QStringLiteral("yyyy-MM-dd")); }
+QString DateBox::Text() const { return date_.toString(u"yyyy-MM-dd"_s); }
 
 void DateBox::SetText(const QString& text) {
   date_ = ReadDate(text);
@@ -85,17 +86,17 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
 // In a complete date a digit takes the place of the one under the caret; behind the last one it begins a new date.
 void DateBox::MakeRoomForDigit() {
   if (Box().text().size() < kFullLength || Box().hasSelectedText()) return;
-  int place = Box().cursorPosition();
-  if (place >= kFullLength) return Box().selectAll();
-  if (!Box().text()[place].isDigit()) ++place;
-  Box().setSelection(place, 1);
+  int caret = Box().cursorPosition();
+  if (caret >= kFullLength) return Box().selectAll();
+  if (!Box().text()[caret].isDigit()) ++caret;
+  Box().setSelection(caret, 1);
 }
 
 void DateBox::StepSection(int count) {
-  const int place = Box().cursorPosition();
+  const int caret = Box().cursorPosition();
   if (!date_.isValid()) return TakeDate(Today());
-  TakeDate(place <= 4 ? date_.addYears(count) : place <= 7 ? date_.addMonths(count) : date_.addDays(count));
-  Box().setCursorPosition(place);
+  TakeDate(caret <= 4 ? date_.addYears(count) : caret <= 7 ? date_.addMonths(count) : date_.addDays(count));
+  Box().setCursorPosition(caret);
 }
 
 void DateBox::focusInEvent(QFocusEvent* event) {
@@ -109,8 +110,8 @@ void DateBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void DateBox::AddChoices(CalendarPopup& popup) {
-  popup.AddChoice(QStringLiteral("今天"), [this](int, int) { TakeDate(Today()); });
-  popup.AddChoice(QStringLiteral("清空"), [this](int, int) { TakeDate({}); });
+  popup.AddChoice(u"今天"_s, [this](int, int) { TakeDate(Today()); });
+  popup.AddChoice(u"清空"_s, [this](int, int) { TakeDate({}); });
 }
 
 }  // namespace folvane

@@ -1,8 +1,10 @@
 #include "widgets/DialogKeys.h"
 
+#include <QAbstractButton>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace folvane {
 namespace {
@@ -26,6 +28,15 @@ DialogKeys::DialogKeys(QDialog& dialog)
   row->addStretch();
   row->addWidget(ok);
   row->addWidget(cancel);
+}
+
+void SetUpMoveKey(QAbstractButton& button, const QString& name, const QString& tip, const QString& shortcut) {
+  const QKeySequence keys(shortcut);
+  button.setObjectName(name);
+  button.setAccessibleName(tip);
+  button.setToolTip(u"%1 (%2)"_s.arg(tip, keys.toString(QKeySequence::NativeText)));
+  QObject::connect(new QShortcut(keys, button.window()), &QShortcut::activated, &button, &QAbstractButton::click);
+  if (auto* push = qobject_cast<QPushButton*>(&button)) push->setAutoDefault(false);
 }
 
 }  // namespace folvane

@@ -16,6 +16,7 @@ static void InitWidgetResources() { Q_INIT_RESOURCE(FolvaneIcons); }
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The colours that stand in the drawings: strokes are currentColor, the accent is this blue.
 constexpr char kLine[] = "currentColor";
@@ -60,8 +61,7 @@ class TintedIconEngine : public QIconEngine {
 
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
     const Tint tint = TintFor(mode);
-    const QString key = QStringLiteral("folvane/%1/%2x%3/%4/%5")
-                            .arg(name_)
+    const QString key = u"folvane/%1/%2x%3/%4/%5"_s.arg(name_)
                             .arg(size.width())
                             .arg(size.height())
                             .arg(tint.line.rgba())
@@ -83,7 +83,7 @@ class TintedIconEngine : public QIconEngine {
   }
 
   QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
-  QString key() const override { return QStringLiteral("folvane"); }
+  QString key() const override { return u"folvane"_s; }
   QIconEngine* clone() const override { return new TintedIconEngine(*this); }
   bool isNull() override { return drawing_.isEmpty(); }
 
@@ -104,13 +104,13 @@ class TintedIconEngine : public QIconEngine {
 QDir Drawings() {
   static const bool ready = (InitWidgetResources(), true);
   Q_UNUSED(ready);
-  return QDir(QStringLiteral(":/folvane/icons"));
+  return QDir(u":/folvane/icons"_s);
 }
 
 }  // namespace
 
 QIcon Icon(const QString& name) {
-  QFile file(Drawings().filePath(name.toLower() + QStringLiteral(".svg")));
+  QFile file(Drawings().filePath(name.toLower() + u".svg"_s));
   if (name.isEmpty() || !file.open(QIODevice::ReadOnly)) return {};
   return QIcon(new TintedIconEngine(name.toLower(), file.readAll()));
 }

@@ -5,6 +5,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kDigits = 8;
 
@@ -17,10 +18,7 @@ QString DigitsOf(const QString& text) {
 }
 
 QString RecordDate(int year, int month, int day) {
-  return QStringLiteral("%1%2%3")
-      .arg(year, 4, 10, QChar(u'0'))
-      .arg(month, 2, 10, QChar(u'0'))
-      .arg(day, 2, 10, QChar(u'0'));
+  return u"%1%2%3"_s.arg(year, 4, 10, QChar(u'0')).arg(month, 2, 10, QChar(u'0')).arg(day, 2, 10, QChar(u'0'));
 }
 
 }  // namespace
@@ -31,9 +29,9 @@ void RecordDatePicker::TakeTyping() {
   const QString typed = currentText();
   const QString digits = DigitsOf(typed).left(kDigits);
   if (digits != typed) {
-    const int place = Box().cursorPosition();
+    const int caret = Box().cursorPosition();
     setEditText(digits);
-    Box().setCursorPosition(qMin(place, int(digits.size())));
+    Box().setCursorPosition(qMin(caret, int(digits.size())));
   }
   TakeByHand(digits);
 }
@@ -49,10 +47,10 @@ QDate RecordDatePicker::Marked() const {
 void RecordDatePicker::TakeDay(const QDate& day) { TakeByHand(RecordDate(day.year(), day.month(), day.day())); }
 
 void RecordDatePicker::AddChoices(CalendarPopup& popup) {
-  popup.AddChoice(QStringLiteral("仅年"), [this](int year, int) { TakeByHand(RecordDate(year, 0, 0)); });
-  popup.AddChoice(QStringLiteral("仅年月"), [this](int year, int month) { TakeByHand(RecordDate(year, month, 0)); });
-  popup.AddChoice(QStringLiteral("今天"), [this](int, int) { TakeDay(Today()); });
-  popup.AddChoice(QStringLiteral("清空"), [this](int, int) { TakeByHand({}); });
+  popup.AddChoice(u"仅年"_s, [this](int year, int) { TakeByHand(RecordDate(year, 0, 0)); });
+  popup.AddChoice(u"仅年月"_s, [this](int year, int month) { TakeByHand(RecordDate(year, month, 0)); });
+  popup.AddChoice(u"今天"_s, [this](int, int) { TakeDay(Today()); });
+  popup.AddChoice(u"清空"_s, [this](int, int) { TakeByHand({}); });
 }
 
 }  // namespace folvane

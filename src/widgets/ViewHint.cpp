@@ -5,6 +5,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr int kMargin = 16;
 
@@ -38,13 +39,19 @@ bool ViewHint::eventFilter(QObject*, QEvent* event) {
 }
 
 void AddEmptyHint(QAbstractItemView& view, const QString& text) {
-  auto* hint = new ViewHint(view, QStringLiteral("EmptyHint"));
+  auto* hint = new ViewHint(view, u"EmptyHint"_s);
   const QAbstractItemModel* model = view.model();
   const auto follow = [hint, model, text] { hint->ShowHint(model->rowCount() == 0 ? text : QString()); };
   for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
     QObject::connect(model, signal, hint, follow);
   QObject::connect(model, &QAbstractItemModel::modelReset, hint, follow);
   follow();
+}
+
+QLabel* NewHint(const QString& text, QWidget* parent) {
+  auto* hint = new QLabel(text, parent);
+  hint->setForegroundRole(QPalette::PlaceholderText);
+  return hint;
 }
 
 }  // namespace folvane

@@ -28,4 +28,7 @@ class ViewHint : public QLabel {
 /// @param view has its model already, and keeps it
 void AddEmptyHint(QAbstractItemView& view, const QString& text);
 
+/// A line of advice in a dialog, paler than the captions.
+QLabel* NewHint(const QString& text, QWidget* parent);
+
 }  // namespace folvane

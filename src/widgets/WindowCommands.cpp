@@ -13,6 +13,7 @@
 
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 QAction* NewAction(QObject& parent, const QString& name, const QString& caption, const QString& icon,
                    const QString& shortcut, const QString& tip) {
@@ -20,15 +21,14 @@ QAction* NewAction(QObject& parent, const QString& name, const QString& caption,
   action->setObjectName(name);
   const QKeySequence keys(shortcut);
   action->setShortcut(keys);
-  action->setToolTip(keys.isEmpty() ? tip
-                                    : QStringLiteral("%1 (%2)").arg(tip, keys.toString(QKeySequence::NativeText)));
+  action->setToolTip(keys.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, keys.toString(QKeySequence::NativeText)));
   return action;
 }
 
 }  // namespace
 
 WindowCommands::WindowCommands(QMainWindow& window, CommandDesign design)
-    : QObject(&window), design_(std::move(design)), toolbar_(new QToolBar(QStringLiteral("工具栏"), &window)) {
+    : QObject(&window), design_(std::move(design)), toolbar_(new QToolBar(u"工具栏"_s, &window)) {
   for (const CommandMenu& menu : design_.menus) AddMenu(window, menu);
   toolbar_->setObjectName(design_.toolbar);
   toolbar_->setMovable(false);

@@ -6,21 +6,19 @@
 #include "records/DesignedDatabase.h"
 
 namespace folvane::test {
-
+namespace {
 using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
-
-namespace {
 
 class FieldChoiceTest : public DesignTest {
  protected:
   void SetUp() override {
     DesignTest::SetUp();
-    design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2);
+    design_->AddTable(u"Lwdj"_s, u"来文登记"_s, 2, {{u"Amaintitle"_s, u"题名"_s, u"文本型"_s}});
   }
-};
 
-}  // namespace
+  int records_ = 0;
+};
 
 FOLVANE_ON_EACH_DATABASE(FieldChoiceTest);
 
@@ -53,10 +51,9 @@ TEST_P(FieldChoiceTest, ACaptionWithoutAFieldIsAClearError) {
 }
 
 TEST_P(FieldChoiceTest, TheValuesOfAFieldAreOfferedOnceEach) {
-  int number = 0;
-  for (const QString& title : {u"b"_s, u"a"_s, u"<null>"_s, u"b"_s}) {
-    design_->Insert(u"Lwdj"_s, u"ArchiveID,Amaintitle"_s, {DesignedDatabase::Key(++number), title});
-  }
+  for (const QString& title : {u"b"_s, u"a"_s, u"b"_s})
+    design_->Insert(u"Lwdj"_s, u"ArchiveID,Amaintitle"_s, {DesignedDatabase::Key(++records_), title});
+  design_->Insert(u"Lwdj"_s, u"ArchiveID"_s, {DesignedDatabase::Key(++records_)});
   log_->Take();
   QStringList values = ValuesOfField(u"Lwdj"_s, u"Amaintitle"_s);
   values.sort();
@@ -64,4 +61,5 @@ TEST_P(FieldChoiceTest, TheValuesOfAFieldAreOfferedOnceEach) {
   EXPECT_THAT(log_->Take(), ElementsAre(u"Select Distinct(Amaintitle) From Lwdj"_s));
 }
 
+}  // namespace
 }  // namespace folvane::test

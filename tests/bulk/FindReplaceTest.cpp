@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include "bulk/FindReplace.h"
-#include "bulk/HitCount.h"
 #include "records/DesignedDatabase.h"
 #include "shell/SharedState.h"
 
@@ -47,7 +46,7 @@ class FindReplaceTest : public DesignTest {
   /// The position of the next hit, 0 when there is none.
   qint64 Next(const SearchTerms& terms, SearchWay way) {
     search_->SetTerms(terms);
-    return search_->FindNext(Shared().CurrentRecords, way, kGoOn) ? search_->HitPosition() : 0;
+    return search_->FindNext(Shared().CurrentRecords, way, kGoOn) ? Shared().CurrentRecords.AbsolutePosition() : 0;
   }
   qint64 ReplaceAll(const SearchTerms& terms, SearchWay way = SearchWay::All) {
     search_->SetTerms(terms);

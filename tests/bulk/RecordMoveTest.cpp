@@ -3,7 +3,6 @@
 
 #include "base/TypedValues.h"
 #include "bulk/FrmRecordMove.h"
-#include "bulk/PageOffset.h"
 #include "shell/LoadedWindow.h"
 #include "shell/ModalWindow.h"
 #include "support/Accessibility.h"

@@ -1,18 +1,8 @@
-#include <gtest/gtest.h>
-
-#include "bulk/ReplaceFixture.h"
+#include "bulk/ReplaceWindowFixture.h"
 #include "support/Accessibility.h"
 
 namespace folvane::test {
-
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
-
-/// The window and what it finds.
-class ReplaceWindowTest : public ReplaceFixture {};
-
-}  // namespace
 
 FOLVANE_ON_EACH_DATABASE(ReplaceWindowTest);
 
@@ -208,6 +198,39 @@ TEST_P(ReplaceWindowTest, FindsOnWithItsShortcut) {
   });
 }
 
+TEST_P(ReplaceWindowTest, AnEditInProgressIsNeitherLostNorStoredNorMovedAwayFrom) {
+  AddRecords(2);
+  Title(2, u"目标"_s);
+  WithReplace([&](const Input& input, const Replacing& replacing) {
+    replacing.Enter(u"CboFindTxt"_s, u"目标"_s);
+    replacing.Enter(u"CboRelaceTxt"_s, u"Z"_s);
+    input.Retype(u"Txt(1)"_s, u"改了"_s);
+    for (const QString& command : {u"CmdFindNext"_s, u"CmdReplace"_s, u"CmdReplaceAll"_s}) {
+      replacing.Do(command);
+      EXPECT_EQ(replacing.Status(), u"正在编辑记录，请先保存或取消。"_s);
+      EXPECT_EQ(input.Text(u"Txt(1)"_s), u"改了"_s);
+      EXPECT_EQ(Shared().CurrentRecords.AbsolutePosition(), 1);
+    }
+    EXPECT_EQ(TitleOf(1), u"题名1"_s);
+    EXPECT_EQ(TitleOf(2), u"目标"_s);
+    input.AwaitEditing();
+    input.Do(u"SaveRecord"_s);
+    EXPECT_EQ(TitleOf(1), u"改了"_s);
+    replacing.Do(u"CmdFindNext"_s);
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"目标"_s);
+  });
+}
+
+TEST_P(ReplaceWindowTest, AnEmptyListIsSearchedInPeace) {
+  WithReplace([](const Input& input, const Replacing& replacing) {
+    replacing.Enter(u"CboFindTxt"_s, u"a"_s);
+    replacing.Enter(u"CboRelaceTxt"_s, u"b"_s);
+    for (const QString& command : {u"CmdFindNext"_s, u"CmdReplace"_s, u"CmdReplaceAll"_s}) replacing.Do(command);
+    EXPECT_EQ(input.Position(), u"当前无记录"_s);
+  });
+  EXPECT_TRUE(boxes_.Requests().empty());
+}
+
 TEST_P(ReplaceWindowTest, CancelUnloadsItAndTheMenuOpensAFreshOne) {
   AddRecords(1);
   WithReplace([](const Input& input, const Replacing& replacing) {
@@ -240,4 +263,5 @@ TEST_P(ReplaceWindowTest, HelpIsThatOfWorkingWithData) {
   EXPECT_EQ(shown, u"数据操作.htm"_s);
 }
 
+}  // namespace
 }  // namespace folvane::test

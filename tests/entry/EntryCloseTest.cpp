@@ -1,7 +1,8 @@
 #include <QLineEdit>
 
+#include <folvane/ClsSaveCollect.h>
+
 #include "InputFixture.h"
-#include "entry/EntryControls.h"
 
 namespace folvane::test {
 namespace {
@@ -123,11 +124,13 @@ TEST_P(EntryCloseTest, TellsThatTheDictionariesCannotBeWrittenAndCloses) {
 }
 
 TEST_P(EntryCloseTest, LetsTheProofingRulesFindItsControlsOnlyWhileItIsOpen) {
-  InWindow([](const Input& input) {
-    EXPECT_EQ(FindEntryControl({ControlKind::Txt, 1}), &input.Control(u"Txt(1)"_s));
-    EXPECT_EQ(FindEntryControl({ControlKind::Txt, 2}), nullptr);
+  const ClsSaveCollect rules;
+  EXPECT_EQ(rules.FindControl(1, ControlKind::Txt), nullptr);
+  InWindow([&](const Input& input) {
+    EXPECT_EQ(rules.FindControl(1, ControlKind::Txt), &input.Control(u"Txt(1)"_s));
+    EXPECT_EQ(rules.FindControl(2, ControlKind::Txt), nullptr);
   });
-  EXPECT_EQ(FindEntryControl({ControlKind::Txt, 1}), nullptr);
+  EXPECT_EQ(rules.FindControl(1, ControlKind::Txt), nullptr);
 }
 
 TEST_P(EntryCloseTest, ThrowsToTheCallerWhatFailsWhileItOpens) {

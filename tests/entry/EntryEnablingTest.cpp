@@ -17,18 +17,18 @@ TableGrants Without(bool TableGrants::*right) {
 }
 
 /// What is enabled after the toolbar was set and the record shown, as the window does it.
-EntryEnabling Shown(const TableGrants& grants, const EntryPlace& place, bool autoSave = false) {
+EntryEnabling Shown(const TableGrants& grants, const EntryPosition& at, bool autoSave = false) {
   EntryEnabling enabling(grants);
   enabling.ApplyRights();
-  enabling.SetToolbarState(place.state == RecordState::Browse, autoSave);
-  enabling.RefreshRecordView(place);
+  enabling.SetToolbarState(at.state == RecordState::Browse, autoSave);
+  enabling.RefreshRecordView(at);
   return enabling;
 }
 
 QStringList Enabled(const QStringList& names, const EntryEnabling& enabling, bool keys) {
   QStringList enabled;
   for (const QString& name : names) {
-    if (keys ? enabling.IsKeyEnabled(name) : enabling.IsEntryEnabled(name)) enabled << name;
+    if ((keys ? enabling.Keys() : enabling.Entries()).value(name, true)) enabled << name;
   }
   return enabled;
 }
@@ -44,7 +44,7 @@ const QStringList kEntries{u"AddNewRecord"_s, u"SaveRecord"_s,   u"DelRecord"_s,
 struct Case {
   const char* name;
   TableGrants grants;
-  EntryPlace place;
+  EntryPosition at;
   QStringList keysOff, entriesOff;
 };
 
@@ -53,7 +53,7 @@ void PrintTo(const Case& each, std::ostream* out) { *out << each.name; }
 class EntryEnablingCases : public testing::TestWithParam<Case> {};
 
 TEST_P(EntryEnablingCases, EnablesAllButThese) {
-  const EntryEnabling enabling = Shown(GetParam().grants, GetParam().place);
+  const EntryEnabling enabling = Shown(GetParam().grants, GetParam().at);
   QStringList keys = kKeys, entries = kEntries;
   for (const QString& off : GetParam().keysOff) EXPECT_TRUE(keys.removeOne(off)) << off.toStdString();
   for (const QString& off : GetParam().entriesOff) EXPECT_TRUE(entries.removeOne(off)) << off.toStdString();
@@ -61,7 +61,7 @@ TEST_P(EntryEnablingCases, EnablesAllButThese) {
   EXPECT_EQ(Enabled(kEntries, enabling, false), entries);
 }
 
-const EntryPlace kMiddle{RecordState::Browse, 2, 3};
+const EntryPosition kMiddle{RecordState::Browse, 2, 3};
 
 INSTANTIATE_TEST_SUITE_P(
     All, EntryEnablingCases,
@@ -123,16 +123,16 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& each) { return std::string(each.param.name); });
 
 TEST(EntryEnabling, AddingStaysEnabledWhileEditingWithAutoSave) {
-  const EntryPlace editing{RecordState::Modify, 1, 3};
-  EXPECT_TRUE(Shown(kAll, editing, true).IsKeyEnabled(u"AddRecord"_s));
-  EXPECT_TRUE(Shown(kAll, editing, true).IsEntryEnabled(u"AddNewRecord"_s));
-  EXPECT_FALSE(Shown(Without(&TableGrants::edit), editing, true).IsKeyEnabled(u"AddRecord"_s));
+  const EntryPosition editing{RecordState::Modify, 1, 3};
+  EXPECT_TRUE(Shown(kAll, editing, true).Keys().value(u"AddRecord"_s));
+  EXPECT_TRUE(Shown(kAll, editing, true).Entries().value(u"AddNewRecord"_s));
+  EXPECT_FALSE(Shown(Without(&TableGrants::edit), editing, true).Keys().value(u"AddRecord"_s));
 }
 
 TEST(EntryEnabling, SavingIsNeverEnabledWithoutTheRightToEdit) {
   const EntryEnabling enabling = Shown(Without(&TableGrants::edit), {RecordState::Modify, 1, 3});
-  EXPECT_FALSE(enabling.IsKeyEnabled(u"SaveRecord"_s));
-  EXPECT_FALSE(enabling.IsEntryEnabled(u"CancelRecord"_s));
+  EXPECT_FALSE(enabling.Keys().value(u"SaveRecord"_s));
+  EXPECT_FALSE(enabling.Entries().value(u"CancelRecord"_s));
 }
 
 }  // namespace

@@ -106,6 +106,15 @@ TEST(FieldChecks, TakeNothingButBreaksAndBlanksOutOfAMultiLineText) {
   EXPECT_EQ(OneLine(u" \u3000甲\u00a0乙\u2028丙\t "_s), u"\u3000甲\u00a0乙\u2028丙\t"_s);
 }
 
+TEST(FieldChecks, KnowTheFondsNumberByItsPicker) {
+  const auto of = [](int type, const QString& column) {
+    return FondsNoIn({{{type, 1}, column, u"全宗"_s, {}, u"F1"_s}});
+  };
+  EXPECT_EQ(of(ControlKind::F_FondsNo, u"FONDSNO"_s), u"F1"_s);
+  EXPECT_EQ(of(ControlKind::Txt, u"FondsNo"_s), QString());
+  EXPECT_EQ(of(ControlKind::F_FondsNo, u"Other"_s), QString());
+}
+
 class RightsCheckTest : public EntryTest {
  protected:
   void SetUp() override {
@@ -117,7 +126,7 @@ class RightsCheckTest : public EntryTest {
   }
   static std::optional<CheckFailure> Check(const QString& value) {
     return CheckPopedom({u"Lwdj"_s, u"(Lwdj.FondsNo='F1' Or Lwdj.FondsNo='F2')"_s, u"全宗一和二"_s},
-                        [&](const QString&) { return value; });
+                        {{{ControlKind::F_FondsNo, 1}, u"FondsNo"_s, u"全宗"_s, {}, value}});
   }
 };
 
@@ -143,6 +152,17 @@ TEST_P(RightsCheckTest, RefusesValuesOutsideTheRights) {
   EXPECT_EQ(failure->text, u"当前数据保存失败，原因在于：您输入的数据与您的权限不符！\r\n全宗一和二"_s);
   EXPECT_EQ(failure->flags, 0);
   EXPECT_FALSE(failure->control);
+}
+
+TEST_P(RightsCheckTest, JudgesAColumnThatIsShownTwiceByItsTextBox) {
+  Limit(u"FondsNo"_s);
+  const auto shown = [](int kind, const QString& column, const QString& value) {
+    return ShownField{{kind, 1}, column, u"全宗"_s, {}, value};
+  };
+  const EntryRights rights{u"Lwdj"_s, u"(Lwdj.FondsNo='F1')"_s, u"全宗一"_s};
+  const ShownField inLines = shown(ControlKind::Txt_MLine, u"FondsNo"_s, u"F2"_s);
+  EXPECT_FALSE(CheckPopedom(rights, {inLines, shown(ControlKind::Txt, u"FondsNo"_s, u"F1"_s)}));
+  EXPECT_TRUE(CheckPopedom(rights, {inLines, shown(ControlKind::Txt, u"FONDSNO"_s, u"F1"_s)}));
 }
 
 TEST_P(RightsCheckTest, ReplacesTheColumnInItsOwnSpellingOnly) {

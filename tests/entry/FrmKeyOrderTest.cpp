@@ -55,7 +55,7 @@ TEST_P(FrmKeyOrderTest, ListsTheFieldsByTheirNamesWithNoneSelected) {
   });
 }
 
-TEST_P(FrmKeyOrderTest, ShowsThePlaceOfTheSelectedField) {
+TEST_P(FrmKeyOrderTest, ShowsThePositionOfTheSelectedField) {
   InWindow([&] {
     Choose(3);
     EXPECT_EQ(Number().text(), u"3"_s);
@@ -102,7 +102,7 @@ TEST_P(FrmKeyOrderTest, MovesNothingWhenNoFieldIsSelected) {
   });
 }
 
-TEST_P(FrmKeyOrderTest, MovesToATypedPlaceOnceThatIsSwitchedOn) {
+TEST_P(FrmKeyOrderTest, MovesToATypedPositionOnceThatIsSwitchedOn) {
   InWindow([&] {
     Choose(3);
     Click(Control(u"ChkOrder"_s));
@@ -115,7 +115,7 @@ TEST_P(FrmKeyOrderTest, MovesToATypedPlaceOnceThatIsSwitchedOn) {
   });
 }
 
-TEST_P(FrmKeyOrderTest, MarksTheWholePlaceWhenItIsEntered) {
+TEST_P(FrmKeyOrderTest, MarksTheWholePositionWhenItIsEntered) {
   InWindow([&] {
     Choose(3);
     Click(Control(u"ChkOrder"_s));
@@ -126,7 +126,7 @@ TEST_P(FrmKeyOrderTest, MarksTheWholePlaceWhenItIsEntered) {
   });
 }
 
-TEST_P(FrmKeyOrderTest, WantsAFieldSelectedForATypedPlace) {
+TEST_P(FrmKeyOrderTest, WantsAFieldSelectedForATypedPosition) {
   InWindow([&] {
     Click(Control(u"ChkOrder"_s));
     Retype(Number(), u"1"_s);
@@ -136,7 +136,7 @@ TEST_P(FrmKeyOrderTest, WantsAFieldSelectedForATypedPlace) {
   });
 }
 
-TEST_P(FrmKeyOrderTest, LimitsThePlaceToTheCountOfFields) {
+TEST_P(FrmKeyOrderTest, LimitsThePositionToTheCountOfFields) {
   InWindow([&] {
     Choose(1);
     Click(Control(u"ChkOrder"_s));

@@ -1,7 +1,6 @@
 #include <folvane/DataError.h>
 
 #include "KeyOrderFixture.h"
-#include "entry/EnterWalk.h"
 #include "entry/KeyOrder.h"
 
 namespace folvane::test {
@@ -17,7 +16,7 @@ TEST_P(KeyOrderTest, ListsTheFieldsOfTheFormInTheirOrder) {
                          u"Select ChnFieldName from DynamicWindows Where TableName='Lwdj' and FieldName='DocNo'"_s}));
 }
 
-TEST_P(KeyOrderTest, MovesAFieldToAPlaceShiftingThoseBetween) {
+TEST_P(KeyOrderTest, MovesAFieldToAPositionShiftingThoseBetween) {
   KeyOrderList list(u"Lwdj"_s);
   EXPECT_EQ(list.Move(3, 1), 1);
   EXPECT_EQ(list.Names(), (QStringList{u"题名"_s, u"文号"_s, u"登记号"_s}));
@@ -121,7 +120,7 @@ TEST_F(EnterWalkTest, ReturnsToTheFirstFieldWithoutTheRightToEdit) {
   EXPECT_EQ(walk_.Current(), first_);
 }
 
-TEST_F(EnterWalkTest, GoesOnFromItsOwnPlaceForAControlThatIsNotInTheList) {
+TEST_F(EnterWalkTest, GoesOnFromItsOwnPositionForAControlThatIsNotInTheList) {
   walk_.Next(first_, true);
   EXPECT_EQ(walk_.Next({6, 9}, true), EnterWalk::Step::Focus);
   EXPECT_EQ(walk_.Current(), last_);

@@ -30,9 +30,9 @@ class RecordLifecycleTest : public EntryTest {
 };
 
 TEST_P(RecordLifecycleTest, OpensWhereTheRecordSetStood) {
-  EXPECT_EQ(Opened(2).Place().position, 2);
-  EXPECT_EQ(Opened(-1).Place().position, 1);
-  EXPECT_EQ(Opened(9).Place().position, 3);
+  EXPECT_EQ(Opened(2).Position().position, 2);
+  EXPECT_EQ(Opened(-1).Position().position, 1);
+  EXPECT_EQ(Opened(9).Position().position, 3);
 }
 
 TEST_P(RecordLifecycleTest, IsModifiedFromTheFirstChangeOn) {
@@ -59,7 +59,7 @@ TEST_P(RecordLifecycleTest, IsNotModifiedWithoutARecord) {
 TEST_P(RecordLifecycleTest, ReturnsFromANewRecordToTheOneBefore) {
   RecordLifecycle lifecycle = Opened(3);
   lifecycle.StartNewRecord(false);
-  EXPECT_EQ(lifecycle.Place().count, 4);
+  EXPECT_EQ(lifecycle.Position().count, 4);
   lifecycle.Cancel();
   EXPECT_EQ(Title(), u"三"_s);
   EXPECT_EQ(lifecycle.State(), RecordState::Browse);

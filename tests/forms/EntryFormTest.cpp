@@ -3,59 +3,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
-#include "forms/EntryForm.h"
-#include "forms/FormsFixture.h"
+#include "forms/EntryFormFixture.h"
 #include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
-
-class EntryFormTest : public FormsTest {
- protected:
-  EntryFormTest() {
-    Native(
-        u"Create Table Lwdj(ArchiveID varchar(20) primary key, Title varchar(40), Quantity integer, FondsNo varchar(6))"_s);
-    Native(u"Insert Into Lwdj Values('1','甲',3,'J01')"_s);
-    records_.Open(u"Select * From Lwdj"_s, Shared().Connection);
-    Window().setWindowTitle(u"著录界面"_s);
-    auto* layout = new QVBoxLayout(&Window());
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(form_ = new EntryForm);
-  }
-
-  /// Adds a field to the design of a table, in twips, in the order of the calls.
-  void Design(const QString& column, const QString& caption, int type, int index, int left, int top, int height = 300,
-              const QString& table = u"Lwdj"_s) {
-    if (!described_.contains(table + column)) {
-      Native(
-          u"Insert Into DynamicWindows(TableName,FieldName,ChnFieldName,FieldType,FieldLong) Values('%1','%2','%3','文本型',12)"_s
-              .arg(table, column, caption));
-    }
-    described_ << table + column;
-    Native(
-        u"Insert Into "
-        u"SaveControls(DataSource,DataField,ControlType,ControlIndex,KeyOrder,F_Left,F_Top,F_Width,F_Height)"
-        " Values('%1','%2',%3,%4,%5,%6,%7,3000,%8)"_s.arg(table, column)
-            .arg(type)
-            .arg(index)
-            .arg(++order_)
-            .arg(left)
-            .arg(top)
-            .arg(height));
-  }
-  void Build(const QString& table = u"Lwdj"_s) { form_->BuildEntryControls(table, records_); }
-  QWidget& Control(const QString& name) { return Find<QWidget>(*form_, name); }
-  QScrollBar& Bar() { return Find<QScrollBar>(*form_, u"HScroll"_s); }
-
-  Recordset records_;
-  EntryForm* form_;
-
- private:
-  int order_ = 0;
-  QStringList described_;
-};
 
 TEST_F(EntryFormTest, PutsFieldsAndLabelsInTheirPlaces) {
   Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 3, 1500, 400, 450);
@@ -95,18 +48,23 @@ TEST_F(EntryFormTest, ShowsTheRecordAndGuardsItsLengths) {
   EXPECT_EQ(TextIn(*form_, u"Txt(1)"_s), u"一二三四五六"_s);
 }
 
-TEST_F(EntryFormTest, KnowsTheFieldsByKindAndByColumn) {
+TEST_F(EntryFormTest, KnowsTheFieldsByTheirKindsAndNumbers) {
   Design(u"FondsNo"_s, u"全宗"_s, ControlKind::F_FondsNo, 2, 1500, 0);
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt_MLine, 1, 1500, 400);
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 800);
   Build();
-  EntryField* fonds = form_->FieldOf({ControlKind::F_FondsNo, 2});
-  ASSERT_TRUE(fonds);
-  EXPECT_EQ(form_->FondsControl(), fonds);
+  EXPECT_TRUE(form_->FieldOf({ControlKind::F_FondsNo, 2}));
   EXPECT_EQ(form_->FieldOf({ControlKind::F_FondsNo, 1}), nullptr);
-  form_->FieldOf({ControlKind::Txt, 1})->SetText(u"单行"_s);
-  EXPECT_EQ(form_->ValueOfField(u"Title"_s), u"单行"_s);
-  EXPECT_EQ(form_->ValueOfField(u"title"_s), QString());
+}
+
+TEST_F(EntryFormTest, TellsWhatItsFieldsShow) {
+  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 3, 1500, 0);
+  Build();
+  form_->FieldOf({ControlKind::Txt, 3})->SetText(u"单行"_s);
+  const ShownFields shown = form_->Shown();
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_EQ(shown[0].control, (ControlId{ControlKind::Txt, 3}));
+  EXPECT_EQ(shown[0].dataField, u"Title"_s);
+  EXPECT_EQ(shown[0].caption, u"题名"_s);
+  EXPECT_EQ(shown[0].text, u"单行"_s);
 }
 
 TEST_F(EntryFormTest, LeavesALabelWithoutAFieldForAnUnknownKind) {
@@ -124,7 +82,7 @@ TEST_F(EntryFormTest, HoldsNothingOfTheTableBefore) {
   Build(u"Fwdj"_s);
   EXPECT_TRUE(form_->findChildren<QWidget*>(u"Txt(1)"_s).isEmpty());
   EXPECT_EQ(form_->findChildren<QLabel*>().size(), 1);
-  EXPECT_TRUE(form_->FondsControl());
+  EXPECT_TRUE(form_->FieldOf({ControlKind::F_FondsNo, 1}));
 }
 
 TEST_F(EntryFormTest, EndsTheBuildingOverAColumnThatTheRecordSetLacks) {
@@ -238,68 +196,6 @@ TEST_F(EntryFormTest, ShowsAFieldInTwoControls) {
   Retype(Control(u"Txt(1)"_s), u"乙"_s);
   form_->FieldOf({ControlKind::Txt, 2})->Focus();
   EXPECT_EQ(TextIn(*form_, u"Txt(2)"_s), u"乙"_s);
-}
-
-TEST_F(EntryFormTest, WantsTheRoomOfItsControls) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 8000);
-  Build();
-  const QRect control = Control(u"Txt(1)"_s).geometry();
-  EXPECT_GT(form_->sizeHint().width(), control.right());
-  EXPECT_GT(form_->sizeHint().height(), control.bottom());
-  Window().resize(form_->sizeHint());
-  Show();
-  EXPECT_FALSE(Bar().isVisible());
-}
-
-TEST_F(EntryFormTest, NeedsNoBarWhereEverythingHasRoom) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
-  Build();
-  Show();
-  EXPECT_FALSE(Bar().isVisible());
-}
-
-TEST_F(EntryFormTest, WidensTheRangeOfTheBarWithEachResizeThatNeedsIt) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 8000);
-  Build();
-  Show();
-  ASSERT_TRUE(Bar().isVisible());
-  const int height = Control(u"PicControls"_s).height() * 15;
-  const int before = Bar().maximum();
-  EXPECT_EQ((before + height - 8830) % 300, 0) << "the end of the field, and steps of 300";
-  Window().resize(500, 400);
-  EXPECT_EQ(Bar().maximum(), before + 300);
-}
-
-TEST_F(EntryFormTest, MovesFieldsAndLabelsWithTheBar) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 400);
-  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 9000);
-  Build();
-  Show();
-  Bar().setValue(300);
-  EXPECT_EQ(Control(u"Txt(1)"_s).y(), 40);
-  EXPECT_EQ(Control(u"F_Lbl(1)"_s).y(), 44);
-}
-
-TEST_F(EntryFormTest, BringsTheFocusedFieldIntoSight) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 0);
-  Design(u"Quantity"_s, u"份数"_s, ControlKind::Txt, 2, 1500, 9000);
-  Build();
-  Show();
-  const QRect area = Control(u"PicControls"_s).rect();
-  form_->FieldOf({ControlKind::Txt, 2})->Focus();
-  EXPECT_TRUE(area.contains(Control(u"Txt(2)"_s).geometry()));
-  EXPECT_EQ(Bar().value() % 300, 0);
-  form_->FieldOf({ControlKind::Txt, 1})->Focus();
-  EXPECT_TRUE(area.contains(Control(u"Txt(1)"_s).geometry()));
-}
-
-TEST_F(EntryFormTest, GrowsWithTheFont) {
-  Design(u"Title"_s, u"题名"_s, ControlKind::Txt, 1, 1500, 400, 450);
-  Build();
-  QFont large = form_->font();
-  large.setPointSize(18);
-  form_->setFont(large);
-  EXPECT_EQ(Control(u"Txt(1)"_s).geometry(), QRect(200, 120, 400, 60));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "catalogue/Ddl.h"
-#include "forms/FieldFactory.h"
+#include "forms/EntryField.h"
 #include "shell/SharedState.h"
 #include "support/HostDoubles.h"
 #include "support/TestDatabase.h"

@@ -5,7 +5,6 @@
 #include "forms/EntryLayout.h"
 #include "forms/FormsFixture.h"
 #include "forms/LengthGuard.h"
-#include "forms/LimitText.h"
 
 namespace folvane::test {
 namespace {

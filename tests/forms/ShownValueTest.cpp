@@ -1,7 +1,6 @@
 #include "forms/EntryLayout.h"
 #include "forms/FormsFixture.h"
 #include "forms/LengthGuard.h"
-#include "forms/LimitText.h"
 #include "forms/RecordBinding.h"
 
 namespace folvane::test {

@@ -7,13 +7,14 @@
 
 namespace folvane::test {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 class ViewHintTest : public testing::Test {
  protected:
   ViewHintTest() {
     view_.setModel(&model_);
-    AddEmptyHint(view_, QStringLiteral("没有记录"));
-    hint_ = view_.findChild<ViewHint*>(QStringLiteral("EmptyHint"));
+    AddEmptyHint(view_, u"没有记录"_s);
+    hint_ = view_.findChild<ViewHint*>(u"EmptyHint"_s);
     view_.show();
   }
 
@@ -24,11 +25,11 @@ class ViewHintTest : public testing::Test {
 
 TEST_F(ViewHintTest, IsShownWhileTheViewHasNoRows) {
   EXPECT_TRUE(hint_->isVisible());
-  model_.appendRow(new QStandardItem(QStringLiteral("1")));
+  model_.appendRow(new QStandardItem(u"1"_s));
   EXPECT_FALSE(hint_->isVisible());
   model_.removeRow(0);
   EXPECT_TRUE(hint_->isVisible());
-  model_.appendRow(new QStandardItem(QStringLiteral("2")));
+  model_.appendRow(new QStandardItem(u"2"_s));
   model_.clear();
   EXPECT_TRUE(hint_->isVisible()) << "a model that is made anew";
 }

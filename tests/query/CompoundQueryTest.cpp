@@ -18,7 +18,7 @@ class CompoundQueryTest : public QueryTest {
   static QStringList Shown(const CompoundQuery& query) {
     QStringList rows;
     for (const ShownCondition& each : query.Conditions())
-      rows << QStringList{each.connector, each.field, each.relation, each.value, each.place}.join(u'|');
+      rows << QStringList{each.connector, each.field, each.relation, each.value, each.position}.join(u'|');
     return rows;
   }
 };
@@ -161,7 +161,7 @@ TEST_P(CompoundQueryTest, AfterTheFirstRowIsRemovedTheNextOneIsFirstWithoutAConn
                                            u"Update FindCirsave set ChnAndOrRelation='' Where OrderNo='1'"_s}));
   EXPECT_EQ(SavedRows(),
             (QStringList{u"1|Lwdj|Amaintitle|Like|x|||题名|包含"_s, u"2|Lwdj|DocNo|Like|y|or|或|文号|包含"_s}));
-  EXPECT_EQ(Shown(query), (QStringList{u"|题名|包含|x|3"_s, u"或|文号|包含|y|4"_s})) << "the places stay as shown";
+  EXPECT_EQ(Shown(query), (QStringList{u"|题名|包含|x|3"_s, u"或|文号|包含|y|4"_s})) << "the positions stay as shown";
 }
 
 TEST_P(CompoundQueryTest, RemovingALaterOrTheOnlyRowClearsNoConnectorInTheTable) {

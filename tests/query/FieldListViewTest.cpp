@@ -79,6 +79,15 @@ TEST_F(FieldListViewTest, RowsAreDraggedToAnotherPlaceOfTheirList) {
   EXPECT_EQ(TextsIn(right_), u"XYZ"_s);
 }
 
+TEST_F(FieldListViewTest, RowsDroppedWhereTheyEndStayThere) {
+  Select(left_, {0, 1});
+  EXPECT_TRUE(Drag(left_, left_, PlaceIn(left_, 2, 0.1)));
+  EXPECT_EQ(TextsIn(left_), u"ABCD"_s);
+  Select(left_, {0, 1, 2});
+  EXPECT_TRUE(Drag(left_, left_, PlaceIn(left_, 2, 0.1)));
+  EXPECT_EQ(TextsIn(left_), u"ABCD"_s) << "none is lost";
+}
+
 TEST_F(FieldListViewTest, RowsOfAStrangeListAreNotTaken) {
   FieldListView other(u"LV3"_s, {u"字段"_s}, &window_);
   other.Append({u"Q"_s});

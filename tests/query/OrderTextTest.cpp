@@ -1,6 +1,5 @@
 #include <folvane/DataError.h>
 
-#include "query/OrderChoice.h"
 #include "query/OrderText.h"
 #include "query/QueryFixture.h"
 

@@ -1,6 +1,5 @@
-#include "query/LikeCriterionBox.h"
+#include "query/CriterionBox.h"
 #include "query/QueryFixture.h"
-#include "query/RangeCriterionBox.h"
 #include "query/SimpleCondition.h"
 
 namespace folvane::test {

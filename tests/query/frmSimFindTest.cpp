@@ -1,52 +1,14 @@
 #include <QLabel>
 #include <QScrollBar>
 
-#include "query/QueryFixture.h"
 #include "query/SearchFields.h"
-#include "query/frmSimFind.h"
-#include "query/frmfhfind.h"
+#include "query/SimFindFixture.h"
 #include "shell/DefaultInstance.h"
 #include "shell/Messages.h"
 #include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
-
-class frmSimFindTest : public QueryTest {
- protected:
-  void SetUp() override {
-    QueryTest::SetUp();
-    AddDictionary(u"1"_s, u"密级"_s, {u"机密"_s, u"秘密"_s});
-  }
-  void Choose(const QString& field, const QString& caption, int kind, int index) {
-    Run(u"insert into SimSearch (TableName,DataField,ChnDataField,OrderNo,CtlType,CtlIndex) values "
-        "('Lwdj','%1','%2',%3,%4,%5)"_s.arg(field, caption)
-            .arg(++chosen_)
-            .arg(kind)
-            .arg(index));
-  }
-  /// One field of each kind, in another order than that of the terms.
-  void ChooseEachKind() {
-    Choose(u"SecurityClass"_s, u"密级"_s, 4, 1);
-    Choose(u"FileDate"_s, u"成文日期"_s, 3, 1);
-    Choose(u"RegID"_s, u"登记号"_s, 2, 1);
-    Choose(u"Amaintitle"_s, u"题名"_s, 1, 1);
-  }
-  void InWindow(const std::function<void()>& steps) {
-    window_.TableName = u"Lwdj"_s;
-    WithWindow(u"frmSimFind"_s, [&](QWidget&) { steps(); });
-    window_.Open();
-  }
-  void Enter(const QString& input, const QString& text) { Retype(Find(window_, input), text); }
-  /// Types into one end of the range box.
-  void EnterLimit(const QString& end, const QString& text) { Retype(Find(Find(window_, u"F_Btw(1)"_s), end), text); }
-  void Ok() { Click(window_, u"CmdOK"_s); }
-  bool Has(const QString& name) const { return window_.findChild<QWidget*>(name); }
-
-  MessageBoxes boxes_;
-  frmSimFind window_;
-  int chosen_ = 0;
-};
 
 FOLVANE_ON_EACH_DATABASE(frmSimFindTest);
 
@@ -267,54 +229,6 @@ TEST_P(frmSimFindTest, ACancelledSetupLeavesWhatWasTyped) {
     EXPECT_EQ(TextIn(window_, u"F_Sim(1)"_s), u"防汛"_s);
     EXPECT_FALSE(Has(u"F_Sim(2)"_s));
   });
-}
-
-class StepOverTest : public frmSimFindTest {
- protected:
-  /// Steps over to the compound query, adds one condition there and ends it by that key.
-  void StepOver(const QString& key) {
-    WithWindow(u"frmfhfind"_s, [this, key](QWidget& compound) {
-      EXPECT_FALSE(window_.isVisible());
-      Set(compound, u"Cmb(1)"_s, u"密级"_s);
-      Set(compound, u"Cmb(2)"_s, u"等于"_s);
-      Set(compound, u"Cmb(3)"_s, u"秘密"_s);
-      FindAction(compound, u"Toolbar1"_s, u"F_AddRecord"_s).trigger();
-      FindAction(compound, u"Toolbar1"_s, key).trigger();
-    });
-    InWindow([&] { Click(window_, u"Command1"_s); });
-  }
-};
-
-FOLVANE_ON_EACH_DATABASE(StepOverTest);
-
-TEST_P(StepOverTest, AfterACompoundQueryTheFormIsGoneAndTheCallerReadsItsText) {
-  StepOver(u"F_Query"_s);
-  EXPECT_FALSE(window_.isVisible());
-  EXPECT_EQ(window_.ReturnSql, u"Lwdj.SecurityClass = '秘密'"_s);
-}
-
-TEST_P(StepOverTest, TheRestrictionStandsTwiceAfterTheStepOver) {
-  window_.M_Condition = u"RegID < 5"_s;
-  StepOver(u"F_Query"_s);
-  EXPECT_EQ(window_.ReturnSql, u"RegID < 5 And (Lwdj.SecurityClass = '秘密' and RegID < 5)"_s);
-  EXPECT_EQ(Found(window_.ReturnSql), u"1"_s);
-}
-
-TEST_P(StepOverTest, WithoutACompoundQueryTheFormStaysHiddenAndTheTextAsItWas) {
-  StepOver(u"F_Exit"_s);
-  EXPECT_FALSE(window_.isVisible());
-  EXPECT_EQ(window_.ReturnSql, QString());
-}
-
-TEST_P(StepOverTest, WhatTheCompoundQueryLeavesOutIsHandedOn) {
-  WithWindow(u"frmfhfind"_s, [&](QWidget& compound) {
-    auto& query = static_cast<frmfhfind&>(compound);
-    query.ReturnSql = u"Lwdj.RegID = '1'"_s;
-    query.Ignored << u"题名 等于 x（尚未添加）"_s;
-    query.hide();
-  });
-  InWindow([&] { Click(window_, u"Command1"_s); });
-  EXPECT_EQ(window_.Ignored, QStringList{u"题名 等于 x（尚未添加）"_s});
 }
 
 TEST_P(frmSimFindTest, EveryControlHasAName) {

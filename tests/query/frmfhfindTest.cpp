@@ -2,58 +2,12 @@
 #include <QComboBox>
 #include <QTreeView>
 
-#include "query/QueryFixture.h"
-#include "query/frmfhfind.h"
+#include "query/CompoundWindowFixture.h"
 #include "shell/Messages.h"
 #include "support/Accessibility.h"
 
 namespace folvane::test {
 namespace {
-
-class frmfhfindTest : public QueryTest {
- protected:
-  /// Opens the window over Lwdj, runs the steps in it and closes it by its own button if they have not.
-  void InWindow(const std::function<void()>& steps) {
-    window_.FormTag = u"Lwdj"_s;
-    WithWindow(u"frmfhfind"_s, [&](QWidget&) { steps(); });
-    window_.Open();
-  }
-  QAction& Key(const QString& name) const { return FindAction(window_, u"Toolbar1"_s, name); }
-  void Fill(const QString& connector, const QString& field, const QString& relation, const QString& value) {
-    Set(window_, u"Cmb(0)"_s, connector);
-    Set(window_, u"Cmb(1)"_s, field);
-    Set(window_, u"Cmb(2)"_s, relation);
-    Set(window_, u"Cmb(3)"_s, value);
-  }
-  void Add(const QString& connector, const QString& field, const QString& relation, const QString& value) {
-    Fill(connector, field, relation, value);
-    Key(u"F_AddRecord"_s).trigger();
-  }
-  QStringList List() {
-    QStringList rows;
-    for (int row = 0; row < ColumnOf(window_, u"ListView1"_s).size(); ++row) {
-      QStringList cells;
-      for (int column = 0; column < 5; ++column) cells << ColumnOf(window_, u"ListView1"_s, column).at(row);
-      rows << cells.join(u'|');
-    }
-    return rows;
-  }
-  QStringList Entries(const QString& name) {
-    const auto& box = Find<QComboBox>(window_, name);
-    QStringList entries;
-    for (int at = 0; at < box.count(); ++at) entries << box.itemText(at);
-    return entries;
-  }
-  QVariant OfRow(int row, int role) {
-    return Find<QTreeView>(window_, u"ListView1"_s).model()->index(row, 3).data(role);
-  }
-  bool IsStruckOut(int row) { return OfRow(row, Qt::FontRole).value<QFont>().strikeOut(); }
-  QString Tip(int row) { return OfRow(row, Qt::ToolTipRole).toString(); }
-  QString SavedCount() { return Value(u"select count(*) from FindCirSave"_s); }
-
-  MessageBoxes boxes_;
-  frmfhfind window_;
-};
 
 FOLVANE_ON_EACH_DATABASE(frmfhfindTest);
 
@@ -245,70 +199,6 @@ TEST_P(frmfhfindTest, EnterInABoxAddsTheConditionAndControlEnterQueries) {
     EXPECT_FALSE(window_.isVisible());
   });
   EXPECT_EQ(window_.ReturnSql, u"Lwdj.RegID = '10'"_s);
-}
-
-TEST_P(frmfhfindTest, AQuoteInAValueShowsNoMessageAndLeavesTheRowInTheList) {
-  InWindow([&] {
-    Add({}, u"题名"_s, u"等于"_s, u"O'Brien"_s);
-    EXPECT_EQ(List(), QStringList{u"|题名|等于|O'Brien|2"_s});
-    Key(u"F_Query"_s).trigger();
-    EXPECT_FALSE(window_.isVisible());
-  });
-  EXPECT_TRUE(boxes_.Requests().empty());
-  EXPECT_EQ(window_.ReturnSql, QString());
-}
-
-TEST_P(frmfhfindTest, AConditionThatIsNotInTheTableIsStruckOutWithTheReasonAndHandedToTheCaller) {
-  InWindow([&] {
-    Add({}, u"登记号"_s, u"大于"_s, u"1"_s);
-    EXPECT_FALSE(Find(window_, u"LblIgnored"_s).isVisible());
-    Add(u"与"_s, u"题名"_s, u"等于"_s, u"O'Brien"_s);
-    EXPECT_EQ(List(), (QStringList{u"|登记号|大于|1|2"_s, u"与|题名|等于|O'Brien|3"_s})) << "the texts stay as given";
-    EXPECT_FALSE(IsStruckOut(0));
-    EXPECT_TRUE(IsStruckOut(1));
-    EXPECT_EQ(Tip(1), u"不参与查询：未能保存：其中有单引号"_s);
-    EXPECT_TRUE(Find(window_, u"LblIgnored"_s).isVisible());
-    EXPECT_TRUE(TextIn(window_, u"LblIgnored"_s).endsWith(u"题名 等于 O'Brien（未能保存：其中有单引号）"_s));
-    Key(u"F_Query"_s).trigger();
-  });
-  EXPECT_EQ(window_.ReturnSql, u"Lwdj.RegID > '1'"_s);
-  EXPECT_EQ(window_.Ignored, QStringList{u"题名 等于 O'Brien（未能保存：其中有单引号）"_s});
-  EXPECT_TRUE(boxes_.Requests().empty());
-}
-
-TEST_P(frmfhfindTest, AConditionOnAFieldThatTheTableDoesNotHaveIsMarkedButNotStruckOut) {
-  Describe(u"Pages"_s, u"页数"_s, u"数值型"_s);
-  InWindow([&] {
-    Add({}, u"页数"_s, u"等于"_s, u"5"_s);
-    EXPECT_FALSE(IsStruckOut(0)) << "it is in the query, which the database will refuse";
-    EXPECT_EQ(Tip(0), u"表中没有字段“页数”"_s);
-    EXPECT_TRUE(TextIn(window_, u"LblIgnored"_s).endsWith(u"页数 等于 5（表中没有字段“页数”）"_s));
-    Key(u"F_Query"_s).trigger();
-  });
-  EXPECT_EQ(window_.ReturnSql, u"Lwdj.Pages = '5'"_s);
-  EXPECT_EQ(window_.Ignored, QStringList{u"页数 等于 5（表中没有字段“页数”）"_s});
-}
-
-TEST_P(frmfhfindTest, WhatIsTypedAndNotAddedIsPointedOutAndHandedToTheCaller) {
-  InWindow([&] {
-    Add({}, u"登记号"_s, u"大于"_s, u"1"_s);
-    EXPECT_EQ(TextIn(window_, u"LblNotAdded"_s), QString());
-    Retype(Find(window_, u"Cmb(3)"_s), u"10"_s);
-    EXPECT_EQ(TextIn(window_, u"LblNotAdded"_s), u"尚未添加的条件不参与查询"_s);
-    EXPECT_TRUE(Find(window_, u"LblNotAdded"_s).isVisible());
-    Key(u"F_Query"_s).trigger();
-  });
-  EXPECT_EQ(window_.ReturnSql, u"Lwdj.RegID > '1'"_s);
-  EXPECT_EQ(window_.Ignored, QStringList{u"登记号 大于 10（尚未添加）"_s});
-}
-
-TEST_P(frmfhfindTest, AQueryWhoseConditionsAllCountLeavesNothingOut) {
-  window_.Ignored << u"old"_s;
-  InWindow([&] {
-    Add({}, u"登记号"_s, u"大于"_s, u"1"_s);
-    Key(u"F_Query"_s).trigger();
-  });
-  EXPECT_EQ(window_.Ignored, QStringList());
 }
 
 TEST_P(frmfhfindTest, ADeletionThatFailsIsShownWithItsStatementAndTheListStaysAsTheTable) {

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <functional>
 
 #include "bulk/FrmReplace.h"
 #include "entry/InputFixture.h"
@@ -19,7 +18,7 @@ class Replacing {
   QWidget& Control(const QString& name) const { return Find<QWidget>(window_, name); }
   bool On(const QString& name) const { return Control(name).isEnabled(); }
   bool Ticked(const QString& name) const { return Find<QAbstractButton>(window_, name).isChecked(); }
-  QString Status() const { return TextIn(window_, QStringLiteral("LblStatus")); }
+  QString Status() const { return TextIn(window_, u"LblStatus"_s); }
   void Enter(const QString& name, const QString& text) const { Retype(Control(name), text); }
   void Do(const QString& name) const { Click(Control(name)); }
   void Choose(const QString& name, int entry) const {
@@ -33,39 +32,38 @@ class Replacing {
   QWidget& window_;
 };
 
-/// The window on the screen, null when there is none.
 inline QWidget* OpenReplaceWindow() {
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == QStringLiteral("FrmReplace") && window->isVisible()) return window;
+    if (window->objectName() == u"FrmReplace"_s && window->isVisible()) return window;
   }
   return nullptr;
 }
 
 /// The window beside the entry window, over titles and document numbers.
-class ReplaceFixture : public InputTest {
+class ReplaceWindowTest : public InputTest {
  protected:
   void SetUp() override {
     InputTest::SetUp();
     openReplace_ = &OpenReplace;
-    Design({QStringLiteral("Amaintitle"), QStringLiteral("题名")});
-    Design({QStringLiteral("DocNo"), QStringLiteral("文号"), ControlKind::Cmb});
-    Design({QStringLiteral("CreatedDate"), QStringLiteral("日期"), ControlKind::DTP_Arch});
+    Design({u"Amaintitle"_s, u"题名"_s});
+    Design({u"DocNo"_s, u"文号"_s, ControlKind::Cmb});
+    Design({u"CreatedDate"_s, u"日期"_s, ControlKind::DTP_Arch});
   }
   void TearDown() override {
     DefaultInstance<FrmReplace>::Unload();
     InputTest::TearDown();
   }
   void Title(int number, const QString& title) {
-    Run(QStringLiteral("update Lwdj set Amaintitle = '%2' where ArchiveID = '%1'").arg(Key(number), title));
+    Run(u"update Lwdj set Amaintitle = '%2' where ArchiveID = '%1'"_s.arg(Key(number), title));
   }
   QString TitleOf(int number) {
-    return Value(QStringLiteral("select Amaintitle from Lwdj where ArchiveID = '%1'").arg(Key(number)));
+    return Value(u"select Amaintitle from Lwdj where ArchiveID = '%1'"_s.arg(Key(number)));
   }
 
   void WithReplace(const std::function<void(const Input&, const Replacing&)>& steps, qint64 position = 1) {
     InWindow(
         [&](const Input& input) {
-          input.Do(QStringLiteral("mnuReplace"));
+          input.Do(u"mnuReplace"_s);
           QWidget* window = OpenReplaceWindow();
           ASSERT_TRUE(window);
           ASSERT_TRUE(WaitUntil([&] { return window->isActiveWindow(); }));

@@ -1,22 +1,16 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "bulk/ReplaceFixture.h"
-#include "shell/SharedState.h"
+#include "bulk/ReplaceWindowFixture.h"
 
 namespace folvane::test {
-
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
 
-/// What the window overwrites, and what it says of it.
-class ReplacingTest : public ReplaceFixture {};
+/// What the window that finds and replaces overwrites, and what it tells of it.
+class OverwrittenHitsTest : public ReplaceWindowTest {};
 
-}  // namespace
+FOLVANE_ON_EACH_DATABASE(OverwrittenHitsTest);
 
-FOLVANE_ON_EACH_DATABASE(ReplacingTest);
-
-TEST_P(ReplacingTest, ReplaceOverwritesTheHitOfTheCurrentRecordInTheTableOnly) {
+TEST_P(OverwrittenHitsTest, ReplaceOverwritesTheHitOfTheCurrentRecordInTheTableOnly) {
   AddRecords(2);
   Title(1, u"xaby"_s);
   Title(2, u"xaby"_s);
@@ -32,7 +26,7 @@ TEST_P(ReplacingTest, ReplaceOverwritesTheHitOfTheCurrentRecordInTheTableOnly) {
   });
 }
 
-TEST_P(ReplacingTest, ReplaceAllOverwritesTheHitsOfItsWayAndTellsTheirNumberBeforeAndAfter) {
+TEST_P(OverwrittenHitsTest, ReplaceAllOverwritesTheHitsOfItsWayAndTellsTheirNumberBeforeAndAfter) {
   AddRecords(4);
   WithReplace(
       [&](const Input& input, const Replacing& replacing) {
@@ -48,7 +42,7 @@ TEST_P(ReplacingTest, ReplaceAllOverwritesTheHitsOfItsWayAndTellsTheirNumberBefo
   EXPECT_EQ((QStringList{TitleOf(1), TitleOf(2), TitleOf(4)}), (QStringList{u"题名1"_s, u"a[b"_s, u"a[b"_s}));
 }
 
-TEST_P(ReplacingTest, TellsHowManyHitsCouldNotBeWrittenAndWhy) {
+TEST_P(OverwrittenHitsTest, TellsHowManyHitsCouldNotBeWrittenAndWhy) {
   AddRecords(3);
   Run(u"create unique index OneTitle on Lwdj (Amaintitle)"_s);
   WithReplace([&](const Input&, const Replacing& replacing) {
@@ -62,7 +56,7 @@ TEST_P(ReplacingTest, TellsHowManyHitsCouldNotBeWrittenAndWhy) {
   EXPECT_TRUE(boxes_.Requests().empty());
 }
 
-TEST_P(ReplacingTest, TellsThatTheReplacementIsTooLong) {
+TEST_P(OverwrittenHitsTest, TellsThatTheReplacementIsTooLong) {
   AddRecords(2);
   Design({u"FondsNo"_s, u"全宗号"_s});
   Run(u"update Lwdj set FondsNo = '01'"_s);
@@ -77,7 +71,7 @@ TEST_P(ReplacingTest, TellsThatTheReplacementIsTooLong) {
   });
 }
 
-TEST_P(ReplacingTest, TellsThatTheCurrentRecordCouldNotBeWritten) {
+TEST_P(OverwrittenHitsTest, TellsThatTheCurrentRecordCouldNotBeWritten) {
   AddRecords(2);
   Run(u"create unique index OneTitle on Lwdj (Amaintitle)"_s);
   WithReplace([&](const Input&, const Replacing& replacing) {
@@ -88,7 +82,7 @@ TEST_P(ReplacingTest, TellsThatTheCurrentRecordCouldNotBeWritten) {
   });
 }
 
-TEST_P(ReplacingTest, AQuoteInTheReplacementReplacesNothingAndShowsNoBox) {
+TEST_P(OverwrittenHitsTest, AQuoteInTheReplacementReplacesNothingAndShowsNoBox) {
   AddRecords(2);
   WithReplace([&](const Input&, const Replacing& replacing) {
     replacing.Enter(u"CboFindTxt"_s, u"题名"_s);
@@ -101,37 +95,5 @@ TEST_P(ReplacingTest, AQuoteInTheReplacementReplacesNothingAndShowsNoBox) {
   EXPECT_TRUE(boxes_.Requests().empty());
 }
 
-TEST_P(ReplacingTest, AnEditInProgressIsNeitherLostNorStoredNorMovedAwayFrom) {
-  AddRecords(2);
-  Title(2, u"目标"_s);
-  WithReplace([&](const Input& input, const Replacing& replacing) {
-    replacing.Enter(u"CboFindTxt"_s, u"目标"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"Z"_s);
-    input.Retype(u"Txt(1)"_s, u"改了"_s);
-    for (const QString& command : {u"CmdFindNext"_s, u"CmdReplace"_s, u"CmdReplaceAll"_s}) {
-      replacing.Do(command);
-      EXPECT_EQ(replacing.Status(), u"正在编辑记录，请先保存或取消。"_s);
-      EXPECT_EQ(input.Text(u"Txt(1)"_s), u"改了"_s);
-      EXPECT_EQ(Shared().CurrentRecords.AbsolutePosition(), 1);
-    }
-    EXPECT_EQ(TitleOf(1), u"题名1"_s);
-    EXPECT_EQ(TitleOf(2), u"目标"_s);
-    input.AwaitEditing();
-    input.Do(u"SaveRecord"_s);
-    EXPECT_EQ(TitleOf(1), u"改了"_s);
-    replacing.Do(u"CmdFindNext"_s);
-    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"目标"_s);
-  });
-}
-
-TEST_P(ReplacingTest, AnEmptyListIsSearchedInPeace) {
-  WithReplace([](const Input& input, const Replacing& replacing) {
-    replacing.Enter(u"CboFindTxt"_s, u"a"_s);
-    replacing.Enter(u"CboRelaceTxt"_s, u"b"_s);
-    for (const QString& command : {u"CmdFindNext"_s, u"CmdReplace"_s, u"CmdReplaceAll"_s}) replacing.Do(command);
-    EXPECT_EQ(input.Position(), u"当前无记录"_s);
-  });
-  EXPECT_TRUE(boxes_.Requests().empty());
-}
-
+}  // namespace
 }  // namespace folvane::test
