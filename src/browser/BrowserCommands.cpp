@@ -100,21 +100,9 @@ std::vector<CommandKey> Keys() {
 
 QSet<QString> Unavailable() {
   return {
-      u"mnu_File2_Open"_s,
-      u"mnu_File5_Save"_s,
-      u"mnuUnitRecord"_s,
-      u"mnu_Manager1_Distribute"_s,
-      u"mnu_Manager2_PassRead"_s,
-      u"mnu_Manager3_Transact"_s,
-      u"mnu_Manager4_Archive"_s,
-      u"mnu_Pop1_AddFile"_s,
-      u"mnu_Pop2_Browse"_s,
-      u"mnu_Pop3_Scan"_s,
-      u"mnu_Pop4_DelFile"_s,
-      u"LookFiles"_s,
-      u"Archive"_s,
-      kArchiveToTarget,
-      u"Archive(2)"_s,
+      u"mnu_File2_Open"_s,   u"mnu_File5_Save"_s,  u"mnuUnitRecord"_s, u"mnu_Manager4_Archive"_s,
+      u"mnu_Pop1_AddFile"_s, u"mnu_Pop2_Browse"_s, u"mnu_Pop3_Scan"_s, u"mnu_Pop4_DelFile"_s,
+      u"LookFiles"_s,        u"Archive"_s,         kArchiveToTarget,   u"Archive(2)"_s,
   };
 }
 

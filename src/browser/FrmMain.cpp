@@ -116,6 +116,9 @@ void FrmMain::ConnectCommands() {
   commands_->OnEntry(u"mnu_File1_Add"_s, [this] { recordCommands_->Add(); });
   commands_->OnEntry(u"mnu_File4_Property"_s, [this] { recordCommands_->Change(); });
   commands_->OnEntry(u"mnu_File3_Del"_s, [this] { recordCommands_->Delete(); });
+  commands_->OnEntry(u"mnu_Manager1_Distribute"_s, [this] { recordCommands_->HandToFlow(u"Distribute_File"_s); });
+  commands_->OnEntry(u"mnu_Manager2_PassRead"_s, [this] { recordCommands_->HandToFlow(u"PassRead_File"_s); });
+  commands_->OnEntry(u"mnu_Manager3_Transact"_s, [this] { recordCommands_->HandToFlow(u"Transact_File"_s); });
   commands_->OnEntry(u"mnu_Tool5_LSearch"_s, [this] { queryCommands_->SimpleQuery(); });
   commands_->OnEntry(u"mnu_Tool4_HSearch"_s, [this] { queryCommands_->CompoundQuery(); });
   commands_->OnEntry(u"mnu_Tool3_Sort"_s, [this] { queryCommands_->Sort(); });

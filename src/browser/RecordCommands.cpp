@@ -6,6 +6,7 @@
 #include "browser/BrowserStatus.h"
 #include "bulk/FrmReplace.h"
 #include "entry/FrmInput.h"
+#include "flows/TransferIntoFlow.h"
 #include "originals/OriginalStore.h"
 #include "records/RecordList.h"
 #include "records/RecordStatement.h"
@@ -60,6 +61,14 @@ void RecordCommands::DeleteSelected() {
       SharedConnection()->Execute(u"Delete from "_s + list_.Table() + u" Where ArchiveId "_s + InKeys(keys));
   list_.Reload();
   status_.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
+}
+
+void RecordCommands::HandToFlow(const QString& flowTable) {
+  if (list_.Table().isEmpty()) return;
+  for (const QString& key : list_.SelectedKeys()) {
+    if (!TransferRecord(list_.Table(), key, flowTable)) return;
+    list_.Reload(key);
+  }
 }
 
 }  // namespace folvane

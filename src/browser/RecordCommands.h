@@ -21,6 +21,8 @@ class RecordCommands {
   void Change();
   /// Deletes the selected records with their originals. An error ends it; the status line tells.
   void Delete();
+  /// Sends the selected records into a flow, one after the other; one that is gone ends it.
+  void HandToFlow(const QString& flowTable);
 
  private:
   void OpenEntry(const QString& addOnOpen);

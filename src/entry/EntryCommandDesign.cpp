@@ -86,8 +86,7 @@ CommandDesign EntryCommandDesign() { return {u"TlbCool"_s, Menus(), Keys(), Unav
 
 const QSet<QString>& UnavailableEntryCommands() {
   static const QSet<QString> unavailable{
-      u"FileArea"_s, u"AddFile"_s,      u"BorrowFile"_s,  u"Distribute"_s,  u"PassRead"_s,   u"Transact"_s,
-      kRunReport,    u"mnuDistibute"_s, u"mnuPassRead"_s, u"mnuTransact"_s, u"mnuArchive"_s, u"DoArchive"_s,
+      u"FileArea"_s, u"AddFile"_s, u"BorrowFile"_s, kRunReport, u"mnuArchive"_s, u"DoArchive"_s,
   };
   return unavailable;
 }

@@ -89,6 +89,7 @@ class FrmInput : public QMainWindow, public FormToSave {
   void DelRecord();
   void MoveTo(RecordLifecycle::Step step);
   void CopyAll();
+  void HandToFlow(const QString& flowTable);
 
   // State.
   bool MayEdit() const { return lifecycle_ && grants_.edit; }

@@ -17,10 +17,12 @@
 #include "entry/FrmSaveCollect.h"
 #include "entry/RegFormulaFile.h"
 #include "entry/TypingAids.h"
+#include "flows/TransferIntoFlow.h"
 #include "forms/EntryForm.h"
 #include "records/ReportEntries.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
+#include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "shell/OpenHelp.h"
 #include "shell/SharedState.h"
@@ -129,11 +131,29 @@ void FrmInput::ConnectTools() {
     window->Open();
     walk_.SetKeys(ReadKeyList(CurrTable));
   });
+  commands_->OnEntry(u"mnuDistibute"_s, [this] { HandToFlow(u"Distribute_File"_s); });
+  commands_->OnEntry(u"mnuPassRead"_s, [this] { HandToFlow(u"PassRead_File"_s); });
+  commands_->OnEntry(u"mnuTransact"_s, [this] { HandToFlow(u"Transact_File"_s); });
   commands_->OnEntry(u"FindDir"_s, [this] { OpenHelp(this, u"数据操作.htm"_s); });
   commands_->OnEntry(u"About"_s, [] {
     FrmAbout about;
     ShowModal(about);
   });
+}
+
+// The flow may have changed the record's state: it is read again and shown anew.
+void FrmInput::HandToFlow(const QString& flowTable) {
+  StoreTyped();
+  if (SwitchToEditing()) {
+    ShowMessage(u"请先保存当前数据！"_s, MessageFlag::Information, windowTitle());
+    return;
+  }
+  if (!HasRecord() || !TransferRecord(CurrTable, lifecycle_->CurrentKey(), flowTable)) return;
+  Recordset& records = lifecycle_->Records();
+  records.Resync();
+  records.MoveNext();
+  records.MovePrevious();
+  ShowCurrentRecord();
 }
 
 void FrmInput::Open() {

@@ -64,7 +64,7 @@ Flow MakeDistribution() {
   flow.help = u"文件分发.htm"_s;
   flow.headDialog = u"frmDistrDetails"_s;
   flow.detailDialog = u"frmDistrEdit"_s;
-  flow.emptyHint = u"还没有要分发的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“分发”把它送到这里。"_s;
+  flow.emptyHint = u"还没有要分发的文件。\n请在“文件登记”中选中记录，用“公文处理”菜单的“分发”把它送到这里。"_s;
   return flow;
 }
 
@@ -114,7 +114,7 @@ Flow MakeCirculation() {
   flow.routeMenuCaption = u"传阅操作(&T)"_s;
   flow.startEntry = u"mnuStart"_s;
   flow.startCaption = u"开始传阅"_s;
-  flow.emptyHint = u"还没有要传阅的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“传阅”把它送到这里。"_s;
+  flow.emptyHint = u"还没有要传阅的文件。\n请在“文件登记”中选中记录，用“公文处理”菜单的“传阅”把它送到这里。"_s;
   return flow;
 }
 
@@ -171,7 +171,7 @@ Flow MakeHandling() {
   flow.routeMenuCaption = u"处理操作(&T)"_s;
   flow.startEntry = u"mnuStartFlow"_s;
   flow.startCaption = u"开始处理"_s;
-  flow.emptyHint = u"还没有要办理的文件。\n请在“文件登记”中选中记录，用“管理”菜单的“处理”把它送到这里。"_s;
+  flow.emptyHint = u"还没有要办理的文件。\n请在“文件登记”中选中记录，用“公文处理”菜单的“处理”把它送到这里。"_s;
   return flow;
 }
 

@@ -76,4 +76,15 @@ void TransferIntoFlow(const FieldList& fields, const QString& tableName, const Q
   if (AskOk(question, failed)) RunGuarded([&] { OpenFlowWindow(flow, archiveId); });
 }
 
+bool TransferRecord(const QString& tableName, const QString& archiveId, const QString& flowTable) {
+  Recordset record;
+  record.Open(u"Select * from "_s + tableName + u" Where ArchiveID='"_s + archiveId + u'\'', SharedConnection());
+  if (record.EOF_()) {
+    ShowMessage(u"该文件已不存在，可能其他人也更改或删除该文件！"_s, MessageFlag::Information, kSystemTitle);
+    return false;
+  }
+  TransferIntoFlow(record.Fields(), tableName, flowTable);
+  return true;
+}
+
 }  // namespace folvane

@@ -14,4 +14,8 @@ namespace folvane {
 /// @throws DataError before the user has agreed
 void TransferIntoFlow(const FieldList& fields, const QString& tableName, const QString& flowTable);
 
+/// The same for a record of a list or a form, which is read again first; one that is gone is told.
+/// @return whether the record is still there @throws DataError
+bool TransferRecord(const QString& tableName, const QString& archiveId, const QString& flowTable);
+
 }  // namespace folvane
