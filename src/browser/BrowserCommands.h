@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "records/ReportEntries.h"
+#include "reports/ReportEntries.h"
 #include "widgets/WindowCommands.h"
 
 class QAction;

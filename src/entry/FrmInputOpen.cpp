@@ -20,7 +20,7 @@
 #include "entry/RegFormulaFile.h"
 #include "entry/TypingAids.h"
 #include "forms/EntryForm.h"
-#include "records/ReportEntries.h"
+#include "reports/ReportEntries.h"
 #include "shell/CommonRoutines.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
