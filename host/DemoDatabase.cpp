@@ -18,6 +18,7 @@ QString ProvideDemoDatabase(int records) {
     demo::MakeDemoFile(file, options);
   }
   if (!QFileInfo::exists(folder + QStringLiteral("/RegIDFormula.Ini"))) demo::WriteDemoProfiles(folder);
+  demo::WriteDemoReports(folder);
   return file;
 }
 
