@@ -8,24 +8,17 @@
 #include "components/reports/TemplateFiller.h"
 
 namespace folvane::reports {
-namespace {
 using namespace Qt::Literals::StringLiterals;
 
-LaidOutReport LayOut(const ReportRequest& request, const ReportData& data, const QString& text) {
-  const QPageLayout layout = KeptPageLayout(request.reportId).value_or(ReadPageLayout(MetaOf(text, u"page"_s)));
-  return {data.Title(), ReportPages(FillTemplate(text, data), layout)};
-}
-
-}  // namespace
-
 LaidOutReport LayOutReport(const ReportRequest& request) {
-  if (const auto text = ReadTemplate(request.reportId)) return LayOutReport(request, *text);
-  const ReportData data(request, {});
-  return LayOut(request, data, DefaultTemplate(data));
+  const auto text = ReadTemplate(request.reportId);
+  const ReportData data(request, text ? MetaOf(*text, u"order"_s) : QString());
+  return LayOutReport(request, data, text ? *text : DefaultTemplate(data));
 }
 
-LaidOutReport LayOutReport(const ReportRequest& request, const QString& templateText) {
-  return LayOut(request, ReportData(request, MetaOf(templateText, u"order"_s)), templateText);
+LaidOutReport LayOutReport(const ReportRequest& request, const ReportData& data, const QString& templateText) {
+  const QPageLayout layout = KeptPageLayout(request.reportId).value_or(ReadPageLayout(MetaOf(templateText, u"page"_s)));
+  return {data.Title(), ReportPages(FillTemplate(templateText, data), layout)};
 }
 
 void RunReport(const ReportRequest& request) {

@@ -8,6 +8,8 @@
 
 namespace folvane::reports {
 
+class ReportData;
+
 /// A report that has been laid out.
 struct LaidOutReport {
   QString title;
@@ -18,9 +20,9 @@ struct LaidOutReport {
 /// @throws DataError
 LaidOutReport LayOutReport(const ReportRequest& request);
 
-/// The same with the text of a template that need not be saved. A layout of the page that the user has kept comes
-/// first.
-LaidOutReport LayOutReport(const ReportRequest& request, const QString& templateText);
+/// The same with rows that have been read and a template that need not be saved. A layout of the page that the user has
+/// kept comes first.
+LaidOutReport LayOutReport(const ReportRequest& request, const ReportData& data, const QString& templateText);
 
 /// Shows a report in a window to be looked at and printed. @throws DataError before the window is shown
 void RunReport(const ReportRequest& request);

@@ -29,6 +29,10 @@ QString MarkerOf(const QString& column, int number) {
   return plain.match(column).hasMatch() ? column.toUpper() : u"COLUMN_%1"_s.arg(number);
 }
 
+bool IsNumber(const QString& fieldType) {
+  return fieldType == u"数值型"_s || fieldType == u"数字型"_s || fieldType == u"自动编号"_s;
+}
+
 }  // namespace
 
 QString Quoted(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\''; }
@@ -44,6 +48,7 @@ void ReportTable::NameFields() {
     ReportField field;
     field.marker = MarkerOf(rows_.ColumnName(column), column + 1);
     field.caption = FlowFieldCaption(name_, rows_.ColumnName(column));
+    field.isNumber = FlowTableCaption(name_).size() > 0 && field.marker.endsWith(u"QUANTITY"_s);
     field.column = column;
     fields_.push_back(field);
   }
@@ -63,7 +68,7 @@ void ReportTable::Describe(Connection& connection) {
     ReportField* field = fieldOf(dictionary.Text(row, 0));
     if (!field) continue;
     field->caption = dictionary.Text(row, 1);
-    field->isText = dictionary.Text(row, 2).endsWith(u"本型"_s);
+    field->isNumber = IsNumber(dictionary.Text(row, 2));
     field->length = dictionary.Text(row, 3).toInt();
   }
   const ResultSet list(

@@ -15,7 +15,7 @@ struct ReportField {
   int column = -1;    ///< in the rows
   int listWidth = 0;  ///< in the record list, in twips; 0 for a field that stands not in it
   int length = 0;     ///< the bytes that a value may have, 0 when not known
-  bool isText = true;
+  bool isNumber = false;
 };
 
 /// Rows of one table with what the design tables, or the flow windows, say of its fields. Rows count from 0.
