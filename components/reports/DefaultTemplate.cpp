@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <numeric>
 
 #include "components/reports/ReportData.h"
 
@@ -11,17 +12,12 @@ using namespace Qt::Literals::StringLiterals;
 
 using Fields = std::vector<ReportField>;
 
-// What the columns of a record list take on a sheet of A4 that stands upright, in twips.
-constexpr int kUprightWidth = 11000;
+// Columns of so many twips together fit on a sheet of A4 that stands upright, and on one that lies.
+constexpr int kUprightWidth = 11000, kLyingWidth = 17000;
 // A value of more bytes gets a line of the form for itself.
 constexpr int kHalfLine = 30;
-// A value of so many bytes is not broken, such as a date.
-constexpr int kUnbroken = 12;
 
-const QString kTable =
-    u"<table width=\"100%\" cellspacing=\"0\" cellpadding=\"4\" style=\"border-collapse: collapse; border-color: black\" border=\"1\">\n"_s;
-
-QString Marker(const QString& name) { return u"{{"_s + name + u"}}"_s; }
+QString Braced(const QString& name) { return u"{{"_s + name + u"}}"_s; }
 
 QString Page(bool wide) {
   const QString page = wide ? u"A4 landscape 15 12 15 12"_s : u"A4 portrait 20 15 20 20"_s;
@@ -29,30 +25,46 @@ QString Page(bool wide) {
          u"\">\n</head>\n<body>\n<p align=\"center\" style=\"font-size: 18pt; font-weight: bold\">{{REPORT_TITLE}}</p>\n"_s;
 }
 
-bool IsUnbroken(const ReportField& field) {
-  return field.length > 0 ? field.length <= kUnbroken : field.marker.endsWith(u"DATE"_s);
+QString TableBegin(const QString& fontSize) {
+  return u"<table width=\"100%\" border=\"1\" cellspacing=\"0\" cellpadding=\"4\" style=\"border-collapse: collapse; "
+         "border-color: black; font-size: %1\">\n"_s.arg(fontSize);
+}
+
+bool IsDate(const ReportField& field) { return field.marker.endsWith(u"DATE"_s); }
+
+// In twips: as wide as in the record list, though there is less room for long texts and none to scroll.
+int WidthOf(const ReportField& field) {
+  if (field.listWidth > 0) return std::clamp(field.listWidth, 800, 3200);
+  return field.isNumber ? 800 : IsDate(field) ? 1200 : 1600;
+}
+
+int WidthOf(const Fields& fields) {
+  return std::accumulate(fields.begin(), fields.end(), 0,
+                         [](int sum, const ReportField& field) { return sum + WidthOf(field); });
 }
 
 QString TableOf(const Fields& fields, const QString& section, const QString& captionPrefix) {
-  int total = 0;
-  for (const ReportField& field : fields) total += std::max(field.listWidth, 900);
-  QString head = u"<thead>\n<tr>\n<th width=\"6%\">序号</th>\n"_s;
+  const int total = std::max(WidthOf(fields), 1);
+  QString head = u"<thead>\n<tr>\n<th width=\"5%\">序号</th>\n"_s;
   QString row = u"<tr>\n<td align=\"center\">{{NO}}</td>\n"_s;
   for (const ReportField& field : fields) {
-    const int width = std::max(field.listWidth, 900) * 94 / std::max(total, 1);
-    head += u"<th width=\"%1%\">%2</th>\n"_s.arg(width).arg(Marker(captionPrefix + field.marker));
-    const QString unbroken = u" align=\"center\" style=\"white-space: nowrap\""_s;
-    row += u"<td%1>%2</td>\n"_s.arg(IsUnbroken(field) ? unbroken : QString(), Marker(field.marker));
+    head += u"<th width=\"%1%\">%2</th>\n"_s.arg(WidthOf(field) * 95.0 / total, 0, 'f', 1)
+                .arg(Braced(captionPrefix + field.marker));
+    const QString way = IsDate(field)    ? u" align=\"center\" style=\"white-space: nowrap\""_s
+                        : field.isNumber ? u" align=\"center\""_s
+                                         : QString();
+    row += u"<td%1>%2</td>\n"_s.arg(way, Braced(field.marker));
   }
-  return kTable + head + u"</tr>\n</thead>\n{{#"_s + section + u"}}\n"_s + row + u"</tr>\n{{/"_s + section +
-         u"}}\n</table>\n"_s;
+  return TableBegin(total > kLyingWidth ? u"8pt"_s : u"9.5pt"_s) + head + u"</tr>\n</thead>\n{{#"_s + section +
+         u"}}\n"_s + row + u"</tr>\n{{/"_s + section + u"}}\n</table>\n"_s;
 }
 
 QString Cells(const ReportField& field, const QString& prefix, int span) {
-  return u"<td width=\"16%\" align=\"center\" bgcolor=\"#f2f2f2\">%1</td><td colspan=\"%2\">%3</td>"_s
-      .arg(Marker(prefix.isEmpty() ? u"CAPTION_"_s + field.marker : prefix + u"CAPTION_"_s + field.marker))
+  return u"<td width=\"16%\" align=\"center\"><b>%1</b></td><td width=\"%2%\" colspan=\"%3\">%4</td>"_s
+      .arg(Braced(prefix + u"CAPTION_"_s + field.marker))
+      .arg(span == 1 ? 34 : 84)
       .arg(span)
-      .arg(Marker(prefix + field.marker));
+      .arg(Braced(prefix + field.marker));
 }
 
 bool IsLong(const ReportTable& table, const ReportField& field, qint64 row) {
@@ -93,14 +105,13 @@ Fields Shown(const ReportTable& table) {
 QString ListPage(const ReportTable& table) {
   Fields fields = table.ListFields();
   if (fields.empty()) fields = Shown(table);
-  int width = 0;
-  for (const ReportField& field : fields) width += std::max(field.listWidth, 900);
-  return Page(width > kUprightWidth) + TableOf(fields, u"ROWS"_s, u"CAPTION_"_s) + u"<p>共 {{COUNT}} 条记录</p>\n"_s;
+  return Page(WidthOf(fields) > kUprightWidth) + TableOf(fields, u"ROWS"_s, u"CAPTION_"_s) +
+         u"<p>共 {{COUNT}} 条记录</p>\n"_s;
 }
 
 QString FormPage(const ReportData& data) {
   const ReportTable& main = data.Main();
-  QString html = Page(false) + kTable;
+  QString html = Page(false) + TableBegin(u"10.5pt"_s);
   if (data.Heads() && data.HeadOf(0) >= 0)
     html += FormRows(*data.Heads(), data.Heads()->CaptionedFields(), data.HeadOf(0), u"HEAD_"_s);
   html += FormRows(main, Shown(main), 0) + u"</table>\n"_s;

@@ -114,9 +114,8 @@ QToolBar* ReportDesigner::NewToolBar() {
 QSplitter* ReportDesigner::NewParts() {
   auto* parts = new QSplitter(this);
   for (QWidget* part : std::initializer_list<QWidget*>{choices_, text_, view_}) parts->addWidget(part);
-  parts->setStretchFactor(0, 1);
-  parts->setStretchFactor(1, 3);
-  parts->setStretchFactor(2, 3);
+  const int unit = QFontMetrics(font()).averageCharWidth();
+  parts->setSizes({30 * unit, 90 * unit, 90 * unit});
   return parts;
 }
 
