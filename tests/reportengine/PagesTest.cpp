@@ -1,4 +1,5 @@
 #include <QAbstractTextDocumentLayout>
+#include <QPrinter>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -69,6 +70,20 @@ TEST_P(PagesTest, PaperComesFromTheTemplateAndThenFromTheUser) {
   Printed(Request(u"Lwdj"_s, u"RegID = 1"_s, u"1"_s));
   EXPECT_EQ(size(), u"595 x 842 pts (A4)"_s);
   EXPECT_FALSE(reports::KeptPageLayout(u"2"_s)) << "each report has its own";
+}
+
+TEST_P(PagesTest, APrinterGetsThePagesThatAreAskedFor) {
+  const reports::LaidOutReport report = reports::LayOutReport(Request(u"Lwdj"_s, u"RegID <= 20"_s));
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(program_.Path(u"printed.pdf"_s));
+  printer.setFromTo(2, 3);
+  report.pages.Print(printer);
+  const QString text = TextOfPdf(program_.Path(u"printed.pdf"_s));
+  EXPECT_FALSE(text.contains(u"第1页"_s));
+  EXPECT_TRUE(text.contains(u"第2页"_s));
+  EXPECT_TRUE(text.contains(u"第3页"_s));
+  EXPECT_FALSE(text.contains(u"第4页"_s));
 }
 
 TEST_P(PagesTest, AFolderThatIsMissingIsTold) {
