@@ -10,9 +10,11 @@
 #include <QSaveFile>
 #include <QScreen>
 #include <QTextDocument>
+#include <QUrl>
 #include <algorithm>
 
 #include <folvane/DataError.h>
+#include <folvane/HostServices.h>
 
 #include "components/reports/Pagination.h"
 
@@ -89,6 +91,7 @@ void ReportPages::Paint(QPagedPaintDevice& device, int from, int to) const {
   document.setDocumentMargin(0);
   document.setDefaultFont(BodyFont());
   document.documentLayout()->setPaintDevice(&device);
+  document.setBaseUrl(QUrl::fromLocalFile(Services().programDirectory + u"/Reports/"_s));
   document.setHtml(html_);
   document.setTextWidth(body.width());
   const std::vector<PageSlice> pages = CutIntoPages(document, body.height(), BorderPixel(device));

@@ -96,5 +96,17 @@ TEST_P(DemoReportsTest, EveryTemplateHasItsPlaceInTheIndex) {
   }
 }
 
+TEST_P(DemoReportsTest, TheExampleForIntegratorsIsAReport) {
+  QFile page(QString::fromUtf8(REPORTS_PAGE));
+  ASSERT_TRUE(page.open(QFile::ReadOnly));
+  const QString text = QString::fromUtf8(page.readAll());
+  const QString example = text.section(u"```html\n"_s, 1).section(u"```"_s, 0, 0);
+  ASSERT_TRUE(example.contains(u"{{#ROWS}}"_s));
+  WriteTemplate(u"9"_s, example);
+  const QString printed = Printed(Request(u"Lwdj"_s, u"CreatedDate Like '2026%'"_s, u"9"_s));
+  EXPECT_TRUE(printed.contains(u"登记号收文日期题名份数"_s)) << qPrintable(printed.left(200));
+  ExpectAll(printed, u"Select Amaintitle From Lwdj Where CreatedDate Like '2026%'"_s);
+}
+
 }  // namespace
 }  // namespace folvane::test

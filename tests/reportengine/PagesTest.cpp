@@ -72,6 +72,15 @@ TEST_P(PagesTest, PaperComesFromTheTemplateAndThenFromTheUser) {
   EXPECT_FALSE(reports::KeptPageLayout(u"2"_s)) << "each report has its own";
 }
 
+TEST_P(PagesTest, PicturesLieBesideTheTemplates) {
+  WriteTemplate(u"1"_s, u"<img src=\"seal.png\" width=\"80\"> <img src=\"missing.png\"> {{RegID}}"_s);
+  QImage seal(40, 40, QImage::Format_RGB32);
+  seal.fill(Qt::red);
+  ASSERT_TRUE(seal.save(program_.Path(u"Reports/seal.png"_s)));
+  EXPECT_TRUE(Printed(Request(u"Lwdj"_s, u"RegID = 1"_s, u"1"_s)).contains(u'1'));
+  EXPECT_TRUE(Ran(u"pdfimages"_s, {u"-list"_s, program_.Path(u"report.pdf"_s)}).contains(u"40    40"_s));
+}
+
 TEST_P(PagesTest, APrinterGetsThePagesThatAreAskedFor) {
   const reports::LaidOutReport report = reports::LayOutReport(Request(u"Lwdj"_s, u"RegID <= 20"_s));
   QPrinter printer(QPrinter::HighResolution);
