@@ -27,6 +27,7 @@ QString ProvideDemoDatabase(int records) {
     demo::MakeDemoFile(file, options);
   }
   if (!QFileInfo::exists(folder + u"/RegIDFormula.Ini"_s)) demo::WriteDemoProfiles(folder);
+  demo::WriteDemoReports(folder);
   return file;
 }
 

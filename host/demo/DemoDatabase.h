@@ -32,4 +32,8 @@ void MakeDemoFile(const QString& file, DemoOptions options);
 /// @throws std::runtime_error
 void WriteDemoProfiles(const QString& directory);
 
+/// Writes the templates of the demo's reports into the folder Reports of a directory; those that are there stay.
+/// @throws std::runtime_error
+void WriteDemoReports(const QString& directory);
+
 }  // namespace folvane::demo

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -8,6 +9,7 @@
 #include <folvane/SqliteConnection.h>
 
 #include "host/demo/DemoDatabase.h"
+#include "host/demo/TextLists.h"
 
 namespace folvane::demo {
 namespace {
@@ -81,6 +83,18 @@ void WriteDemoProfiles(const QString& directory) {
   // Incoming and outgoing documents are numbered anew each year.
   WriteProfile(directory + u"/RegIDFormula.Ini"_s, {line, u"# RegID Formula Rule2 按文件时间累加"_s, line, QString(),
                                                     u"[RegFormula]"_s, u"Lwdj=2"_s, u"Fwdj=2"_s, QString()});
+}
+
+void WriteDemoReports(const QString& directory) {
+  InitDemoResources();
+  const QDir templates(u":/folvane/demo/Reports"_s), folder(directory + u"/Reports"_s);
+  bool written = folder.mkpath(u"."_s);
+  for (const QString& name : templates.entryList(QDir::Files)) {
+    if (folder.exists(name)) continue;
+    written = written && QFile::copy(templates.filePath(name), folder.filePath(name)) &&
+              QFile::setPermissions(folder.filePath(name), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+  }
+  if (!written) throw std::runtime_error("cannot write " + folder.path().toStdString());
 }
 
 }  // namespace folvane::demo

@@ -5,6 +5,9 @@
 #include <QStringList>
 #include <vector>
 
+/// Makes the demo's data files readable under ":/folvane/demo/".
+void InitDemoResources();
+
 namespace folvane::demo {
 
 /// The lines of a data file without comments and empty lines, each taken apart at "|" and trimmed.

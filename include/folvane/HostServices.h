@@ -12,6 +12,8 @@ class QWidget;
 
 namespace folvane {
 
+struct ReportRequest;
+
 /// A message box that a window wants shown. Flags are the sum of the buttons (0 OK, 1 OK/Cancel, 3 Yes/No/Cancel,
 /// 4 Yes/No) and the icon (16 critical, 32 question, 48 warning, 64 information); odd given sums are kept as they are.
 struct MessageRequest {
@@ -45,6 +47,12 @@ struct HostServices {
   /// Shows a topic such as "文件登记.htm" of a help file beside the window that asks for it. The default is the
   /// library's own viewer.
   std::function<void(QWidget* owner, const QString& file, const QString& topic)> showHelp;
+
+  /// Lays a report out, to be looked at and printed, and returns when that is over. The default is the library's own
+  /// component; an empty function is a component that is not installed. May throw; the caller tells the user.
+  std::function<void(const ReportRequest&)> runReport;
+  /// Opens the design of a report, with what the request covers as its sample.
+  std::function<void(const ReportRequest&)> designReport;
 };
 
 /// The one instance of the process.

@@ -6,6 +6,7 @@
 
 #include "browser/BrowserEnabling.h"
 #include "browser/BrowserStatus.h"
+#include "shell/EventGuard.h"
 
 namespace folvane {
 
@@ -160,13 +161,22 @@ void BrowserCommands::ShowReports(const std::vector<ReportRow>& reports) {
   for (qsizetype at = 0; at < entries.size(); ++at) ShowReport(*entries[at], shown[size_t(at)]);
 }
 
-// No report can be run yet.
 void BrowserCommands::ShowReport(QAction& entry, const ReportRow& report) const {
   entry.setText(report.reportName);
   entry.setToolTip(report.reportName);
   entry.setProperty("Tag", report.reportId);
   entry.setVisible(true);
-  entry.setEnabled(false);
+}
+
+void BrowserCommands::OnReport(std::function<void(const ReportRow& report)> handler) {
+  QMenu& menu = commands_.Menu(u"mnu_Report"_s);
+  ConnectGuarded(&menu, &QMenu::triggered, &menu, [this, handler](const QAction* entry) {
+    status_.ShowNotice({});
+    ReportRow report;
+    report.reportName = entry->text();
+    report.reportId = entry->property("Tag").toString();
+    handler(report);
+  });
 }
 
 }  // namespace folvane

@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "records/ReportEntries.h"
+#include "reports/ReportEntries.h"
 #include "widgets/WindowCommands.h"
 
 class QAction;
@@ -35,6 +35,8 @@ class BrowserCommands {
 
   /// Shows the reports of a table as entries of the report menu; without any the one entry that says so.
   void ShowReports(const std::vector<ReportRow>& reports);
+  /// What a click on a report runs, with its name and id.
+  void OnReport(std::function<void(const ReportRow& report)> handler);
 
   QMenu& OriginalsMenu() const { return commands_.Menu(QStringLiteral("mnu_Pop")); }
 

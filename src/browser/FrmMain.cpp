@@ -20,7 +20,9 @@
 #include "browser/SearchBar.h"
 #include "browser/TableNavigation.h"
 #include "records/RecordList.h"
-#include "records/ReportEntries.h"
+#include "reports/ReportEntries.h"
+#include "reports/ReportSelection.h"
+#include "reports/RunReport.h"
 #include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
@@ -126,7 +128,18 @@ void FrmMain::ConnectCommands() {
   commands_->OnEntry(u"mnu_Tool1_BUpdate"_s, [this] { bulkCommands_->Update(); });
   commands_->OnEntry(u"mnu_Tool2_BDel"_s, [this] { bulkCommands_->Delete(); });
   commands_->BindShortcut(u"mnu_File3_Del"_s, *listView_);  // not meant for what is selected elsewhere
+  commands_->OnReport([this](const ReportRow& report) { RunReport(report); });
   commands_->OnKey(u"Refresh"_s, [this] { queryCommands_->Refresh(); });
+}
+
+void FrmMain::RunReport(const ReportRow& report) {
+  ReportRequest request;
+  request.mainTable = list_->Table();
+  request.reportId = report.reportId;
+  request.rightsCondition = parameters_.Selected(Parameter::RowLimit);
+  request.filter = parameters_.Selected(Parameter::Filter);
+  request.selection = GetSelectionClause(list_->Table(), list_->SelectedKeys());
+  RunMenuReport(report.reportName, request);
 }
 
 void FrmMain::Start() {

@@ -25,6 +25,7 @@ class SearchBar;
 class TableNavigation;
 class ViewHint;
 struct BrowserView;
+struct ReportRow;
 
 /// Opens the record browser and returns when the user has closed it. Its tree and list are built anew each time.
 /// @throws DataError what fails while it opens
@@ -67,6 +68,7 @@ class FrmMain : public QMainWindow {
 
   void SortByColumn(int column);
   void OpenRow();
+  void RunReport(const ReportRow& report);
   void LiftFilter();
   void RestoreSplitters();
   void KeepSplitters() const;

@@ -22,6 +22,8 @@ class EntryForm;
 class EntryStatus;
 class FrmInput;
 class WindowCommands;
+struct ReportRequest;
+struct ReportRow;
 
 /// What the entry window is told by the window that opens it.
 struct EntryContext {
@@ -80,6 +82,7 @@ class FrmInput : public QMainWindow, public FormToSave {
   void ShowHint(const QString& text);
   void ConnectFields(const QStringList& wideFields);
   void LoadReportMenu();
+  ReportRequest RequestOf(const ReportRow& report) const;
   void ReadMarks();
   void UseYearSign();
   void ShowOpened(qint64 openPosition);

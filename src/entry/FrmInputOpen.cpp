@@ -19,7 +19,9 @@
 #include "entry/TypingAids.h"
 #include "flows/TransferIntoFlow.h"
 #include "forms/EntryForm.h"
-#include "records/ReportEntries.h"
+#include "reports/ReportEntries.h"
+#include "reports/ReportSelection.h"
+#include "reports/RunReport.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
@@ -248,21 +250,34 @@ void FrmInput::LoadReportMenu() {
   const auto reports = ReadRows<ReportRow>(
       SharedConnection(), u"select Report_ID,report_name from report_index where report_group_id ='"_s + CurrTable +
                               u"' and report_type='1'"_s);
-  const bool canRun = !UnavailableEntryCommands().contains(kRunReport);
   QMenu& menu = commands_->Menu(u"ReportDesign"_s);
   QMenu& keyMenu = commands_->KeyMenu(u"ReportView"_s);
   menu.clear();
   keyMenu.clear();
-  const auto add = [canRun](QMenu& to, const QString& name, const ReportRow& report) {
+  using Run = void (*)(const QString&, const ReportRequest&);
+  const auto add = [this](QMenu& to, const QString& name, const ReportRow& report, Run run) {
     QAction* entry = to.addAction(QString(report.reportName).replace(u'&', u"&&"_s));
     entry->setObjectName(name);
     entry->setProperty("Tag", report.reportId);
-    entry->setEnabled(canRun);
+    ConnectGuarded(entry, &QAction::triggered, this,
+                   [this, report, run] { run(report.reportName, RequestOf(report)); });
   };
   int number = 0;
   for (const ReportRow& report : reports.empty() ? std::vector{NoReports()} : reports)
-    add(menu, u"menuTemp(%1)"_s.arg(++number), report);
-  for (const ReportRow& report : reports) add(keyMenu, u"M_"_s + report.reportId, report);
+    add(menu, u"menuTemp(%1)"_s.arg(++number), report, RunMenuReport);
+  for (const ReportRow& report : reports) add(keyMenu, u"M_"_s + report.reportId, report, RunMenuReport);
+  if (reports.empty()) return;
+  menu.addSeparator();
+  QMenu& designs = *menu.addMenu(u"设计(&D)"_s);
+  for (const ReportRow& report : reports) add(designs, u"D_"_s + report.reportId, report, DesignMenuReport);
+}
+
+ReportRequest FrmInput::RequestOf(const ReportRow& report) const {
+  ReportRequest request;
+  request.mainTable = CurrTable;
+  request.reportId = report.reportId;
+  request.selection = RecordSelection(CurrTable, lifecycle_->CurrentKey());
+  return request;
 }
 
 }  // namespace folvane

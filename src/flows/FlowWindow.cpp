@@ -11,6 +11,8 @@
 #include "flows/RouteDialogs.h"
 #include "query/AskQuery.h"
 #include "query/ConditionText.h"
+#include "reports/ReportSelection.h"
+#include "reports/RunReport.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
@@ -224,6 +226,15 @@ void FlowWindow::Choise() {
 
 void FlowWindow::EditFlow() {
   if (sheets_.IsOnHead() && EditRoute(flow_, sheets_.Key())) ShowRoute();
+}
+
+void FlowWindow::Print() {
+  if (!sheets_.IsOnHead()) return;
+  const QString lineColumn = flow_.isHandling ? flow_.idColumn : u"Register_ID"_s;
+  SheetValues values{sheets_.Head(flow_.idColumn), sheets_.Head(lineColumn), {}};
+  if (sheets_.IsOnDetail()) values.serial = sheets_.Detail(u"File_ID"_s);
+  const SheetTables tables{flow_.headTable, flow_.detailTable, flow_.idColumn, lineColumn};
+  PrintSheet(ReportOfSheet(tables, grid_ == Grid::Details, values), windowTitle());
 }
 
 void FlowWindow::ShowNotion(const QString& ofUser) {

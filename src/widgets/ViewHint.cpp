@@ -12,7 +12,7 @@ constexpr int kMargin = 16;
 }  // namespace
 
 // A child of the view and not of its viewport, which takes its children along when it scrolls.
-ViewHint::ViewHint(QAbstractItemView& view, const QString& name) : QLabel(&view), view_(view) {
+ViewHint::ViewHint(QAbstractItemView& view, const QString& name) : QLabel(&view), viewport_(view.viewport()) {
   setObjectName(name);
   setTextFormat(Qt::PlainText);
   setForegroundRole(QPalette::PlaceholderText);
@@ -25,13 +25,14 @@ ViewHint::ViewHint(QAbstractItemView& view, const QString& name) : QLabel(&view)
 }
 
 void ViewHint::ShowHint(const QString& text) {
+  if (!viewport_) return;
   setText(text);
   Place();
   setVisible(!text.isEmpty());
   raise();
 }
 
-void ViewHint::Place() { setGeometry(view_.viewport()->geometry()); }
+void ViewHint::Place() { setGeometry(viewport_->geometry()); }
 
 bool ViewHint::eventFilter(QObject*, QEvent* event) {
   if (event->type() == QEvent::Resize || event->type() == QEvent::Move) Place();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPointer>
 
 class QAbstractItemView;
 
@@ -21,7 +22,7 @@ class ViewHint : public QLabel {
  private:
   void Place();
 
-  QAbstractItemView& view_;
+  QPointer<QWidget> viewport_;  ///< the view is gone before its model tells a last reset
 };
 
 /// Gives a view a hint named "EmptyHint" that stands there whenever the view has no rows.

@@ -162,5 +162,23 @@ TEST_F(DemoFile, CountsTheDocumentsOfAYear) {
   EXPECT_EQ(rules.Read(u"RegFormula"_s, u"Fwdj"_s, u"0"_s), u"2"_s);
 }
 
+TEST_F(DemoFile, ComesWithTheTemplatesOfReportsAndLeavesThoseThatAreThere) {
+  QDir(Path(u""_s)).mkpath(u"Reports"_s);
+  QFile own(Path(u"Reports/1001.html"_s));
+  ASSERT_TRUE(own.open(QFile::WriteOnly) && own.write("own") == 3);
+  own.close();
+  demo::WriteDemoReports(Path(u""_s));
+  demo::WriteDemoReports(Path(u""_s));
+  EXPECT_EQ(Content(Path(u"Reports/1001.html"_s)), "own");
+  EXPECT_TRUE(Content(Path(u"Reports/2201.html"_s)).contains("{{#LINES}}"));
+  EXPECT_TRUE(QFileInfo(Path(u"Reports/2201.html"_s)).isWritable());
+}
+
+TEST_F(DemoFile, TellsThatTemplatesCannotBeWritten) {
+  QFile inTheWay(Path(u"Reports"_s));
+  ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
+  EXPECT_THROW(demo::WriteDemoReports(Path(u""_s)), std::runtime_error);
+}
+
 }  // namespace
 }  // namespace folvane::test

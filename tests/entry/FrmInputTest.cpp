@@ -215,29 +215,12 @@ TEST_P(FrmInputTest, WalksWithTabFromFieldToField) {
   });
 }
 
-TEST_P(FrmInputTest, OffersTheReportsOfTheTable) {
-  Run(u"insert into Report_Index (Report_ID,Report_Name,Report_Group_Id,Report_Type) values ('77','收文簿','Lwdj','1'),"
-      "('78','年报','Lwdj','2')"_s);
-  InWindow([&](const Input& input) {
-    EXPECT_EQ(input.Entry(u"menuTemp(1)"_s).text(), u"收文簿"_s);
-    EXPECT_EQ(input.Entry(u"M_77"_s).text(), u"收文簿"_s);
-    EXPECT_EQ(input.Window().findChildren<QAction*>(u"M_78"_s).size(), 0);
-  });
-  Run(u"delete from Report_Index"_s);
-  InWindow([&](const Input& input) {
-    EXPECT_EQ(input.Entry(u"menuTemp(1)"_s).text(), u"文件报表(无)"_s);
-    EXPECT_EQ(input.Window().findChildren<QAction*>(u"M_77"_s).size(), 0);
-  });
-}
-
 TEST_P(FrmInputTest, ShowsTheCommandsOfLaterSubsystemsDisabled) {
   AddRecords(1);
   Right(Parameter::Target, u"Wsda"_s);
   InWindow([](const Input& input) {
-    for (const QString& key : {u"FileArea"_s, u"Distribute"_s, u"PassRead"_s, u"Transact"_s, u"DoArchive"_s})
-      EXPECT_FALSE(input.KeyOn(key)) << key.toStdString();
-    for (const QString& entry : {u"AddFile"_s, u"BorrowFile"_s, u"mnuDistibute"_s, u"mnuPassRead"_s, u"mnuTransact"_s,
-                                 u"mnuArchive"_s, u"mnuReplace"_s})
+    for (const QString& key : {u"FileArea"_s, u"DoArchive"_s}) EXPECT_FALSE(input.KeyOn(key)) << key.toStdString();
+    for (const QString& entry : {u"AddFile"_s, u"BorrowFile"_s, u"mnuArchive"_s, u"mnuReplace"_s})
       EXPECT_FALSE(input.On(entry)) << entry.toStdString();
   });
 }

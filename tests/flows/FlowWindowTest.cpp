@@ -4,8 +4,11 @@
 #include <QTableView>
 #include <gmock/gmock.h>
 
-#include "flows/FlowFixture.h"
+#include <folvane/HostServices.h>
+#include <folvane/ReportRequest.h>
+
 #include "flows/FlowWindow.h"
+#include "flows/FlowWindowFixture.h"
 #include "shell/SharedState.h"
 #include "support/Accessibility.h"
 #include "support/WindowDriver.h"
@@ -15,63 +18,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-QString K(int number) { return DesignedDatabase::Key(number); }
-
-QAction& Command(QWidget& window, const QString& name) {
-  auto* action = window.findChild<QAction*>(name);
-  if (!action) throw std::runtime_error("no command " + name.toStdString());
-  return *action;
-}
-
-/// A flow's window, driven by the names of its controls.
-class FlowWindowTest : public FlowTest {
- protected:
-  void AddHeads(const Flow& flow, int count) {
-    for (int number = 1; number <= count; ++number) {
-      AddRecord(QString::number(10 + number), u"题名%1"_s.arg(number));
-      AddHead(flow, {K(number), QString::number(10 + number), flow.idle, u"题名%1"_s.arg(number)});
-    }
-    log_->Take();
-  }
-  void Open(const QString& name, WindowSteps steps, const QString& archiveId = {}) {
-    WithWindow(name, std::move(steps));
-    if (name == u"frmDistributeFile"_s) {
-      ShowDistribution(archiveId);
-    } else if (name == u"frmPassFile"_s) {
-      ShowCirculation(archiveId);
-    } else {
-      ShowHandling(hasten_, archiveId);
-    }
-  }
-  static QTableView& Heads(QWidget& window) { return Find<QTableView>(window, u"DgFile"_s); }
-  static QTableView& Details(QWidget& window) { return Find<QTableView>(window, u"DgDetails"_s); }
-  static QAction& Key(QWidget& window, const QString& name) { return FindAction(window, u"tlb"_s, name); }
-  static QAction& Entry(QWidget& window, const QString& menu, const QString& name) {
-    return FindAction(window, menu, name);
-  }
-  static void ClickGrid(QTableView& grid, int row) { ClickItem(grid, grid.model()->index(row, 3)); }
-  static QString Cell(QTableView& grid, int row, int column) {
-    return grid.model()->index(row, column).data().toString();
-  }
-  static QStringList ShownColumns(QTableView& grid) {
-    QStringList captions;
-    for (int column = 0; column < grid.model()->columnCount(); ++column) {
-      if (!grid.isColumnHidden(column)) captions << grid.model()->headerData(column, Qt::Horizontal).toString();
-    }
-    return captions;
-  }
-  static QStringList Fields(QTableView& grid) {
-    QStringList fields;
-    for (int column = 0; column < grid.model()->columnCount(); ++column)
-      fields << grid.model()->headerData(column, Qt::Horizontal, Qt::UserRole).toString();
-    return fields;
-  }
-  static QString Notice(QWidget& window) { return Find<QLabel>(window, u"Notice"_s).text(); }
-
-  MessageBoxes boxes_;
-  QString hasten_ = u"0"_s;
-};
 
 FOLVANE_ON_EACH_DATABASE(FlowWindowTest);
 
@@ -135,18 +81,6 @@ TEST_P(FlowWindowTest, TheWindowOpensOnTheRecordsSheetOrTheFirst) {
       u"frmPassFile"_s, [](QWidget& window) { EXPECT_EQ(Heads(window).currentIndex().row(), 0); }, u"none"_s);
 }
 
-TEST_P(FlowWindowTest, DetailsCanBeAddedOnlyWhileTheyAreTheActiveGrid) {
-  AddHeads(Circulation(), 2);
-  Open(u"frmPassFile"_s, [](QWidget& window) {
-    Click(*Details(window).viewport());
-    EXPECT_TRUE(Key(window, u"NEW"_s).isEnabled());
-    EXPECT_TRUE(Entry(window, u"mnuFile"_s, u"mnuAddNew"_s).isEnabled());
-    ClickGrid(Heads(window), 1);
-    EXPECT_FALSE(Key(window, u"NEW"_s).isEnabled());
-    EXPECT_FALSE(Entry(window, u"mnuFile"_s, u"mnuAddNew"_s).isEnabled());
-  });
-}
-
 TEST_P(FlowWindowTest, AnEmptyListDoesNothingAndSaysWhatToDo) {
   Open(u"frmPassFile"_s, [this](QWidget& window) {
     Click(*Details(window).viewport());
@@ -191,143 +125,6 @@ TEST_P(FlowWindowTest, AnotherRowShowsItsDetails) {
   });
 }
 
-TEST_P(FlowWindowTest, AnAddedDetailIsShownAndMakesTheHeadDone) {
-  AddHeads(Circulation(), 1);
-  Open(u"frmPassFile"_s, [this](QWidget& window) {
-    Click(*Details(window).viewport());
-    WithWindow(u"frmPassEdit"_s, [](QWidget& dialog) {
-      EXPECT_EQ(TextIn(dialog, u"txtID"_s), u"1"_s);
-      EXPECT_EQ(TextIn(dialog, u"DtpDistr"_s), u"2002-03-04"_s);
-      EXPECT_THAT(UnnamedControls(dialog), IsEmpty());
-      Retype(Find<QWidget>(dialog, u"CboUnit"_s), u"办公室"_s);
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-    });
-    Key(window, u"NEW"_s).trigger();
-    EXPECT_EQ(Cell(Details(window), 0, 2), u"办公室"_s);
-    EXPECT_EQ(Cell(Heads(window), 0, 3), u"已传阅"_s);
-  });
-  EXPECT_EQ(HeadText(Circulation(), K(1), u"PassRead_Status"_s), u"已传阅"_s);
-  EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"已传阅"_s);
-}
-
-TEST_P(FlowWindowTest, ASerialThatIsTakenOrBlankIsRefused) {
-  AddHeads(Circulation(), 1);
-  AddDetail(Circulation(), K(1), 1, u"a"_s);
-  AddDetail(Circulation(), K(1), 2, u"b"_s);
-  Open(u"frmPassFile"_s, [this](QWidget& window) {
-    WithWindow(u"frmPassEdit"_s, [this](QWidget& dialog) {
-      Retype(Find<QWidget>(dialog, u"txtID"_s), u"2x"_s);
-      EXPECT_EQ(TextIn(dialog, u"txtID"_s), u"2"_s);
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-      EXPECT_EQ(boxes_.Last().text, u"对不起，该序号已存在，请重新录入！"_s);
-      Find<QWidget>(dialog, u"txtID"_s).setProperty("text", u" "_s);
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-      EXPECT_EQ(boxes_.Last().text, u"对不起，登记号不能为空！"_s);
-      EXPECT_EQ(boxes_.Last().flags, 48);
-      Find<QWidget>(dialog, u"txtID"_s).setProperty("text", u"1"_s);  // its own: not looked up
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-      EXPECT_FALSE(dialog.isVisible());
-    });
-    DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
-  });
-}
-
-TEST_P(FlowWindowTest, EmptyQuantitiesBecomeZeroAsTheBoxIsLeft) {
-  AddHeads(Distribution(), 1);
-  AddDetail(Distribution(), K(1), 1, u"a"_s);
-  Open(u"frmDistributeFile"_s, [](QWidget& window) {
-    WithWindow(u"frmDistrEdit"_s, [](QWidget& dialog) {
-      auto& box = Find<QWidget>(dialog, u"txtQuantity"_s);
-      Retype(box, u"3"_s);
-      Press(box, Qt::Key_Backspace);
-      Press(box, Qt::Key_Tab);
-      EXPECT_EQ(TextIn(dialog, u"txtQuantity"_s), u"0"_s);
-      Retype(Find<QWidget>(dialog, u"txtBackQuantity"_s), u"9"_s);  // more than were handed out: nothing compares
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-    });
-    DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
-    EXPECT_EQ(Cell(Details(window), 0, 8), u"9"_s);
-  });
-}
-
-TEST_P(FlowWindowTest, TheHeadDialogShowsTheCopiesAndWritesTheRest) {
-  AddHeads(Circulation(), 1);
-  design_->Insert(u"AssistantDictionary"_s, u"DicID,Name"_s, {u"1"_s, u"传阅情况"_s});
-  design_->Insert(u"AssistantDicKey"_s, u"DicID,Name"_s, {u"1"_s, u"暂缓"_s});
-  Open(u"frmPassFile"_s, [](QWidget& window) {
-    WithWindow(u"frmPassDetails"_s, [](QWidget& dialog) {
-      EXPECT_EQ(TextIn(dialog, u"txtMainTitle"_s), u"题名1"_s);
-      EXPECT_GE(Find<QComboBox>(dialog, u"cboStatus"_s).findText(u"暂缓"_s), 0);
-      EXPECT_THAT(UnnamedControls(dialog), IsEmpty());
-      Retype(Find<QWidget>(dialog, u"cboStatus"_s), u"暂缓"_s);
-      Retype(Find<QWidget>(dialog, u"txtRange"_s), u"局领导"_s);
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-    });
-    DoubleClickItem(Heads(window), Heads(window).model()->index(0, 7));
-    EXPECT_EQ(Cell(Heads(window), 0, 3), u"暂缓"_s);
-    EXPECT_EQ(Cell(Heads(window), 0, 4), u"局领导"_s);
-    EXPECT_FALSE(Command(window, u"StartRead"_s).isEnabled());  // no longer idle
-  });
-  EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"<null>"_s);
-}
-
-TEST_P(FlowWindowTest, WhatAQuoteBrokeIsToldAndShownAgain) {
-  AddHeads(Circulation(), 1);
-  Open(u"frmPassFile"_s, [this](QWidget& window) {
-    WithWindow(u"frmPassDetails"_s, [](QWidget& dialog) {
-      Retype(Find<QWidget>(dialog, u"TxtNote"_s), u"O'Neil"_s);
-      Click(Find<QWidget>(dialog, u"cmdSave"_s));
-      EXPECT_FALSE(dialog.isVisible());
-    });
-    Key(window, u"MODIFY"_s).trigger();
-    EXPECT_TRUE(boxes_.Requests().empty());
-    EXPECT_TRUE(Notice(window).startsWith(u"没有保存："_s));
-    WithWindow(u"frmPassDetails"_s, [](QWidget& dialog) { EXPECT_EQ(TextIn(dialog, u"TxtNote"_s), u"O'Neil"_s); });
-    Key(window, u"MODIFY"_s).trigger();
-  });
-}
-
-TEST_P(FlowWindowTest, DeletingAsksAndGoesByTheActiveGrid) {
-  AddHeads(Circulation(), 2);
-  AddDetail(Circulation(), K(2), 1, u"a"_s);
-  Open(u"frmPassFile"_s, [this](QWidget& window) {
-    ClickGrid(Details(window), 0);
-    boxes_.Answer(7);
-    Key(window, u"DELETE"_s).trigger();
-    EXPECT_EQ(boxes_.Last().text, u"确实要删除当前的处理明细记录吗？"_s);
-    EXPECT_EQ(boxes_.Last().flags, 68);
-    EXPECT_EQ(boxes_.Last().title, u"文件传阅"_s);
-    EXPECT_EQ(Details(window).model()->rowCount(), 1);
-    boxes_.Answer(6);
-    Key(window, u"DELETE"_s).trigger();
-    EXPECT_EQ(Details(window).model()->rowCount(), 0);
-    Key(window, u"DELETE"_s).trigger();
-    EXPECT_EQ(boxes_.Last().text, u"当前数据已为空,无法继续删除!"_s);
-    ClickGrid(Heads(window), 0);
-    boxes_.Answer(6);
-    Key(window, u"DELETE"_s).trigger();
-    EXPECT_EQ(boxes_.Last().text, u"确实要删除当前的处理单吗？"_s);
-    EXPECT_EQ(Heads(window).model()->rowCount(), 1);
-    EXPECT_EQ(Heads(window).currentIndex().row(), 0);
-  });
-}
-
-TEST_P(FlowWindowTest, ManySheetsGoAfterOneQuestion) {
-  AddHeads(Circulation(), 4);
-  Open(u"frmPassFile"_s, [this](QWidget& window) {
-    ClickGrid(Heads(window), 0);
-    ClickItem(Heads(window), Heads(window).model()->index(1, 3), Qt::LeftButton, Qt::ControlModifier);
-    boxes_.Answer(6);
-    Command(window, u"DelBatch"_s).trigger();
-    EXPECT_EQ(boxes_.Last().text, u"确实要删除选中的 2 张处理单及其明细吗？"_s);
-    EXPECT_EQ(Heads(window).model()->rowCount(), 2);
-    boxes_.Answer(7);
-    Command(window, u"DelAll"_s).trigger();
-    EXPECT_EQ(boxes_.Last().text, u"确实要删除列出的全部 2 张处理单及其明细吗？"_s);
-    EXPECT_EQ(Heads(window).model()->rowCount(), 2);
-  });
-}
-
 TEST_P(FlowWindowTest, ARouteRunsFromItsMenu) {
   AddHeads(Circulation(), 1);
   AddRoute(K(1), {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|0"_s});
@@ -361,14 +158,40 @@ TEST_P(FlowWindowTest, ANodeThatIsNotPassedShowsTheErrorAndKeepsTheWindow) {
   });
 }
 
-TEST_P(FlowWindowTest, ASerialThatCannotBeCountedIsToldInTheStatusLine) {
+TEST_P(FlowWindowTest, PrintsTheSheetOrTheDetailByTheActiveGrid) {
+  AddHeads(Handling(), 1);
+  AddDetail(Handling(), K(1), 3, u"a"_s, u"0"_s);
+  for (const QString& group : {u"Transact_File"_s, u"Transact_Details"_s})
+    design_->Insert(u"Report_Index"_s, u"Report_ID,Report_Name,Report_Group_Id,Report_Type"_s,
+                    {u"R-"_s + group, u"处理单"_s, group, u"1"_s});
+  QStringList told;
+  Services().runReport = [&](const ReportRequest& request) {
+    told << request.mainTable + u'|' + request.reportId + u'|' + request.selection + u'|' + request.filter;
+  };
+  Open(u"frmTranSact"_s, [](QWidget& window) {
+    const auto choose = [](QWidget& list) {
+      auto& reports = Find<QAbstractItemView>(list, u"lstReportName"_s);
+      DoubleClickItem(reports, reports.model()->index(0, 0));
+    };
+    WithWindow(u"frmReportList"_s, choose);
+    Entry(window, u"mnuFile"_s, u"mnuPrint"_s).trigger();
+    ClickGrid(Details(window), 0);
+    WithWindow(u"frmReportList"_s, choose);
+    Entry(window, u"mnuFile"_s, u"mnuPrint"_s).trigger();
+  });
+  EXPECT_THAT(
+      told, ElementsAre(u"Transact_File|R-Transact_File|Transact_ID ='ID-"_s + K(1) + u"'|"_s,
+                        u"Transact_Details|R-Transact_Details|Transact_ID ='ID-"_s + K(1) + u"' And File_ID = '3'|"_s));
+}
+
+TEST_P(FlowWindowTest, WithoutADetailThereIsNothingToPrint) {
   AddHeads(Circulation(), 1);
-  AddDetail(Circulation(), K(1), 40000, u"a"_s);
   Open(u"frmPassFile"_s, [this](QWidget& window) {
     Click(*Details(window).viewport());
-    Key(window, u"NEW"_s).trigger();
-    EXPECT_TRUE(boxes_.Requests().empty());
-    EXPECT_TRUE(Notice(window).startsWith(u"未能完成：无法计算下一个序号"_s)) << Notice(window).toStdString();
+    Entry(window, u"mnuFile"_s, u"mnuPrint"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"没有数据，不能生成报表！"_s);
+    EXPECT_EQ(boxes_.Last().flags, 64);
+    EXPECT_EQ(boxes_.Last().title, u"文件传阅"_s);
   });
 }
 

@@ -14,6 +14,8 @@
 #include <folvane/ClsFolvane.h>
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
+#include <folvane/ReportRequest.h>
+#include <folvane/ResultSet.h>
 #include <folvane/SqliteConnection.h>
 #include <folvane/Version.h>
 
@@ -85,6 +87,21 @@ void Help(ClsFolvane& library, const QString& installed) {
   Expect(shown == installed, QStringLiteral("help is shown of ") + shown);
 }
 
+// The report component comes with the library too; one of the host's own reads rows by a class of the library.
+void Reports(const std::shared_ptr<folvane::Connection>& connection) {
+  Expect(bool(folvane::Services().runReport), QStringLiteral("reports can be run"));
+  Expect(bool(folvane::Services().designReport), QStringLiteral("reports can be designed"));
+  folvane::ReportRequest request;
+  request.connection = connection;
+  request.mainTable = QStringLiteral("Lwdj");
+  request.reportId = QStringLiteral("1");
+  ExpectError(DataErrorKind::Usage, QStringLiteral("a report of no records"),
+              [&] { folvane::Services().runReport(request); });
+  const folvane::ResultSet users(*connection, QStringLiteral("Select UserName From UserPopedom"));
+  Expect(users.RowCount() == 1 && users.Text(0, users.Find(QStringLiteral("username"))) == QStringLiteral("张三"),
+         QStringLiteral("rows are read"));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -102,6 +119,7 @@ int main(int argc, char** argv) {
     MakeTables(*connection, database);
     Errors(library);
     Help(library, QString::fromUtf8(argv[1]));
+    Reports(connection);
   }
   sqlite3_close_v2(database);
   return failures;

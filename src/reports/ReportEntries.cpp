@@ -1,4 +1,4 @@
-#include "records/ReportEntries.h"
+#include "reports/ReportEntries.h"
 
 #include "catalogue/ReadRows.h"
 #include "shell/SharedState.h"
@@ -17,6 +17,19 @@ ReportRow NoReports() {
   none.reportName = u"文件报表(无)"_s;
   none.reportId = u"0"_s;
   return none;
+}
+
+QString ReportTypeOf(const QString& group) {
+  return group == u"yearreport"_s || group == u"statistics"_s ? u"2"_s : u"1"_s;
+}
+
+QStringList ReadReportNames(const QString& group, const QString& type) {
+  QStringList names;
+  const auto reports =
+      ReadRows<ReportRow>(SharedConnection(), u"select report_name from  report_index where report_group_id ='"_s +
+                                                  group + u"' and report_type="_s + type);
+  for (const ReportRow& report : reports) names << report.reportName;
+  return names;
 }
 
 }  // namespace folvane

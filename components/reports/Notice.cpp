@@ -1,0 +1,61 @@
+#include "components/reports/Notice.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include <folvane/DataError.h>
+#include <folvane/HostServices.h>
+
+namespace folvane::reports {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kYes = 6;
+
+namespace Flag {
+constexpr int kYesNo = 4, kCritical = 16, kQuestion = 32, kInformation = 64;
+}
+
+int Show(const MessageRequest& request) {
+  if (Services().messageBox) return Services().messageBox(request);
+  QMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(request.title);
+  box.setText(request.text);
+  box.setDetailedText(request.details);
+  box.setIcon(request.flags & Flag::kInformation ? QMessageBox::Information
+              : request.flags & Flag::kQuestion  ? QMessageBox::Question
+                                                 : QMessageBox::Critical);
+  if (!(request.flags & Flag::kYesNo)) {
+    box.addButton(u"确定"_s, QMessageBox::AcceptRole);
+    box.exec();
+    return 0;
+  }
+  const QPushButton* yes = box.addButton(u"是(&Y)"_s, QMessageBox::YesRole);
+  box.addButton(u"否(&N)"_s, QMessageBox::NoRole);
+  box.exec();
+  return box.clickedButton() == static_cast<const QAbstractButton*>(yes) ? kYes : 0;
+}
+
+}  // namespace
+
+void Tell(const QString& text, int flags, const QString& details) { Show({text, flags, u"系统提示"_s, {}, details}); }
+
+void TellError(const std::exception& error) {
+  const auto* known = dynamic_cast<const DataError*>(&error);
+  const bool hasStatement = known && !known->Statement().isEmpty();
+  Tell(QString::fromUtf8(error.what()), Flag::kCritical, hasStatement ? u"语句："_s + known->Statement() : QString());
+}
+
+bool Ask(const QString& question) { return Show({question, Flag::kYesNo | Flag::kQuestion, u"系统提示"_s}) == kYes; }
+
+QString AskForPath(const QString& title, const QString& proposal, const QString& filter) {
+  if (Services().fileDialog) return Services().fileDialog({true, title, proposal, filter});
+  QFileDialog dialog(QApplication::activeWindow(), title, proposal,
+                     u"%1 (%2)"_s.arg(filter.section(u'|', 0, 0), filter.section(u'|', 1, 1)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(filter.section(u'.', 1));
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace folvane::reports

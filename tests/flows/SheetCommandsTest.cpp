@@ -1,0 +1,177 @@
+#include <QComboBox>
+#include <gmock/gmock.h>
+
+#include "flows/FlowWindowFixture.h"
+#include "support/Accessibility.h"
+
+namespace folvane::test {
+namespace {
+using testing::IsEmpty;
+
+/// What the keys of a flow's window do with sheets and details.
+class SheetCommandsTest : public FlowWindowTest {};
+
+FOLVANE_ON_EACH_DATABASE(SheetCommandsTest);
+
+TEST_P(SheetCommandsTest, DetailsCanBeAddedOnlyWhileTheyAreTheActiveGrid) {
+  AddHeads(Circulation(), 2);
+  Open(u"frmPassFile"_s, [](QWidget& window) {
+    Click(*Details(window).viewport());
+    EXPECT_TRUE(Key(window, u"NEW"_s).isEnabled());
+    EXPECT_TRUE(Entry(window, u"mnuFile"_s, u"mnuAddNew"_s).isEnabled());
+    ClickGrid(Heads(window), 1);
+    EXPECT_FALSE(Key(window, u"NEW"_s).isEnabled());
+    EXPECT_FALSE(Entry(window, u"mnuFile"_s, u"mnuAddNew"_s).isEnabled());
+  });
+}
+
+TEST_P(SheetCommandsTest, AnAddedDetailIsShownAndMakesTheHeadDone) {
+  AddHeads(Circulation(), 1);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    Click(*Details(window).viewport());
+    WithWindow(u"frmPassEdit"_s, [](QWidget& dialog) {
+      EXPECT_EQ(TextIn(dialog, u"txtID"_s), u"1"_s);
+      EXPECT_EQ(TextIn(dialog, u"DtpDistr"_s), u"2002-03-04"_s);
+      EXPECT_THAT(UnnamedControls(dialog), IsEmpty());
+      Retype(Find<QWidget>(dialog, u"CboUnit"_s), u"办公室"_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+    });
+    Key(window, u"NEW"_s).trigger();
+    EXPECT_EQ(Cell(Details(window), 0, 2), u"办公室"_s);
+    EXPECT_EQ(Cell(Heads(window), 0, 3), u"已传阅"_s);
+  });
+  EXPECT_EQ(HeadText(Circulation(), K(1), u"PassRead_Status"_s), u"已传阅"_s);
+  EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"已传阅"_s);
+}
+
+TEST_P(SheetCommandsTest, ASerialThatIsTakenOrBlankIsRefused) {
+  AddHeads(Circulation(), 1);
+  AddDetail(Circulation(), K(1), 1, u"a"_s);
+  AddDetail(Circulation(), K(1), 2, u"b"_s);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    WithWindow(u"frmPassEdit"_s, [this](QWidget& dialog) {
+      Retype(Find<QWidget>(dialog, u"txtID"_s), u"2x"_s);
+      EXPECT_EQ(TextIn(dialog, u"txtID"_s), u"2"_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+      EXPECT_EQ(boxes_.Last().text, u"对不起，该序号已存在，请重新录入！"_s);
+      Find<QWidget>(dialog, u"txtID"_s).setProperty("text", u" "_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+      EXPECT_EQ(boxes_.Last().text, u"对不起，登记号不能为空！"_s);
+      EXPECT_EQ(boxes_.Last().flags, 48);
+      Find<QWidget>(dialog, u"txtID"_s).setProperty("text", u"1"_s);  // its own: not looked up
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+      EXPECT_FALSE(dialog.isVisible());
+    });
+    DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
+  });
+}
+
+TEST_P(SheetCommandsTest, EmptyQuantitiesBecomeZeroAsTheBoxIsLeft) {
+  AddHeads(Distribution(), 1);
+  AddDetail(Distribution(), K(1), 1, u"a"_s);
+  Open(u"frmDistributeFile"_s, [](QWidget& window) {
+    WithWindow(u"frmDistrEdit"_s, [](QWidget& dialog) {
+      auto& box = Find<QWidget>(dialog, u"txtQuantity"_s);
+      Retype(box, u"3"_s);
+      Press(box, Qt::Key_Backspace);
+      Press(box, Qt::Key_Tab);
+      EXPECT_EQ(TextIn(dialog, u"txtQuantity"_s), u"0"_s);
+      Retype(Find<QWidget>(dialog, u"txtBackQuantity"_s), u"9"_s);  // more than were handed out: nothing compares
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+    });
+    DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
+    EXPECT_EQ(Cell(Details(window), 0, 8), u"9"_s);
+  });
+}
+
+TEST_P(SheetCommandsTest, TheHeadDialogShowsTheCopiesAndWritesTheRest) {
+  AddHeads(Circulation(), 1);
+  design_->Insert(u"AssistantDictionary"_s, u"DicID,Name"_s, {u"1"_s, u"传阅情况"_s});
+  design_->Insert(u"AssistantDicKey"_s, u"DicID,Name"_s, {u"1"_s, u"暂缓"_s});
+  Open(u"frmPassFile"_s, [](QWidget& window) {
+    WithWindow(u"frmPassDetails"_s, [](QWidget& dialog) {
+      EXPECT_EQ(TextIn(dialog, u"txtMainTitle"_s), u"题名1"_s);
+      EXPECT_GE(Find<QComboBox>(dialog, u"cboStatus"_s).findText(u"暂缓"_s), 0);
+      EXPECT_THAT(UnnamedControls(dialog), IsEmpty());
+      Retype(Find<QWidget>(dialog, u"cboStatus"_s), u"暂缓"_s);
+      Retype(Find<QWidget>(dialog, u"txtRange"_s), u"局领导"_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+    });
+    DoubleClickItem(Heads(window), Heads(window).model()->index(0, 7));
+    EXPECT_EQ(Cell(Heads(window), 0, 3), u"暂缓"_s);
+    EXPECT_EQ(Cell(Heads(window), 0, 4), u"局领导"_s);
+    EXPECT_FALSE(Command(window, u"StartRead"_s).isEnabled());  // no longer idle
+  });
+  EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"<null>"_s);
+}
+
+TEST_P(SheetCommandsTest, WhatAQuoteBrokeIsToldAndShownAgain) {
+  AddHeads(Circulation(), 1);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    WithWindow(u"frmPassDetails"_s, [](QWidget& dialog) {
+      Retype(Find<QWidget>(dialog, u"TxtNote"_s), u"O'Neil"_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+      EXPECT_FALSE(dialog.isVisible());
+    });
+    Key(window, u"MODIFY"_s).trigger();
+    EXPECT_TRUE(boxes_.Requests().empty());
+    EXPECT_TRUE(Notice(window).startsWith(u"没有保存："_s));
+    WithWindow(u"frmPassDetails"_s, [](QWidget& dialog) { EXPECT_EQ(TextIn(dialog, u"TxtNote"_s), u"O'Neil"_s); });
+    Key(window, u"MODIFY"_s).trigger();
+  });
+}
+
+TEST_P(SheetCommandsTest, DeletingAsksAndGoesByTheActiveGrid) {
+  AddHeads(Circulation(), 2);
+  AddDetail(Circulation(), K(2), 1, u"a"_s);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    ClickGrid(Details(window), 0);
+    boxes_.Answer(7);
+    Key(window, u"DELETE"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"确实要删除当前的处理明细记录吗？"_s);
+    EXPECT_EQ(boxes_.Last().flags, 68);
+    EXPECT_EQ(boxes_.Last().title, u"文件传阅"_s);
+    EXPECT_EQ(Details(window).model()->rowCount(), 1);
+    boxes_.Answer(6);
+    Key(window, u"DELETE"_s).trigger();
+    EXPECT_EQ(Details(window).model()->rowCount(), 0);
+    Key(window, u"DELETE"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"当前数据已为空,无法继续删除!"_s);
+    ClickGrid(Heads(window), 0);
+    boxes_.Answer(6);
+    Key(window, u"DELETE"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"确实要删除当前的处理单吗？"_s);
+    EXPECT_EQ(Heads(window).model()->rowCount(), 1);
+    EXPECT_EQ(Heads(window).currentIndex().row(), 0);
+  });
+}
+
+TEST_P(SheetCommandsTest, ManySheetsGoAfterOneQuestion) {
+  AddHeads(Circulation(), 4);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    ClickGrid(Heads(window), 0);
+    ClickItem(Heads(window), Heads(window).model()->index(1, 3), Qt::LeftButton, Qt::ControlModifier);
+    boxes_.Answer(6);
+    Command(window, u"DelBatch"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"确实要删除选中的 2 张处理单及其明细吗？"_s);
+    EXPECT_EQ(Heads(window).model()->rowCount(), 2);
+    boxes_.Answer(7);
+    Command(window, u"DelAll"_s).trigger();
+    EXPECT_EQ(boxes_.Last().text, u"确实要删除列出的全部 2 张处理单及其明细吗？"_s);
+    EXPECT_EQ(Heads(window).model()->rowCount(), 2);
+  });
+}
+
+TEST_P(SheetCommandsTest, ASerialThatCannotBeCountedIsToldInTheStatusLine) {
+  AddHeads(Circulation(), 1);
+  AddDetail(Circulation(), K(1), 40000, u"a"_s);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    Click(*Details(window).viewport());
+    Key(window, u"NEW"_s).trigger();
+    EXPECT_TRUE(boxes_.Requests().empty());
+    EXPECT_TRUE(Notice(window).startsWith(u"未能完成：无法计算下一个序号"_s)) << Notice(window).toStdString();
+  });
+}
+
+}  // namespace
+}  // namespace folvane::test
