@@ -1,8 +1,11 @@
 #include "host/tour/Sights.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QRegularExpression>
 
 #include "host/tour/Hands.h"
@@ -44,6 +47,15 @@ void ChooseEntry(const QString& window, const QString& entry) {
     return action->trigger();
   }
   throw TourError(u"no entry %1 in %2"_s.arg(entry, window));
+}
+
+QWidget* AnswerKey(int answer) {
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (!box || !box->isVisible()) return nullptr;
+  for (QAbstractButton* button : box->buttons()) {
+    if (button->property("Answer").toInt() == answer) return button;
+  }
+  return nullptr;
 }
 
 }  // namespace folvane::host

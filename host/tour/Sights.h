@@ -24,6 +24,9 @@ QString Position();
 /// Number and count of "当前记录：第3条/共120条".
 std::pair<int, int> PositionAndCount();
 
+/// The key that gives an answer of the message box that stands, nullptr when there is none.
+QWidget* AnswerKey(int answer);
+
 void Refresh();
 /// Chooses an entry of the browser's menus.
 void ChooseEntry(const QString& window, const QString& entry);

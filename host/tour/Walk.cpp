@@ -8,6 +8,7 @@
 
 #include "host/Appearance.h"
 #include "host/Entries.h"
+#include "host/tour/FlowWork.h"
 #include "host/tour/Hands.h"
 #include "host/tour/Sights.h"
 #include "host/tour/Work.h"
@@ -177,6 +178,7 @@ void PlanWalk(Tour& tour) {
   PlanSorting(tour);
   PlanDark(tour);
   PlanWork(tour);
+  PlanFlow(tour);
   PlanLogOnAgain(tour);
   PlanLogOn(tour, 2, u"log-on-limited"_s);
   PlanFileOpen(tour);

@@ -122,15 +122,6 @@ void PlanOrdering(Tour& tour) {
             [] { Expect(PositionAndCount().first == 40, Position()); });
 }
 
-QWidget* AnswerKey(int answer) {
-  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  if (!box || !box->isVisible()) return nullptr;
-  for (QAbstractButton* button : box->buttons()) {
-    if (button->property("Answer").toInt() == answer) return button;
-  }
-  return nullptr;
-}
-
 void PlanUpdating(Tour& tour) {
   constexpr int kYes = 6;
   tour.Step(u"ask for the batch update"_s, Shown(kBrowser), [] { ChooseEntry(kBrowser, u"mnu_Tool1_BUpdate"_s); });

@@ -7,7 +7,7 @@
 namespace folvane {
 namespace {
 
-QString DigitsOf(const QString& typed) {
+QString TypedDigits(const QString& typed) {
   QString digits;
   for (const QChar letter : typed) {
     if (FilterKey(letter.unicode(), QStringLiteral("0123456789"), true) != 0) digits += letter;
@@ -18,7 +18,7 @@ QString DigitsOf(const QString& typed) {
 }  // namespace
 
 DigitBox::DigitBox(QWidget* parent) : TextBox(parent) {
-  SetAdmission(&DigitsOf);
+  SetAdmission(&TypedDigits);
   // For what is pasted.
   setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), this));
 }

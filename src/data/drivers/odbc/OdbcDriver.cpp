@@ -18,7 +18,7 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kMostPrepared = 64;
+constexpr int kMostPreparedOdbc = 64;
 // The width with which PostgreSQL's ODBC driver describes a varchar without a length.
 constexpr int kWidthOfNoLength = 255;
 
@@ -84,7 +84,7 @@ auto OdbcDriver::Run(Work work) {
 
 OdbcStatement& OdbcDriver::Prepared(const QByteArray& text) {
   if (const auto known = prepared_.constFind(text); known != prepared_.constEnd()) return **known;
-  if (prepared_.size() >= kMostPrepared) prepared_.clear();
+  if (prepared_.size() >= kMostPreparedOdbc) prepared_.clear();
   auto statement = std::make_shared<OdbcStatement>(connection_);
   statement->Prepare(text);
   return **prepared_.insert(text, statement);
