@@ -8,11 +8,12 @@ namespace folvane::demo {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+// The last two describe the flow tables for queries; what belongs to business tables is written with those.
 const QStringList kTables{
-    u"Design_ClassRelation"_s, u"Design_TableRelation"_s,   u"FindCirSave"_s,      u"FindCirOrder"_s,
-    u"DataTransfer_Ini"_s,     u"DataTransfer_Details"_s,   u"ArchiveNo_Format"_s, u"FondsDefine"_s,
-    u"EntityClass"_s,          u"RetentionYear"_s,          u"Report_Index"_s,     u"UserPopedom"_s,
-    u"UserPopedomScope"_s,     u"UserPopedomScopeDetails"_s};
+    u"Design_ClassRelation"_s, u"Design_TableRelation"_s,    u"FindCirSave"_s,      u"FindCirOrder"_s,
+    u"DataTransfer_Ini"_s,     u"DataTransfer_Details"_s,    u"ArchiveNo_Format"_s, u"FondsDefine"_s,
+    u"EntityClass"_s,          u"RetentionYear"_s,           u"Report_Index"_s,     u"UserPopedom"_s,
+    u"UserPopedomScope"_s,     u"UserPopedomScopeDetails"_s, u"DynamicWindows"_s,   u"SimSearch"_s};
 
 QVariant ValueOf(const Column& column, const QString& text) {
   if (text == u"null"_s) return {};

@@ -14,6 +14,12 @@ struct HeadValues {
   friend bool operator==(const HeadValues&, const HeadValues&) = default;
 };
 
+/// What the dialog of a detail can change; dates are YYYY-MM-DD, "" for none, quantities digits.
+struct DetailValues {
+  QString serial, unit, date, quantity, mode, isBack, backDate, realBackDate, backQuantity, result;
+  friend bool operator==(const DetailValues&, const DetailValues&) = default;
+};
+
 /// The words of a flow's route engine.
 struct RouteWords {
   QString startQuestion, detailQuestion, nextQuestion, end;

@@ -10,6 +10,7 @@
 #include "data/OneTransaction.h"
 #include "data/Recordset.h"
 #include "flows/PassedErrors.h"
+#include "flows/SheetChanges.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
@@ -28,15 +29,15 @@ void Open(Recordset& records, const QString& statement) {
   records.Open(statement, SharedConnection());
 }
 
-// "caption: old -> new" of one value that another user changed.
-void AddChange(QStringList& changes, const std::vector<GridColumn>& columns, const QString& field,
-               const QString& before, const QString& now) {
-  if (before == now) return;
-  QString caption = u"备注"_s;  // the one field that no grid shows
-  for (const GridColumn& column : columns) {
-    if (column.field.compare(field, Qt::CaseInsensitive) == 0) caption = column.caption;
-  }
-  changes << u"%1由“%2”改为“%3”"_s.arg(caption, before, now);
+[[noreturn]] void RefuseSerial(const QString& serial) {
+  throw DataError(DataErrorKind::Conversion,
+                  u"无法计算下一个序号：已有的序号“%1”不是 %2 以下的整数。"_s.arg(serial).arg(kGreatestSerial));
+}
+
+int SerialIn(const QString& text) {
+  const std::optional<double> number = ReadNumber(text);
+  if (!number || std::abs(*number) > kGreatestSerial) RefuseSerial(text);
+  return ToInteger(text);
 }
 
 }  // namespace
@@ -98,11 +99,15 @@ QString FlowSheets::NextDetailSerial() const {
       u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() + u"' Order By File_ID DESC"_s,
       SharedConnection());
   if (serials.EOF_()) return u"1"_s;
-  const QString greatest = serials[u"File_ID"_s].Text();
-  const std::optional<double> number = ReadNumber(greatest);
-  if (number && std::abs(*number) < kGreatestSerial) return QString::number(ToInteger(greatest) + 1);
-  throw DataError(DataErrorKind::Conversion,
-                  u"无法计算下一个序号：已有的序号“%1”不是 %2 以下的整数。"_s.arg(greatest).arg(kGreatestSerial));
+  const QString first = serials[u"File_ID"_s].Text();
+  int greatest = SerialIn(first);
+  // A column of texts puts 9 before 10.
+  for (serials.MoveNext(); !serials.EOF_(); serials.MoveNext()) {
+    const QString serial = serials[u"File_ID"_s].Text();
+    if (IsNumeric(serial)) greatest = std::max(greatest, ToInteger(serial));
+  }
+  if (greatest >= kGreatestSerial) RefuseSerial(QString::number(greatest));
+  return QString::number(greatest + 1);
 }
 
 bool FlowSheets::IsSerialTaken(const QString& serial) const {
@@ -164,19 +169,9 @@ SaveOutcome FlowSheets::UpdateDetail(const DetailValues& values, DetailValues& s
     throw;
   }
   if (const DetailValues now = ReadDetail(); now != shown) {
-    QStringList changes;
-    AddChange(changes, flow_.detailColumns, u"File_ID"_s, shown.serial, now.serial);
-    AddChange(changes, flow_.detailColumns, u"Lead_Unit"_s, shown.unit, now.unit);
-    AddChange(changes, flow_.detailColumns, flow_.detailDate, shown.date, now.date);
-    AddChange(changes, flow_.detailColumns, u"Quantity"_s, shown.quantity, now.quantity);
-    AddChange(changes, flow_.detailColumns, u"Transact_Mode"_s, shown.mode, now.mode);
-    AddChange(changes, flow_.detailColumns, u"Is_Back"_s, shown.isBack, now.isBack);
-    AddChange(changes, flow_.detailColumns, u"Back_Date"_s, shown.backDate, now.backDate);
-    AddChange(changes, flow_.detailColumns, u"Real_BackDate"_s, shown.realBackDate, now.realBackDate);
-    AddChange(changes, flow_.detailColumns, u"Back_Quantity"_s, shown.backQuantity, now.backQuantity);
-    AddChange(changes, flow_.detailColumns, u"Transact_Result"_s, shown.result, now.result);
+    const QString changes = ChangesInWords(flow_, shown, now);
     shown = now;
-    return {SaveOutcome::Changed, changes.join(u'，')};
+    return {SaveOutcome::Changed, changes};
   }
   QString statement = u"Update "_s + flow_.detailSource + u" set File_ID='"_s + values.serial + u"',Lead_Unit='"_s +
                       values.unit + u"',"_s + flow_.detailDate +
@@ -210,12 +205,9 @@ SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) 
     throw;
   }
   if (const HeadValues now = ReadHead(); now != shown) {
-    QStringList changes;
-    for (const auto& [column, value] : flow_.headUpdate) {
-      AddChange(changes, flow_.headColumns, column.section(u'=', 0, 0).trimmed(), shown.*value, now.*value);
-    }
+    const QString changes = ChangesInWords(flow_, shown, now);
     shown = now;
-    return {SaveOutcome::Changed, changes.join(u'，')};
+    return {SaveOutcome::Changed, changes};
   }
   QStringList assignments;
   for (const auto& [column, value] : flow_.headUpdate) assignments << column + Quoted(values.*value);

@@ -8,12 +8,6 @@
 
 namespace folvane {
 
-/// What the dialog of a detail can change; dates are YYYY-MM-DD, "" for none, quantities digits.
-struct DetailValues {
-  QString serial, unit, date, quantity, mode, isBack, backDate, realBackDate, backQuantity, result;
-  friend bool operator==(const DetailValues&, const DetailValues&) = default;
-};
-
 /// What came of writing what a dialog holds.
 struct SaveOutcome {
   enum Kind { Written, Changed, Gone } kind = Written;

@@ -76,7 +76,8 @@ QTableView* FlowWindow::NewGrid(const QString& name, RecordsetModel& model, cons
   grid->horizontalHeader()->setHighlightSections(false);
   grid->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   QList<int> widths;
-  for (const GridColumn& column : columns) widths << column.characters * grid->fontMetrics().averageCharWidth();
+  const int digit = grid->fontMetrics().horizontalAdvance(u'0');
+  for (const GridColumn& column : columns) widths << column.characters * digit;
   RestoreSizes(*grid->horizontalHeader(), flow_.window + u'.' + name, widths);
   for (QObject* watched : {static_cast<QObject*>(grid), static_cast<QObject*>(grid->viewport())})
     watched->installEventFilter(this);

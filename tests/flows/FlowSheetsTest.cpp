@@ -76,6 +76,32 @@ TEST_P(FlowSheetsTest, SerialsCountOnFromTheGreatestAcrossRemindersToo) {
   EXPECT_FALSE(sheets.IsSerialTaken(u"12"_s));  // of another head
 }
 
+TEST_P(FlowSheetsTest, ColumnsOfTextsServeAsThoseOfNumbersDo) {
+  Database().Native(u"drop table Distribute_Details"_s);
+  Database().Native(
+      u"create table Distribute_Details (Register_ID varchar(20), File_ID varchar(10), Lead_Unit varchar(50), "
+      "Distribute_Date varchar(20), Quantity varchar(10), Is_Back varchar(4), Back_Date varchar(20), "
+      "Real_BackDate varchar(20), Back_Quantity varchar(10), primary key (Register_ID, File_ID))"_s);
+  Connected()->Execute(u"Delete From Distribute_Details"_s);
+  AddHeads(Distribution());
+  FlowSheets sheets(Distribution());
+  sheets.LoadFiles({});
+  for (int serial = 1; serial <= 11; ++serial) {
+    EXPECT_EQ(sheets.NextDetailSerial(), QString::number(serial));
+    sheets.InsertDetail({QString::number(serial), u"a"_s, u"2002-03-04"_s, u"2"_s, {}, u"否"_s, {}, {}, u"0"_s, {}});
+  }
+  sheets.RequeryDetails();
+  EXPECT_EQ(sheets.Details().RecordCount(), 11);
+  DetailValues shown = sheets.ReadDetail();
+  DetailValues wanted = shown;
+  wanted.quantity = u"5"_s;
+  EXPECT_EQ(sheets.UpdateDetail(wanted, shown).kind, SaveOutcome::Written);
+  sheets.RequeryDetails();
+  EXPECT_EQ(sheets.ReadDetail(), wanted);
+  EXPECT_TRUE(sheets.IsSerialTaken(u"11"_s));
+  EXPECT_EQ(sheets.DeleteDetail(), QString());
+}
+
 TEST_P(FlowSheetsTest, ASerialBeyondSixteenBitsIsAnError) {
   AddHeads(Circulation());
   FlowSheets sheets(Circulation());
@@ -214,6 +240,17 @@ TEST_P(FlowSheetsTest, ClosingWritesTheStatesBackFromTheCurrentHeadOn) {
   EXPECT_THAT(log_->Take(), ElementsAre(u"Update Lwdj Set ReadState = '已传阅' Where ArchiveId = '12'"_s,
                                         u"Update Lwdj Set ReadState = '未传阅' Where ArchiveId = '11'"_s));
   EXPECT_EQ(RecordState(u"13"_s, u"ReadState"_s), u"<null>"_s);
+}
+
+TEST_P(FlowSheetsTest, AfterAQueryClosingWritesBackOnlyWhatIsListed) {
+  AddHeads(Circulation());
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles({});
+  sheets.Narrow(u"File_ID <> '12'"_s);
+  sheets.GoToHead(2);
+  log_->Take();
+  EXPECT_EQ(sheets.WriteBack(), QString());
+  EXPECT_THAT(log_->Take(), ElementsAre(u"Update Lwdj Set ReadState = '未传阅' Where ArchiveId = '11'"_s));
 }
 
 TEST_P(FlowSheetsTest, OtherStatusesAreNotWrittenBack) {

@@ -125,6 +125,29 @@ TEST_P(FlowWindowTest, AnotherRowShowsItsDetails) {
   });
 }
 
+TEST_P(FlowWindowTest, AQueryListsTheSheetsThatMeetIt) {
+  AddHeads(Circulation(), 3);
+  design_->Insert(u"DynamicWindows"_s, u"TableName,FieldName,ChnFieldName,FieldType"_s,
+                  {u"PassRead_File"_s, u"MainTitle"_s, u"题名"_s, u"文本型"_s});
+  design_->Insert(u"SimSearch"_s, u"TableName,DataField,ChnDataField,OrderNo,CtlType,CtlIndex"_s,
+                  {u"PassRead_File"_s, u"MainTitle"_s, u"题名"_s, u"1"_s, u"1"_s, u"1"_s});
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    WithWindow(u"frmfhfind"_s, [](QWidget& query) { query.close(); });
+    Key(window, u"FindOption"_s).trigger();
+    EXPECT_EQ(Heads(window).model()->rowCount(), 3);
+    WithWindow(u"frmSimFind"_s, [](QWidget& query) {
+      Type(*query.focusWidget(), u"题名2"_s);
+      Click(Find<QWidget>(query, u"CmdOK"_s));
+    });
+    Command(window, u"EasyFind"_s).trigger();
+    EXPECT_EQ(Heads(window).model()->rowCount(), 1);
+    EXPECT_EQ(Cell(Heads(window), 0, 7), u"题名2"_s);
+    EXPECT_EQ(Notice(window), u"按查询条件列出 1 张处理单"_s);
+    Entry(window, u"mnuFind"_s, u"mnuShowAll"_s).trigger();
+    EXPECT_EQ(Heads(window).model()->rowCount(), 3);
+  });
+}
+
 TEST_P(FlowWindowTest, ARouteRunsFromItsMenu) {
   AddHeads(Circulation(), 1);
   AddRoute(K(1), {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|0"_s});

@@ -74,6 +74,13 @@ TEST_P(TransferIntoFlowTest, ARecordEntersEachFlowInItsWords) {
   }
 }
 
+TEST_P(TransferIntoFlowTest, AnyOtherTableCountsAsHandlingWhateverItsCase) {
+  EXPECT_EQ(&FlowOf(u"Distribute_File"_s), &Distribution());
+  EXPECT_EQ(&FlowOf(u"PassRead_File"_s), &Circulation());
+  for (const QString& table : {u"Transact_File"_s, u"distribute_file"_s, u"PASSREAD_FILE"_s, u"Other"_s})
+    EXPECT_EQ(&FlowOf(table), &Handling()) << table.toStdString();
+}
+
 TEST_P(TransferIntoFlowTest, NullsBecomeEmptyTexts) {
   AddRecord(u"2"_s, u"<null>"_s);
   boxes_.Answer(1).Answer(2);
