@@ -27,5 +27,6 @@ Cases PostgresCases();
 Cases BrowserCases();
 Cases EntryCases();
 Cases BulkCases();
+Cases FlowCases();
 
 }  // namespace folvane::bench

@@ -99,6 +99,16 @@ std::vector<Comparison> Comparisons() {
                  u"bulk-replace"_s,
                  u"replace all"_s,
                  {{u"bulk-replace-raw"_s, u"prepared statement by key, nothing searched"_s}}});
+  all.push_back({u"The window of circulation: opened over all sheets"_s,
+                 100'000,
+                 u"flow-open"_s,
+                 u"window with its grids"_s,
+                 {{u"flow-raw"_s, u"sqlite3_step, columns copied"_s}}});
+  all.push_back({u"A report of all sheets as a PDF file"_s,
+                 1'000,
+                 u"report-pdf"_s,
+                 u"report component, default page"_s,
+                 {{u"table-pdf"_s, u"one table of a rich text, printed by Qt"_s}}});
   all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
                  100'000,
                  u"odbc-recordset"_s,

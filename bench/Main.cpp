@@ -24,6 +24,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(BrowserCases());
   cases.merge(EntryCases());
   cases.merge(BulkCases());
+  cases.merge(FlowCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   Meter meter;

@@ -5,6 +5,7 @@
 
 #include <folvane/DataError.h>
 
+#include "base/IgnoreErrors.h"
 #include "base/Surroundings.h"
 #include "base/TypedValues.h"
 #include "data/OneTransaction.h"
@@ -21,8 +22,9 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int kGreatestSerial = 32767;
 
 QString Quoted(const QString& text) { return u'\'' + text + u'\''; }
-
 QString DateOr(const QString& date, const QString& null) { return date.isEmpty() ? null : Quoted(date); }
+
+void Execute(const QString& statement) { SharedConnection()->Execute(statement); }
 
 void Open(Recordset& records, const QString& statement) {
   if (records.IsOpen()) records.Close();
@@ -38,6 +40,17 @@ int SerialIn(const QString& text) {
   const std::optional<double> number = ReadNumber(text);
   if (!number || std::abs(*number) > kGreatestSerial) RefuseSerial(text);
   return ToInteger(text);
+}
+
+// Reads the current row again by its key.
+bool IsGone(Recordset& records) {
+  try {
+    records.Resync();
+    return false;
+  } catch (const DataError& error) {
+    if (error.Kind() != DataErrorKind::Conflict) throw;
+    return true;
+  }
 }
 
 }  // namespace
@@ -87,11 +100,8 @@ bool FlowSheets::IsOnHead() const { return heads_.IsOpen() && !heads_.BOF() && !
 bool FlowSheets::IsOnDetail() const { return details_.IsOpen() && !details_.BOF() && !details_.EOF_(); }
 
 bool FlowSheets::IsIdle() const {
-  const QString status = Head(flow_.statusColumn);
-  return status == flow_.idle || status == flow_.ended;
+  return Head(flow_.statusColumn) == flow_.idle || Head(flow_.statusColumn) == flow_.ended;
 }
-
-void FlowSheets::Execute(const QString& statement) const { SharedConnection()->Execute(statement); }
 
 QString FlowSheets::NextDetailSerial() const {
   Recordset serials;
@@ -99,8 +109,7 @@ QString FlowSheets::NextDetailSerial() const {
       u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() + u"' Order By File_ID DESC"_s,
       SharedConnection());
   if (serials.EOF_()) return u"1"_s;
-  const QString first = serials[u"File_ID"_s].Text();
-  int greatest = SerialIn(first);
+  int greatest = SerialIn(serials[u"File_ID"_s].Text());
   // A column of texts puts 9 before 10.
   for (serials.MoveNext(); !serials.EOF_(); serials.MoveNext()) {
     const QString serial = serials[u"File_ID"_s].Text();
@@ -162,12 +171,7 @@ DetailValues FlowSheets::ReadDetail() const {
 }
 
 SaveOutcome FlowSheets::UpdateDetail(const DetailValues& values, DetailValues& shown) {
-  try {
-    details_.Resync();
-  } catch (const DataError& error) {
-    if (error.Kind() == DataErrorKind::Conflict) return {SaveOutcome::Gone, {}};
-    throw;
-  }
+  if (IsGone(details_)) return {SaveOutcome::Gone, {}};
   if (const DetailValues now = ReadDetail(); now != shown) {
     const QString changes = ChangesInWords(flow_, shown, now);
     shown = now;
@@ -198,12 +202,7 @@ HeadValues FlowSheets::ReadHead() const {
 }
 
 SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) {
-  try {
-    heads_.Resync();
-  } catch (const DataError& error) {
-    if (error.Kind() == DataErrorKind::Conflict) return {SaveOutcome::Gone, {}};
-    throw;
-  }
+  if (IsGone(heads_)) return {SaveOutcome::Gone, {}};
   if (const HeadValues now = ReadHead(); now != shown) {
     const QString changes = ChangesInWords(flow_, shown, now);
     shown = now;
@@ -273,20 +272,29 @@ void FlowSheets::DeleteHeads(const QStringList& keys) {
   OpenDetails();
 }
 
+// Many sheets are written quickly together; where one cannot be written, each is tried by itself.
 QString FlowSheets::WriteBack() {
   PassedErrors passed;
   passed.Try([&] {
-    if (!HasHeads()) return;
-    for (; !heads_.EOF_(); heads_.MoveNext()) {
-      const QString status = Head(flow_.statusColumn);
-      if (status != flow_.done && status != flow_.idle) continue;
-      passed.Try([&] {
-        Execute(u"Update "_s + Head(u"File_Table"_s) + u" Set "_s + flow_.recordColumn + u" = '"_s + status +
-                u"' Where ArchiveId = '"_s + Head(u"File_ID"_s) + u'\'');
-      });
-    }
+    if (!HasHeads() || !IsOnHead()) return;
+    const qint64 position = heads_.AbsolutePosition();
+    const bool together = IgnoreErrors([&] {
+      InOneTransaction(*SharedConnection(), [&] { WriteStatesBack([&](const QString& text) { Execute(text); }); });
+    });
+    if (together) return;
+    heads_.SetAbsolutePosition(position);
+    WriteStatesBack([&](const QString& text) { passed.Try([&] { Execute(text); }); });
   });
   return passed.Text();
+}
+
+void FlowSheets::WriteStatesBack(const std::function<void(const QString&)>& write) {
+  for (; !heads_.EOF_(); heads_.MoveNext()) {
+    const QString status = Head(flow_.statusColumn);
+    if (status != flow_.done && status != flow_.idle) continue;
+    write(u"Update "_s + Head(u"File_Table"_s) + u" Set "_s + flow_.recordColumn + u" = '"_s + status +
+          u"' Where ArchiveId = '"_s + Head(u"File_ID"_s) + u'\'');
+  }
 }
 
 }  // namespace folvane

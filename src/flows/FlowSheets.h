@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "data/Recordset.h"
 #include "flows/Flow.h"
@@ -85,8 +86,8 @@ class FlowSheets {
 
  private:
   QStringList DeleteStatements() const;
+  void WriteStatesBack(const std::function<void(const QString&)>& write);
   void OpenHeads(const QString& statement);
-  void Execute(const QString& statement) const;
   QString HastenCondition() const;
 
   const Flow& flow_;

@@ -67,6 +67,7 @@ void FlowWindow::LoadFiles() {
 
 void FlowWindow::End() {
   if (!std::exchange(started_, false)) return;
+  const BusyPointer busy;
   KeepLayOut();
   sheets_.WriteBack();
 }

@@ -8,6 +8,9 @@
 
 namespace folvane::test {
 
+/// The key of a head by a short number.
+inline QString K(int number) { return DesignedDatabase::Key(number); }
+
 /// A head as a test lays it down: its key, the record's key, and what the flow has made of it.
 struct HeadOf {
   QString key, record, status, title = QStringLiteral("关于召开会议的通知");

@@ -7,9 +7,6 @@ namespace folvane::test {
 
 using namespace Qt::Literals::StringLiterals;
 
-/// The key of a head by a short number.
-inline QString K(int number) { return DesignedDatabase::Key(number); }
-
 /// What the same steps say and do in each flow.
 struct FlowCase {
   const Flow& flow;

@@ -242,6 +242,17 @@ TEST_P(FlowSheetsTest, ClosingWritesTheStatesBackFromTheCurrentHeadOn) {
   EXPECT_EQ(RecordState(u"13"_s, u"ReadState"_s), u"<null>"_s);
 }
 
+TEST_P(FlowSheetsTest, OneRecordThatCannotBeWrittenKeepsNoOtherFromIt) {
+  AddHeads(Circulation());
+  Database().Native(u"update PassRead_File set File_Table='nowhere' where File_ID='12'"_s);
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles({});
+  EXPECT_TRUE(sheets.WriteBack().contains(u"nowhere"_s));
+  EXPECT_EQ(RecordState(u"13"_s, u"ReadState"_s), u"未传阅"_s);
+  EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"未传阅"_s);
+  EXPECT_FALSE(Connected()->InTransaction());
+}
+
 TEST_P(FlowSheetsTest, AfterAQueryClosingWritesBackOnlyWhatIsListed) {
   AddHeads(Circulation());
   FlowSheets sheets(Circulation());

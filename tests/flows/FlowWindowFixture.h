@@ -12,8 +12,6 @@ namespace folvane::test {
 
 using namespace Qt::Literals::StringLiterals;
 
-inline QString K(int number) { return DesignedDatabase::Key(number); }
-
 inline QAction& Command(QWidget& window, const QString& name) {
   auto* action = window.findChild<QAction*>(name);
   if (!action) throw std::runtime_error("no command " + name.toStdString());
