@@ -235,7 +235,11 @@ void FlowWindow::Print() {
   SheetValues values{sheets_.Head(flow_.idColumn), sheets_.Head(lineColumn), {}};
   if (sheets_.IsOnDetail()) values.serial = sheets_.Detail(u"File_ID"_s);
   const SheetTables tables{flow_.headTable, flow_.detailTable, flow_.idColumn, lineColumn};
-  PrintSheet(ReportOfSheet(tables, grid_ == Grid::Details, values), windowTitle());
+  try {
+    PrintSheet(ReportOfSheet(tables, grid_ == Grid::Details, values), windowTitle());
+  } catch (const std::exception& error) {
+    ShowNotice(kReportFailed + ErrorText(error));
+  }
 }
 
 void FlowWindow::ShowNotion(const QString& ofUser) {

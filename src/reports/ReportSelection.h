@@ -30,6 +30,7 @@ struct SheetValues {
 /// What the report of a sheet covers.
 struct SheetReport {
   QString table;      ///< the main table, whose name is the group of its reports too
+  QString head;       ///< the head table, which goes with it in any case
   QString selection;  ///< the condition on its rows
   QString hindrance;  ///< why there can be no report, in words for the user; "" when there can
 };

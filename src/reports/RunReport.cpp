@@ -23,7 +23,7 @@ using Component = std::function<void(const ReportRequest&)>;
 void Hand(ReportRequest request, const Component& component) {
   if (!component) throw DataError(DataErrorKind::Usage, u"报表组件没有安装。"_s);
   request.connection = SharedConnection();
-  request.secondTable = request.mainTable;
+  if (request.secondTable.isEmpty()) request.secondTable = request.mainTable;
   request.userName = Shared().UserName;
   component(request);
 }
@@ -33,11 +33,7 @@ void Trapped(Work&& work) {
   try {
     work();
   } catch (const std::exception& error) {
-    ShowMessage({u"打印报表出错，请将后面的出错提示向程序供应商反馈！"_s + ErrorText(error),
-                 MessageFlag::Critical,
-                 kSystemTitle,
-                 {},
-                 ErrorDetails(error)});
+    ShowMessage({kReportFailed + ErrorText(error), MessageFlag::Critical, kSystemTitle, {}, ErrorDetails(error)});
   }
 }
 
@@ -70,15 +66,14 @@ void PrintSheet(const SheetReport& report, const QString& windowTitle) {
     ShowMessage(report.hindrance, MessageFlag::Information, windowTitle);
     return;
   }
-  Trapped([&] {
-    const QString name = ChooseReport(report.table);
-    if (name.isEmpty()) return;
-    ReportRequest request;
-    request.mainTable = report.table;
-    request.reportId = GetReportId(report.table, name);
-    request.selection = report.selection;
-    RunReport(std::move(request));
-  });
+  const QString name = ChooseReport(report.table);
+  if (name.isEmpty()) return;
+  ReportRequest request;
+  request.mainTable = report.table;
+  request.reportId = GetReportId(report.table, name);
+  request.secondTable = report.head;
+  request.selection = report.selection;
+  RunReport(std::move(request));
 }
 
 }  // namespace folvane

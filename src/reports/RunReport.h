@@ -8,6 +8,9 @@ namespace folvane {
 
 struct SheetReport;
 
+/// Stands before the reason why a report could not be run.
+inline const QString kReportFailed = QStringLiteral("打印报表出错，请将后面的出错提示向程序供应商反馈！");
+
 /// Has the report component run a report; returns when that is over. The request needs its main table, the id and the
 /// conditions: connection, second table and user are those that the windows share.
 /// @throws DataError Usage when no component is installed; whatever the component throws
@@ -21,7 +24,7 @@ void RunMenuReport(const QString& caption, const ReportRequest& request);
 void DesignMenuReport(const QString& caption, const ReportRequest& request);
 
 /// The print command of a flow window that has a current sheet: lets the user choose a report and runs it. What hinders
-/// it is told under the window's title, and an error is shown.
+/// it is told under the window's title. @throws DataError; whatever the component throws
 void PrintSheet(const SheetReport& report, const QString& windowTitle);
 
 }  // namespace folvane

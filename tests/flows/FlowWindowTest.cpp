@@ -189,6 +189,7 @@ TEST_P(FlowWindowTest, PrintsTheSheetOrTheDetailByTheActiveGrid) {
                     {u"R-"_s + group, u"处理单"_s, group, u"1"_s});
   QStringList told;
   Services().runReport = [&](const ReportRequest& request) {
+    EXPECT_EQ(request.secondTable, u"Transact_File"_s);
     told << request.mainTable + u'|' + request.reportId + u'|' + request.selection + u'|' + request.filter;
   };
   Open(u"frmTranSact"_s, [](QWidget& window) {
@@ -205,6 +206,19 @@ TEST_P(FlowWindowTest, PrintsTheSheetOrTheDetailByTheActiveGrid) {
   EXPECT_THAT(
       told, ElementsAre(u"Transact_File|R-Transact_File|Transact_ID ='ID-"_s + K(1) + u"'|"_s,
                         u"Transact_Details|R-Transact_Details|Transact_ID ='ID-"_s + K(1) + u"' And File_ID = '3'|"_s));
+}
+
+TEST_P(FlowWindowTest, AReportThatCannotBeRunIsToldInTheStatusLine) {
+  AddHeads(Circulation(), 1);
+  Services().runReport = nullptr;
+  design_->Insert(u"Report_Index"_s, u"Report_ID,Report_Name,Report_Group_Id,Report_Type"_s,
+                  {u"1"_s, u"传阅单"_s, u"PassRead_File"_s, u"1"_s});
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    WithWindow(u"frmReportList"_s, [](QWidget& list) { Click(Find<QWidget>(list, u"CmdOK"_s)); });
+    Entry(window, u"mnuFile"_s, u"mnuPrint"_s).trigger();
+    EXPECT_TRUE(boxes_.Requests().empty());
+    EXPECT_TRUE(Notice(window).startsWith(u"打印报表出错，请将后面的出错提示向程序供应商反馈！"_s));
+  });
 }
 
 TEST_P(FlowWindowTest, WithoutADetailThereIsNothingToPrint) {

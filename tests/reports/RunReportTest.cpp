@@ -81,7 +81,7 @@ TEST_P(RunReportTest, TheDesignGetsTheSameRequest) {
 
 TEST_P(RunReportTest, AFlowWindowPrintsTheReportThatIsChosen) {
   WithWindow(u"frmReportList"_s, [](QWidget& chooser) { Click(Find(chooser, u"CmdOK"_s)); });
-  PrintSheet({u"Distribute_File"_s, u"Distribute_ID ='5'"_s, {}}, u"文件分发"_s);
+  PrintSheet({u"Distribute_File"_s, u"Distribute_File"_s, u"Distribute_ID ='5'"_s, {}}, u"文件分发"_s);
   ASSERT_EQ(ran_.size(), 1u);
   EXPECT_EQ(ran_[0].connection, Connected());
   EXPECT_EQ(ran_[0].mainTable, u"Distribute_File"_s);
@@ -100,7 +100,8 @@ TEST_P(RunReportTest, AFlowWindowPrintsTheReportThatIsChosen) {
 
 TEST_P(RunReportTest, AChooserLeftWithoutAReportEndsThePrinting) {
   WithWindow(u"frmReportList"_s, [](QWidget& chooser) { Click(Find(chooser, u"CmdCancel"_s)); });
-  PrintSheet({u"Distribute_Details"_s, u"Register_ID ='5' And File_ID = '1'"_s, {}}, u"文件分发"_s);
+  PrintSheet({u"Distribute_Details"_s, u"Distribute_File"_s, u"Register_ID ='5' And File_ID = '1'"_s, {}},
+             u"文件分发"_s);
   EXPECT_TRUE(ran_.empty());
   EXPECT_EQ(TakeStatements().size(), 1);
   EXPECT_FALSE(DefaultInstance<frmReportList>::IsLoaded());
@@ -108,7 +109,7 @@ TEST_P(RunReportTest, AChooserLeftWithoutAReportEndsThePrinting) {
 
 TEST_P(RunReportTest, WhatHindersASheetIsToldUnderTheWindowsTitle) {
   MessageBoxes boxes;
-  PrintSheet({u"Distribute_Details"_s, {}, u"没有数据，不能生成报表！"_s}, u"文件分发"_s);
+  PrintSheet({u"Distribute_Details"_s, u"Distribute_File"_s, {}, u"没有数据，不能生成报表！"_s}, u"文件分发"_s);
   EXPECT_EQ(boxes.Last().text, u"没有数据，不能生成报表！"_s);
   EXPECT_EQ(boxes.Last().flags, 64);
   EXPECT_EQ(boxes.Last().title, u"文件分发"_s);
@@ -116,11 +117,10 @@ TEST_P(RunReportTest, WhatHindersASheetIsToldUnderTheWindowsTitle) {
   EXPECT_EQ(TakeStatements(), QStringList());
 }
 
-TEST_P(RunReportTest, AnIndexThatCannotBeReadIsTold) {
-  MessageBoxes boxes;
+TEST_P(RunReportTest, AnIndexThatCannotBeReadIsTheCallersError) {
   Database().Native(u"drop table Report_Index"_s);
-  PrintSheet({u"Distribute_File"_s, u"Distribute_ID ='5'"_s, {}}, u"文件分发"_s);
-  EXPECT_TRUE(boxes.Last().text.startsWith(u"打印报表出错，请将后面的出错提示向程序供应商反馈！"_s));
+  const SheetReport report{u"Distribute_File"_s, u"Distribute_File"_s, u"Distribute_ID ='5'"_s, {}};
+  EXPECT_THROW(PrintSheet(report, u"文件分发"_s), DataError);
   EXPECT_TRUE(ran_.empty());
   EXPECT_FALSE(DefaultInstance<frmReportList>::IsLoaded());
 }
