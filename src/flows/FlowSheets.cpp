@@ -1,7 +1,6 @@
 #include "flows/FlowSheets.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include <folvane/DataError.h>
 
@@ -38,7 +37,7 @@ void Open(Recordset& records, const QString& statement) {
 
 int SerialIn(const QString& text) {
   const std::optional<double> number = ReadNumber(text);
-  if (!number || std::abs(*number) > kGreatestSerial) RefuseSerial(text);
+  if (!number || qAbs(*number) > kGreatestSerial) RefuseSerial(text);
   return ToInteger(text);
 }
 
@@ -222,6 +221,7 @@ void FlowSheets::WriteHead(const std::vector<std::pair<QString, QString>>& value
     heads_.UpdateBatch(AffectKind::AllChapters);
   } catch (const std::exception&) {
     heads_.CancelBatch();
+    IgnoreErrors([&] { ResyncHead(); });
     throw;
   }
 }

@@ -72,7 +72,7 @@ class FlowSheets {
 
   HeadValues ReadHead() const;
   SaveOutcome UpdateHead(const HeadValues& values, HeadValues& shown);
-  /// Writes fields of the current head at once. What fails is not pending any more.
+  /// Writes fields of the current head at once. What fails is not pending any more, and the head is read again.
   void WriteHead(const std::vector<std::pair<QString, QString>>& values);
 
   // Each step of these is tried, whatever became of the ones before. They answer what failed, "" for nothing, and

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTableView>
 
 #include "flows/FlowCommands.h"
@@ -123,9 +124,11 @@ void FlowWindow::AddDetail() {
   FlowDetailDialog dialog(sheets_);
   dialog.StartNew(sheets_.NextDetailSerial());
   ShowModal(dialog);
+  const auto show = qScopeGuard([this] {
+    ShowDetails();
+    ShowHeadChanged();
+  });
   sheets_.TakeAddedDetail();
-  ShowDetails();
-  ShowHeadChanged();
 }
 
 void FlowWindow::ModifyCurrent() {

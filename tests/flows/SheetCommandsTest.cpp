@@ -44,6 +44,24 @@ TEST_P(SheetCommandsTest, AnAddedDetailIsShownAndMakesTheHeadDone) {
   EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"已传阅"_s);
 }
 
+TEST_P(SheetCommandsTest, AHeadThatAnotherUserChangesMeanwhileIsToldAndShown) {
+  AddHeads(Circulation(), 1);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    Click(*Details(window).viewport());
+    WithWindow(u"frmPassEdit"_s, [this](QWidget& dialog) {
+      Database().Native(u"update PassRead_File set PassRead_Status='暂缓'"_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+    });
+    Key(window, u"NEW"_s).trigger();
+    EXPECT_TRUE(Notice(window).startsWith(u"未能完成："_s));
+    EXPECT_EQ(Details(window).model()->rowCount(), 1);
+    EXPECT_EQ(Cell(Heads(window), 0, 3), u"暂缓"_s);
+    WithWindow(u"frmPassEdit"_s, [](QWidget& dialog) { Click(Find<QWidget>(dialog, u"cmdSave"_s)); });
+    Key(window, u"NEW"_s).trigger();
+    EXPECT_EQ(Cell(Heads(window), 0, 3), u"已传阅"_s);
+  });
+}
+
 TEST_P(SheetCommandsTest, ASerialThatIsTakenOrBlankIsRefused) {
   AddHeads(Circulation(), 1);
   AddDetail(Circulation(), K(1), 1, u"a"_s);
