@@ -87,7 +87,11 @@ bool FlowWindow::eventFilter(QObject* watched, QEvent* event) {
     const bool isHeads = watched == headGrid_ || watched == headGrid_->viewport();
     if (isHeads || sheets_.HasHeads()) UseGrid(isHeads ? Grid::Heads : Grid::Details);
   }
-  return QMainWindow::eventFilter(watched, event);
+  if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return QMainWindow::eventFilter(watched, event);
+  RunKey([this] { ModifyCurrent(); });
+  return true;
 }
 
 void FlowWindow::UseGrid(Grid grid) {

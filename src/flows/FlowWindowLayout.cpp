@@ -168,7 +168,7 @@ void FlowWindow::Connect() {
                    if (!showing_ && current.isValid()) sheets_.GoToDetail(current.row() + 1);
                  });
   for (QTableView* grid : {headGrid_, detailGrid_})
-    ConnectGuarded(grid, &QTableView::activated, this, [this] { RunKey([this] { ModifyCurrent(); }); });
+    ConnectGuarded(grid, &QTableView::doubleClicked, this, [this] { RunKey([this] { ModifyCurrent(); }); });
   if (flow_.HasRoute()) ConnectRoute();
 }
 

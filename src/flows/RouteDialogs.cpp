@@ -104,7 +104,7 @@ bool TakeOverRoute(const Flow& flow, const QString& headKey) {
   dialog.Fit();
   dialog.list_->setColumnWidth(0, std::min(dialog.list_->columnWidth(0), dialog.width() / 2));
   dialog.keys_->ok->setEnabled(!routes.empty());
-  QObject::connect(dialog.list_, &QTreeWidget::itemActivated, &dialog, &QDialog::accept);
+  QObject::connect(dialog.list_, &QTreeWidget::itemDoubleClicked, &dialog, &QDialog::accept);
   ShowModal(dialog);
   const int chosen = dialog.list_->indexOfTopLevelItem(dialog.list_->currentItem());
   if (dialog.result() != QDialog::Accepted || chosen < 0) return false;

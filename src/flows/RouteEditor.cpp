@@ -128,7 +128,7 @@ void RouteEditor::Connect() {
   ConnectGuarded(add_, &QPushButton::clicked, this, [this] { AddNode(); });
   ConnectGuarded(remove_, &QPushButton::clicked, this, [this] { RemoveNode(); });
   ConnectGuarded(join_, &QPushButton::clicked, this, [this] { AddMember(); });
-  ConnectGuarded(people_, &QListWidget::itemActivated, this, [this] { AddMember(); });
+  ConnectGuarded(people_, &QListWidget::itemDoubleClicked, this, [this] { AddMember(); });
   ConnectGuarded(&nodes_, &QStandardItemModel::itemChanged, this, [this] { ShowFaults(); });
   ConnectGuarded(ok_, &QPushButton::clicked, this, [this] { Save(); });
 }

@@ -84,6 +84,22 @@ TEST_P(SheetCommandsTest, ASerialThatIsTakenOrBlankIsRefused) {
   });
 }
 
+TEST_P(SheetCommandsTest, EnterOpensTheDialogOfTheActiveGrid) {
+  AddHeads(Circulation(), 1);
+  AddDetail(Circulation(), K(1), 1, u"a"_s);
+  Open(u"frmPassFile"_s, [](QWidget& window) {
+    bool head = false, detail = false;
+    Press(Heads(window), Qt::Key_Tab);
+    EXPECT_TRUE(Key(window, u"NEW"_s).isEnabled());
+    WithWindow(u"frmPassEdit"_s, [&](QWidget&) { detail = true; });
+    Press(Details(window), Qt::Key_Enter);
+    ClickGrid(Heads(window), 0);
+    WithWindow(u"frmPassDetails"_s, [&](QWidget&) { head = true; });
+    Press(Heads(window), Qt::Key_Return);
+    EXPECT_TRUE(head && detail);
+  });
+}
+
 TEST_P(SheetCommandsTest, EmptyQuantitiesBecomeZeroAsTheBoxIsLeft) {
   AddHeads(Distribution(), 1);
   AddDetail(Distribution(), K(1), 1, u"a"_s);
