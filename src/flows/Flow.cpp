@@ -1,7 +1,5 @@
 #include "flows/Flow.h"
 
-#include <algorithm>
-
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
@@ -31,6 +29,7 @@ Flow MakeDistribution() {
   flow.word = u"分发"_s;
   flow.idColumn = u"Distribute_ID"_s;
   flow.statusColumn = u"Distribute_Status"_s;
+  flow.rangeColumn = u"Distribute_Range"_s;
   flow.detailDate = u"Distribute_Date"_s;
   flow.idle = u"未分发"_s;
   flow.done = u"已分发"_s;
@@ -75,6 +74,7 @@ Flow MakeCirculation() {
   flow.word = u"传阅"_s;
   flow.idColumn = u"PassRead_ID"_s;
   flow.statusColumn = u"PassRead_Status"_s;
+  flow.rangeColumn = u"PassRead_Range"_s;
   flow.detailDate = u"PassRead_Date"_s;
   flow.idle = u"未传阅"_s;
   flow.done = u"已传阅"_s;
@@ -177,9 +177,11 @@ Flow MakeHandling() {
 
 }  // namespace
 
-bool Flow::HasRange() const {
-  return std::any_of(headUpdate.begin(), headUpdate.end(),
-                     [](const auto& part) { return part.second == &HeadValues::range; });
+QString CaptionOf(const std::vector<GridColumn>& columns, const QString& field) {
+  for (const GridColumn& column : columns) {
+    if (column.field.compare(field, Qt::CaseInsensitive) == 0) return column.caption;
+  }
+  return u"备注"_s;
 }
 
 const Flow& Distribution() {

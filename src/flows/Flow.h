@@ -32,6 +32,7 @@ struct Flow {
   QString headSource, detailSource;  ///< the same two, as the statements that load and edit spell them
   QString word;                      ///< names the flow in questions
   QString idColumn, statusColumn, detailDate;
+  QString rangeColumn;         ///< of the head; "" in handling
   QString idle, done;          ///< the status of a head without details, and of one that got some
   QString running, ended;      ///< the status of a head on its route, and at the end of it; "" without a route engine
   QString recordColumn;        ///< of the record's table: what the closing of the window writes back
@@ -50,8 +51,11 @@ struct Flow {
   QString emptyHint;  ///< what an empty list of heads says
 
   bool HasRoute() const { return !running.isEmpty(); }
-  bool HasRange() const;
+  bool HasRange() const { return !rangeColumn.isEmpty(); }
 };
+
+/// What stands above a field in a grid; a note stands in none.
+QString CaptionOf(const std::vector<GridColumn>& columns, const QString& field);
 
 const Flow& Distribution();
 const Flow& Circulation();

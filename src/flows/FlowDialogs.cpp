@@ -23,13 +23,6 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int kWidth = 520;
 constexpr qint16 kChange = 2;
 
-QString CaptionOf(const std::vector<GridColumn>& columns, const QString& field) {
-  for (const GridColumn& column : columns) {
-    if (column.field == field) return column.caption;
-  }
-  return field;
-}
-
 }  // namespace
 
 FlowDialog::FlowDialog(FlowSheets& sheets, const QString& name)
@@ -97,13 +90,12 @@ void FlowDialog::TakeOutcome(const SaveOutcome& outcome) {
   }
 }
 
-FlowHeadDialog::FlowHeadDialog(FlowSheets& sheets)
-    : FlowDialog(sheets, sheets.Kind().headDialog), Register_id(sheets.Key()) {
+FlowHeadDialog::FlowHeadDialog(FlowSheets& sheets) : FlowDialog(sheets, sheets.Kind().headDialog) {
   const Flow& flow = sheets.Kind();
   setWindowTitle(flow.word + u"处理单"_s);
   id_ = Add(u"txtID"_s, CaptionOf(flow.headColumns, flow.idColumn), new TextBox(this));
   status_ = Add(u"cboStatus"_s, CaptionOf(flow.headColumns, flow.statusColumn), new EditCombo(this));
-  if (flow.HasRange()) range_ = Add(u"txtRange"_s, flow.word + u"范围"_s, new TextBox(this));
+  if (flow.HasRange()) range_ = Add(u"txtRange"_s, CaptionOf(flow.headColumns, flow.rangeColumn), new TextBox(this));
   const std::vector<std::pair<QString, QString>> copies{
       {u"txtDocNo"_s, u"Doc_No"_s},           {u"txtMainTitle"_s, u"MainTitle"_s},
       {u"txtQuantity"_s, u"Quantity"_s},      {u"txtResponsibleBy"_s, u"ResponsibleBy"_s},
@@ -119,8 +111,8 @@ FlowHeadDialog::FlowHeadDialog(FlowSheets& sheets)
     box->setText(sheets.Head(field));
     box->setCursorPosition(0);
   }
-  unit_ = Add(u"txtUnit"_s, u"单位"_s, new TextBox(this));
-  note_ = Add(u"TxtNote"_s, u"备注"_s, new MemoBox(this));
+  unit_ = Add(u"txtUnit"_s, CaptionOf(flow.headColumns, u"File_Unit"_s), new TextBox(this));
+  note_ = Add(u"TxtNote"_s, CaptionOf(flow.headColumns, u"Note"_s), new MemoBox(this));
   note_->setTabChangesFocus(true);
   note_->setFixedHeight(note_->fontMetrics().height() * 4);
   AddKeys();
@@ -157,8 +149,7 @@ void FlowHeadDialog::Save() {
   }
 }
 
-FlowDetailDialog::FlowDetailDialog(FlowSheets& sheets)
-    : FlowDialog(sheets, sheets.Kind().detailDialog), Register_id(sheets.Key()), IsHasten(sheets.Hasten()) {
+FlowDetailDialog::FlowDetailDialog(FlowSheets& sheets) : FlowDialog(sheets, sheets.Kind().detailDialog) {
   const Flow& flow = sheets.Kind();
   const auto caption = [&](const QString& field) { return CaptionOf(flow.detailColumns, field); };
   serial_ = Add(u"txtID"_s, caption(u"File_ID"_s), new DigitBox(this));
@@ -186,8 +177,7 @@ FlowDetailDialog::FlowDetailDialog(FlowSheets& sheets)
 void FlowDetailDialog::StartNew(const QString& serial) {
   m_iSaveType = 1;
   FileID = serial;
-  const bool reminds = IsHasten == u"1"_s;
-  setWindowTitle(reminds ? u"添加催办单"_s : u"添加%1明细"_s.arg(sheets_.Kind().word));
+  setWindowTitle(sheets_.Reminds() ? u"添加催办单"_s : u"添加%1明细"_s.arg(sheets_.Kind().word));
   setWindowIcon(Icon(u"new"_s));
   serial_->setText(serial);
   isBack_->SetText(u"否"_s);
@@ -200,7 +190,7 @@ void FlowDetailDialog::StartChange() {
   m_iSaveType = kChange;
   shown_ = sheets_.ReadDetail();
   FileID = shown_.serial;
-  setWindowTitle(IsHasten == u"1"_s ? u"修改催办单"_s : u"修改%1明细"_s.arg(sheets_.Kind().word));
+  setWindowTitle(sheets_.Reminds() ? u"修改催办单"_s : u"修改%1明细"_s.arg(sheets_.Kind().word));
   serial_->setText(shown_.serial);
   unit_->SetText(shown_.unit);
   isBack_->SetText(shown_.isBack);

@@ -48,8 +48,6 @@ class FlowHeadDialog : public FlowDialog {
  public:
   explicit FlowHeadDialog(FlowSheets& sheets);
 
-  QString Register_id;
-
   /// Shows what was typed and could not be written the last time.
   void ShowUnsaved(const HeadValues& values);
   /// What could not be written; the error ended the dialog.
@@ -73,7 +71,7 @@ class FlowDetailDialog : public FlowDialog {
  public:
   explicit FlowDetailDialog(FlowSheets& sheets);
 
-  QString Register_id, FileID, IsHasten;
+  QString FileID;          ///< the serial that the detail has, or is to get
   qint16 m_iSaveType = 1;  ///< 1 adds, 2 changes
 
   /// Prepares for adding a detail of that serial.

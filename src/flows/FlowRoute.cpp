@@ -5,15 +5,13 @@
 #include "base/IgnoreErrors.h"
 #include "data/OneTransaction.h"
 #include "data/Recordset.h"
+#include "flows/RouteNodes.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-const QString kNoRoute = u"对不起，您没有指定正确的流程信息！"_s;
-const QString kEndOfRoute = u"0"_s;
 
 bool HasText(const Recordset& node, const QString& field) { return !node[field].Text().trimmed().isEmpty(); }
 
@@ -26,8 +24,8 @@ Passing PassNode(const Recordset& node, const QString& userId) {
   const QString mode = node[u"Node_Mode"_s].Text();
   const QString members = node[u"Node_member"_s].Text();
   const QString acted = node[u"Readed"_s].Text();
-  if (mode == u"单人审核"_s) return {true, {}};
-  if (mode != u"多人顺序"_s) return {members == acted + userId, {}};
+  if (mode == kOneReviewer) return {true, {}};
+  if (mode != kSeveralInTurn) return {members == acted + userId, {}};
   const QString now = node[u"Readed"_s].IsNull() ? userId : acted + u',' + userId;
   QStringList actedParts, memberParts;
   SplitText(actedParts, now, {});
@@ -84,16 +82,16 @@ void FlowRoute::Reach(Recordset& flow, const QString& number, const QString& mem
   sheets_.WriteHead(values);
 }
 
-RouteCommands FlowRoute::StartRead() {
+void FlowRoute::StartRead() {
   const RouteWords& words = sheets_.Kind().route;
-  if (!dialogue_.Confirm(words.startQuestion)) return RouteCommands::Unchanged;
+  if (!dialogue_.Confirm(words.startQuestion)) return;
   RequireUnchanged();
   Recordset flow, node;
   OpenFlow(flow);
   OpenNode(node, u"1"_s);
   if (flow.EOF_() || node.EOF_() || !HasText(node, u"Next_Node"_s) || !HasText(node, u"Node_Member"_s)) {
-    dialogue_.Warn(kNoRoute);
-    return RouteCommands::Unchanged;
+    dialogue_.Warn(u"对不起，您没有指定正确的流程信息！"_s);
+    return;
   }
   const QString members = node[u"Node_Member"_s].Text();
   const bool createsDetails = dialogue_.Confirm(words.detailQuestion);
@@ -103,11 +101,10 @@ RouteCommands FlowRoute::StartRead() {
     Reach(flow, u"1"_s, members, sheets_.Kind().running);
   });
   if (createsDetails) sheets_.RequeryDetails();
-  return RouteCommands::Running;
 }
 
-RouteCommands FlowRoute::NextRead() {
-  if (!dialogue_.Confirm(sheets_.Kind().route.nextQuestion) || !sheets_.HasHeads()) return RouteCommands::Unchanged;
+void FlowRoute::NextRead() {
+  if (!dialogue_.Confirm(sheets_.Kind().route.nextQuestion) || !sheets_.HasHeads()) return;
   RequireUnchanged();
   Recordset flow, node;
   OpenFlow(flow);
@@ -119,10 +116,10 @@ RouteCommands FlowRoute::NextRead() {
     node[passing.acted].SetValue(passing.acted);
     Write(node);
     sheets_.WriteHead({});
-    return RouteCommands::Unchanged;
+    return;
   }
   const QString next = node[u"Next_Node"_s].Text();
-  if (next == kEndOfRoute) return End(flow);
+  if (next == kRouteEnd) return End(flow);
   OpenNode(node, next);
   if (node.EOF_()) return End(flow);
   const QString members = node[u"Node_member"_s].Text();
@@ -132,16 +129,14 @@ RouteCommands FlowRoute::NextRead() {
     Reach(flow, next, members, {});
   });
   if (createsDetails) sheets_.RequeryDetails();
-  return RouteCommands::Unchanged;
 }
 
-RouteCommands FlowRoute::End(Recordset& flow) {
+void FlowRoute::End(Recordset& flow) {
   dialogue_.Warn(sheets_.Kind().route.end);
   WriteTogether([&] {
     if (!flow.EOF_()) Write(flow);
     sheets_.WriteHead({{sheets_.Kind().statusColumn, sheets_.Kind().ended}});
   });
-  return RouteCommands::Idle;
 }
 
 }  // namespace folvane

@@ -13,9 +13,6 @@ struct RouteDialogue {
   std::function<void(const QString& text)> Warn;
 };
 
-/// What an operation has left of the commands: as they were, those of a head on its route, or those of one that waits.
-enum class RouteCommands { Unchanged, Running, Idle };
-
 /// The engine that carries a head along its route of nodes, from member to member, in Curr_Flow and Curr_FlowNode.
 ///
 /// What an operation writes stands or falls together. @throws DataError
@@ -26,14 +23,14 @@ class FlowRoute {
       : sheets_(sheets), userId_(userId), dialogue_(std::move(dialogue)) {}
 
   /// Puts the current head on the first node of its route.
-  RouteCommands StartRead();
+  void StartRead();
   /// Passes the current node of the current head and goes to the next, or ends the route.
   ///
   /// A node of "单人审核" is passed at once. One of "多人顺序" is passed when as many have acted as it has members. Any
   /// other is passed when those who have acted and the user make up the text of its members. The names of those who
   /// have acted in a node that is not yet passed are written to the field that bears their names: there is none, so
   /// that ends with the record set's error and changes nothing.
-  RouteCommands NextRead();
+  void NextRead();
 
  private:
   void OpenFlow(Recordset& flow) const;
@@ -43,7 +40,7 @@ class FlowRoute {
   void RequireUnchanged();
   template <typename Work>
   void WriteTogether(Work&& work);
-  RouteCommands End(Recordset& flow);
+  void End(Recordset& flow);
 
   FlowSheets& sheets_;
   QString userId_;

@@ -41,7 +41,7 @@ int SerialIn(const QString& text) {
   return ToInteger(text);
 }
 
-// Reads the current row again by its key.
+// Reads the current row again by its key. Answers whether another user has taken it away.
 bool IsGone(Recordset& records) {
   try {
     records.Resync();
@@ -93,10 +93,6 @@ void FlowSheets::RequeryHeads() {
   if (IsOnHead()) return;
   heads_.SetAbsolutePosition(std::clamp<qint64>(position, 1, heads_.RecordCount()));
 }
-
-bool FlowSheets::IsOnHead() const { return heads_.IsOpen() && !heads_.BOF() && !heads_.EOF_(); }
-
-bool FlowSheets::IsOnDetail() const { return details_.IsOpen() && !details_.BOF() && !details_.EOF_(); }
 
 bool FlowSheets::IsIdle() const {
   return Head(flow_.statusColumn) == flow_.idle || Head(flow_.statusColumn) == flow_.ended;
@@ -192,12 +188,12 @@ SaveOutcome FlowSheets::UpdateDetail(const DetailValues& values, DetailValues& s
 
 void FlowSheets::TakeAddedDetail() {
   RequeryDetails();
-  if (details_.RecordCount() > 0 && hasten_ != u"1"_s) WriteHead({{flow_.statusColumn, flow_.done}});
+  if (details_.RecordCount() > 0 && !Reminds()) WriteHead({{flow_.statusColumn, flow_.done}});
 }
 
 HeadValues FlowSheets::ReadHead() const {
-  return {Head(flow_.idColumn), Head(flow_.statusColumn),
-          flow_.HasRange() ? Head(flow_.headColumns[4].field) : QString(), Head(u"File_Unit"_s), Head(u"Note"_s)};
+  return {Head(flow_.idColumn), Head(flow_.statusColumn), flow_.HasRange() ? Head(flow_.rangeColumn) : QString(),
+          Head(u"File_Unit"_s), Head(u"Note"_s)};
 }
 
 SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) {
@@ -261,12 +257,16 @@ QString FlowSheets::DeleteHead() {
 }
 
 void FlowSheets::DeleteHeads(const QStringList& keys) {
+  const qint64 position = heads_.AbsolutePosition();
+  QStringList statements;
+  for (const QString& key : keys) {
+    heads_.MoveFirst();
+    heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
+    statements += DeleteStatements();
+  }
+  heads_.SetAbsolutePosition(position);
   InOneTransaction(*SharedConnection(), [&] {
-    for (const QString& key : keys) {
-      heads_.MoveFirst();
-      heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
-      for (const QString& statement : DeleteStatements()) Execute(statement);
-    }
+    for (const QString& statement : statements) Execute(statement);
   });
   heads_.Requery();
   OpenDetails();

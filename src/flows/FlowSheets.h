@@ -26,7 +26,7 @@ class FlowSheets {
   void SetHasten(const QString& hasten) { hasten_ = hasten; }
 
   const Flow& Kind() const { return flow_; }
-  const QString& Hasten() const { return hasten_; }
+  bool Reminds() const { return hasten_ == QStringLiteral("1"); }
   const Recordset& Heads() const { return heads_; }
   const Recordset& Details() const { return details_; }
 
@@ -44,8 +44,8 @@ class FlowSheets {
   void ResyncHead() { heads_.Resync(); }
 
   bool HasHeads() const { return heads_.IsOpen() && heads_.RecordCount() > 0; }
-  bool IsOnHead() const;
-  bool IsOnDetail() const;
+  bool IsOnHead() const { return heads_.IsOpen() && !heads_.BOF() && !heads_.EOF_(); }
+  bool IsOnDetail() const { return details_.IsOpen() && !details_.BOF() && !details_.EOF_(); }
   void GoToHead(qint64 position) { heads_.SetAbsolutePosition(position); }
   void GoToDetail(qint64 position) { details_.SetAbsolutePosition(position); }
   /// A field of the current head or detail as text.
@@ -79,7 +79,8 @@ class FlowSheets {
   // throw nothing.
   QString DeleteDetail();
   QString DeleteHead();
-  /// Deletes heads by key with the statements of one deletion each, in one transaction. @throws DataError
+  /// Deletes heads by key with the statements of one deletion each, in one transaction. @throws DataError, everything
+  /// being as before then
   void DeleteHeads(const QStringList& keys);
   /// Gives the records of the current head and of those after it the state that their sheets have come to.
   QString WriteBack();

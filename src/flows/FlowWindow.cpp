@@ -21,28 +21,37 @@
 #include "shell/SharedState.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/WindowCommands.h"
+#include "widgets/WindowStatus.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kReminders = u"1"_s;
-const QString kFailed = u"未能完成："_s;
+// The grid that the keyboard goes to or that is clicked is the one that the commands are meant for. A focus that comes
+// back from another window or from a menu is none of that.
+bool TakesGrid(const QEvent& event) {
+  if (event.type() == QEvent::MouseButtonPress) return true;
+  if (event.type() != QEvent::FocusIn) return false;
+  const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
+
+bool IsEnter(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const int key = static_cast<const QKeyEvent&>(event).key();
+  return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
 
 }  // namespace
 
 void FlowWindow::RunKey(const std::function<void()>& work) {
-  ShowNotice({});
-  try {
-    work();
-  } catch (const std::exception& error) {
-    ShowNotice(kFailed + ErrorText(error));
-  }
+  status_->ShowNotice({});
+  status_->RunTrapped(work);
 }
 
 void FlowWindow::SetHasten(const QString& hasten) {
   sheets_.SetHasten(hasten);
-  if (hasten != kReminders) return;
+  if (!sheets_.Reminds()) return;
   setWindowTitle(u"催办单管理"_s);
   commands_->Menu(flow_.routeMenu).menuAction()->setVisible(false);
   findChild<QAction*>(u"Read"_s)->setVisible(false);
@@ -78,18 +87,12 @@ void FlowWindow::closeEvent(QCloseEvent* event) {
   if (event->isAccepted()) RunGuarded([this] { End(); });
 }
 
-// The grid that was clicked last, or that the keyboard went to, is the one that the commands are meant for.
 bool FlowWindow::eventFilter(QObject* watched, QEvent* event) {
-  const bool entered = event->type() == QEvent::FocusIn &&
-                       static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason &&
-                       static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
-  if (entered || event->type() == QEvent::MouseButtonPress) {
+  if (TakesGrid(*event)) {
     const bool isHeads = watched == headGrid_ || watched == headGrid_->viewport();
     if (isHeads || sheets_.HasHeads()) UseGrid(isHeads ? Grid::Heads : Grid::Details);
   }
-  if (event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(watched, event);
-  const int key = static_cast<QKeyEvent*>(event)->key();
-  if (key != Qt::Key_Return && key != Qt::Key_Enter) return QMainWindow::eventFilter(watched, event);
+  if (!IsEnter(*event)) return QMainWindow::eventFilter(watched, event);
   RunKey([this] { ModifyCurrent(); });
   return true;
 }
@@ -128,10 +131,7 @@ void FlowWindow::AddDetail() {
   FlowDetailDialog dialog(sheets_);
   dialog.StartNew(sheets_.NextDetailSerial());
   ShowModal(dialog);
-  const auto show = qScopeGuard([this] {
-    ShowDetails();
-    ShowHeadChanged();
-  });
+  const auto show = qScopeGuard([this] { ShowCurrentHead(); });
   sheets_.TakeAddedDetail();
 }
 
@@ -151,7 +151,7 @@ void FlowWindow::ModifyHead() {
   ShowModal(dialog);
   if (dialog.HasFailed()) {
     unsaved_ = {key, dialog.Typed()};
-    ShowNotice(u"没有保存：%1。再次打开时仍显示录入的内容。"_s.arg(dialog.Failure()));
+    status_->ShowNotice(u"没有保存：%1。再次打开时仍显示录入的内容。"_s.arg(dialog.Failure()));
   } else if (unsaved_ && unsaved_->first == key) {
     unsaved_.reset();
   }
@@ -182,7 +182,7 @@ void FlowWindow::DeleteCurrent() {
   }
   if (!Confirm(isHead ? flow_.deleteQuestion : u"确实要删除当前的处理明细记录吗？"_s)) return;
   const QString failed = isHead ? sheets_.DeleteHead() : sheets_.DeleteDetail();
-  if (!failed.isEmpty()) ShowNotice(kFailed + failed);
+  if (!failed.isEmpty()) status_->ShowFailure(failed);
   ShowHeads();
 }
 
@@ -201,31 +201,30 @@ void FlowWindow::DeleteMany(bool all) {
   const BusyPointer busy;
   sheets_.DeleteHeads(keys);
   ShowHeads();
-  ShowNotice(u"已删除 %1 张处理单"_s.arg(keys.size()));
+  status_->ShowNotice(u"已删除 %1 张处理单"_s.arg(keys.size()));
 }
 
 void FlowWindow::FindOption(bool simple) {
   const AskedQuery query = simple ? AskSimpleQuery(flow_.headTable) : AskCompoundQuery(flow_.headTable);
-  if (!query.ignored.isEmpty()) ShowNotice(LeftOutNote(query.ignored));
+  if (!query.ignored.isEmpty()) status_->ShowNotice(LeftOutNote(query.ignored));
   if (query.condition.isEmpty()) return;
   const BusyPointer busy;
   sheets_.Narrow(query.condition);
   ShowHeads();
-  if (query.ignored.isEmpty()) ShowNotice(u"按查询条件列出 %1 张处理单"_s.arg(sheets_.Heads().RecordCount()));
+  if (query.ignored.isEmpty()) status_->ShowNotice(u"按查询条件列出 %1 张处理单"_s.arg(sheets_.Heads().RecordCount()));
 }
 
-void FlowWindow::RunRoute(RouteCommands (FlowRoute::*operation)()) {
-  ShowNotice({});
+void FlowWindow::RunRoute(void (FlowRoute::*operation)()) {
+  status_->ShowNotice({});
   FlowRoute route(sheets_, Shared().UserId,
                   {[](const QString& question) {
                      return ShowMessage(question, MessageFlag::OkCancel + MessageFlag::Question, kSystemTitle) ==
                             Answer::Ok;
                    },
                    [](const QString& text) { ShowMessage(text, MessageFlag::Warning, kSystemTitle); }});
-  const RouteCommands left = (route.*operation)();
-  ShowDetails();
-  ShowHeadChanged();
-  if (left != RouteCommands::Unchanged) RefreshFlowCommands(left == RouteCommands::Idle ? 1 : 0);
+  // An operation that is refused may have read what another user has made of the head.
+  const auto show = qScopeGuard([this] { ShowCurrentHead(); });
+  (route.*operation)();
 }
 
 void FlowWindow::Choise() {
@@ -245,7 +244,7 @@ void FlowWindow::Print() {
   try {
     PrintSheet(ReportOfSheet(tables, grid_ == Grid::Details, values), windowTitle());
   } catch (const std::exception& error) {
-    ShowNotice(kReportFailed + ErrorText(error));
+    status_->ShowNotice(kReportFailed + ErrorText(error));
   }
 }
 

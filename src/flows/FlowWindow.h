@@ -17,6 +17,7 @@ class QTableView;
 namespace folvane {
 
 class WindowCommands;
+class WindowStatus;
 
 /// The window of a flow: the sheets above, the details of the current one beneath. What differs from flow to flow it
 /// takes from the flow's description.
@@ -42,7 +43,6 @@ class FlowWindow : public QMainWindow {
 
   void LayOut();
   QTableView* NewGrid(const QString& name, RecordsetModel& model, const std::vector<GridColumn>& columns);
-  void AddStatusBar();
   void KeepLayOut() const;
   void Connect();
   void ConnectRoute();
@@ -64,7 +64,7 @@ class FlowWindow : public QMainWindow {
   void DeleteCurrent();
   void DeleteMany(bool all);
   void FindOption(bool simple);
-  void RunRoute(RouteCommands (FlowRoute::*operation)());
+  void RunRoute(void (FlowRoute::*operation)());
   void Choise();
   void EditFlow();
   void ShowNotion(const QString& ofUser);
@@ -72,10 +72,10 @@ class FlowWindow : public QMainWindow {
 
   void ShowHeads();
   void ShowDetails();
-  void ShowHeadChanged();
+  /// Shows the values of the current head anew, with its details and commands.
+  void ShowCurrentHead();
   void ShowRoute();
   void ShowPosition();
-  void ShowNotice(const QString& text);
   bool Confirm(const QString& question) const;
 
   const Flow& flow_;
@@ -84,7 +84,8 @@ class FlowWindow : public QMainWindow {
   WindowCommands* commands_;
   QSplitter* splitter_;
   QTableView *headGrid_, *detailGrid_;
-  QLabel *route_, *position_, *notice_;
+  QLabel* route_;
+  WindowStatus* status_;
   Grid grid_ = Grid::Heads;
   bool started_ = false, showing_ = false;
   std::optional<std::pair<QString, HeadValues>> unsaved_;  ///< what could not be written of a head, by its key

@@ -2,7 +2,6 @@
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QSplitter>
-#include <QStatusBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -17,8 +16,8 @@
 #include "shell/SharedState.h"
 #include "widgets/FrmAbout.h"
 #include "widgets/KeptSizes.h"
-#include "widgets/StatusPanel.h"
 #include "widgets/ViewHint.h"
+#include "widgets/WindowStatus.h"
 
 namespace folvane {
 namespace {
@@ -41,14 +40,16 @@ FlowWindow::FlowWindow(const Flow& flow)
     : flow_(flow),
       sheets_(flow),
       headModel_(sheets_.Heads(), flow.headColumns),
-      detailModel_(sheets_.Details(), flow.detailColumns) {
+      detailModel_(sheets_.Details(), flow.detailColumns),
+      status_(new WindowStatus(this)) {
   setObjectName(flow.window);
   setWindowTitle(flow.caption);
   setWindowIcon(Icon(flow.icon));
   commands_ = new WindowCommands(*this, FlowCommands(flow));
   if (flow.HasRoute()) AddKeyMenus(flow, *commands_);
   LayOut();
-  AddStatusBar();
+  setStatusBar(status_);
+  status_->ShowUser(Shared().UserName);
   Connect();
   RefreshFlowCommandsOfHead();
   UseGrid(Grid::Heads);
@@ -127,19 +128,6 @@ void FlowWindow::KeepLayOut() const {
     KeepSizes(*grid->horizontalHeader(), flow_.window + u'.' + grid->objectName());
 }
 
-void FlowWindow::AddStatusBar() {
-  auto* bar = statusBar();
-  bar->setObjectName(u"Sta"_s);
-  position_ = NewStatusPanel(u"RecordCount"_s, bar);
-  notice_ = NewStatusPanel(u"Notice"_s, bar);
-  notice_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  bar->addWidget(position_);
-  bar->addWidget(notice_, 1);
-  auto* user = NewStatusPanel(u"UserName"_s, bar);
-  user->setText(u"登录用户："_s + Shared().UserName);
-  bar->addPermanentWidget(user);
-}
-
 void FlowWindow::Connect() {
   const auto key = [this](void (FlowWindow::*work)()) {
     return [this, work] {
@@ -155,8 +143,7 @@ void FlowWindow::Connect() {
   commands_->OnEntry(u"mnuShowAll"_s, [this] { RunKey([this] { LoadFiles(); }); });
   commands_->OnEntry(u"mnuPrint"_s, [this] { RunKey([this] { Print(); }); });
   commands_->OnEntry(u"mnuExit"_s, [this] { close(); });
-  commands_->OnEntry(u"mnuHelpTitle"_s,
-                     [this] { OpenHelp(this, sheets_.Hasten() == u"1"_s ? u"文件催办.htm"_s : flow_.help); });
+  commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, sheets_.Reminds() ? u"文件催办.htm"_s : flow_.help); });
   commands_->OnEntry(u"mnuAbout"_s, [] {
     FrmAbout about;
     ShowModal(about);
@@ -208,7 +195,8 @@ void FlowWindow::ShowDetails() {
   if (sheets_.IsOnDetail()) detailGrid_->selectRow(int(sheets_.Details().AbsolutePosition()) - 1);
 }
 
-void FlowWindow::ShowHeadChanged() {
+void FlowWindow::ShowCurrentHead() {
+  ShowDetails();
   if (!sheets_.IsOnHead()) return;
   headModel_.TellChanged(int(sheets_.Heads().AbsolutePosition()) - 1);
   RefreshFlowCommandsOfHead();
@@ -217,7 +205,7 @@ void FlowWindow::ShowHeadChanged() {
 
 // The route of the current head as a line of steps; the one where it stands is marked.
 void FlowWindow::ShowRoute() {
-  if (!flow_.HasRoute() || sheets_.Hasten() == u"1"_s) return;
+  if (!flow_.HasRoute() || sheets_.Reminds()) return;
   std::vector<RouteNode> nodes;
   QString current;
   if (sheets_.IsOnHead()) {
@@ -237,15 +225,9 @@ void FlowWindow::ShowRoute() {
 
 void FlowWindow::ShowPosition() {
   const Recordset& heads = sheets_.Heads();
-  position_->setText(sheets_.HasHeads()
-                         ? u"第 %1 张 / 共 %2 张"_s.arg(heads.AbsolutePosition()).arg(heads.RecordCount())
-                         : u"没有处理单"_s);
-}
-
-// The panel is one line; whoever needs the rest of a long text has it in the tip.
-void FlowWindow::ShowNotice(const QString& text) {
-  notice_->setText(text.simplified());
-  notice_->setToolTip(text);
+  status_->ShowRecords(sheets_.HasHeads()
+                           ? u"第 %1 张 / 共 %2 张"_s.arg(heads.AbsolutePosition()).arg(heads.RecordCount())
+                           : u"没有处理单"_s);
 }
 
 }  // namespace folvane

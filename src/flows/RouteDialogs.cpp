@@ -73,15 +73,15 @@ QString StateInWords(NodeState state) {
 
 // The details that were sent to the members of a node, in words.
 QString ResultsOf(const FlowSheets& sheets, const QString& members) {
-  Recordset details;
-  details.Open(sheets.Details().Source(), SharedConnection());
+  const Recordset& details = sheets.Details();
   QStringList results;
-  for (; !details.EOF_(); details.MoveNext()) {
-    if (details[u"Lead_Unit"_s].Text() != members) continue;
-    const Field sent = details[sheets.Kind().detailDate];
-    QStringList parts{sent.IsNull() ? QString() : sent.Text() + u" 送出"_s};
-    if (sheets.Kind().isHandling) parts << details[u"Transact_Result"_s].Text();
-    if (!details[u"Real_BackDate"_s].IsNull()) parts << details[u"Real_BackDate"_s].Text() + u" 返回"_s;
+  for (qint64 row = 1; row <= details.RecordCount(); ++row) {
+    const auto text = [&](const QString& field) { return details.TextAt(row, details.Fields().IndexOf(field)); };
+    const auto with = [](const QString& date, const QString& word) { return date.isEmpty() ? date : date + word; };
+    if (text(u"Lead_Unit"_s) != members) continue;
+    QStringList parts{with(text(sheets.Kind().detailDate), u" 送出"_s)};
+    if (sheets.Kind().isHandling) parts << text(u"Transact_Result"_s);
+    parts << with(text(u"Real_BackDate"_s), u" 返回"_s);
     parts.removeAll(QString());
     results << parts.join(u'，');
   }
@@ -113,9 +113,8 @@ bool TakeOverRoute(const Flow& flow, const QString& headKey) {
 }
 
 void ShowRouteProgress(const FlowSheets& sheets, const QString& ofUser) {
-  const QString key = sheets.Key();
-  const std::vector<RouteNode> nodes = ReadRoute(key);
-  const QString current = ReadCurrentNode(key);
+  const std::vector<RouteNode> nodes = ReadRoute(sheets.Key());
+  const QString current = ReadCurrentNode(sheets.Key());
   const bool ended = sheets.Head(sheets.Kind().statusColumn) == sheets.Kind().ended;
   ListDialog dialog(u"frmNotion"_s, ofUser.isEmpty() ? u"意见信息"_s : u"个人意见"_s, u"lookfiles"_s,
                     {u"节点"_s, u"进展"_s, u"成员"_s, u"方式"_s, u"已办"_s, u"明细"_s});

@@ -32,7 +32,7 @@ class ModeDelegate : public QStyledItemDelegate {
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const override {
     auto* box = new QComboBox(parent);
     box->setEditable(true);
-    box->addItems(RouteModes());
+    box->addItems({kOneReviewer, kSeveralInTurn});
     return box;
   }
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
@@ -158,7 +158,7 @@ void RouteEditor::AddNode() {
   const int last = nodes_.rowCount() - 1;
   if (last >= 0 && nodes_.index(last, Next).data().toString() == kRouteEnd)
     nodes_.setData(nodes_.index(last, Next), number);
-  AppendRow({number, {}, RouteModes().front(), kRouteEnd});
+  AppendRow({number, {}, kOneReviewer, kRouteEnd});
   grid_->setCurrentIndex(nodes_.index(nodes_.rowCount() - 1, Members));
   ShowFaults();
 }
@@ -182,13 +182,13 @@ void RouteEditor::AddMember() {
   const QListWidgetItem* chosen = people_->currentItem();
   if (row < 0 || !chosen) return;
   const QVariant id = chosen->data(kUserId);
-  const bool known = RouteModes().contains(nodes_.index(row, Mode).data().toString());
+  const QString mode = nodes_.index(row, Mode).data().toString();
+  const bool known = mode == kOneReviewer || mode == kSeveralInTurn;
   const QModelIndex members = nodes_.index(row, Members);
   QStringList names = members.data().toString().split(u',', Qt::SkipEmptyParts);
   names << (id.isValid() && !known ? id.toString() : chosen->text());
   names.removeDuplicates();
-  if (names.size() > 1 && nodes_.index(row, Mode).data().toString() == RouteModes().front())
-    nodes_.setData(nodes_.index(row, Mode), RouteModes().back());
+  if (names.size() > 1 && mode == kOneReviewer) nodes_.setData(nodes_.index(row, Mode), kSeveralInTurn);
   nodes_.setData(members, names.join(u','));
 }
 

@@ -36,8 +36,6 @@ bool HasBlankMember(const QString& members) {
 
 }  // namespace
 
-QStringList RouteModes() { return {u"单人审核"_s, u"多人顺序"_s}; }
-
 std::vector<RouteNode> ReadRoute(const QString& headKey) {
   Recordset rows;
   rows.Open(u"Select * From Curr_FlowNode Where Flow_ID="_s + Literal(headKey), SharedConnection());

@@ -12,8 +12,9 @@ struct RouteNode {
   QString acted{};  ///< those who have acted in it, joined by ","; read only
 };
 
-/// The words of a node's mode that the route engine knows.
-QStringList RouteModes();
+/// The modes of a node that the route engine knows by their words.
+inline const QString kOneReviewer = QStringLiteral("单人审核");
+inline const QString kSeveralInTurn = QStringLiteral("多人顺序");
 /// The number of the node behind the last one.
 inline const QString kRouteEnd = QStringLiteral("0");
 

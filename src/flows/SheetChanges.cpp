@@ -6,16 +6,9 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-QString CaptionIn(const std::vector<GridColumn>& columns, const QString& field) {
-  for (const GridColumn& column : columns) {
-    if (column.field.compare(field, Qt::CaseInsensitive) == 0) return column.caption;
-  }
-  return u"备注"_s;  // the one field that no grid shows
-}
-
 void AddChange(QStringList& changes, const std::vector<GridColumn>& columns, const QString& field,
                const QString& before, const QString& now) {
-  if (before != now) changes << u"%1由“%2”改为“%3”"_s.arg(CaptionIn(columns, field), before, now);
+  if (before != now) changes << u"%1由“%2”改为“%3”"_s.arg(CaptionOf(columns, field), before, now);
 }
 
 }  // namespace
