@@ -12,6 +12,7 @@ class QWidget;
 
 namespace folvane {
 
+struct OriginalsRequest;
 struct ReportRequest;
 
 /// A message box that a window wants shown. Flags are the sum of the buttons (0 OK, 1 OK/Cancel, 3 Yes/No/Cancel,
@@ -53,6 +54,11 @@ struct HostServices {
   std::function<void(const ReportRequest&)> runReport;
   /// Opens the design of a report, with what the request covers as its sample.
   std::function<void(const ReportRequest&)> designReport;
+
+  /// Adds, shows, scans or manages the originals of a record, and returns when that is over. Answers for "AddState"
+  /// whether something was added. The default is the library's own component; an empty function is a component that is
+  /// not installed. May throw; the caller tells the user.
+  std::function<bool(const OriginalsRequest&)> handleOriginals;
 };
 
 /// The one instance of the process.
