@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 #include <folvane/Connection.h>
@@ -18,6 +19,7 @@ struct OriginalsRequest {
   bool internetAccess = false;         ///< whether FTP has been made ready
   QString action;                      ///< "AddState", "BrowseState", "ScanState"; "" to manage the originals
   QString fileId;                      ///< of "BrowseState": Original_Text.ID
+  QStringList files;                   ///< of "AddState": paths that the user has already chosen; none to be asked for
 };
 
 }  // namespace folvane

@@ -64,11 +64,11 @@ std::vector<CommandMenu> Menus() {
         {u"mnuAbout"_s, u"关于(&A)..."_s, u"about"_s, u"Shift+F1"_s, u"关于本系统"_s}}},
       {u"mnu_Pop"_s,
        u"原文(&Y)"_s,
-       {{u"mnu_Pop1_AddFile"_s, u"加原文(&L)"_s, u"addfile"_s, u""_s, u"给选中的文件加原文"_s},
+       {{u"mnu_Pop1_AddFile"_s, u"加原文(&L)"_s, u"addfile"_s, u"Ins"_s, u"给选中的文件加原文"_s},
         {u"mnu_Pop2_Browse"_s, u"浏览原文(&B)"_s, u"browse"_s, u""_s, u"浏览选中的原文"_s},
         {u"mnu_Pop3_Scan"_s, u"原文扫描..."_s, u"scan"_s, u""_s, u"扫描原文"_s},
         {},
-        {u"mnu_Pop4_DelFile"_s, u"删除原文(&D)"_s, u"delfile"_s, u""_s, u"删除选中的原文"_s}},
+        {u"mnu_Pop4_DelFile"_s, u"删除原文(&D)"_s, u"delfile"_s, u"Del"_s, u"删除选中的原文"_s}},
        true},
   };
 }
@@ -92,7 +92,7 @@ std::vector<CommandKey> Keys() {
       Key(u"Search"_s, u"查询"_s, u"简单查询"_s, u"mnu_Tool5_LSearch"_s),
       Key(u"Refresh"_s, u"刷新"_s, u"取消查询和年度限制，重新读取全部记录"_s, {}, u"F5"_s),
       {},
-      Key(u"LookFiles"_s, u"原文"_s, u"浏览选中文件的原文"_s),
+      Key(u"LookFiles"_s, u"原文"_s, u"浏览选中文件的原文"_s, {}, u"Ctrl+L"_s),
       Key(u"Archive"_s, u"归档"_s, u"将选中的文件归档"_s),
       {},
       Key(u"EXIT"_s, u"退出"_s, u"关闭本窗口"_s, u"mnu_File6_Exit"_s),
@@ -101,9 +101,8 @@ std::vector<CommandKey> Keys() {
 
 QSet<QString> Unavailable() {
   return {
-      u"mnu_File2_Open"_s,   u"mnu_File5_Save"_s,  u"mnuUnitRecord"_s, u"mnu_Manager4_Archive"_s,
-      u"mnu_Pop1_AddFile"_s, u"mnu_Pop2_Browse"_s, u"mnu_Pop3_Scan"_s, u"mnu_Pop4_DelFile"_s,
-      u"LookFiles"_s,        u"Archive"_s,         kArchiveToTarget,   u"Archive(2)"_s,
+      u"mnu_File2_Open"_s, u"mnu_File5_Save"_s, u"mnuUnitRecord"_s, u"mnu_Manager4_Archive"_s,
+      u"Archive"_s,        kArchiveToTarget,    u"Archive(2)"_s,
   };
 }
 

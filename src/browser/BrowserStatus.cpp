@@ -7,6 +7,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kProgressWidth = 160;
+constexpr int kBehindNotice = 2;  // the place of the progress among the panels
 
 }  // namespace
 
@@ -14,7 +15,7 @@ BrowserStatus::BrowserStatus(QWidget* parent) : WindowStatus(parent), progress_(
   progress_->setObjectName(u"ProMain"_s);
   progress_->setMaximumWidth(kProgressWidth);
   progress_->setTextVisible(false);
-  insertPermanentWidget(0, progress_);
+  insertPermanentWidget(kBehindNotice, progress_);
   progress_->hide();
   SetStarted(false);
 }

@@ -13,6 +13,7 @@
 #include "browser/BulkCommands.h"
 #include "browser/FilterBar.h"
 #include "browser/ListLimits.h"
+#include "browser/OriginalCommands.h"
 #include "browser/OriginalsView.h"
 #include "browser/QueryCommands.h"
 #include "browser/RecordCommands.h"
@@ -56,6 +57,7 @@ FrmMain::FrmMain() {
   recordCommands_ = std::make_unique<RecordCommands>(*list_, parameters_, *treeView_, *status_);
   bulkCommands_ = std::make_unique<BulkCommands>(*list_, parameters_, *status_);
   queryCommands_ = std::make_unique<QueryCommands>(*list_, parameters_, *limits_, *status_);
+  originalCommands_ = std::make_unique<OriginalCommands>(*list_, *originals_, *status_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
@@ -91,6 +93,7 @@ void FrmMain::MakeNavigation() {
 void FrmMain::Connect() {
   ConnectMoves();
   ConnectCommands();
+  ConnectOriginals();
   commands_->OnEntry(u"mnu_File6_Exit"_s, [this] { close(); });
   commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, u"文件登记.htm"_s); });
   commands_->OnEntry(u"mnuAbout"_s, [] {
@@ -101,7 +104,6 @@ void FrmMain::Connect() {
   filterBar_->OnLift([this] { LiftFilter(); });
   ConnectGuarded(listView_->header(), &QHeaderView::sectionClicked, this, &FrmMain::SortByColumn);
   ConnectGuarded(listView_, &QTreeView::doubleClicked, this, [this] { OpenRow(); });
-  ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
 }
 
 void FrmMain::ConnectMoves() {
@@ -130,6 +132,19 @@ void FrmMain::ConnectCommands() {
   commands_->BindShortcut(u"mnu_File3_Del"_s, *listView_);  // not meant for what is selected elsewhere
   commands_->OnReport([this](const ReportRow& report) { RunReport(report); });
   commands_->OnKey(u"Refresh"_s, [this] { queryCommands_->Refresh(); });
+}
+
+void FrmMain::ConnectOriginals() {
+  commands_->OnEntry(u"mnu_Pop1_AddFile"_s, [this] { originalCommands_->Add(); });
+  commands_->OnEntry(u"mnu_Pop2_Browse"_s, [this] { originalCommands_->Browse(); });
+  commands_->OnEntry(u"mnu_Pop3_Scan"_s, [this] { originalCommands_->Scan(); });
+  commands_->OnEntry(u"mnu_Pop4_DelFile"_s, [this] { originalCommands_->Delete(); });
+  for (const QString& entry : {u"mnu_Pop1_AddFile"_s, u"mnu_Pop4_DelFile"_s})
+    commands_->BindShortcut(entry, *originals_);
+  commands_->OnKey(u"LookFiles"_s, [this] { originalCommands_->Look(); });
+  originals_->OnOpen([this] { originalCommands_->Browse(); });
+  originals_->OnDrop([this](const QStringList& files) { originalCommands_->Add(files); });
+  ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
 }
 
 void FrmMain::RunReport(const ReportRow& report) {

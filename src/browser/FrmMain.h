@@ -15,6 +15,7 @@ class BrowserStatus;
 class BulkCommands;
 class FilterBar;
 class ListLimits;
+class OriginalCommands;
 class OriginalsView;
 class QueryCommands;
 class RecordCommands;
@@ -57,6 +58,7 @@ class FrmMain : public QMainWindow {
   void Connect();
   void ConnectMoves();
   void ConnectCommands();
+  void ConnectOriginals();
 
   // What the window does as another table, other records or another row come into view.
   void LeaveTable();
@@ -91,6 +93,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<RecordCommands> recordCommands_;
   std::unique_ptr<BulkCommands> bulkCommands_;
   std::unique_ptr<QueryCommands> queryCommands_;
+  std::unique_ptr<OriginalCommands> originalCommands_;
 };
 
 }  // namespace folvane

@@ -1,12 +1,17 @@
 #include "browser/OriginalsView.h"
 
+#include <QDropEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QUrl>
 
 #include <folvane/Icons.h>
 
 #include "catalogue/OriginalRows.h"
 #include "catalogue/ReadRows.h"
 #include "records/RecordListModel.h"
+#include "shell/EventGuard.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 #include "widgets/ViewHint.h"
@@ -23,6 +28,20 @@ QStandardItem* NewItem(const QString& text) {
   return item;
 }
 
+QStringList FilesIn(const QMimeData& data) {
+  QStringList files;
+  for (const QUrl& url : data.urls()) {
+    if (url.isLocalFile()) files << url.toLocalFile();
+  }
+  return files;
+}
+
+// Nothing but files is taken, and always as a copy.
+void TakeFilesOf(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.setAccepted(!FilesIn(*event.mimeData()).isEmpty());
+}
+
 }  // namespace
 
 OriginalsView::OriginalsView(QWidget* parent) : QTreeView(parent) {
@@ -36,6 +55,8 @@ OriginalsView::OriginalsView(QWidget* parent) : QTreeView(parent) {
   setModel(&model_);
   header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   header()->resizeSection(0, kNameWidth);
+  setAcceptDrops(true);
+  ConnectGuarded(this, &QTreeView::doubleClicked, this, [this] { open_(); });
   hint_ = new ViewHint(*this, u"FileHint"_s);
 }
 
@@ -44,7 +65,10 @@ void OriginalsView::Clear() {
   hint_->ShowHint({});
 }
 
+QString OriginalsView::CurrentId() const { return currentIndex().siblingAtColumn(0).data(Qt::UserRole + 2).toString(); }
+
 void OriginalsView::ShowOriginalsOf(const QString& recordKey) {
+  const QString current = CurrentId();
   Clear();
   const std::vector<OriginalRow> originals =
       ReadRows<OriginalRow>(SharedConnection(), u"Select * from Original_Text Where RecordId='"_s +
@@ -56,7 +80,28 @@ void OriginalsView::ShowOriginalsOf(const QString& recordKey) {
     name->setData(RowIcon::Original, Qt::UserRole + 1);
     name->setData(original.id, Qt::UserRole + 2);
     model_.appendRow({name, NewItem(original.type), NewItem(QString::number(original.size))});
+    if (original.id == current) setCurrentIndex(name->index());
   }
+}
+
+void OriginalsView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QTreeView::keyPressEvent(event);
+    return;
+  }
+  RunGuarded([this] { open_(); });
+}
+
+void OriginalsView::dragEnterEvent(QDragEnterEvent* event) { TakeFilesOf(*event); }
+
+void OriginalsView::dragMoveEvent(QDragMoveEvent* event) { TakeFilesOf(*event); }
+
+// The program that the files come from waits until the drop is over: they are added after that.
+void OriginalsView::dropEvent(QDropEvent* event) {
+  const QStringList files = FilesIn(*event->mimeData());
+  TakeFilesOf(*event);
+  QMetaObject::invokeMethod(
+      this, [this, files] { RunGuarded([&] { drop_(files); }); }, Qt::QueuedConnection);
 }
 
 }  // namespace folvane

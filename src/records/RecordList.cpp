@@ -175,6 +175,10 @@ void RecordList::ShowAt(const QString& key) {
 
 QString RecordList::SelectedKey() const { return model_.KeyOf(view_.CurrentRow() - 1); }
 
+void RecordList::ShowOriginals(bool hasOriginals) {
+  if (view_.CurrentRow() > 0) model_.ShowOriginals(view_.CurrentRow() - 1, hasOriginals);
+}
+
 QStringList RecordList::SelectedKeys() const {
   const QItemSelectionModel& selection = *view_.selectionModel();
   QStringList keys;

@@ -84,6 +84,8 @@ class RecordList {
   void SetTickable(bool tickable) { model_.SetTickable(tickable); }
   /// The key of the current row's record, "" when there is none.
   QString SelectedKey() const;
+  /// Has the current row show whether its record has originals.
+  void ShowOriginals(bool hasOriginals);
   /// The keys of all selected rows, from the top.
   QStringList SelectedKeys() const;
 

@@ -43,6 +43,14 @@ void RecordListModel::InsertRow(int at, ListRow row) {
   endInsertRows();
 }
 
+void RecordListModel::ShowOriginals(int row, bool hasOriginals) {
+  int& icon = rows_.at(size_t(row)).icon;
+  const bool filled = icon == RowIcon::Filled || icon == RowIcon::FilledWithOriginals;
+  icon = filled ? (hasOriginals ? RowIcon::FilledWithOriginals : RowIcon::Filled)
+                : (hasOriginals ? RowIcon::EmptyWithOriginals : RowIcon::Empty);
+  Q_EMIT dataChanged(index(row, 0), index(row, 0), {Qt::DecorationRole, Qt::UserRole + 1});
+}
+
 QString RecordListModel::KeyOf(int row) const {
   return row >= 0 && row < Count() && !Row(row).cells.isEmpty() ? Row(row).cells.last() : QString();
 }

@@ -47,6 +47,8 @@ class RecordListModel : public QAbstractTableModel {
 
   void ClearRows();
   void InsertRow(int at, ListRow row);
+  /// Changes the icon of a row to that of a record with originals, or without.
+  void ShowOriginals(int row, bool hasOriginals);
   int Count() const { return int(rows_.size()); }
   const ListRow& Row(int row) const { return rows_.at(size_t(row)); }
   /// The key of a row's record; "" for a row that is not there.
