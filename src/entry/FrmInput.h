@@ -22,8 +22,6 @@ class EntryForm;
 class EntryStatus;
 class FrmInput;
 class WindowCommands;
-struct ReportRequest;
-struct ReportRow;
 
 /// What the entry window is told by the window that opens it.
 struct EntryContext {
@@ -75,14 +73,13 @@ class FrmInput : public QMainWindow, public FormToSave {
   void Connect();
   void ConnectMoves();
   void ConnectTools();
+  void ConnectOriginals();
   void Load();
   void Activate();
   RegIdRule ReadRule(const Recordset& records) const;
   ParentRecord ReadParent() const;
   void ShowHint(const QString& text);
   void ConnectFields(const QStringList& wideFields);
-  void LoadReportMenu();
-  ReportRequest RequestOf(const ReportRow& report) const;
   void ReadMarks();
   void UseYearSign();
   void ShowOpened(qint64 openPosition);
@@ -93,6 +90,10 @@ class FrmInput : public QMainWindow, public FormToSave {
   void MoveTo(RecordLifecycle::Step step);
   void CopyAll();
   void HandToFlow(const QString& flowTable);
+  void AddOriginals();
+  void ManageOriginals();
+  /// Whether the record has nothing unsaved; says so where it has.
+  bool IsSaved();
 
   // State.
   bool MayEdit() const { return lifecycle_ && grants_.edit; }

@@ -7,10 +7,9 @@
 
 #include <folvane/Icons.h>
 
-#include "catalogue/ReadRows.h"
-#include "catalogue/ReportRows.h"
 #include "data/Recordset.h"
 #include "entry/EntryCommandDesign.h"
+#include "entry/EntryReports.h"
 #include "entry/EntryStatus.h"
 #include "entry/FrmInput.h"
 #include "entry/FrmKeyOrder.h"
@@ -19,9 +18,7 @@
 #include "entry/TypingAids.h"
 #include "flows/TransferIntoFlow.h"
 #include "forms/EntryForm.h"
-#include "reports/ReportEntries.h"
-#include "reports/ReportSelection.h"
-#include "reports/RunReport.h"
+#include "originals/OriginalFileAction.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
@@ -104,6 +101,7 @@ void FrmInput::Connect() {
   ConnectGuarded(timer_, &QTimer::timeout, this, [this] { SwitchToEditing(); });
   ConnectMoves();
   ConnectTools();
+  ConnectOriginals();
 }
 
 void FrmInput::ConnectMoves() {
@@ -143,14 +141,32 @@ void FrmInput::ConnectTools() {
   });
 }
 
+void FrmInput::ConnectOriginals() {
+  commands_->OnEntry(u"AddFile"_s, [this] { AddOriginals(); });
+  commands_->OnEntry(u"BorrowFile"_s, [this] { ManageOriginals(); });
+  commands_->KeyMenu(u"FileArea"_s).addActions(commands_->Menu(u"File_Or"_s).actions());
+}
+
+bool FrmInput::IsSaved() {
+  StoreTyped();
+  if (!SwitchToEditing()) return true;
+  ShowMessage(u"请先保存当前数据！"_s, MessageFlag::Information, windowTitle());
+  return false;
+}
+
+void FrmInput::AddOriginals() {
+  if (HasRecord() && OriginalFileAction(lifecycle_->CurrentKey(), kAddOriginals))
+    ShowMessage(u"加载完毕！"_s, MessageFlag::Information, u"提示"_s);
+}
+
+void FrmInput::ManageOriginals() {
+  if (!IsSaved() || !HasRecord()) return;
+  if (const QString key = lifecycle_->CurrentKey(); !key.isEmpty()) OriginalFileAction(key, {});
+}
+
 // The flow may have changed the record's state: it is read again and shown anew.
 void FrmInput::HandToFlow(const QString& flowTable) {
-  StoreTyped();
-  if (SwitchToEditing()) {
-    ShowMessage(u"请先保存当前数据！"_s, MessageFlag::Information, windowTitle());
-    return;
-  }
-  if (!HasRecord() || !TransferRecord(CurrTable, lifecycle_->CurrentKey(), flowTable)) return;
+  if (!IsSaved() || !HasRecord() || !TransferRecord(CurrTable, lifecycle_->CurrentKey(), flowTable)) return;
   Recordset& records = lifecycle_->Records();
   records.Resync();
   records.MoveNext();
@@ -187,7 +203,7 @@ void FrmInput::Load() {
   const auto carried = LoadCarryFields(SharedConnection(), CurrTable, ReadParent());
   form_->BuildEntryControls(CurrTable, records);
   ShowHint(MissingIn(CurrTable, form_->Layout(), records));
-  LoadReportMenu();
+  LoadReportMenu(*commands_, CurrTable, [this] { return lifecycle_->CurrentKey(); });
   grants_ = Context.Parameters ? Context.Parameters->Grants() : TableGrants{};
   grants_.edit = grants_.edit && HasKey(records);
   lifecycle_ = std::make_unique<RecordLifecycle>(records, LifecycleStart{form_->Layout(), carried, rule}, openPosition);
@@ -244,40 +260,6 @@ void FrmInput::UseYearSign() {
   lifecycle_->SetUseSign(useSign);
   for (AgencyCodePicker* picker : form_->findChildren<AgencyCodePicker*>())
     picker->SetYearBracket(useSign ? YearBracket::Tortoise : YearBracket::Square);
-}
-
-void FrmInput::LoadReportMenu() {
-  const auto reports = ReadRows<ReportRow>(
-      SharedConnection(), u"select Report_ID,report_name from report_index where report_group_id ='"_s + CurrTable +
-                              u"' and report_type='1'"_s);
-  QMenu& menu = commands_->Menu(u"ReportDesign"_s);
-  QMenu& keyMenu = commands_->KeyMenu(u"ReportView"_s);
-  menu.clear();
-  keyMenu.clear();
-  using Run = void (*)(const QString&, const ReportRequest&);
-  const auto add = [this](QMenu& to, const QString& name, const ReportRow& report, Run run) {
-    QAction* entry = to.addAction(QString(report.reportName).replace(u'&', u"&&"_s));
-    entry->setObjectName(name);
-    entry->setProperty("Tag", report.reportId);
-    ConnectGuarded(entry, &QAction::triggered, this,
-                   [this, report, run] { run(report.reportName, RequestOf(report)); });
-  };
-  int number = 0;
-  for (const ReportRow& report : reports.empty() ? std::vector{NoReports()} : reports)
-    add(menu, u"menuTemp(%1)"_s.arg(++number), report, RunMenuReport);
-  for (const ReportRow& report : reports) add(keyMenu, u"M_"_s + report.reportId, report, RunMenuReport);
-  if (reports.empty()) return;
-  menu.addSeparator();
-  QMenu& designs = *menu.addMenu(u"设计(&D)"_s);
-  for (const ReportRow& report : reports) add(designs, u"D_"_s + report.reportId, report, DesignMenuReport);
-}
-
-ReportRequest FrmInput::RequestOf(const ReportRow& report) const {
-  ReportRequest request;
-  request.mainTable = CurrTable;
-  request.reportId = report.reportId;
-  request.selection = RecordSelection(CurrTable, lifecycle_->CurrentKey());
-  return request;
 }
 
 }  // namespace folvane

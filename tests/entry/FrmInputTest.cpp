@@ -219,8 +219,8 @@ TEST_P(FrmInputTest, ShowsTheCommandsOfLaterSubsystemsDisabled) {
   AddRecords(1);
   Right(Parameter::Target, u"Wsda"_s);
   InWindow([](const Input& input) {
-    for (const QString& key : {u"FileArea"_s, u"DoArchive"_s}) EXPECT_FALSE(input.KeyOn(key)) << key.toStdString();
-    for (const QString& entry : {u"AddFile"_s, u"BorrowFile"_s, u"mnuArchive"_s, u"mnuReplace"_s})
+    EXPECT_FALSE(input.KeyOn(u"DoArchive"_s));
+    for (const QString& entry : {u"mnuArchive"_s, u"mnuReplace"_s})
       EXPECT_FALSE(input.On(entry)) << entry.toStdString();
   });
 }
