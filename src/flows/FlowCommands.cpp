@@ -49,7 +49,6 @@ CommandDesign FlowCommands(const Flow& flow) {
   if (flow.HasRoute()) design.keys.push_back({u"Read"_s, flow.word, flow.icon, u"流程操作"_s, u""_s});
   design.keys.push_back({});
   design.keys.push_back({u"EXIT"_s, u"退出"_s, u"exit"_s, u"关闭本窗口"_s, u"mnuExit"_s});
-  design.unavailable = {u"mnuSeeFile"_s};
   return design;
 }
 

@@ -10,6 +10,7 @@
 #include "flows/FlowCommands.h"
 #include "flows/FlowDialogs.h"
 #include "flows/RouteDialogs.h"
+#include "originals/OriginalFileAction.h"
 #include "query/AskQuery.h"
 #include "query/ConditionText.h"
 #include "reports/ReportSelection.h"
@@ -233,6 +234,17 @@ void FlowWindow::Choise() {
 
 void FlowWindow::EditFlow() {
   if (sheets_.IsOnHead() && EditRoute(flow_, sheets_.Key())) ShowRoute();
+}
+
+void FlowWindow::SeeFile() {
+  if (!sheets_.IsOnHead()) return;
+  const QString record = sheets_.Head(u"File_ID"_s);
+  const QString first = FirstOriginalOf(record);
+  if (first.isEmpty()) {
+    status_->ShowNotice(u"此文件没有原文"_s);
+  } else {
+    OriginalFileAction(record, kBrowseOriginals, first);
+  }
 }
 
 void FlowWindow::Print() {

@@ -68,6 +68,7 @@ class FlowWindow : public QMainWindow {
   void Choise();
   void EditFlow();
   void ShowNotion(const QString& ofUser);
+  void SeeFile();
   void Print();
 
   void ShowHeads();

@@ -141,6 +141,7 @@ void FlowWindow::Connect() {
   commands_->OnEntry(u"mnuDelete"_s, key(&FlowWindow::DeleteCurrent));
   commands_->OnEntry(u"mnuSearch"_s, [this] { RunKey([this] { FindOption(false); }); });
   commands_->OnEntry(u"mnuShowAll"_s, [this] { RunKey([this] { LoadFiles(); }); });
+  commands_->OnEntry(u"mnuSeeFile"_s, [this] { RunKey([this] { SeeFile(); }); });
   commands_->OnEntry(u"mnuPrint"_s, [this] { RunKey([this] { Print(); }); });
   commands_->OnEntry(u"mnuExit"_s, [this] { close(); });
   commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, sheets_.Reminds() ? u"文件催办.htm"_s : flow_.help); });
