@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 #include <folvane/Connection.h>
@@ -24,6 +26,14 @@ struct SharedState {
   void* hOpen = nullptr;
   void* hConnection = nullptr;
   bool FtpConnected = false;
+
+  // The archive number of the table that records are to be transferred into, a field of it at each index from 1 on;
+  // element 0 is empty. The last field is the running number.
+  QStringList ArchNoFieldName{QString()}, ArchNoFieldValue{QString()}, ArchNoSeparator{QString()};
+  QList<bool> ArchNoShowCode{false};  ///< whether the code of a value stands in the number, not its name
+  QList<qint16> ArchNoLength{0};      ///< in bytes of the national code page
+  QString ArchNoStoreField;           ///< the column that takes the composed number
+  QString ArchNoFolderField;          ///< the column that takes the number without its last field; "(无)" for none
 };
 
 SharedState& Shared();
