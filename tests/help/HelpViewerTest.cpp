@@ -39,8 +39,8 @@ TEST_F(HelpViewerTest, ShowsTheTopicOfTheFile) {
   ASSERT_TRUE(Viewer());
   EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 文件登记"_s);
   const QString page = Page().toPlainText();
-  for (const QString& word :
-       {u"公文分类"_s, u"翻页与定位"_s, u"排序"_s, u"简易检索栏"_s, u"组合查询"_s, u"批量修改"_s, u"键盘操作"_s}) {
+  for (const QString& word : {u"公文分类"_s, u"原文扫描"_s, u"翻页与定位"_s, u"排序"_s, u"简易检索栏"_s, u"组合查询"_s,
+                              u"批量修改"_s, u"键盘操作"_s}) {
     EXPECT_TRUE(page.contains(word)) << word.toStdString();
   }
 }
