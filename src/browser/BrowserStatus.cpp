@@ -28,6 +28,11 @@ void BrowserStatus::ShowPosition(qint64 position, qint64 count) {
   ShowRecords(u"当前记录：第%1条/共%2条"_s.arg(position).arg(count));
 }
 
+void BrowserStatus::ShowDeleted(qint64 records, const QString& left) {
+  const QString deleted = u"已删除 %1 条记录"_s.arg(records);
+  ShowNotice(left.isEmpty() ? deleted : deleted + u"，"_s + left);
+}
+
 void BrowserStatus::ShowProgress(int done, int maximum) {
   progress_->setMaximum(maximum);
   progress_->setVisible(done >= 0);

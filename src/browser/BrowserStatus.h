@@ -14,6 +14,8 @@ class BrowserStatus : public WindowStatus {
   void ShowNothing();
   void ShowNoRecords();
   void ShowPosition(qint64 position, qint64 count);
+  /// Tells how many records a command has deleted, and what it has left behind.
+  void ShowDeleted(qint64 records, const QString& left);
   /// @param done rows filled of the maximum, -1 when the filling has ended
   void ShowProgress(int done, int maximum);
 

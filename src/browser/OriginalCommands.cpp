@@ -41,8 +41,10 @@ void OriginalCommands::Delete() {
                   originals_.window()->windowTitle()) != Answer::Yes)
     return;
   const BusyPointer busy;
-  DeleteOriginals(u" Where ID = '"_s + EscapeSql(file) + u"' And RecordID = '"_s + EscapeSql(record) + u"'"_s);
+  const QString left = DeleteOriginalsAndTell(u" Where ID = '"_s + EscapeSql(file) + u"' And RecordID = '"_s +
+                                              EscapeSql(record) + u"'"_s);
   originals_.RemoveCurrent();
+  status_.ShowNotice(left);
   if (originals_.Count() == 0) list_.ShowOriginals(false);
 }
 

@@ -25,6 +25,8 @@ OriginalsRequest RequestFor(const QString& recordId, const QString& action, cons
   request.recordId = recordId;
   request.databaseKind = shared.DatabaseKind;
   request.storeRoot = shared.OriginalRoot;
+  request.ftp = shared.hConnection;
+  request.internetAccess = shared.hOpen;
   request.action = action;
   request.fileId = fileId;
   return request;

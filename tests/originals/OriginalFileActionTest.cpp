@@ -41,6 +41,7 @@ TEST_P(OriginalFileActionTest, TheComponentIsToldWhatIsMeant) {
   EXPECT_EQ(told.storeRoot, u"C:\\Data"_s);
   EXPECT_EQ(told.connection, Shared().Connection);
   EXPECT_EQ(told.ftp, nullptr);
+  EXPECT_FALSE(told.internetAccess);
 }
 
 TEST_P(OriginalFileActionTest, OnlyAnAdditionThatAddedNothingIsFalse) {
