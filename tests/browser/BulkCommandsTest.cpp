@@ -37,6 +37,7 @@ FOLVANE_ON_EACH_DATABASE(BulkCommandsTest);
 
 TEST_P(BulkCommandsTest, ABatchDeletionTakesTheRecordsOfAQueryAndTheirOriginals) {
   MessageBoxes messages;
+  program_.Write(u"Data/91.tif"_s, "scan");
   design_->AddOriginal(DesignedDatabase::Key(2), u"91"_s, u"正文"_s, 1);
   design_->AddOriginal(DesignedDatabase::Key(9), u"92"_s, u"别的"_s, 1);
   InBrowser([&](const Browser& browser) {

@@ -44,6 +44,7 @@ FOLVANE_ON_EACH_DATABASE(RecordCommandsTest);
 
 TEST_P(RecordCommandsTest, DeletingSeveralRowsTakesOneQuestionAndOneStatement) {
   MessageBoxes messages;
+  program_.Write(u"Data/91.tif"_s, "scan");
   design_->AddOriginal(DesignedDatabase::Key(11), u"91"_s, u"正文"_s, 1);
   design_->AddOriginal(DesignedDatabase::Key(3), u"92"_s, u"别的"_s, 1);
   InBrowser([&](const Browser& browser) {
