@@ -177,7 +177,7 @@ class KeyLookup : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
-    FillTables(Database(), *Connected());
+    FillTables(Database());
   }
 
   QString PlanOf(const char* statement) {
