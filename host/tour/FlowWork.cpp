@@ -12,7 +12,8 @@ namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kRoute = u"frmRouteEdit"_s, kReports = u"frmReportList"_s, kPreview = u"ReportPreview"_s;
+const QString kRoute = u"frmRouteEdit"_s, kReports = u"frmReportList"_s, kPreview = u"ReportPreview"_s,
+              kProgress = u"frmNotion"_s;
 constexpr int kOk = 1;
 constexpr int kStatusColumn = 3;
 
@@ -100,8 +101,13 @@ void PlanRoute(Tour& tour, const Way& way) {
   tour.Step(u"the document is on its way"_s, OnTop(way.window), [&tour, way] {
     ExpectStatus(way, way.running);
     tour.Picture(Window(way.window), way.name);
-    ChooseEntry(way.window, u"mnuNextFlow"_s);
+    ChooseEntry(way.window, u"mnuAllNotion"_s);
   });
+  tour.Step(u"look who has it now"_s, Shown(kProgress), [&tour, way] {
+    tour.Picture(Window(kProgress), way.name + u"-progress"_s);
+    hands::Click(In<QWidget>(kProgress, u"CmdOK"_s));
+  });
+  tour.Step(u"on to the second node"_s, OnTop(way.window), [way] { ChooseEntry(way.window, u"mnuNextFlow"_s); });
   PlanOk(tour, u"yes, to the second node"_s);
   tour.Step(u"on to the end"_s, OnTop(way.window), [way] { ChooseEntry(way.window, u"mnuNextFlow"_s); });
   PlanOk(tour, u"yes, further"_s);
