@@ -1,5 +1,6 @@
 #include "flows/FlowSheets.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 
 #include <folvane/DataError.h>
@@ -100,9 +101,8 @@ bool FlowSheets::IsIdle() const {
 
 QString FlowSheets::NextDetailSerial() const {
   Recordset serials;
-  serials.Open(
-      u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() + u"' Order By File_ID DESC"_s,
-      SharedConnection());
+  Open(serials, u"Select File_ID From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() +
+                    u"' Order By File_ID DESC"_s);
   if (serials.EOF_()) return u"1"_s;
   int greatest = SerialIn(serials[u"File_ID"_s].Text());
   // A column of texts puts 9 before 10.
@@ -116,9 +116,8 @@ QString FlowSheets::NextDetailSerial() const {
 
 bool FlowSheets::IsSerialTaken(const QString& serial) const {
   Recordset same;
-  same.Open(u"Select File_ID From "_s + flow_.detailSource + u" where File_ID='"_s + serial + u"' and Register_ID='"_s +
-                Key() + u'\'',
-            SharedConnection());
+  Open(same, u"Select File_ID From "_s + flow_.detailSource + u" where File_ID='"_s + serial +
+                 u"' and Register_ID='"_s + Key() + u'\'');
   return !same.EOF_();
 }
 
@@ -257,14 +256,15 @@ QString FlowSheets::DeleteHead() {
 }
 
 void FlowSheets::DeleteHeads(const QStringList& keys) {
-  const qint64 position = heads_.AbsolutePosition();
   QStringList statements;
-  for (const QString& key : keys) {
-    heads_.MoveFirst();
-    heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
-    statements += DeleteStatements();
+  {
+    const auto back = qScopeGuard([this, position = heads_.AbsolutePosition()] { GoToHead(position); });
+    for (const QString& key : keys) {
+      heads_.MoveFirst();
+      heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
+      statements += DeleteStatements();
+    }
   }
-  heads_.SetAbsolutePosition(position);
   InOneTransaction(*SharedConnection(), [&] {
     for (const QString& statement : statements) Execute(statement);
   });

@@ -22,6 +22,8 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+constexpr int kRoomBesideText = 16;  // pixels
+
 /// A dialog with a list in columns and the keys under it.
 class ListDialog : public QDialog {
  public:
@@ -51,7 +53,10 @@ class ListDialog : public QDialog {
     return row;
   }
   void Fit() {
-    for (int column = 0; column + 1 < list_->columnCount(); ++column) list_->resizeColumnToContents(column);
+    for (int column = 0; column + 1 < list_->columnCount(); ++column) {
+      list_->resizeColumnToContents(column);
+      list_->setColumnWidth(column, list_->columnWidth(column) + kRoomBesideText);
+    }
     if (list_->topLevelItemCount() > 0) list_->setCurrentItem(list_->topLevelItem(0));
   }
 

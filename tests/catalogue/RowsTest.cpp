@@ -18,7 +18,7 @@ class Rows : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
-    CreateCatalogue(*Connected());
+    Database().Furnish(&CreateCatalogue);
   }
 };
 FOLVANE_ON_EACH_DATABASE(Rows);

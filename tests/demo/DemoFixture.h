@@ -2,13 +2,13 @@
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <map>
 #include <memory>
 #include <string>
 
 #include "data/DatabaseSession.h"
 #include "data/Recordset.h"
 #include "host/demo/DemoDatabase.h"
+#include "support/OneOnEachDatabase.h"
 #include "support/TestDatabase.h"
 
 namespace folvane::test {
@@ -17,8 +17,8 @@ using namespace Qt::Literals::StringLiterals;
 
 inline const QStringList kBusinessTables{u"Lwdj"_s, u"Fwdj"_s, u"Wsda_Aj"_s, u"Wsda_Jn"_s, u"Gdwj"_s, u"Dsj"_s};
 
-/// A demo of 600 records that ends on 20 November 2026, with its originals in a temporary directory. The cases of a
-/// fixture share it and only look.
+/// A demo of 600 records that ends on 20 November 2026, with its originals in a temporary directory. All cases share
+/// it and only look.
 class DemoTest : public testing::TestWithParam<std::string> {
  protected:
   struct Demo {
@@ -39,12 +39,7 @@ class DemoTest : public testing::TestWithParam<std::string> {
     return options;
   }
 
-  void SetUp() override {
-    std::unique_ptr<Demo>& demo = demos_[GetParam()];
-    if (!demo) demo = std::make_unique<Demo>(GetParam());
-    demo_ = demo.get();
-  }
-  static void TearDownTestSuite() { demos_.clear(); }
+  void SetUp() override { demo_ = &OneOnEachDatabase<Demo>::Of(GetParam()); }
 
   const std::shared_ptr<folvane::Connection>& Connected() const { return demo_->connection; }
   QString StorePath() const { return demo_->store.path(); }
@@ -73,7 +68,6 @@ class DemoTest : public testing::TestWithParam<std::string> {
   }
 
  private:
-  static inline std::map<std::string, std::unique_ptr<Demo>> demos_;
   Demo* demo_ = nullptr;
 };
 

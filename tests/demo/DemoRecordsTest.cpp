@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QSet>
+#include <map>
 
 #include <folvane/DataError.h>
 
@@ -34,13 +35,15 @@ class DemoRecords : public DemoTest {
     }
     return lines;
   }
-  QStringList EverythingOf(quint64 seed) {
+  const QStringList& EverythingOf(quint64 seed) {
+    static std::map<quint64, QStringList> known;
+    if (known.contains(seed)) return known[seed];
     const auto database = TestDatabase::Create("SQLite");
     const auto connection = database->Connect();
     demo::DemoOptions options = Options();
     options.seed = seed;
     demo::MakeDemoDatabase(*connection, options);
-    return Everything(connection);
+    return known[seed] = Everything(connection);
   }
 };
 FOLVANE_ON_EACH_DATABASE(DemoRecords);

@@ -5,8 +5,8 @@
 namespace folvane::test {
 using namespace Qt::Literals::StringLiterals;
 
-void FillTables(TestDatabase& database, Connection& connection) {
-  CreateCatalogue(connection);
+void FillTables(TestDatabase& database) {
+  database.Furnish(&CreateCatalogue);
   const QString date = database.Kind() == "SQLite" ? u"varchar(10)"_s : u"date"_s;
   database.Native(
       u"CREATE TABLE Lwdj (ArchiveID varchar(20) PRIMARY KEY, RegID integer, DocNo varchar(50), "

@@ -15,6 +15,6 @@ namespace folvane::test {
 ///   Ajml  an archive table with FondsNo, YearNo, ItemNo (numbers), ArchiveNo, PageNo, Quantity, CreatedDate
 ///
 /// The columns of numbers are numbers, FileDate is a date on PostgreSQL and text on SQLite.
-void FillTables(TestDatabase& database, Connection& connection);
+void FillTables(TestDatabase& database);
 
 }  // namespace folvane::test

@@ -63,7 +63,7 @@ class StatementTest : public OnEachDatabase {
  protected:
   // Each case sees the tables as they were made; what it writes is rolled back.
   void RunAll(const std::vector<StatementCase>& cases) {
-    FillTables(Database(), *Connected());
+    FillTables(Database());
     MakeMixedTable(Database());
     for (const StatementCase& given : cases) {
       SCOPED_TRACE(std::string(given.name) + ": " + given.statement);

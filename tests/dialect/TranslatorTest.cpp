@@ -108,11 +108,14 @@ TEST_F(TranslatorTest, APatternWithoutClassesStaysTheDatabasesOwnLike) {
 
 TEST_F(TranslatorTest, MoreTemplatesThanAreKeptDoNotHurt) {
   Translator translator(DialectKind::Sqlite, lookup_);
-  QString list = u"'1'"_s;
-  for (std::size_t i = 1; i < 1200; ++i) {
-    list += u",'1'"_s;
-    const QString statement = u"Insert Into files(Title) Values('x'+Coalesce(%1))"_s.arg(list);
-    ASSERT_EQ(translator.Translate(statement).statement.parameters.size(), i + 2);
+  const auto list = [](int length) { return QStringList(length, u"'1'"_s).join(u','); };
+  constexpr int kLongest = 36;  // 1225 templates of two lists, more than twice as many as are kept
+  for (int first = 2; first <= kLongest; ++first) {
+    for (int second = 2; second <= kLongest; ++second) {
+      const QString statement =
+          u"Insert Into files(Title) Values('x'+Coalesce(%1)+Coalesce(%2))"_s.arg(list(first), list(second));
+      ASSERT_EQ(translator.Translate(statement).statement.parameters.size(), std::size_t(1 + first + second));
+    }
   }
 }
 
@@ -177,7 +180,7 @@ class KeyLookup : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
-    FillTables(Database(), *Connected());
+    FillTables(Database());
   }
 
   QString PlanOf(const char* statement) {

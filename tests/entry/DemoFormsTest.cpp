@@ -10,15 +10,19 @@ namespace {
 /// The entry forms of the demo's tables at the size in which the window opens.
 class DemoFormsTest : public testing::TestWithParam<const char*> {
  protected:
-  void SetUp() override {
+  static void SetUpTestSuite() {
     database_ = TestDatabase::Create("SQLite");
-    Shared().Connection = database_->Connect();
-    Shared().UserId = u"1"_s;
-    Shared().UserName = u"管理员"_s;
     demo::DemoOptions options;
     options.records = 100;
     options.today = QDate(2026, 11, 20);
-    demo::MakeDemoDatabase(*Shared().Connection, options);
+    demo::MakeDemoDatabase(*database_->Connect(), options);
+  }
+  static void TearDownTestSuite() { database_.reset(); }
+
+  void SetUp() override {
+    Shared().Connection = database_->Connect();
+    Shared().UserId = u"1"_s;
+    Shared().UserName = u"管理员"_s;
     table_ = QLatin1String(GetParam());
     Shared().CurrentRecords.Open(u"Select * From "_s + table_, Shared().Connection);
     parameters_.Add(table_);
@@ -45,7 +49,7 @@ class DemoFormsTest : public testing::TestWithParam<const char*> {
   TableParameters parameters_;
 
  private:
-  std::unique_ptr<TestDatabase> database_;
+  static inline std::unique_ptr<TestDatabase> database_;
 };
 
 TEST_P(DemoFormsTest, HasRoomForEveryLabelAndField) {

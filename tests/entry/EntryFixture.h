@@ -23,7 +23,7 @@ class EntryTest : public OnEachDatabase {
     FixClock(QDateTime(QDate(2002, 3, 4), QTime(10, 11, 12)));
     Shared().Connection = Connected();
     Shared().UserId = u"7"_s;
-    CreateCatalogue(*Connected());
+    Database().Furnish(&CreateCatalogue);
     CreateTable(*Connected(), BusinessTable(u"Lwdj"_s, {{u"RegID"_s, ColumnType::Integer},
                                                         {u"Amaintitle"_s, ColumnType::Text, 200},
                                                         {u"DocNo"_s, ColumnType::Text, 50},

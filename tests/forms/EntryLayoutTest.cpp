@@ -20,7 +20,7 @@ class DesignTest : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
-    CreateCatalogue(*Connected());
+    Database().Furnish(&CreateCatalogue);
   }
 
   void AddDictionaryField(const QString& table, const QString& name, const QString& type, const QString& flags) {

@@ -34,8 +34,8 @@ inline void Commit(QWidget& widget, const QString& text) {
 class FormsTest : public testing::Test {
  protected:
   FormsTest() : database_(TestDatabase::Create("SQLite")) {
+    database_->Furnish(&CreateCatalogue);
     Shared().Connection = database_->Connect();
-    CreateCatalogue(*Shared().Connection);
     window_.resize(600, 400);
   }
   ~FormsTest() override { Shared().Connection.reset(); }

@@ -55,6 +55,19 @@ TEST_F(HelpViewerTest, ExplainsTheEntryOfRecords) {
   }
 }
 
+TEST_F(HelpViewerTest, ExplainsTheFlowsByTheSignsThatTheyHave) {
+  const auto page = [](const QString& topic) {
+    ShowHelp(nullptr, kHelpFile, topic);
+    EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - "_s + topic.chopped(4));
+    return Page().toPlainText();
+  };
+  for (const QString& topic : {u"文件传阅.htm"_s, u"文件处理.htm"_s}) EXPECT_TRUE(page(topic).contains(u"三角是"_s));
+  const QString distribution = page(u"文件分发.htm"_s);
+  EXPECT_TRUE(distribution.contains(u"圆中带勾是“已分发”"_s));
+  for (const QString& ofRoutes : {u"三角"_s, u"小旗"_s, u"流程"_s}) EXPECT_FALSE(distribution.contains(ofRoutes));
+  EXPECT_TRUE(page(u"文件催办.htm"_s).contains(u"添加催办单不改变处理单的状态"_s));
+}
+
 TEST_F(HelpViewerTest, LinksLeadThroughThePageAndBack) {
   ShowHelp(nullptr, kHelpFile, kTopic);
   const auto actions = test::Find<QToolBar>(*Viewer(), {}).actions();

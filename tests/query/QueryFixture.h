@@ -27,7 +27,7 @@ class QueryTest : public OnEachDatabase {
     OnEachDatabase::SetUp();
     Shared().Connection = Connected();
     Shared().UserId = u"7"_s;
-    CreateCatalogue(*Connected());
+    Database().Furnish(&CreateCatalogue);
     MakeLwdj();
     Connected()->OnStatement([this](const QString& statement) {
       statements_ << statement;

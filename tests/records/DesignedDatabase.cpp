@@ -17,9 +17,7 @@ QString Quoted(const QString& value) {
 
 }  // namespace
 
-DesignedDatabase::DesignedDatabase(TestDatabase& database) : database_(database) {
-  CreateCatalogue(*database.Connect());
-}
+DesignedDatabase::DesignedDatabase(TestDatabase& database) : database_(database) { database.Furnish(&CreateCatalogue); }
 
 void DesignedDatabase::Insert(const QString& table, const QString& columns, const QStringList& values) {
   QStringList quoted;

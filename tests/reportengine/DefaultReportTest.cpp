@@ -20,10 +20,10 @@ class DefaultReportTest : public EngineTest {
 FOLVANE_ON_EACH_DATABASE(DefaultReportTest);
 
 TEST_P(DefaultReportTest, SeveralRecordsAreATableOfTheListsColumns) {
-  const QString text = Printed(Request(u"Lwdj"_s, u"RegID <= 40"_s));
+  const QString text = Printed(Request(u"Lwdj"_s, u"RegID <= 12"_s));
   EXPECT_TRUE(text.contains(u"收文登记"_s));
   EXPECT_TRUE(text.contains(u"打印人：王明打印日期：2026-11-20"_s)) << qPrintable(text.right(200));
-  const ResultSet rows = Select(u"Select * From Lwdj Where RegID <= 40"_s);
+  const ResultSet rows = Select(u"Select * From Lwdj Where RegID <= 12"_s);
   EXPECT_TRUE(text.contains(u"共%1条记录"_s.arg(rows.RowCount())));
   ExpectAll(text, rows, {u"RegID"_s, u"CreatedDate"_s, u"DocNo"_s, u"Amaintitle"_s, u"ResponsibleBy"_s});
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QProcess>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -11,6 +10,7 @@
 #include "components/reports/ReportEngine.h"
 #include "host/demo/DemoDatabase.h"
 #include "support/HostDoubles.h"
+#include "support/OneOnEachDatabase.h"
 #include "support/TestDatabase.h"
 
 namespace folvane::test {
@@ -26,8 +26,8 @@ inline QString TextOfPdf(const QString& path) {
   return QString::fromUtf8(reader.readAllStandardOutput()).remove(u' ').remove(u'\n').remove(u'\f');
 }
 
-/// A demo of 600 records that ends on 20 November 2026, one for all cases of a fixture on a database; a folder of the
-/// test's own for templates; the clock stands on that day.
+/// A demo of 600 records that ends on 20 November 2026, one on each database for all cases, which leave it as it was; a
+/// folder of the test's own for templates; the clock stands on that day.
 class EngineTest : public testing::TestWithParam<std::string> {
  protected:
   struct Demo {
@@ -43,12 +43,9 @@ class EngineTest : public testing::TestWithParam<std::string> {
   };
 
   void SetUp() override {
-    std::unique_ptr<Demo>& demo = demos_[GetParam()];
-    if (!demo) demo = std::make_unique<Demo>(GetParam());
-    demo_ = demo.get();
+    demo_ = &OneOnEachDatabase<Demo>::Of(GetParam());
     FixClock(QDateTime(QDate(2026, 11, 20), QTime(9, 30)));
   }
-  static void TearDownTestSuite() { demos_.clear(); }
 
   const std::shared_ptr<folvane::Connection>& Connected() const { return demo_->connection; }
   TestDatabase& Database() const { return *demo_->database; }
@@ -86,7 +83,6 @@ class EngineTest : public testing::TestWithParam<std::string> {
   TempProgramDirectory program_;
 
  private:
-  static inline std::map<std::string, std::unique_ptr<Demo>> demos_;
   Demo* demo_ = nullptr;
 };
 

@@ -20,7 +20,7 @@ class ReportsTest : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
-    CreateCatalogue(*Connected());
+    Database().Furnish(&CreateCatalogue);
     AddReport(u"1001"_s, u"收文登记簿"_s, u"Lwdj"_s, u"1"_s);
     AddReport(u"1002"_s, u"收文处理单"_s, u"Lwdj"_s, u"1"_s);
     AddReport(u"1009"_s, u"收文年报"_s, u"Lwdj"_s, u"2"_s);

@@ -1,5 +1,6 @@
 #include "support/SqliteDatabase.h"
 
+#include <map>
 #include <sqlite3.h>
 #include <stdexcept>
 
@@ -12,6 +13,12 @@ using namespace Qt::Literals::StringLiterals;
 
 [[noreturn]] void Fail(sqlite3* handle, const QString& sql) {
   throw std::runtime_error(std::string(sqlite3_errmsg(handle)) + " in: " + sql.toStdString());
+}
+
+void Copy(sqlite3* from, sqlite3* to) {
+  sqlite3_backup* copy = sqlite3_backup_init(to, "main", from, "main");
+  if (!copy || sqlite3_backup_step(copy, -1) != SQLITE_DONE) Fail(to, u"copying a database"_s);
+  sqlite3_backup_finish(copy);
 }
 
 QString TextOf(sqlite3_stmt* statement, int column) {
@@ -44,6 +51,17 @@ std::shared_ptr<Connection> SqliteDatabase::Connect() {
             // Fails, and shows, when a statement was left open on the handle.
             EXPECT_EQ(sqlite3_close(handle), SQLITE_OK) << sqlite3_errmsg(handle);
           }};
+}
+
+// A copy of the file's pages takes a tenth of the time of making the tables.
+void SqliteDatabase::Furnish(TableMaker* make) {
+  static std::map<TableMaker*, std::unique_ptr<sqlite3, decltype(&sqlite3_close)>> kept;
+  if (const auto before = kept.find(make); before != kept.end()) return Copy(before->second.get(), own_);
+  make(*Connect());
+  sqlite3* copy = nullptr;
+  if (sqlite3_open(":memory:", &copy) != SQLITE_OK) Fail(copy, u":memory:"_s);
+  kept.emplace(make, decltype(kept)::mapped_type(copy, &sqlite3_close));
+  Copy(own_, copy);
 }
 
 std::vector<QStringList> SqliteDatabase::Rows(const QString& sql) {

@@ -18,6 +18,7 @@ class SqliteDatabase : public TestDatabase {
   std::shared_ptr<Connection> Connect() override;
   std::vector<QStringList> Rows(const QString& sql) override;
   std::string Kind() const override { return "SQLite"; }
+  void Furnish(TableMaker* make) override;
 
  private:
   sqlite3* Open() const;

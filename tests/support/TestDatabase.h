@@ -13,6 +13,9 @@
 
 namespace folvane::test {
 
+/// Makes tables through a connection.
+using TableMaker = void(Connection& connection);
+
 /// A fresh, empty database for one test: a temporary file of SQLite, or a schema of its own on the PostgreSQL server
 /// that FOLVANE_TEST_PG names. It goes with this object.
 class TestDatabase {
@@ -33,6 +36,10 @@ class TestDatabase {
   QString Value(const QString& sql);
 
   virtual std::string Kind() const = 0;
+
+  /// Makes empty tables that many tests begin with, on a database that has none yet. What one test has made is kept for
+  /// the next: it finds the tables as the maker makes them, without the maker being called.
+  virtual void Furnish(TableMaker* make) = 0;
 };
 
 /// A test case that runs once on each database. Instantiate with FOLVANE_ON_EACH_DATABASE(Fixture).
