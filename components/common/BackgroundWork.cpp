@@ -1,6 +1,7 @@
 #include "components/common/BackgroundWork.h"
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QProgressDialog>
 #include <atomic>
 #include <exception>
@@ -33,10 +34,13 @@ void RunInBackground(QWidget* window, const QString& text, int steps, const std:
     QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
   });
   // Nobody else may use the window meanwhile, also before the bar is shown.
+  const QPointer<QWidget> focus = window->focusWidget();
   window->setEnabled(false);
+  progress.setEnabled(true);
   loop.exec();
   thread.join();
   window->setEnabled(true);
+  if (focus) focus->setFocus();
   if (failure) std::rethrow_exception(failure);
 }
 

@@ -83,7 +83,11 @@ void FrmViewer::AskForPassword(bool wrong) {
 }
 
 PageWish FrmViewer::WishFor(int page) const {
-  return {.page = page, .zoom = zoom_, .room = view_->Room(), .quarters = quarters_, .density = devicePixelRatioF()};
+  return {.page = page,
+          .zoom = zoom_,
+          .room = view_->Room(zoom_.fit),
+          .quarters = quarters_,
+          .density = devicePixelRatioF()};
 }
 
 void FrmViewer::GoTo(int page, bool fromEnd) {
@@ -152,6 +156,7 @@ void FrmViewer::TellState() {
   zoomState_->setText(hasPages ? u"%1%"_s.arg(qRound(FactorOf(shownScale_) * 100)) : QString());
   sizeState_->setText(IsFetched() ? SizeInWords(QFileInfo(PathOf(document_)).size()) : QString());
   documentState_->setText(u"原文 %1 / %2"_s.arg(document_ + 1).arg(documents_.size()));
+  for (QLabel* panel : {pageState_, zoomState_, sizeState_}) panel->setVisible(!panel->text().isEmpty());
   for (QAction* back : {first_, previous_}) back->setEnabled(page_ > 0);
   for (QAction* forward : {next_, last_}) forward->setEnabled(page_ < pages_ - 1);
   for (QAction* key : pageKeys_) key->setEnabled(hasPages);
@@ -162,7 +167,10 @@ void FrmViewer::TellState() {
   open_->setEnabled(IsFetched() && !IsProgram(PathOf(document_), Current().type));
 }
 
-void FrmViewer::Print() { PrintFile(this, PathOf(document_), Current().type, loader_->Password(), pages_, quarters_); }
+void FrmViewer::Print() {
+  PrintFile(this, FileName(Current().name, {}), PathOf(document_), Current().type, loader_->Password(), pages_,
+            quarters_);
+}
 
 void FrmViewer::SaveCopy() {
   const QString& type = Current().type;
