@@ -17,6 +17,11 @@ void RunInBackground(QWidget* window, const QString& text, int steps, const std:
   progress.setWindowModality(Qt::WindowModal);
   progress.setAutoReset(false);
   progress.setMinimumDuration(kShownAfterMs);
+  // Nobody else may use the window meanwhile, also before the bar is shown.
+  const QPointer<QWidget> focus = window->focusWidget();
+  window->setEnabled(false);
+  progress.setEnabled(true);
+
   std::atomic<bool> stop = false;
   std::exception_ptr failure;
   QEventLoop loop;
@@ -33,10 +38,6 @@ void RunInBackground(QWidget* window, const QString& text, int steps, const std:
     }
     QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
   });
-  // Nobody else may use the window meanwhile, also before the bar is shown.
-  const QPointer<QWidget> focus = window->focusWidget();
-  window->setEnabled(false);
-  progress.setEnabled(true);
   loop.exec();
   thread.join();
   window->setEnabled(true);
