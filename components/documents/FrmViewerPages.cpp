@@ -153,7 +153,9 @@ void FrmViewer::TellState() {
   pageBox_->setEnabled(hasPages);
   pageCount_->setText(hasPages ? u" / %1 "_s.arg(pages_) : QString());
   pageState_->setText(hasPages ? u"第 %1 页，共 %2 页"_s.arg(page_ + 1).arg(pages_) : QString());
-  zoomState_->setText(hasPages ? u"%1%"_s.arg(qRound(FactorOf(shownScale_) * 100)) : QString());
+  // Until the page has come the one before is still in view.
+  const QString zoom = drawn_.contains(page_) ? u"%1%"_s.arg(qRound(FactorOf(shownScale_) * 100)) : u"正在显示…"_s;
+  zoomState_->setText(hasPages ? zoom : QString());
   sizeState_->setText(IsFetched() ? SizeInWords(QFileInfo(PathOf(document_)).size()) : QString());
   documentState_->setText(u"原文 %1 / %2"_s.arg(document_ + 1).arg(documents_.size()));
   for (QLabel* panel : {pageState_, zoomState_, sizeState_}) panel->setVisible(!panel->text().isEmpty());

@@ -126,6 +126,7 @@ TEST_F(ViewerTest, ZoomsAndFits) {
     Do(window, u"CmdTrueSize"_s);
     EXPECT_TRUE(WaitUntil([&] { return zoom() == u"100%"_s && view.Shown().width() == 793; }));
     Do(window, u"CmdZoomIn"_s);
+    EXPECT_EQ(zoom(), u"正在显示…"_s) << "until it has come";
     EXPECT_TRUE(WaitUntil([&] { return zoom() == u"110%"_s; }));
     Do(window, u"CmdZoomOut"_s);
     Do(window, u"CmdZoomOut"_s);
