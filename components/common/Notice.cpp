@@ -1,4 +1,4 @@
-#include "components/reports/Notice.h"
+#include "components/common/Notice.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -7,7 +7,7 @@
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 
-namespace folvane::reports {
+namespace folvane::notices {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,4 +58,4 @@ QString AskForPath(const QString& title, const QString& proposal, const QString&
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-}  // namespace folvane::reports
+}  // namespace folvane::notices

@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-namespace folvane::reports {
+namespace folvane::notices {
 
 /// Tells the user something, in the host's message box where it has one.
 void Tell(const QString& text, int flags, const QString& details = {});
@@ -25,4 +25,4 @@ void Guarded(Work&& work) {
   }
 }
 
-}  // namespace folvane::reports
+}  // namespace folvane::notices
