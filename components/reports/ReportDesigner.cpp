@@ -15,14 +15,15 @@
 
 #include <folvane/Icons.h>
 
+#include "components/common/Notice.h"
 #include "components/reports/DefaultTemplate.h"
 #include "components/reports/MarkerChoices.h"
-#include "components/reports/Notice.h"
 #include "components/reports/TemplateFile.h"
 
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+using namespace components;
 
 constexpr int kPause = 400;  // milliseconds without a key
 

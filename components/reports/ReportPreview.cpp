@@ -14,13 +14,14 @@
 #include <folvane/HostServices.h>
 #include <folvane/Icons.h>
 
-#include "components/reports/Notice.h"
+#include "components/common/Notice.h"
 #include "components/reports/PageSetup.h"
 #include "components/reports/PageSetupDialog.h"
 
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+using namespace components;
 
 constexpr int kInformation = 64;
 
