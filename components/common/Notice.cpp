@@ -7,7 +7,7 @@
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 
-namespace folvane::components {
+namespace folvane::notices {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
@@ -72,4 +72,4 @@ QString AskForPath(const QString& title, const QString& proposal, const QString&
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-}  // namespace folvane::components
+}  // namespace folvane::notices

@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-namespace folvane::components {
+namespace folvane::notices {
 
 inline const QString kNoticeTitle = QStringLiteral("系统提示");
 
@@ -27,4 +27,4 @@ void Guarded(Work&& work) {
   }
 }
 
-}  // namespace folvane::components
+}  // namespace folvane::notices

@@ -12,7 +12,7 @@
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-using namespace components;
+using components::Quoted;
 
 const QString kSheetKey = u"REGISTER_ID"_s;
 

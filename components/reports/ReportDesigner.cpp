@@ -23,7 +23,7 @@
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-using namespace components;
+using namespace notices;
 
 constexpr int kPause = 400;  // milliseconds without a key
 

@@ -21,7 +21,7 @@
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-using namespace components;
+using namespace notices;
 
 constexpr int kInformation = 64;
 

@@ -10,7 +10,7 @@
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-using namespace components;
+using components::Quoted;
 
 ResultSet ReadRows(Connection& connection, const QString& table, const QString& conditions, const QString& order) {
   static const QRegularExpression name(u"^\\w+$"_s, QRegularExpression::UseUnicodePropertiesOption);

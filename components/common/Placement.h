@@ -1,0 +1,11 @@
+#pragma once
+
+class QWidget;
+
+namespace folvane {
+
+/// Gives a window the size and position that the user left it with, within the screen; one that was never shown keeps
+/// the size it has. It is remembered by its object name whenever it is hidden.
+void KeepPlacement(QWidget& window);
+
+}  // namespace folvane
