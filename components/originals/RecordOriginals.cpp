@@ -54,6 +54,17 @@ class SourceFile {
 
 }  // namespace
 
+std::vector<Original> Moved(const std::vector<Original>& originals, const std::vector<int>& rows, int before) {
+  std::vector<Original> ahead, moved, behind;
+  for (int row = 0; row < int(originals.size()); ++row) {
+    const bool isMoved = std::find(rows.begin(), rows.end(), row) != rows.end();
+    (isMoved ? moved : row < before ? ahead : behind).push_back(originals[std::size_t(row)]);
+  }
+  ahead.insert(ahead.end(), moved.begin(), moved.end());
+  ahead.insert(ahead.end(), behind.begin(), behind.end());
+  return ahead;
+}
+
 FileToAdd FileToAdd::At(const QString& path) {
   const NameAndType called = SplitFileName(QFileInfo(path).fileName());
   return {called.name, called.type, path};

@@ -21,6 +21,10 @@ struct Original {
   OriginalPlace Place() const { return {filePath, id, type}; }
 };
 
+/// The same originals with those of some rows, in their order, before the one of another row; `before` may be the
+/// number of all, for the end.
+std::vector<Original> Moved(const std::vector<Original>& originals, const std::vector<int>& rows, int before);
+
 /// A file that shall become an original.
 struct FileToAdd {
   QString name, type;  ///< as its row will have them

@@ -6,6 +6,8 @@
 #include <folvane/DataError.h>
 #include <folvane/ResultSet.h>
 
+#include "components/originals/OriginalNames.h"
+
 namespace folvane::originals {
 namespace {
 using namespace Qt::Literals::StringLiterals;
@@ -119,6 +121,23 @@ QString CheckFindings::Summary() const {
   const QString looked = u"共 %1 条原文记录、%2 个文件"_s.arg(rows).arg(files);
   if (IsClean()) return looked + u"，没有发现问题。"_s;
   return looked + u"；%1 个文件缺少，%2 个文件没有原文记录。"_s.arg(missingFiles.size()).arg(unknownFiles.size());
+}
+
+QString CheckFindings::Text() const {
+  QStringList lines{Summary()};
+  for (const MissingFile& file : missingFiles) lines << LineOf(file).join(u'\t');
+  for (const StoredFile& file : unknownFiles) lines << LineOf(file).join(u'\t');
+  return lines.join(u'\n') + u'\n';
+}
+
+QStringList LineOf(const MissingFile& file) {
+  return {u"文件缺少"_s, PlaceText(file.place.filePath, file.place.id + file.place.type), file.name, QString(),
+          file.recordIds.join(u'、')};
+}
+
+QStringList LineOf(const StoredFile& unknown) {
+  return {u"没有原文记录"_s, PlaceText(unknown.filePath, unknown.name), QString(),
+          unknown.size < 0 ? QString() : SizeText(unknown.size), QString()};
 }
 
 std::optional<CheckFindings> CheckStore(Connection& connection, OriginalFiles& store, const CheckProgress& progress) {

@@ -27,7 +27,13 @@ struct CheckFindings {
   bool IsClean() const { return missingFiles.empty() && unknownFiles.empty(); }
   /// In one sentence.
   QString Summary() const;
+  /// As a text for the clipboard or a file: the summary, then a line for each finding with tabs between its parts.
+  QString Text() const;
 };
+
+/// A finding as the cells of a line: what is wrong, the place, the name, the size, the records.
+QStringList LineOf(const MissingFile& file);
+QStringList LineOf(const StoredFile& unknown);
 
 /// Told what is being done, and how much of it; the total is -1 while it is not known. Answers false to end the check.
 using CheckProgress = std::function<bool(const QString& step, qint64 done, qint64 total)>;
