@@ -1,0 +1,69 @@
+#include <csignal>
+#include <random>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "components/originals/StoreCheck.h"
+#include "originalswork/WorkFixture.h"
+
+namespace folvane::test {
+namespace {
+using namespace originals;
+
+constexpr int kKills = 40;
+
+class KillTest : public WorkTest {
+ protected:
+  /// What the process does that will be killed: adds originals and deletes some of them, for ever.
+  [[noreturn]] void AddAndDelete(const QString& path, unsigned seed) {
+    std::minstd_rand random(seed);
+    const auto connection = Database().Connect();
+    Shared().Connection = connection;
+    OriginalsRequest request = Request();
+    request.connection = connection;
+    RecordOriginals originals(request);
+    for (;;) {
+      originals.Add(FileToAdd::At(path));
+      const std::vector<Original> all = originals.Read();
+      if (all.size() > 3) originals.Delete(all[random() % all.size()]);
+    }
+  }
+  /// Lets a process work for so long and kills it.
+  void WorkAndKill(const QString& path, int microseconds, unsigned seed) {
+    const pid_t child = fork();
+    if (child == 0) {
+      try {
+        AddAndDelete(path, seed);
+      } catch (...) {
+        _exit(1);
+      }
+    }
+    usleep(useconds_t(microseconds));
+    kill(child, SIGKILL);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the work ended by itself";
+  }
+};
+FOLVANE_ON_EACH_DATABASE(KillTest);
+
+TEST_P(KillTest, NoRowEverStandsWithoutItsFile) {
+  const auto store = OpenOriginalFiles(Request());
+  const QString path = Source(u"page.txt"_s, QByteArray(200'000, 'x'));
+  Services().now = [] { return QDateTime::currentDateTime(); };
+  std::minstd_rand random(20260301);
+  qsizetype rows = 0;
+  for (int round = 0; round < kKills; ++round) {
+    WorkAndKill(path, 20'000 + int(random() % 30'000), unsigned(round));
+    if (HasFatalFailure()) return;
+    const auto findings = CheckStore(*Connected(), *store, [](const QString&, qint64, qint64) { return true; });
+    ASSERT_TRUE(findings);
+    ASSERT_EQ(findings->missingFiles.size(), 0u) << findings->Text().toStdString();
+    rows = findings->rows;
+  }
+  EXPECT_GT(rows, 0) << "nothing was done before the kills";
+  for (const Original& original : Originals().Read()) ASSERT_EQ(Content(original).size(), 200'000);
+}
+
+}  // namespace
+}  // namespace folvane::test
