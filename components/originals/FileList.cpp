@@ -71,8 +71,9 @@ void FileList::SelectRows(const std::vector<int>& rows) {
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
-// Always a copy: after a move the view would remove the rows that were dragged.
+// Always a copy: after a move the view would remove the rows that were dragged, another program its files.
 void FileList::dropEvent(QDropEvent* event) {
+  if (!event->possibleActions().testFlag(Qt::CopyAction)) return event->ignore();
   event->setDropAction(Qt::CopyAction);
   event->accept();
   const QMimeData& data = *event->mimeData();

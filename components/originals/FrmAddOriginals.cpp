@@ -1,8 +1,6 @@
 #include "components/originals/FrmAddOriginals.h"
 
-#include <QClipboard>
 #include <QFontMetrics>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -115,14 +113,14 @@ QPushButton* FrmAddOriginals::NewKey(const QString& name, const QString& caption
 void FrmAddOriginals::Offer(const std::vector<FileToAdd>& files) {
   if (isWorking_) return;
   for (const FileToAdd& file : files) queue_.Append(file);
-  const QSignalBlocker silent(list_->Items());
   for (auto row = std::size_t(list_->Items().rowCount()); row < queue_.Files().size(); ++row) {
-    auto* name = FixedCell({});
+    auto* name = FixedCell(queue_.Files()[row].file.name);
     name->setEditable(true);
+    name->setIcon(Icon(u"original"_s));
+    name->setToolTip(queue_.Files()[row].file.path);
     list_->Items().appendRow({name, FixedCell({}), FixedCell({}), FixedCell({})});
     ShowRow(row);
   }
-  list_->doItemsLayout();
   TellState();
   Enable();
 }
@@ -134,23 +132,20 @@ void FrmAddOriginals::AddAtOnce() {
 void FrmAddOriginals::ShowRow(std::size_t index) {
   const QueuedFile& queued = queue_.Files()[index];
   QStandardItemModel& items = list_->Items();
-  const QSignalBlocker silent(items);
   const int row = int(index);
   items.item(row, kNameColumn)->setText(queued.file.name);
-  items.item(row, kNameColumn)->setIcon(Icon(u"original"_s));
-  items.item(row, kNameColumn)->setToolTip(queued.file.path);
   items.item(row, kNameColumn)->setEditable(queued.step != AddStep::Added);
   items.item(row, kTypeColumn)->setText(queued.file.type);
   items.item(row, kSizeColumn)->setText(SizeText(queued.size));
   items.item(row, kStepColumn)->setText(queued.StepText());
   items.item(row, kStepColumn)->setToolTip(queued.problem);
-  list_->viewport()->update();
 }
 
 void FrmAddOriginals::Rename(QStandardItem* cell) {
-  if (cell->column() != kNameColumn) return;
-  queue_.Rename(std::size_t(cell->row()), cell->text());
-  ShowRow(std::size_t(cell->row()));
+  const auto row = std::size_t(cell->row());
+  if (cell->column() != kNameColumn || cell->text() == queue_.Files()[row].file.name) return;
+  queue_.Rename(row, cell->text());
+  ShowRow(row);
 }
 
 void FrmAddOriginals::TellState(const QString& text) {
@@ -180,7 +175,7 @@ void FrmAddOriginals::Enable() {
 void FrmAddOriginals::Choose() { Offer(ChooseFiles(this)); }
 
 void FrmAddOriginals::Paste() {
-  const std::vector<FileToAdd> files = FilesIn(*QGuiApplication::clipboard()->mimeData(), images_.path());
+  const std::vector<FileToAdd> files = FilesInClipboard(images_.path());
   Offer(files);
   if (files.empty()) TellState(u"剪贴板中没有图像或文件。"_s);
 }

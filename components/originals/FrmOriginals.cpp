@@ -1,8 +1,6 @@
 #include "components/originals/FrmOriginals.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QScopedValueRollback>
 
@@ -86,7 +84,6 @@ void FrmOriginals::Load(const QStringList& selected) {
 }
 
 void FrmOriginals::ShowRow(const Original& original) {
-  const QSignalBlocker silent(list_->Items());
   QStandardItem* name = FixedCell(original.name);
   name->setEditable(true);
   name->setIcon(Framed(Icon(u"original"_s).pixmap(kThumbnailSize / 2).toImage()));
@@ -101,10 +98,8 @@ void FrmOriginals::ShowThumbnail(const QString& id, const QImage& thumbnail) {
   for (int row = 0; row < list_->Items().rowCount(); ++row) {
     QStandardItem& cell = *list_->Items().item(row);
     if (cell.data(Qt::UserRole).toString() != id) continue;
-    const QSignalBlocker silent(list_->Items());
     cell.setIcon(Framed(thumbnail));
     cell.setData(true, Qt::UserRole + 1);
-    list_->viewport()->update();
   }
 }
 
@@ -138,7 +133,7 @@ QStringList FrmOriginals::SelectedIds() const {
 void FrmOriginals::Add() { Offer({}); }
 
 void FrmOriginals::Paste() {
-  const std::vector<FileToAdd> files = FilesIn(*QGuiApplication::clipboard()->mimeData(), images_.path());
+  const std::vector<FileToAdd> files = FilesInClipboard(images_.path());
   if (files.empty()) return state_->setText(u"剪贴板中没有图像或文件。"_s);
   Offer(files);
 }

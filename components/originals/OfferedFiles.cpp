@@ -1,7 +1,9 @@
 #include "components/originals/OfferedFiles.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMimeData>
 #include <QUrl>
@@ -37,6 +39,11 @@ std::vector<FileToAdd> FilesIn(const QMimeData& data, const QString& directory) 
     files.push_back(WriteImage(image, directory));
   }
   return files;
+}
+
+std::vector<FileToAdd> FilesInClipboard(const QString& directory) {
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  return data ? FilesIn(*data, directory) : std::vector<FileToAdd>();
 }
 
 std::vector<FileToAdd> ChooseFiles(QWidget* parent) {

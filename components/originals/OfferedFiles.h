@@ -18,6 +18,9 @@ QStringList OfferedTypes();
 /// The files of what was dropped or copied; an image is written to the directory first. @throws DataError
 std::vector<FileToAdd> FilesIn(const QMimeData& data, const QString& directory);
 
+/// The same of the clipboard.
+std::vector<FileToAdd> FilesInClipboard(const QString& directory);
+
 /// Asks for any number of files; in the host's own dialog, which gives one, where it has such.
 std::vector<FileToAdd> ChooseFiles(QWidget* parent);
 

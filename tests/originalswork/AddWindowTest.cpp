@@ -1,8 +1,6 @@
 #include <QClipboard>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QImage>
-#include <QMimeData>
 #include <QTreeView>
 #include <QUrl>
 
@@ -73,8 +71,7 @@ TEST_P(AddWindowTest, TakesFilesThatAreDropped) {
   InAddWindow([&](QWidget& window) {
     QMimeData dropped;
     dropped.setUrls({QUrl::fromLocalFile(path), QUrl(u"http://example.org/x.pdf"_s)});
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(List(window).viewport(), &drop);
+    DropOnto(List(window), dropped, {5, 5}, Qt::CopyAction);
     ASSERT_EQ(List(window).model()->rowCount(), 1);
     Press(window, u"CmdAdd"_s);
   });

@@ -1,9 +1,6 @@
 #include <QClipboard>
-#include <QDataStream>
-#include <QDropEvent>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTreeView>
 #include <QUrl>
 
@@ -38,10 +35,9 @@ class ManageWindowTest : public WorkTest {
   }
   static QAction& Key(QWidget& window, const QString& key) { return FindAction(window, u"TlbOriginals"_s, key); }
   static void Press(QWidget& window, const QString& key) { Key(window, key).trigger(); }
-  static void Drop(QWidget& window, QMimeData& data, const QPoint& at) {
-    QDropEvent drop(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(List(window).viewport(), &drop);
-    EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "after a move the view removes what was dragged";
+  static void Drop(QWidget& window, const QMimeData& data, const QPoint& at) {
+    EXPECT_EQ(DropOnto(List(window), data, at, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction)
+        << "after a move the view removes what was dragged";
   }
 };
 FOLVANE_ON_EACH_DATABASE(ManageWindowTest);
@@ -172,6 +168,14 @@ TEST_P(ManageWindowTest, DroppedFilesAreOfferedForAdding) {
     Drop(window, dropped, {5, 5});
     ASSERT_TRUE(WaitUntil([&] { return Shown(window) == QStringList(u"新"_s); }));
     EXPECT_EQ(TextIn(window, u"LblState"_s), u"已添加 1 个原文。"_s);
+  });
+}
+
+TEST_P(ManageWindowTest, WhatMayOnlyBeMovedIsNotTaken) {
+  InWindow([&](QWidget& window) {
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(Source(u"a.txt"_s, "a"))});
+    EXPECT_EQ(DropOnto(List(window), dropped, {5, 5}, Qt::MoveAction), Qt::IgnoreAction);
   });
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QAbstractItemView>
 #include <QBuffer>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
+#include <QMimeData>
 #include <gmock/gmock.h>
 
 #include <folvane/DataError.h>
@@ -45,6 +48,17 @@ class WatchedStore : public OriginalFiles {
  private:
   std::unique_ptr<OriginalFiles> store_;
 };
+
+/// Drops data onto a view, as the window system does it. @return what the view has done with it
+inline Qt::DropAction DropOnto(QAbstractItemView& view, const QMimeData& data, const QPoint& at,
+                               Qt::DropActions offered) {
+  QDragEnterEvent enter(at, offered, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(view.viewport(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(at, offered, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(view.viewport(), &drop);
+  return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
 
 /// The originals of record 1, in a directory store; the clock stands in 2002.
 class WorkTest : public DesignTest {
