@@ -1,17 +1,11 @@
 #include "components/documents/DocumentViewer.h"
 
-#include <QDialog>
+#include "components/documents/FrmViewer.h"
 
 namespace folvane::documents {
-namespace {
-using namespace Qt::Literals::StringLiterals;
-}
 
 void ShowDocuments(QWidget* parent, const QString& title, const std::vector<Document>& documents, int first) {
-  QDialog window(parent);
-  window.setObjectName(u"frmViewer"_s);
-  window.setWindowTitle(documents.at(first).name + u" - "_s + title);
-  window.exec();
+  FrmViewer(parent, title, documents, first).exec();
 }
 
 }  // namespace folvane::documents

@@ -8,13 +8,13 @@
 #include <QPrintPreviewWidget>
 #include <QScreen>
 #include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <folvane/HostServices.h>
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
+#include "components/common/ToolKeys.h"
 #include "components/reports/PageSetup.h"
 #include "components/reports/PageSetupDialog.h"
 
@@ -71,44 +71,30 @@ QToolBar* ReportPreview::NewToolBar() {
   auto* bar = new QToolBar(this);
   bar->setObjectName(u"TlbPreview"_s);
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  AddKey(*bar, u"CmdPrint"_s, u"print"_s, u"打印"_s, u"打印报表"_s, QKeySequence::Print, &ReportPreview::Print);
-  AddKey(*bar, u"CmdPdf"_s, u"save"_s, u"导出 PDF"_s, u"将报表保存为 PDF 文件"_s, QKeySequence::Save,
-         &ReportPreview::SavePdf);
-  AddKey(*bar, u"CmdPageSetup"_s, u"table"_s, u"页面设置"_s, u"设置纸张、方向和页边距"_s, {},
-         &ReportPreview::SetUpPage);
-  AddKey(*bar, u"CmdDesign"_s, u"mod"_s, u"设计"_s, u"修改报表的模板"_s, {}, &ReportPreview::Design)
+  const auto add = [&](const ToolKey& key, void (ReportPreview::*handler)()) {
+    return AddKey(*bar, key, [this, handler] { (this->*handler)(); });
+  };
+  add({u"CmdPrint"_s, u"print"_s, u"打印"_s, u"打印报表"_s, QKeySequence::Print}, &ReportPreview::Print);
+  add({u"CmdPdf"_s, u"save"_s, u"导出 PDF"_s, u"将报表保存为 PDF 文件"_s, QKeySequence::Save}, &ReportPreview::SavePdf);
+  add({u"CmdPageSetup"_s, u"table"_s, u"页面设置"_s, u"设置纸张、方向和页边距"_s, {}}, &ReportPreview::SetUpPage);
+  add({u"CmdDesign"_s, u"mod"_s, u"设计"_s, u"修改报表的模板"_s, {}}, &ReportPreview::Design)
       ->setVisible(bool(Services().designReport));
   bar->addSeparator();
-  first_ = AddKey(*bar, u"CmdFirst"_s, u"firstpage"_s, {}, u"首页"_s, QKeySequence(Qt::CTRL | Qt::Key_Home),
-                  &ReportPreview::GoToFirst);
-  previous_ = AddKey(*bar, u"CmdPrevious"_s, u"prepage"_s, {}, u"上一页"_s, QKeySequence(Qt::CTRL | Qt::Key_PageUp),
-                     &ReportPreview::GoToPrevious);
+  first_ = add({u"CmdFirst"_s, u"firstpage"_s, {}, u"首页"_s, QKeySequence(Qt::CTRL | Qt::Key_Home)},
+               &ReportPreview::GoToFirst);
+  previous_ = add({u"CmdPrevious"_s, u"prepage"_s, {}, u"上一页"_s, QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
+                  &ReportPreview::GoToPrevious);
   bar->addWidget(page_);
-  next_ = AddKey(*bar, u"CmdNext"_s, u"nextpage"_s, {}, u"下一页"_s, QKeySequence(Qt::CTRL | Qt::Key_PageDown),
-                 &ReportPreview::GoToNext);
-  last_ = AddKey(*bar, u"CmdLast"_s, u"lastpage"_s, {}, u"末页"_s, QKeySequence(Qt::CTRL | Qt::Key_End),
-                 &ReportPreview::GoToLast);
+  next_ = add({u"CmdNext"_s, u"nextpage"_s, {}, u"下一页"_s, QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
+              &ReportPreview::GoToNext);
+  last_ =
+      add({u"CmdLast"_s, u"lastpage"_s, {}, u"末页"_s, QKeySequence(Qt::CTRL | Qt::Key_End)}, &ReportPreview::GoToLast);
   bar->addSeparator();
-  AddKey(*bar, u"CmdZoomIn"_s, {}, u"放大"_s, u"放大显示"_s, QKeySequence::ZoomIn, &ReportPreview::ZoomIn);
-  AddKey(*bar, u"CmdZoomOut"_s, {}, u"缩小"_s, u"缩小显示"_s, QKeySequence::ZoomOut, &ReportPreview::ZoomOut);
-  AddKey(*bar, u"CmdFitWidth"_s, {}, u"页宽"_s, u"按页宽显示"_s, {}, &ReportPreview::FitWidth);
-  AddKey(*bar, u"CmdFitPage"_s, {}, u"整页"_s, u"显示整页"_s, {}, &ReportPreview::FitPage);
+  add({u"CmdZoomIn"_s, {}, u"放大"_s, u"放大显示"_s, QKeySequence::ZoomIn}, &ReportPreview::ZoomIn);
+  add({u"CmdZoomOut"_s, {}, u"缩小"_s, u"缩小显示"_s, QKeySequence::ZoomOut}, &ReportPreview::ZoomOut);
+  add({u"CmdFitWidth"_s, {}, u"页宽"_s, u"按页宽显示"_s, {}}, &ReportPreview::FitWidth);
+  add({u"CmdFitPage"_s, {}, u"整页"_s, u"显示整页"_s, {}}, &ReportPreview::FitPage);
   return bar;
-}
-
-QAction* ReportPreview::AddKey(QToolBar& bar, const QString& name, const QString& icon, const QString& caption,
-                               const QString& tip, const QKeySequence& keys, void (ReportPreview::*handler)()) {
-  QAction* action = bar.addAction(caption.isEmpty() ? tip : caption);
-  if (!icon.isEmpty()) action->setIcon(Icon(icon));
-  action->setObjectName(name);
-  action->setShortcut(keys);
-  action->setToolTip(keys.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, keys.toString(QKeySequence::NativeText)));
-  if (auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action))) {
-    button->setAccessibleName(tip);
-    if (caption.isEmpty()) button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-  }
-  connect(action, &QAction::triggered, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
-  return action;
 }
 
 void ReportPreview::ShowPages() {

@@ -20,8 +20,6 @@ class ReportPreview : public QDialog {
  private:
   void LayOut();
   QToolBar* NewToolBar();
-  QAction* AddKey(QToolBar& bar, const QString& name, const QString& icon, const QString& caption, const QString& tip,
-                  const QKeySequence& keys, void (ReportPreview::*handler)());
   void ShowPages();
   void TellPage();
 

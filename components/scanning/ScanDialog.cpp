@@ -1,17 +1,13 @@
 #include "components/scanning/ScanDialog.h"
 
-#include <QDialog>
+#include "components/scanning/FrmScan.h"
 
 namespace folvane::scanning {
-namespace {
-using namespace Qt::Literals::StringLiterals;
-}
 
-std::vector<ScannedFile> ScanDocuments(QWidget* parent, const QString&) {
-  QDialog window(parent);
-  window.setObjectName(u"frmScan"_s);
+std::vector<ScannedFile> ScanDocuments(QWidget* parent, const QString& directory) {
+  FrmScan window(parent, directory);
   window.exec();
-  return {};
+  return window.Files();
 }
 
 }  // namespace folvane::scanning

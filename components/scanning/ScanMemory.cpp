@@ -1,0 +1,22 @@
+#include "components/scanning/ScanMemory.h"
+
+#include <folvane/HostServices.h>
+
+namespace folvane::scanning {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+const QString kScanning = u"HKEY_CURRENT_USER\\Software\\Norvex\\Folvane\\Scanning"_s;
+
+}  // namespace
+
+QString Remembered(const QString& name) {
+  const auto& registry = Services().registry;
+  return registry ? registry->Read(kScanning, name) : QString();
+}
+
+void Remember(const QString& name, const QString& value) {
+  if (const auto& registry = Services().registry) registry->Write(kScanning, name, value);
+}
+
+}  // namespace folvane::scanning
