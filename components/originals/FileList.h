@@ -19,7 +19,7 @@ class FileList : public QTreeView {
   /// The rows, in their order, shall stand before another one; before the number of rows for the end.
   std::function<void(const std::vector<int>& rows, int before)> onMove;
 
-  QStandardItemModel& Items() { return *items_; }
+  QStandardItemModel& Items() const { return *items_; }
   /// In their order.
   std::vector<int> SelectedRows() const;
   void SelectRows(const std::vector<int>& rows);

@@ -12,6 +12,7 @@
 
 #include "components/common/Notice.h"
 #include "components/common/Placement.h"
+#include "components/common/ToolKeys.h"
 #include "components/originals/FileList.h"
 #include "components/originals/OfferedFiles.h"
 #include "components/originals/OriginalNames.h"
@@ -85,29 +86,20 @@ QWidget* FrmAddOriginals::NewKeys() {
   auto* keys = new QWidget(this);
   auto* row = new QHBoxLayout(keys);
   row->setContentsMargins(0, 0, 0, 0);
-  choose_ = NewKey(u"CmdChoose"_s, u"选择文件(&F)..."_s, u"open"_s, u"选择要添加的文件，可以多选"_s,
-                   &FrmAddOriginals::Choose);
-  paste_ = NewKey(u"CmdPaste"_s, u"粘贴(&P)"_s, u"copyall"_s, u"粘贴剪贴板中的图像或文件 (Ctrl+V)"_s,
-                  &FrmAddOriginals::Paste);
-  remove_ =
-      NewKey(u"CmdRemove"_s, u"移除(&R)"_s, u"del"_s, u"从列表中移除选中的文件 (Del)"_s, &FrmAddOriginals::Remove);
-  add_ = NewKey(u"CmdAdd"_s, u"开始添加(&A)"_s, u"addfile"_s, u"将列表中的文件添加为原文"_s, &FrmAddOriginals::Add);
-  stop_ = NewKey(u"CmdStop"_s, u"停止(&S)"_s, u"cancel"_s, u"停止添加"_s, &FrmAddOriginals::reject);
-  close_ = NewKey(u"CmdClose"_s, u"关闭(&C)"_s, u"exit"_s, u"关闭窗口"_s, &FrmAddOriginals::reject);
+  choose_ = NewPushButton(this, {u"CmdChoose"_s, u"open"_s, u"选择文件(&F)..."_s, u"选择要添加的文件，可以多选"_s, {}},
+                          [this] { Choose(); });
+  paste_ = NewPushButton(this, {u"CmdPaste"_s, u"copyall"_s, u"粘贴(&P)"_s, u"粘贴剪贴板中的图像或文件 (Ctrl+V)"_s, {}},
+                         [this] { Paste(); });
+  remove_ = NewPushButton(this, {u"CmdRemove"_s, u"del"_s, u"移除(&R)"_s, u"从列表中移除选中的文件 (Del)"_s, {}},
+                          [this] { Remove(); });
+  add_ = NewPushButton(this, {u"CmdAdd"_s, u"addfile"_s, u"开始添加(&A)"_s, u"将列表中的文件添加为原文"_s, {}},
+                       [this] { Add(); });
+  stop_ = NewPushButton(this, {u"CmdStop"_s, u"cancel"_s, u"停止(&S)"_s, u"停止添加"_s, {}}, [this] { reject(); });
+  close_ = NewPushButton(this, {u"CmdClose"_s, u"exit"_s, u"关闭(&C)"_s, u"关闭窗口"_s, {}}, [this] { reject(); });
   for (QPushButton* key : {choose_, paste_, remove_}) row->addWidget(key);
   row->addStretch();
   for (QPushButton* key : {add_, stop_, close_}) row->addWidget(key);
   return keys;
-}
-
-QPushButton* FrmAddOriginals::NewKey(const QString& name, const QString& caption, const QString& icon,
-                                     const QString& tip, void (FrmAddOriginals::*handler)()) {
-  auto* key = new QPushButton(Icon(icon), caption, this);
-  key->setObjectName(name);
-  key->setToolTip(tip);
-  key->setAutoDefault(false);
-  connect(key, &QPushButton::clicked, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
-  return key;
 }
 
 void FrmAddOriginals::Offer(const std::vector<FileToAdd>& files) {

@@ -34,8 +34,6 @@ class FrmAddOriginals : public QDialog {
   void LayOut();
   void NameControls();
   QWidget* NewKeys();
-  QPushButton* NewKey(const QString& name, const QString& caption, const QString& icon, const QString& tip,
-                      void (FrmAddOriginals::*handler)());
   void ShowRow(std::size_t index);
   void Rename(QStandardItem* cell);
   void TellState(const QString& text = {});

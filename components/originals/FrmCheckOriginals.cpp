@@ -18,6 +18,7 @@
 
 #include "components/common/Notice.h"
 #include "components/common/Placement.h"
+#include "components/common/ToolKeys.h"
 #include "components/originals/FileList.h"
 
 namespace folvane::originals {
@@ -79,25 +80,17 @@ QWidget* FrmCheckOriginals::NewKeys() {
   auto* keys = new QWidget(this);
   auto* row = new QHBoxLayout(keys);
   row->setContentsMargins(0, 0, 0, 0);
-  run_ = NewKey(u"CmdRun"_s, u"重新检查(&R)"_s, u"refresh"_s, u"再检查一次"_s, &FrmCheckOriginals::Run);
-  copy_ = NewKey(u"CmdCopy"_s, u"复制(&P)"_s, u"copyall"_s, u"将检查结果复制到剪贴板"_s, &FrmCheckOriginals::Copy);
-  save_ = NewKey(u"CmdSave"_s, u"保存(&V)..."_s, u"save"_s, u"将检查结果保存为文本文件"_s, &FrmCheckOriginals::Save);
-  stop_ = NewKey(u"CmdStop"_s, u"停止(&S)"_s, u"cancel"_s, u"停止检查"_s, &FrmCheckOriginals::reject);
-  close_ = NewKey(u"CmdClose"_s, u"关闭(&C)"_s, u"exit"_s, u"关闭窗口"_s, &FrmCheckOriginals::reject);
+  run_ = NewPushButton(this, {u"CmdRun"_s, u"refresh"_s, u"重新检查(&R)"_s, u"再检查一次"_s, {}}, [this] { Run(); });
+  copy_ = NewPushButton(this, {u"CmdCopy"_s, u"copyall"_s, u"复制(&P)"_s, u"将检查结果复制到剪贴板"_s, {}},
+                        [this] { Copy(); });
+  save_ = NewPushButton(this, {u"CmdSave"_s, u"save"_s, u"保存(&V)..."_s, u"将检查结果保存为文本文件"_s, {}},
+                        [this] { Save(); });
+  stop_ = NewPushButton(this, {u"CmdStop"_s, u"cancel"_s, u"停止(&S)"_s, u"停止检查"_s, {}}, [this] { reject(); });
+  close_ = NewPushButton(this, {u"CmdClose"_s, u"exit"_s, u"关闭(&C)"_s, u"关闭窗口"_s, {}}, [this] { reject(); });
   for (QPushButton* key : {run_, copy_, save_}) row->addWidget(key);
   row->addStretch();
   for (QPushButton* key : {stop_, close_}) row->addWidget(key);
   return keys;
-}
-
-QPushButton* FrmCheckOriginals::NewKey(const QString& name, const QString& caption, const QString& icon,
-                                       const QString& tip, void (FrmCheckOriginals::*handler)()) {
-  auto* key = new QPushButton(Icon(icon), caption, this);
-  key->setObjectName(name);
-  key->setToolTip(tip);
-  key->setAutoDefault(false);
-  connect(key, &QPushButton::clicked, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
-  return key;
 }
 
 void FrmCheckOriginals::Run() {

@@ -26,8 +26,6 @@ class FrmCheckOriginals : public QDialog {
   void LayOut();
   void NameControls();
   QWidget* NewKeys();
-  QPushButton* NewKey(const QString& name, const QString& caption, const QString& icon, const QString& tip,
-                      void (FrmCheckOriginals::*handler)());
   void Run();
   bool ShowProgress(const QString& step, qint64 done, qint64 total);
   void ShowFindings();

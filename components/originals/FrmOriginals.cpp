@@ -40,7 +40,7 @@ FrmOriginals::FrmOriginals(QWidget* parent, RecordOriginals& originals)
     : QDialog(parent),
       originals_(originals),
       thumbnails_(originals, kThumbnailSize,
-                  [this](const QString& id, const QImage& thumbnail) { ShowThumbnail(id, thumbnail); }),
+                  [this](const QString& id, const QImage& thumbnail) { ShowThumbnail(id, Framed(thumbnail)); }),
       list_(new FileList(this, {u"原文名称"_s, u"类型"_s, u"大小"_s})),
       state_(new QLabel(this)) {
   setObjectName(u"frmOriginals"_s);
@@ -61,26 +61,20 @@ void FrmOriginals::Do(const std::function<void()>& work) {
 
 void FrmOriginals::Load(const QStringList& selected) {
   shown_ = originals_.Read();
-  QHash<QString, QIcon> known;
-  for (int row = 0; row < list_->Items().rowCount(); ++row) {
-    const QStandardItem& cell = *list_->Items().item(row);
-    if (cell.data(Qt::UserRole + 1).toBool()) known.insert(cell.data(Qt::UserRole).toString(), cell.icon());
-  }
+  const QHash<QString, QIcon> thumbnails = Thumbnails();
   list_->Items().removeRows(0, list_->Items().rowCount());
-  std::vector<Original> unknown;
+  std::vector<Original> without;
   std::vector<int> rows;
   for (const Original& original : shown_) {
     if (selected.contains(original.id)) rows.push_back(list_->Items().rowCount());
     ShowRow(original);
-    if (known.contains(original.id))
-      list_->Items().item(list_->Items().rowCount() - 1)->setIcon(known[original.id]);
-    else
-      unknown.push_back(original);
+    if (!thumbnails.contains(original.id)) without.push_back(original);
   }
+  for (auto known = thumbnails.begin(); known != thumbnails.end(); ++known) ShowThumbnail(known.key(), known.value());
   list_->SelectRows(rows);
   TellCount();
   Enable();
-  thumbnails_.Start(unknown);
+  thumbnails_.Start(without);
 }
 
 void FrmOriginals::ShowRow(const Original& original) {
@@ -94,11 +88,20 @@ void FrmOriginals::ShowRow(const Original& original) {
   list_->Items().appendRow({name, FixedCell(original.type), size});
 }
 
-void FrmOriginals::ShowThumbnail(const QString& id, const QImage& thumbnail) {
+QHash<QString, QIcon> FrmOriginals::Thumbnails() const {
+  QHash<QString, QIcon> thumbnails;
+  for (int row = 0; row < list_->Items().rowCount(); ++row) {
+    const QStandardItem& cell = *list_->Items().item(row);
+    if (cell.data(Qt::UserRole + 1).toBool()) thumbnails.insert(cell.data(Qt::UserRole).toString(), cell.icon());
+  }
+  return thumbnails;
+}
+
+void FrmOriginals::ShowThumbnail(const QString& id, const QIcon& thumbnail) {
   for (int row = 0; row < list_->Items().rowCount(); ++row) {
     QStandardItem& cell = *list_->Items().item(row);
     if (cell.data(Qt::UserRole).toString() != id) continue;
-    cell.setIcon(Framed(thumbnail));
+    cell.setIcon(thumbnail);
     cell.setData(true, Qt::UserRole + 1);
   }
 }

@@ -10,6 +10,10 @@ class QAction;
 class QLabel;
 class QToolBar;
 
+namespace folvane {
+struct ToolKey;
+}
+
 namespace folvane::originals {
 
 class FileList;
@@ -27,15 +31,16 @@ class FrmOriginals : public QDialog {
   void LayOut();
   void SetUpList();
   QToolBar* NewToolBar();
-  QAction* AddKey(QToolBar& bar, const QString& name, const QString& icon, const QString& caption, const QString& tip,
-                  const QKeySequence& keys, Handler handler);
+  QAction* NewKey(QToolBar& bar, const ToolKey& key, Handler handler);
   /// Runs what the user asked for, one at a time; the thumbnails wait meanwhile.
   void Do(const std::function<void()>& work);
 
   /// Reads the originals and selects some of them.
   void Load(const QStringList& selected = {});
   void ShowRow(const Original& original);
-  void ShowThumbnail(const QString& id, const QImage& thumbnail);
+  void ShowThumbnail(const QString& id, const QIcon& thumbnail);
+  /// Those that have been read, by the originals' ids.
+  QHash<QString, QIcon> Thumbnails() const;
   void Enable();
   void TellCount();
   std::vector<Original> Selected() const;

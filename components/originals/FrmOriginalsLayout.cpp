@@ -4,13 +4,13 @@
 #include <QMimeData>
 #include <QTimer>
 #include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
 #include "components/common/Placement.h"
+#include "components/common/ToolKeys.h"
 #include "components/originals/FileList.h"
 #include "components/originals/FrmOriginals.h"
 #include "components/originals/OfferedFiles.h"
@@ -72,40 +72,32 @@ QToolBar* FrmOriginals::NewToolBar() {
   auto* bar = new QToolBar(this);
   bar->setObjectName(u"TlbOriginals"_s);
   bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  AddKey(*bar, u"CmdAdd"_s, u"addfile"_s, u"添加"_s, u"添加文件、图像作为原文"_s, QKeySequence::New,
+  NewKey(*bar, {u"CmdAdd"_s, u"addfile"_s, u"添加"_s, u"添加文件、图像作为原文"_s, QKeySequence::New},
          &FrmOriginals::Add);
-  AddKey(*bar, u"CmdScan"_s, u"scan"_s, u"扫描"_s, u"扫描文件作为原文"_s, {}, &FrmOriginals::Scan);
-  AddKey(*bar, u"CmdPaste"_s, u"copyall"_s, u"粘贴"_s, u"添加剪贴板中的图像或文件"_s, QKeySequence::Paste,
+  NewKey(*bar, {u"CmdScan"_s, u"scan"_s, u"扫描"_s, u"扫描文件作为原文"_s, {}}, &FrmOriginals::Scan);
+  NewKey(*bar, {u"CmdPaste"_s, u"copyall"_s, u"粘贴"_s, u"添加剪贴板中的图像或文件"_s, QKeySequence::Paste},
          &FrmOriginals::Paste);
   bar->addSeparator();
-  view_ = AddKey(*bar, u"CmdView"_s, u"lookfiles"_s, u"浏览"_s, u"浏览选中的原文"_s, {}, &FrmOriginals::View);
-  export_ = AddKey(*bar, u"CmdExport"_s, u"save"_s, u"导出"_s, u"将选中的原文另存为文件"_s, QKeySequence::Save,
+  view_ = NewKey(*bar, {u"CmdView"_s, u"lookfiles"_s, u"浏览"_s, u"浏览选中的原文"_s, {}}, &FrmOriginals::View);
+  export_ = NewKey(*bar, {u"CmdExport"_s, u"save"_s, u"导出"_s, u"将选中的原文另存为文件"_s, QKeySequence::Save},
                    &FrmOriginals::Export);
-  rename_ = AddKey(*bar, u"CmdRename"_s, u"mod"_s, u"改名"_s, u"修改原文名称"_s, Qt::Key_F2, &FrmOriginals::EditName);
-  delete_ = AddKey(*bar, u"CmdDelete"_s, u"delfile"_s, u"删除"_s, u"删除选中的原文"_s, QKeySequence::Delete,
+  rename_ = NewKey(*bar, {u"CmdRename"_s, u"mod"_s, u"改名"_s, u"修改原文名称"_s, Qt::Key_F2}, &FrmOriginals::EditName);
+  delete_ = NewKey(*bar, {u"CmdDelete"_s, u"delfile"_s, u"删除"_s, u"删除选中的原文"_s, QKeySequence::Delete},
                    &FrmOriginals::Delete);
   bar->addSeparator();
-  up_ = AddKey(*bar, u"CmdUp"_s, u"moveup"_s, {}, u"上移"_s, QKeySequence(Qt::ALT | Qt::Key_Up), &FrmOriginals::MoveUp);
-  down_ = AddKey(*bar, u"CmdDown"_s, u"movedown"_s, {}, u"下移"_s, QKeySequence(Qt::ALT | Qt::Key_Down),
+  up_ =
+      NewKey(*bar, {u"CmdUp"_s, u"moveup"_s, {}, u"上移"_s, QKeySequence(Qt::ALT | Qt::Key_Up)}, &FrmOriginals::MoveUp);
+  down_ = NewKey(*bar, {u"CmdDown"_s, u"movedown"_s, {}, u"下移"_s, QKeySequence(Qt::ALT | Qt::Key_Down)},
                  &FrmOriginals::MoveDown);
   bar->addSeparator();
-  AddKey(*bar, u"CmdRefresh"_s, u"refresh"_s, {}, u"刷新"_s, QKeySequence::Refresh, &FrmOriginals::Refresh);
-  AddKey(*bar, u"CmdCheck"_s, u"search"_s, u"检查原文"_s, u"检查所有原文记录与存放的文件是否一致"_s, {},
+  NewKey(*bar, {u"CmdRefresh"_s, u"refresh"_s, {}, u"刷新"_s, QKeySequence::Refresh}, &FrmOriginals::Refresh);
+  NewKey(*bar, {u"CmdCheck"_s, u"search"_s, u"检查原文"_s, u"检查所有原文记录与存放的文件是否一致"_s, {}},
          &FrmOriginals::Check);
   return bar;
 }
 
-QAction* FrmOriginals::AddKey(QToolBar& bar, const QString& name, const QString& icon, const QString& caption,
-                              const QString& tip, const QKeySequence& keys, Handler handler) {
-  QAction* action = bar.addAction(Icon(icon), caption.isEmpty() ? tip : caption);
-  action->setObjectName(name);
-  action->setShortcut(keys);
-  action->setToolTip(keys.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, keys.toString(QKeySequence::NativeText)));
-  if (auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action))) {
-    button->setAccessibleName(tip);
-    if (caption.isEmpty()) button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-  }
-  connect(action, &QAction::triggered, this, [this, handler] { Do([&] { (this->*handler)(); }); });
+QAction* FrmOriginals::NewKey(QToolBar& bar, const ToolKey& key, Handler handler) {
+  QAction* action = AddKey(bar, key, [this, handler] { Do([&] { (this->*handler)(); }); });
   list_->addAction(action);
   return action;
 }

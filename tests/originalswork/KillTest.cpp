@@ -15,13 +15,16 @@ constexpr int kKills = 40;
 class KillTest : public WorkTest {
  protected:
   /// What the process does that will be killed: adds originals and deletes some of them, for ever.
-  [[noreturn]] void AddAndDelete(const QString& path, unsigned seed) {
+  /// @param begun is written to when that has begun
+  [[noreturn]] void AddAndDelete(const QString& path, unsigned seed, int begun) {
     std::minstd_rand random(seed);
     const auto connection = Database().Connect();
     Shared().Connection = connection;
     OriginalsRequest request = Request();
     request.connection = connection;
     RecordOriginals originals(request);
+    originals.Store();
+    if (write(begun, "!", 1) != 1) _exit(1);
     for (;;) {
       originals.Add(FileToAdd::At(path));
       const std::vector<Original> all = originals.Read();
@@ -30,14 +33,20 @@ class KillTest : public WorkTest {
   }
   /// Lets a process work for so long and kills it.
   void WorkAndKill(const QString& path, int microseconds, unsigned seed) {
+    int begun[2];
+    ASSERT_EQ(pipe(begun), 0);
     const pid_t child = fork();
     if (child == 0) {
       try {
-        AddAndDelete(path, seed);
+        AddAndDelete(path, seed, begun[1]);
       } catch (...) {
         _exit(1);
       }
     }
+    close(begun[1]);
+    char sign = 0;
+    EXPECT_EQ(read(begun[0], &sign, 1), 1);
+    close(begun[0]);
     usleep(useconds_t(microseconds));
     kill(child, SIGKILL);
     int status = 0;
@@ -54,7 +63,7 @@ TEST_P(KillTest, NoRowEverStandsWithoutItsFile) {
   std::minstd_rand random(20260301);
   qsizetype rows = 0;
   for (int round = 0; round < kKills; ++round) {
-    WorkAndKill(path, 20'000 + int(random() % 30'000), unsigned(round));
+    WorkAndKill(path, int(random() % 30'000), unsigned(round));
     if (HasFatalFailure()) return;
     const auto findings = CheckStore(*Connected(), *store, [](const QString&, qint64, qint64) { return true; });
     ASSERT_TRUE(findings);

@@ -26,11 +26,11 @@ class WatchedStore : public OriginalFiles {
   explicit WatchedStore(std::unique_ptr<OriginalFiles> store) : store_(std::move(store)) {}
 
   std::function<void()> beforePut, afterPut, beforeRemove;
-  int puts = 0;
+  std::vector<StoredFile> listed;  ///< besides what the store holds
+  int questions = 0;               ///< how often a file was asked for
 
   QString PathOfToday() const override { return store_->PathOfToday(); }
   void Put(const OriginalPlace& place, QIODevice& content, const TransferProgress& progress) override {
-    ++puts;
     if (beforePut) beforePut();
     store_->Put(place, content, progress);
     if (afterPut) afterPut();
@@ -42,8 +42,15 @@ class WatchedStore : public OriginalFiles {
     if (beforeRemove) beforeRemove();
     store_->Remove(place);
   }
-  bool Has(const OriginalPlace& place) override { return store_->Has(place); }
-  std::vector<StoredFile> List(const TransferProgress& progress) override { return store_->List(progress); }
+  bool Has(const OriginalPlace& place) override {
+    ++questions;
+    return store_->Has(place);
+  }
+  std::vector<StoredFile> List(const TransferProgress& progress) override {
+    std::vector<StoredFile> all = store_->List(progress);
+    all.insert(all.end(), listed.begin(), listed.end());
+    return all;
+  }
 
  private:
   std::unique_ptr<OriginalFiles> store_;
