@@ -8,11 +8,13 @@ namespace folvane::notices {
 
 inline const QString kNoticeTitle = QStringLiteral("系统提示");
 
+inline constexpr int kQuestionIcon = 32, kWarningIcon = 48, kInformationIcon = 64;
+
 /// Tells the user something, in the host's message box where it has one.
 void Tell(const QString& text, int flags, const QString& details = {});
 void TellError(const std::exception& error);
-/// Asks Yes or No. @param icon 32 question, 48 warning, 64 information
-bool Ask(const QString& question, const QString& title = kNoticeTitle, int icon = 32);
+/// Asks Yes or No.
+bool Ask(const QString& question, const QString& title = kNoticeTitle, int icon = kQuestionIcon);
 
 /// Asks where to save a file; "" when cancelled. @param filter "text|pattern"
 QString AskForPath(const QString& title, const QString& proposal, const QString& filter);

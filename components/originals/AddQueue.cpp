@@ -46,10 +46,14 @@ void AddQueue::Run(const std::function<bool(std::size_t)>& show) {
 }
 
 void AddQueue::AddOne(QueuedFile& queued, const std::function<bool()>& show) {
-  bool isCancelled = false;
   queued.step = AddStep::Adding;
   queued.percent = 0;
   queued.problem.clear();
+  bool isCancelled = !show();
+  if (isCancelled) {
+    queued.step = AddStep::Cancelled;
+    return;
+  }
   try {
     originals_.Add(queued.file, [&](qint64 done, qint64) {
       queued.percent = queued.size > 0 ? int(std::min(done, queued.size) * kWhole / queued.size) : 0;

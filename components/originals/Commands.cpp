@@ -17,8 +17,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using namespace notices;
 
-constexpr int kWarning = 48;
-
 // Before anybody chooses files in vain.
 bool CanReachStore(RecordOriginals& originals) {
   try {
@@ -69,7 +67,7 @@ void ViewOriginals(QWidget* parent, RecordOriginals& originals, const QString& f
     documents.push_back({original.name, original.type,
                          [&originals, original](QIODevice& target) { originals.Fetch(original, target); }});
   }
-  if (first < 0) return Tell(u"该原文已不存在，可能已被其他用户删除。"_s, kWarning);
+  if (first < 0) return Tell(u"该原文已不存在，可能已被其他用户删除。"_s, kWarningIcon);
   if (CanReachStore(originals)) documents::ShowDocuments(parent, u"浏览原文"_s, documents, first);
 }
 

@@ -16,8 +16,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using namespace notices;
 
-constexpr int kWarning = 48;
-constexpr int kPatience = 500;  // milliseconds before the progress is shown
+constexpr int kUnshown = 500;  // milliseconds before the progress is shown
 const QString kExport = u"导出原文"_s;
 
 QString AskForFile(const Original& original) {
@@ -52,7 +51,7 @@ int ExportOriginals(QWidget* parent, RecordOriginals& originals, const std::vect
   progress.setObjectName(u"PrgExport"_s);
   progress.setWindowTitle(kExport);
   progress.setWindowModality(Qt::WindowModal);
-  progress.setMinimumDuration(kPatience);
+  progress.setMinimumDuration(kUnshown);
   Pulse pulse;
   QStringList problems;
   int copied = 0;
@@ -70,7 +69,8 @@ int ExportOriginals(QWidget* parent, RecordOriginals& originals, const std::vect
     }
   }
   progress.reset();
-  if (!problems.isEmpty()) Tell(u"%1 个原文没有导出：\n%2"_s.arg(problems.size()).arg(problems.join(u'\n')), kWarning);
+  if (!problems.isEmpty())
+    Tell(u"%1 个原文没有导出：\n%2"_s.arg(problems.size()).arg(problems.join(u'\n')), kWarningIcon);
   return copied;
 }
 

@@ -229,7 +229,7 @@ void FrmAddOriginals::reject() {
     return;
   }
   const QString question = u"还有 %1 个文件没有添加，确定要关闭吗?"_s.arg(queue_.Pending());
-  if (queue_.Pending() == 0 || Ask(question, windowTitle(), 48)) QDialog::reject();
+  if (queue_.Pending() == 0 || Ask(question, windowTitle(), kWarningIcon)) QDialog::reject();
 }
 
 }  // namespace folvane::originals

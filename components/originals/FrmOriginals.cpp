@@ -18,7 +18,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using namespace notices;
 
-constexpr int kInformation = 64;
 constexpr QSize kThumbnailSize(56, 56);
 
 // In a square of its own, so that the names of all rows begin at one place.
@@ -171,7 +170,7 @@ void FrmOriginals::Rename(const QString& id, const QString& name) {
       std::find_if(shown_.begin(), shown_.end(), [&](const Original& shown) { return shown.id == id; });
   if (original == shown_.end() || original->name == name) return;
   const auto asItIs = qScopeGuard([this] { Guarded([this] { Load(SelectedIds()); }); });
-  if (name.trimmed().isEmpty()) return Tell(u"原文名称不能为空。"_s, kInformation);
+  if (name.trimmed().isEmpty()) return Tell(u"原文名称不能为空。"_s, kInformationIcon);
   originals_.Rename(*original, name);
 }
 
@@ -181,9 +180,12 @@ void FrmOriginals::Delete() {
   if (going.empty()) return;
   const QString question =
       going.size() == 1 ? u"确定要删除当前原文吗?"_s : u"确定要删除选中的 %1 个原文吗?"_s.arg(going.size());
-  if (!Ask(question, windowTitle(), kInformation)) return;
+  if (!Ask(question, windowTitle(), kInformationIcon)) return;
   const auto asItIs = qScopeGuard([this] { Guarded([this] { Load(); }); });
-  for (const Original& original : going) originals_.Delete(original);
+  QStringList left;
+  for (const Original& original : going)
+    if (originals_.Delete(original)) left << original.name;
+  if (!left.isEmpty()) Tell(u"原文已删除，但下列原文的文件留在存放位置未能删除：\n"_s + left.join(u'\n'), kWarningIcon);
 }
 
 void FrmOriginals::MoveUp() {

@@ -173,7 +173,14 @@ void RecordOriginals::Reorder(const std::vector<Original>& inOrder) {
   if (all) all->Commit();
 }
 
-void RecordOriginals::Delete(const Original& original) { DeleteOriginals(u" Where "_s + RowOf(original.id)); }
+bool RecordOriginals::Delete(const Original& original) {
+  DeleteOriginals(u" Where "_s + RowOf(original.id));
+  try {
+    return !HasRow(u"ID = "_s + Quoted(original.id)) && Store().Has(original.Place());
+  } catch (const DataError&) {
+    return true;  // a store that cannot be asked has not removed anything either
+  }
+}
 
 void RecordOriginals::Fetch(const Original& original, QIODevice& target, const TransferProgress& progress) {
   Store().Get(original.Place(), target, progress);

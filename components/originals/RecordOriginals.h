@@ -57,7 +57,8 @@ class RecordOriginals {
   /// Writes the places of all originals of the record, as many rows as have another place now, or none.
   void Reorder(const std::vector<Original>& inOrder);
   /// Removes the row, and the file where no other record holds it.
-  void Delete(const Original& original);
+  /// @return whether the file could not be removed, which leaves it without a row
+  bool Delete(const Original& original);
 
   void Fetch(const Original& original, QIODevice& target, const TransferProgress& progress = {});
   /// Copies the file to a path, where it appears whole or not at all.

@@ -141,6 +141,19 @@ TEST_P(ManageWindowTest, AsksBeforeItDeletes) {
   EXPECT_EQ(FileCount() + RowCount(), 0);
 }
 
+TEST_P(ManageWindowTest, AFileThatStaysBehindIsTold) {
+  Added(u"甲.txt"_s);
+  ASSERT_TRUE(QDir().rename(StoreRoot(), program_.Path(u"elsewhere"_s)));
+  MessageBoxes boxes;
+  boxes.Answer(6);
+  InWindow([&](QWidget& window) {
+    Choose(window, 0);
+    Press(window, u"CmdDelete"_s);
+    EXPECT_EQ(Shown(window), QStringList());
+  });
+  EXPECT_EQ(boxes.Last().text, u"原文已删除，但下列原文的文件留在存放位置未能删除：\n甲"_s);
+}
+
 TEST_P(ManageWindowTest, ExportsTheSelected) {
   AddThree();
   FileDialogs files;

@@ -76,8 +76,8 @@ TEST_P(RecordOriginalsTest, ADeletedOriginalIsGoneWithItsFile) {
   const std::vector<Original> three = AddThree();
   log_->Take();
   Originals().Delete(three[1]);
-  EXPECT_EQ(log_->Take().last(),
-            u"Delete From Original_Text Where ID = '%1' And RecordID = '%2'"_s.arg(three[1].id, kRecord));
+  EXPECT_THAT(log_->Take(), testing::Contains(u"Delete From Original_Text Where ID = '%1' And RecordID = '%2'"_s.arg(
+                                three[1].id, kRecord)));
   EXPECT_EQ(Names(), QStringList({u"甲.txt"_s, u"丙.txt"_s}));
   EXPECT_EQ(FileCount(), 2);
 }
