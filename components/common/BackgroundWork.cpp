@@ -1,6 +1,7 @@
 #include "components/common/BackgroundWork.h"
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QProgressDialog>
 #include <atomic>
 #include <exception>
@@ -16,6 +17,11 @@ void RunInBackground(QWidget* window, const QString& text, int steps, const std:
   progress.setWindowModality(Qt::WindowModal);
   progress.setAutoReset(false);
   progress.setMinimumDuration(kShownAfterMs);
+  // Nobody else may use the window meanwhile, also before the bar is shown.
+  const QPointer<QWidget> focus = window->focusWidget();
+  window->setEnabled(false);
+  progress.setEnabled(true);
+
   std::atomic<bool> stop = false;
   std::exception_ptr failure;
   QEventLoop loop;
@@ -32,11 +38,10 @@ void RunInBackground(QWidget* window, const QString& text, int steps, const std:
     }
     QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
   });
-  // Nobody else may use the window meanwhile, also before the bar is shown.
-  window->setEnabled(false);
   loop.exec();
   thread.join();
   window->setEnabled(true);
+  if (focus) focus->setFocus();
   if (failure) std::rethrow_exception(failure);
 }
 

@@ -5,7 +5,8 @@
 namespace folvane::documents {
 
 void ShowDocuments(QWidget* parent, const QString& title, const std::vector<Document>& documents, int first) {
-  FrmViewer(parent, title, documents, first).exec();
+  if (documents.empty()) return;
+  FrmViewer(parent, title, documents, qBound(0, first, int(documents.size()) - 1)).exec();
 }
 
 }  // namespace folvane::documents

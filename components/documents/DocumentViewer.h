@@ -21,7 +21,7 @@ struct Document {
 
 /// Shows documents in a window, one at a time, and returns when the window is closed.
 /// @param title beside the document's name in the window's title
-/// @param first the index of the document that is shown first
+/// @param first the index of the document that is shown first, brought into the range of the documents
 void ShowDocuments(QWidget* parent, const QString& title, const std::vector<Document>& documents, int first);
 
 }  // namespace folvane::documents

@@ -83,7 +83,11 @@ void FrmViewer::AskForPassword(bool wrong) {
 }
 
 PageWish FrmViewer::WishFor(int page) const {
-  return {.page = page, .zoom = zoom_, .room = view_->Room(), .quarters = quarters_, .density = devicePixelRatioF()};
+  return {.page = page,
+          .zoom = zoom_,
+          .room = view_->Room(zoom_.fit),
+          .quarters = quarters_,
+          .density = devicePixelRatioF()};
 }
 
 void FrmViewer::GoTo(int page, bool fromEnd) {
@@ -149,9 +153,12 @@ void FrmViewer::TellState() {
   pageBox_->setEnabled(hasPages);
   pageCount_->setText(hasPages ? u" / %1 "_s.arg(pages_) : QString());
   pageState_->setText(hasPages ? u"第 %1 页，共 %2 页"_s.arg(page_ + 1).arg(pages_) : QString());
-  zoomState_->setText(hasPages ? u"%1%"_s.arg(qRound(FactorOf(shownScale_) * 100)) : QString());
+  // Until the page has come the one before is still in view.
+  const QString zoom = drawn_.contains(page_) ? u"%1%"_s.arg(qRound(FactorOf(shownScale_) * 100)) : u"正在显示…"_s;
+  zoomState_->setText(hasPages ? zoom : QString());
   sizeState_->setText(IsFetched() ? SizeInWords(QFileInfo(PathOf(document_)).size()) : QString());
   documentState_->setText(u"原文 %1 / %2"_s.arg(document_ + 1).arg(documents_.size()));
+  for (QLabel* panel : {pageState_, zoomState_, sizeState_}) panel->setVisible(!panel->text().isEmpty());
   for (QAction* back : {first_, previous_}) back->setEnabled(page_ > 0);
   for (QAction* forward : {next_, last_}) forward->setEnabled(page_ < pages_ - 1);
   for (QAction* key : pageKeys_) key->setEnabled(hasPages);
@@ -162,7 +169,10 @@ void FrmViewer::TellState() {
   open_->setEnabled(IsFetched() && !IsProgram(PathOf(document_), Current().type));
 }
 
-void FrmViewer::Print() { PrintFile(this, PathOf(document_), Current().type, loader_->Password(), pages_, quarters_); }
+void FrmViewer::Print() {
+  PrintFile(this, FileName(Current().name, {}), PathOf(document_), Current().type, loader_->Password(), pages_,
+            quarters_);
+}
 
 void FrmViewer::SaveCopy() {
   const QString& type = Current().type;

@@ -19,6 +19,7 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
 
 void PageView::Show(const DrawnPage& page, bool fromEnd) {
   const bool isOther = page.wish.page != page_.wish.page || page_.image.isNull();
+  const bool isWhole = verticalScrollBar()->maximum() == 0;
   const auto share = [](const QScrollBar* bar) {
     return bar->maximum() > 0 ? (bar->value() + bar->pageStep() / 2.0) / (bar->maximum() + bar->pageStep()) : 0.5;
   };
@@ -28,12 +29,12 @@ void PageView::Show(const DrawnPage& page, bool fromEnd) {
   const auto centre = [](QScrollBar* bar, double at) {
     bar->setValue(int(at * (bar->maximum() + bar->pageStep()) - bar->pageStep() / 2.0));
   };
-  // Zooming and turning keep the middle where it is.
+  // Zooming and turning keep the middle where it is; a page that was seen whole begins at its head.
   centre(horizontalScrollBar(), across);
   if (isOther) {
     verticalScrollBar()->setValue(fromEnd ? verticalScrollBar()->maximum() : 0);
   } else {
-    centre(verticalScrollBar(), down);
+    centre(verticalScrollBar(), isWhole ? 0 : down);
   }
   viewport()->update();
 }
@@ -44,9 +45,11 @@ void PageView::Clear() {
   viewport()->update();
 }
 
-QSize PageView::Room() const {
-  // As if there were no scroll bars: whether they come must not depend on the page that was there before.
-  return (maximumViewportSize() - QSize(2 * kBorder, 2 * kBorder)).expandedTo(QSize(1, 1));
+QSize PageView::Room(Zoom::Fit fit) const {
+  // Without regard to the scroll bars that the page before needed. One that is fitted to the width needs the upright
+  // one.
+  const int bar = fit == Zoom::Fit::Width ? verticalScrollBar()->sizeHint().width() : 0;
+  return (maximumViewportSize() - QSize(2 * kBorder + bar, 2 * kBorder)).expandedTo(QSize(1, 1));
 }
 
 void PageView::SetRanges() {

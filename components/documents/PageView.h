@@ -23,8 +23,8 @@ class PageView : public QAbstractScrollArea {
   void Clear();
   /// What is shown, null for nothing.
   const QImage& Shown() const { return page_.image; }
-  /// The room for a page that is fitted, in pixels.
-  QSize Room() const;
+  /// The room for a page that is fitted in that way, in pixels.
+  QSize Room(Zoom::Fit fit) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

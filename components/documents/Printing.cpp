@@ -46,9 +46,10 @@ void PaintPages(PageSource& source, QPagedPaintDevice& device, const PrintedPage
   }
 }
 
-void PrintFile(QWidget* parent, const QString& path, const QString& type, const QString& password, int pageCount,
-               int quarters) {
+void PrintFile(QWidget* parent, const QString& name, const QString& path, const QString& type, const QString& password,
+               int pageCount, int quarters) {
   QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName(name);
   QPrintDialog dialog(&printer, parent);
   dialog.setOptions(QPrintDialog::PrintPageRange | QPrintDialog::PrintToFile);
   dialog.setMinMax(1, pageCount);

@@ -23,7 +23,8 @@ struct PrintedPages {
 void PaintPages(PageSource& source, QPagedPaintDevice& device, const PrintedPages& pages, const GoOn& goOn);
 
 /// Asks for the printer and prints the file in the background, with a window that shows how far it has come.
-void PrintFile(QWidget* parent, const QString& path, const QString& type, const QString& password, int pageCount,
-               int quarters);
+/// @param name of the job; where it is printed into a file, of that as well
+void PrintFile(QWidget* parent, const QString& name, const QString& path, const QString& type, const QString& password,
+               int pageCount, int quarters);
 
 }  // namespace folvane::documents

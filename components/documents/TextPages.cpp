@@ -51,7 +51,8 @@ void TextPages::BreakIntoLines() {
       continue;
     }
     width += letter == u'\t' ? (kTabStop - width / kNarrow % kTabStop) * kNarrow : WidthOf(letter);
-    if (width <= kLineWidth || at == begins_.back()) continue;
+    // A blank may stand beyond the margin: nobody sees it.
+    if (width <= kLineWidth || at == begins_.back() || letter == u' ') continue;
     // A word goes to the next line whole, unless it is longer than one.
     qsizetype from = at;
     while (from > begins_.back() && BelongsToWord(text_[from]) && BelongsToWord(text_[from - 1])) --from;

@@ -39,7 +39,6 @@ void Fill(QComboBox& box, const QStringList& words, QString (*inWords)(const QSt
   for (const QString& word : words) box.addItem(inWords(word), word);
   const int kept = box.findData(remembered);
   box.setCurrentIndex(kept >= 0 ? kept : box.findData(current));
-  box.setEnabled(box.count() > 0);
 }
 
 QString ResolutionInWords(const QString& dpi) { return dpi + u" dpi"_s; }
@@ -169,6 +168,7 @@ void FrmScan::Say(const QString& text) { state_->setText(text); }
 void FrmScan::EnableKeys() {
   const bool canScan = jobs_ == 0 && device_->currentIndex() >= 0, hasPages = pages_->count() > 0;
   for (QComboBox* box : {source_, mode_, resolution_}) box->setEnabled(canScan && box->count() > 0);
+  device_->setToolTip(device_->currentText());
   device_->setEnabled(jobs_ == 0 && device_->count() > 0);
   refresh_->setEnabled(jobs_ == 0);
   scan_->setEnabled(canScan);

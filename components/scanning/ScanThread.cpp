@@ -88,14 +88,14 @@ class ScanThread::Work : public std::enable_shared_from_this<Work> {
         job = std::move(jobs_.front());
         jobs_.pop_front();
       }
+      const std::scoped_lock alone(AtScanner());
+      if (ended_) return;
       const QString why = Try(job);
       Tell([why](const ScanEvents& events) { events.finished(why); });
     }
   }
 
   QString Try(const Job& job) {
-    const std::scoped_lock alone(AtScanner());
-    if (ended_) return {};
     try {
       job(*this);
       return {};

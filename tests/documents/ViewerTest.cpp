@@ -1,6 +1,7 @@
 #include <QDesktopServices>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QThread>
 #include <QWheelEvent>
@@ -9,6 +10,7 @@
 #include <folvane/DataError.h>
 
 #include "components/documents/DocumentViewer.h"
+#include "components/documents/PageSource.h"
 #include "components/documents/PageView.h"
 #include "documents/SampleFiles.h"
 #include "support/Accessibility.h"
@@ -116,10 +118,15 @@ TEST_F(ViewerTest, ZoomsAndFits) {
     ASSERT_TRUE(WaitForPage(window));
     const auto zoom = [&] { return Panel(window, u"PanZoom"_s); };
     PageView& view = View(window);
-    ASSERT_TRUE(WaitUntil([&] { return view.Shown().height() == view.Room().height(); })) << "fits at first";
+    ASSERT_TRUE(WaitUntil([&] { return view.Shown().height() == view.Room(Zoom::Fit::Page).height(); }))
+        << "fits at first";
+    Do(window, u"CmdFitWidth"_s);
+    ASSERT_TRUE(WaitUntil([&] { return view.verticalScrollBar()->maximum() > 0; }));
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "the head of the page is seen";
     Do(window, u"CmdTrueSize"_s);
     EXPECT_TRUE(WaitUntil([&] { return zoom() == u"100%"_s && view.Shown().width() == 793; }));
     Do(window, u"CmdZoomIn"_s);
+    EXPECT_EQ(zoom(), u"正在显示…"_s) << "until it has come";
     EXPECT_TRUE(WaitUntil([&] { return zoom() == u"110%"_s; }));
     Do(window, u"CmdZoomOut"_s);
     Do(window, u"CmdZoomOut"_s);
@@ -129,11 +136,13 @@ TEST_F(ViewerTest, ZoomsAndFits) {
     QCoreApplication::sendEvent(view.viewport(), &wheel);
     EXPECT_TRUE(WaitUntil([&] { return zoom() == u"100%"_s; }));
     Do(window, u"CmdFitWidth"_s);
-    EXPECT_TRUE(WaitUntil([&] { return view.Shown().width() == view.Room().width(); }));
+    EXPECT_TRUE(WaitUntil([&] { return view.Shown().width() == view.Room(Zoom::Fit::Width).width(); }));
+    EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
     Do(window, u"CmdFitPage"_s);
-    EXPECT_TRUE(WaitUntil([&] { return view.Shown().height() == view.Room().height(); }));
+    EXPECT_TRUE(WaitUntil([&] { return view.Shown().height() == view.Room(Zoom::Fit::Page).height(); }));
     window.resize(window.size() - QSize(100, 200));
-    EXPECT_TRUE(WaitUntil([&] { return view.Shown().height() == view.Room().height(); })) << "also in another size";
+    EXPECT_TRUE(WaitUntil([&] { return view.Shown().height() == view.Room(Zoom::Fit::Page).height(); }))
+        << "also in another size";
   });
 }
 
@@ -293,6 +302,22 @@ TEST_F(ViewerTest, SavesACopy) {
   });
   EXPECT_TRUE(files.Requests().at(0).save);
   EXPECT_TRUE(files.Requests().at(0).directory.endsWith(u"/一.tif"_s));
+}
+
+// Without a printer the dialog prints into a file.
+TEST_F(ViewerTest, Prints) {
+  TempProgramDirectory folder;
+  const QString printed = folder.Path(u"printed.pdf"_s);
+  InViewer({Holding(u"一"_s, u".tif"_s, GreyTiff({10, 120, 230}))}, [&](QWidget& window) {
+    ASSERT_TRUE(WaitForPage(window));
+    WithWindow(u"QPrintDialog"_s, [&](QWidget& dialog) {
+      Find<QLineEdit>(dialog, u"filename"_s).setText(printed);
+      static_cast<QDialog&>(dialog).accept();
+    });
+    Do(window, u"CmdPrint"_s);
+  });
+  ASSERT_TRUE(QFile::exists(printed));
+  EXPECT_EQ(OpenPages(printed, u".pdf"_s)->PageCount(), 3);
 }
 
 TEST_F(ViewerTest, RemembersItsSize) {
