@@ -28,6 +28,12 @@ bool CanReachStore(RecordOriginals& originals) {
   }
 }
 
+std::vector<FileToAdd> FilesAt(const QStringList& paths) {
+  std::vector<FileToAdd> files;
+  for (const QString& path : paths) files.push_back(FileToAdd::At(path));
+  return files;
+}
+
 std::vector<FileToAdd> Scanned(QWidget* parent, const QString& directory) {
   std::vector<FileToAdd> files;
   for (const scanning::ScannedFile& file : scanning::ScanDocuments(parent, directory))
@@ -80,7 +86,7 @@ void CheckOriginals(QWidget* parent, RecordOriginals& originals) {
 bool HandleOriginals(const OriginalsRequest& request) {
   RecordOriginals originals(request);
   QWidget* const parent = QApplication::activeWindow();
-  if (request.action == u"AddState"_s) return AddOriginals(parent, originals) > 0;
+  if (request.action == u"AddState"_s) return AddOriginals(parent, originals, FilesAt(request.files)) > 0;
   if (request.action == u"ScanState"_s) {
     ScanOriginals(parent, originals);
   } else if (request.action == u"BrowseState"_s) {

@@ -39,11 +39,6 @@ const Way kHandling{u"handling"_s,    u"mnu_Manager3_Transact"_s, u"HandleState"
                     u"frmTranSact"_s, u"frmTranEdit"_s,           u"未处理"_s,
                     u"已处理"_s,      u"mnuStartFlow"_s,          u"处理中"_s};
 
-// Without a window system the window under one that has been closed is not always made active again.
-Tour::Condition OnTop(const QString& window) {
-  return [window] { return VisibleWindow(window) && QApplication::activeModalWidget() == VisibleWindow(window); };
-}
-
 void PlanOk(Tour& tour, const QString& what) {
   tour.Step(
       what, [] { return AnswerKey(kOk) != nullptr; }, [] { hands::Click(*AnswerKey(kOk)); });

@@ -17,6 +17,10 @@ Tour::Condition Shown(const QString& window) {
   return [window] { return VisibleWindow(window) && VisibleWindow(window)->isActiveWindow(); };
 }
 
+Tour::Condition OnTop(const QString& window) {
+  return [window] { return VisibleWindow(window) && QApplication::activeModalWidget() == VisibleWindow(window); };
+}
+
 QAbstractItemView& Tree() { return In<QAbstractItemView>(kBrowser, u"TV_File"_s); }
 QAbstractItemView& List() { return In<QAbstractItemView>(kBrowser, u"LVData"_s); }
 int Rows() { return List().model()->rowCount(); }

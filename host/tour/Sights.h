@@ -14,6 +14,9 @@ inline constexpr int kPage = 30;
 
 /// That the window is shown and takes input.
 Tour::Condition Shown(const QString& window);
+/// That no other window lies over it. Without a window system the window under one that has been closed is not always
+/// made active again.
+Tour::Condition OnTop(const QString& window);
 
 QAbstractItemView& Tree();
 QAbstractItemView& List();

@@ -10,6 +10,7 @@
 #include "host/Entries.h"
 #include "host/tour/FlowWork.h"
 #include "host/tour/Hands.h"
+#include "host/tour/OriginalsWork.h"
 #include "host/tour/Sights.h"
 #include "host/tour/Work.h"
 
@@ -179,6 +180,7 @@ void PlanWalk(Tour& tour) {
   PlanDark(tour);
   PlanWork(tour);
   PlanFlow(tour);
+  PlanOriginals(tour);
   PlanLogOnAgain(tour);
   PlanLogOn(tour, 2, u"log-on-limited"_s);
   PlanFileOpen(tour);
