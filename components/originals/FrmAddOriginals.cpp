@@ -1,6 +1,7 @@
 #include "components/originals/FrmAddOriginals.h"
 
 #include <QFontMetrics>
+#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -46,6 +47,7 @@ FrmAddOriginals::FrmAddOriginals(QWidget* parent, RecordOriginals& originals)
   TellState(kAddHint);
   Enable();
   KeepPlacement(*this);
+  KeepWidths(*list_->header());
 }
 
 void FrmAddOriginals::LayOut() {

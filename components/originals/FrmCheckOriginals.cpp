@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QFontMetrics>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -42,6 +43,7 @@ FrmCheckOriginals::FrmCheckOriginals(QWidget* parent, RecordOriginals& originals
   LayOut();
   Enable();
   KeepPlacement(*this);
+  KeepWidths(*list_->header());
   QTimer::singleShot(0, this, [this] { Guarded([this] { Run(); }); });
 }
 

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QFontMetrics>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMimeData>
 #include <QTimer>
@@ -43,6 +44,7 @@ void FrmOriginals::LayOut() {
   list_->setColumnWidth(0, unit * 90);
   list_->setColumnWidth(1, unit * 14);
   KeepPlacement(*this);
+  KeepWidths(*list_->header());
 }
 
 void FrmOriginals::SetUpList() {

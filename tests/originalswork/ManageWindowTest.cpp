@@ -54,6 +54,17 @@ TEST_P(ManageWindowTest, ShowsTheOriginalsInTheirOrder) {
   });
 }
 
+TEST_P(ManageWindowTest, OpensAsItWasLeft) {
+  InWindow([&](QWidget& window) {
+    window.resize(500, 300);
+    List(window).setColumnWidth(0, 123);
+  });
+  InWindow([&](QWidget& window) {
+    EXPECT_EQ(window.size(), QSize(500, 300));
+    EXPECT_EQ(List(window).columnWidth(0), 123);
+  });
+}
+
 TEST_P(ManageWindowTest, RenamesWithF2) {
   AddThree();
   InWindow([&](QWidget& window) {
