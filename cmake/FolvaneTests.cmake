@@ -14,7 +14,7 @@ function(folvane_test name)
   target_compile_definitions(${objects} PRIVATE ${arg_DEFINITIONS})
   target_link_libraries(${objects} PRIVATE ${arg_DEPENDS} folvane_testsupport)
   target_precompile_headers(${objects} REUSE_FROM folvane_tests_pch)
-  set_target_properties(${objects} PROPERTIES UNITY_BUILD ${FOLVANE_UNITY_TESTS} UNITY_BUILD_BATCH_SIZE 8)
+  set_target_properties(${objects} PROPERTIES UNITY_BUILD ${FOLVANE_UNITY_TESTS} UNITY_BUILD_BATCH_SIZE 20)
   if(FOLVANE_UNITY_TESTS)
     # To the compiler the sources of a large unit are headers, whose fixtures should not be of an unnamed namespace.
     target_compile_options(${objects} PRIVATE -Wno-subobject-linkage)

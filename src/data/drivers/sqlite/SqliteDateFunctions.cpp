@@ -105,7 +105,7 @@ void DateAdd(sqlite3_context* context, int count, sqlite3_value** values) {
   ResultText(context, sql::MomentText(sum));
 }
 
-struct Sign {
+struct DateSign {
   const char* sign;
   QString (*write)(const QDateTime&);
 };
@@ -124,25 +124,26 @@ QString MonthName(int month) {
 
 // The signs of PostgreSQL's to_char that the styles use; the longer of two that begin alike stands first.
 constexpr std::array kSigns{
-    Sign{"YYYY", [](const QDateTime& at) { return Padded(at.date().year(), 4); }},
-    Sign{"YY", [](const QDateTime& at) { return Padded(at.date().year() % 100, 2); }},
-    Sign{"MM", [](const QDateTime& at) { return Padded(at.date().month(), 2); }},
-    Sign{"MI", [](const QDateTime& at) { return Padded(at.time().minute(), 2); }},
-    Sign{"MS", [](const QDateTime& at) { return Padded(at.time().msec(), 3); }},
-    Sign{"Mon", [](const QDateTime& at) { return MonthName(at.date().month()); }},
-    Sign{"DD", [](const QDateTime& at) { return Padded(at.date().day(), 2); }},
-    Sign{"dd", [](const QDateTime& at) { return Padded(at.date().day(), 2, ' '); }},
-    Sign{"HH24", [](const QDateTime& at) { return Padded(at.time().hour(), 2); }},
-    Sign{"hh", [](const QDateTime& at) { return Padded(HourOfTwelve(at), 2, ' '); }},
-    Sign{"SS", [](const QDateTime& at) { return Padded(at.time().second(), 2); }},
-    Sign{"AM", [](const QDateTime& at) { return at.time().hour() < 12 ? u"AM"_s : u"PM"_s; }},
+    DateSign{"YYYY", [](const QDateTime& at) { return Padded(at.date().year(), 4); }},
+    DateSign{"YY", [](const QDateTime& at) { return Padded(at.date().year() % 100, 2); }},
+    DateSign{"MM", [](const QDateTime& at) { return Padded(at.date().month(), 2); }},
+    DateSign{"MI", [](const QDateTime& at) { return Padded(at.time().minute(), 2); }},
+    DateSign{"MS", [](const QDateTime& at) { return Padded(at.time().msec(), 3); }},
+    DateSign{"Mon", [](const QDateTime& at) { return MonthName(at.date().month()); }},
+    DateSign{"DD", [](const QDateTime& at) { return Padded(at.date().day(), 2); }},
+    DateSign{"dd", [](const QDateTime& at) { return Padded(at.date().day(), 2, ' '); }},
+    DateSign{"HH24", [](const QDateTime& at) { return Padded(at.time().hour(), 2); }},
+    DateSign{"hh", [](const QDateTime& at) { return Padded(HourOfTwelve(at), 2, ' '); }},
+    DateSign{"SS", [](const QDateTime& at) { return Padded(at.time().second(), 2); }},
+    DateSign{"AM", [](const QDateTime& at) { return at.time().hour() < 12 ? u"AM"_s : u"PM"_s; }},
 };
 
 QString Formatted(const QDateTime& moment, QByteArrayView pattern) {
   QString text;
   while (!pattern.isEmpty()) {
-    const auto* known = std::find_if(kSigns.begin(), kSigns.end(),
-                                     [&](const Sign& sign) { return pattern.startsWith(QByteArrayView(sign.sign)); });
+    const auto* known = std::find_if(kSigns.begin(), kSigns.end(), [&](const DateSign& sign) {
+      return pattern.startsWith(QByteArrayView(sign.sign));
+    });
     if (known == kSigns.end()) {
       text += QLatin1Char(pattern.front());
       pattern = pattern.sliced(1);
