@@ -135,6 +135,7 @@ void PlanDeletion(Tour& tour, const std::shared_ptr<int>& before) {
   tour.Step(u"three of the four are left"_s, OnTop(kBrowser), [before] {
     const int left = OriginalsList().model()->rowCount() - *before;
     Expect(left == kScans, u"%1 originals are left"_s.arg(left));
+    Window(kBrowser).activateWindow();
   });
 }
 

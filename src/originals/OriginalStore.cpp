@@ -1,5 +1,6 @@
 #include "originals/OriginalStore.h"
 
+#include <QDir>
 #include <curl/curl.h>
 
 #include <folvane/DataError.h>
@@ -22,7 +23,12 @@ using namespace Qt::Literals::StringLiterals;
 const QString kStoreKey = u"2002123456789"_s, kAccountKey = u"20020123456789"_s;  // Report_Info.Report_Id
 constexpr quint16 kGreatestPort = 0xFFFF;
 
-QString DefaultDirectory() { return ProgramDirectory() + u"\\Data"_s; }
+// Stands for a setting that nobody has made, and so is made with it. Where that fails, the first file that is to go
+// there tells.
+QString DefaultDirectory() {
+  QDir(ProgramDirectory()).mkdir(u"Data"_s);
+  return ProgramDirectory() + u"\\Data"_s;
+}
 
 QString ServerRoot(const Recordset& setting) {
   if (!setting.EOF_()) return setting[u"Info_Type"_s].Text();
@@ -32,15 +38,17 @@ QString ServerRoot(const Recordset& setting) {
 
 QString DirectoryRoot(const Recordset& setting) {
   if (setting.EOF_()) {
+    const QString root = DefaultDirectory();
     SharedConnection()->Execute(u"Insert Into Report_Info(Report_Id,Info_Description) Values('"_s + kStoreKey +
-                                u"','"_s + DefaultDirectory() + u"')"_s);
-    return DefaultDirectory();
+                                u"','"_s + root + u"')"_s);
+    return root;
   }
   QString root = setting[u"Info_Description"_s].Text();
   if (root.trimmed().isEmpty()) {
-    SharedConnection()->Execute(u"Update Report_Info Set Info_Description='"_s + DefaultDirectory() +
-                                u"' Where Report_Id = '"_s + kStoreKey + u"'"_s);
-    return DefaultDirectory();
+    root = DefaultDirectory();
+    SharedConnection()->Execute(u"Update Report_Info Set Info_Description='"_s + root + u"' Where Report_Id = '"_s +
+                                kStoreKey + u"'"_s);
+    return root;
   }
   if (root.endsWith(u'\\')) root.chop(1);
   return root;

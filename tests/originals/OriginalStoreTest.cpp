@@ -39,6 +39,7 @@ TEST_P(OriginalStoreTest, ADirectoryThatIsNotSetIsDataBesideTheProgramAndIsStore
   InitOriginalStore();
   EXPECT_EQ(Shared().OriginalRoot, program_.Path() + u"\\Data"_s);
   EXPECT_EQ(Location(), program_.Path() + u"\\Data"_s);
+  EXPECT_TRUE(QFileInfo(program_.Path(u"Data"_s)).isDir()) << "what is added first has a place to go";
   EXPECT_THAT(log_->Take(), ElementsAre(kRead,
                                         u"Insert Into Report_Info(Report_Id,Info_Description) Values("
                                         "'2002123456789','"_s +
