@@ -27,6 +27,11 @@ void BrowserStatus::ShowPosition(qint64 position, qint64 count) {
   ShowRecords(u"当前记录：第%1条/共%2条"_s.arg(position).arg(count));
 }
 
+void BrowserStatus::ShowDeleted(qint64 count, const QString& told) {
+  const QString done = u"已删除 %1 条记录"_s.arg(count);
+  ShowNotice(told.isEmpty() ? done : done + u"；"_s + told);
+}
+
 void BrowserStatus::ShowProgress(int done, int maximum) {
   progress_->setMaximum(maximum);
   progress_->setVisible(done >= 0);

@@ -14,6 +14,8 @@ class BrowserStatus : public WindowStatus {
   void ShowNothing();
   void ShowNoRecords();
   void ShowPosition(qint64 position, qint64 count);
+  /// @param told what stayed behind of the deleted records, "" for nothing
+  void ShowDeleted(qint64 count, const QString& told);
   /// @param done rows filled of the maximum, -1 when the filling has ended
   void ShowProgress(int done, int maximum);
 

@@ -54,15 +54,11 @@ void BulkCommands::DeleteQueried() {
                                 {}};
   if (ShowMessage(question) != Answer::Ok) return;
   const BusyPointer busy;
-  const qint64 gone = DeleteWhere(query.condition);
+  const QString selected = list_.Table() + u" Where "_s + query.condition;
+  const QString told = DeleteOriginalsAndTell(u" Where RecordID In (Select ArchiveID From "_s + selected + u")"_s);
+  const qint64 gone = SharedConnection()->Execute(u"Delete From "_s + selected);
   list_.Reload(key);
-  status_.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
-}
-
-qint64 BulkCommands::DeleteWhere(const QString& condition) {
-  const QString selected = list_.Table() + u" Where "_s + condition;
-  DeleteOriginals(u" Where RecordID In (Select ArchiveID From "_s + selected + u")"_s);
-  return SharedConnection()->Execute(u"Delete From "_s + selected);
+  status_.ShowDeleted(gone, told);
 }
 
 void BulkCommands::Update() {

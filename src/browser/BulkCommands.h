@@ -22,7 +22,6 @@ class BulkCommands {
 
  private:
   void DeleteQueried();
-  qint64 DeleteWhere(const QString& condition);
 
   RecordList& list_;
   TableParameters& parameters_;

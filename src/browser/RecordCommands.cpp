@@ -56,11 +56,11 @@ void RecordCommands::DeleteSelected() {
   status_.ShowNotice({});
   if (answer != Answer::Yes) return;
   const BusyPointer busy;
-  DeleteOriginals(u" Where RecordID "_s + InKeys(keys));
+  const QString told = DeleteOriginalsAndTell(u" Where RecordID "_s + InKeys(keys));
   const qint64 gone =
       SharedConnection()->Execute(u"Delete from "_s + list_.Table() + u" Where ArchiveId "_s + InKeys(keys));
   list_.Reload();
-  status_.ShowNotice(u"已删除 %1 条记录"_s.arg(gone));
+  status_.ShowDeleted(gone, told);
 }
 
 void RecordCommands::HandToFlow(const QString& flowTable) {

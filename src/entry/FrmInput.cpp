@@ -63,7 +63,7 @@ void FrmInput::DelRecord() {
   if (ShowMessage(u"确实要删除当前的记录及相关原文吗？"_s, MessageFlag::YesNo + MessageFlag::Information,
                   windowTitle()) != Answer::Yes)
     return;
-  DeleteOriginals(u" Where RecordID = '"_s + lifecycle_->CurrentKey() + u"'"_s);
+  const QString told = DeleteOriginalsAndTell(u" Where RecordID = '"_s + lifecycle_->CurrentKey() + u"'"_s);
   try {
     lifecycle_->Delete();
   } catch (const std::exception&) {
@@ -71,6 +71,7 @@ void FrmInput::DelRecord() {
     throw;
   }
   ShowCurrentRecord();
+  status_->ShowNote(told);
 }
 
 void FrmInput::MoveTo(RecordLifecycle::Step step) {

@@ -1,5 +1,6 @@
 #include "originals/OriginalStore.h"
 
+#include <QFileInfo>
 #include <curl/curl.h>
 
 #include <folvane/DataError.h>
@@ -95,11 +96,17 @@ std::vector<OriginalPlace> PlacesToClear(Recordset& going, Recordset& all) {
   return places;
 }
 
+/// Whether nobody has put a file into the store yet: the directory beside the program has not been made.
+bool IsUnused() {
+  return !LieOnServer(Shared().DatabaseKind) && Shared().OriginalRoot == DefaultDirectory() &&
+         !QFileInfo::exists(ProgramDirectory() + u"/Data"_s);
+}
+
 /// Answers what the user should know of files that stay behind, "" for none.
 QString RemoveFiles(const std::vector<OriginalPlace>& places) {
   std::size_t left = places.size();
   QString reason;
-  if (places.empty()) return {};
+  if (places.empty() || IsUnused()) return {};
   try {
     OriginalsRequest store;
     store.databaseKind = Shared().DatabaseKind;
