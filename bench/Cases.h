@@ -28,5 +28,6 @@ Cases BrowserCases();
 Cases EntryCases();
 Cases BulkCases();
 Cases FlowCases();
+Cases OriginalsCases();
 
 }  // namespace folvane::bench

@@ -109,6 +109,27 @@ std::vector<Comparison> Comparisons() {
                  u"report-pdf"_s,
                  u"report component, default page"_s,
                  {{u"table-pdf"_s, u"one table of a rich text, printed by Qt"_s}}});
+  all.push_back({u"Originals put into a directory, files of 100 KiB"_s,
+                 1'000,
+                 u"store-put"_s,
+                 u"store of originals"_s,
+                 {{u"copy-put"_s, u"system calls alone, synced as often"_s, 1.5},
+                  {u"copy-put-unsynced"_s, u"system calls alone, nothing synced"_s}}});
+  all.push_back({u"Originals copied out of a directory, files of 100 KiB"_s,
+                 1'000,
+                 u"store-get"_s,
+                 u"store of originals"_s,
+                 {{u"copy-get"_s, u"system calls alone"_s, 1.5}}});
+  all.push_back({u"Originals put on an FTP server, files of 100 KiB"_s,
+                 1'000,
+                 u"ftp-put"_s,
+                 u"store of originals"_s,
+                 {{u"curl-put"_s, u"libcurl alone, one handle"_s, 1.5}}});
+  all.push_back({u"Originals read from an FTP server, files of 100 KiB"_s,
+                 1'000,
+                 u"ftp-get"_s,
+                 u"store of originals"_s,
+                 {{u"curl-get"_s, u"libcurl alone, one handle"_s, 1.5}}});
   all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
                  100'000,
                  u"odbc-recordset"_s,

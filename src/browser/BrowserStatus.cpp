@@ -30,7 +30,7 @@ void BrowserStatus::ShowPosition(qint64 position, qint64 count) {
 
 void BrowserStatus::ShowDeleted(qint64 records, const QString& left) {
   const QString deleted = u"已删除 %1 条记录"_s.arg(records);
-  ShowNotice(left.isEmpty() ? deleted : deleted + u"，"_s + left);
+  ShowNotice(left.isEmpty() ? deleted : deleted + u"；"_s + left);
 }
 
 void BrowserStatus::ShowProgress(int done, int maximum) {

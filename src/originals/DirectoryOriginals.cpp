@@ -15,17 +15,17 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr qint64 kChunk = 256 * 1024;  // bytes
+constexpr qint64 kChunk = 64 * 1024;  // bytes
 
 void CopyContent(QIODevice& from, QIODevice& to, const QString& shown, const TransferProgress& progress) {
   const qint64 total = from.isSequential() ? -1 : from.size() - from.pos();
-  QByteArray chunk(kChunk, Qt::Uninitialized);
+  char chunk[kChunk];
   for (qint64 done = 0;;) {
     if (progress && !progress(done, total)) FailCancelled();
-    const qint64 count = from.read(chunk.data(), chunk.size());
+    const qint64 count = from.read(chunk, kChunk);
     if (count < 0) FailOn(shown, u"无法读取：%1"_s.arg(from.errorString()));
     if (count == 0) return;
-    if (to.write(chunk.constData(), count) != count) FailOn(shown, u"无法写入：%1"_s.arg(to.errorString()));
+    if (to.write(chunk, count) != count) FailOn(shown, u"无法写入：%1"_s.arg(to.errorString()));
     done += count;
   }
 }
@@ -38,7 +38,7 @@ class DirectoryStore final : public OriginalFiles {
 
   void Put(const OriginalPlace& place, QIODevice& content, const TransferProgress& progress) override {
     const CheckedPlace checked = Checked(place);
-    const QString directory = DirectoryOf(checked, true);
+    const QString directory = DirectoryOf(Root(), checked, true);
     const QString path = directory + u'/' + checked.name;
     if (QFileInfo::exists(path)) FailOn(path, u"已存在同名文件。"_s);
     NewFile file(directory, checked.name);
@@ -50,7 +50,8 @@ class DirectoryStore final : public OriginalFiles {
     const QString path = FileOf(Checked(place));
     QFile file(path);
     if (!QFileInfo(path).isFile()) FailOn(path, u"文件不存在。"_s);
-    if (!file.open(QIODevice::ReadOnly)) FailOn(path, u"无法读取：%1"_s.arg(file.errorString()));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+      FailOn(path, u"无法读取：%1"_s.arg(file.errorString()));
     CopyContent(file, target, path, progress);
   }
 
@@ -73,7 +74,7 @@ class DirectoryStore final : public OriginalFiles {
       each.next();
       const QFileInfo info = each.fileInfo();
       if (info.isDir() && !info.isSymLink() && !info.isReadable()) FailOn(info.filePath(), u"无法读取此目录。"_s);
-      if (!info.isFile() || (info.isSymLink() && !IsWithin(info.canonicalFilePath()))) continue;
+      if (!info.isFile() || (info.isSymLink() && !IsWithin(root, info.canonicalFilePath()))) continue;
       const QString below = info.path().mid(root.size());
       files.push_back({PathParts(below).join(u'/'), info.fileName(), info.size()});
       if (progress && !progress(qint64(files.size()), -1)) FailCancelled();
@@ -97,34 +98,37 @@ class DirectoryStore final : public OriginalFiles {
         u"存储原文的目录“%1”%2，请检查 Report_Info 中的设置以及网络共享是否已连接。"_s.arg(shownRoot_, reason));
   }
 
-  bool IsWithin(const QString& canonical) const {
-    const QString root = Root();
+  static bool IsWithin(const QString& root, const QString& canonical) {
     return canonical == root || canonical.startsWith(root.endsWith(u'/') ? root : root + u'/');
   }
 
-  void RequireWithin(const QString& path, const QString& canonical) const {
-    if (!IsWithin(canonical)) FailOn(path, u"是通向存储目录之外的链接，不予处理。"_s);
+  /// Where a link leads to. @throws DataError File where that is outside the store
+  static QString Followed(const QString& root, const QFileInfo& link) {
+    const QString canonical = link.canonicalFilePath();
+    if (!IsWithin(root, canonical)) FailOn(link.filePath(), u"是通向存储目录之外的链接，不予处理。"_s);
+    return canonical;
   }
 
   /// The directory of a place, level by level, so that none is made behind a link to elsewhere.
-  QString DirectoryOf(const CheckedPlace& place, bool make) const {
-    QString directory = Root();
+  static QString DirectoryOf(const QString& root, const CheckedPlace& place, bool make) {
+    QString directory = root;
     for (const QString& part : place.directories) {
-      const QString next = directory + u'/' + part;
-      if (make && !QFileInfo::exists(next)) MakeDirectory(directory, part);
-      const QString canonical = QFileInfo(next).canonicalFilePath();
-      if (canonical.isEmpty() && make) FailOn(next, u"目录无法访问。"_s);
-      if (canonical.isEmpty()) return Root() + u'/' + place.directories.join(u'/');  // nothing is found there
-      RequireWithin(next, canonical);
-      directory = canonical;
+      const QFileInfo next(directory + u'/' + part);
+      if (next.isSymLink()) {
+        directory = Followed(root, next);
+        continue;
+      }
+      if (make && !next.exists()) MakeDirectory(directory, part);
+      directory = next.filePath();
     }
     return directory;
   }
 
   QString FileOf(const CheckedPlace& place) const {
-    const QString path = ExistingPath(DirectoryOf(place, false) + u'/' + place.name);
+    const QString root = Root();
+    const QString path = ExistingPath(DirectoryOf(root, place, false) + u'/' + place.name);
     const QFileInfo info(path);
-    if (info.isSymLink()) RequireWithin(path, info.canonicalFilePath());
+    if (info.isSymLink()) Followed(root, info);
     return path;
   }
 

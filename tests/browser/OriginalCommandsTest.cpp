@@ -201,18 +201,13 @@ TEST_P(OriginalCommandsTest, DeletingTheLastOriginalTakesTheSignOffTheRow) {
 TEST_P(OriginalCommandsTest, AFileThatCannotBeDeletedIsTold) {
   MessageBoxes messages;
   program_.Write(u"Data/91.tif/in the way"_s, "x");  // a folder of that name
-  program_.Write(u"Data/92.tif/in the way"_s, "x");
   AddOriginal(12, u"91"_s);
-  AddOriginal(11, u"92"_s);
   InBrowser([&](const Browser& browser) {
     ChooseOriginal(browser, 1);
-    messages.Answer(Answer::Yes).Answer(Answer::Yes);
+    messages.Answer(Answer::Yes);
     browser.Entry(u"mnu_Pop4_DelFile"_s).trigger();
     EXPECT_TRUE(browser.Notice().startsWith(u"1 个原文文件未能从存储中删除："_s)) << browser.Notice().toStdString();
     EXPECT_EQ(browser.Column(u"LVFile"_s), QStringList()) << "its row has gone";
-    ChooseRecord(browser, 2);
-    browser.Entry(u"mnu_File3_Del"_s).trigger();
-    EXPECT_TRUE(browser.Notice().startsWith(u"已删除 1 条记录，1 个原文文件"_s)) << browser.Notice().toStdString();
   });
 }
 

@@ -78,6 +78,18 @@ TEST_P(RecordCommandsTest, TheFilesOfDeletedRecordsGoWithThem) {
   EXPECT_FALSE(program_.Has(u"Data/91.tif"_s));
 }
 
+TEST_P(RecordCommandsTest, AFileThatStaysBehindIsToldBesideTheCount) {
+  MessageBoxes messages;
+  program_.Write(u"Data/91.tif/inside"_s, "a directory of the file's name");
+  design_->AddOriginal(DesignedDatabase::Key(12), u"91"_s, u"正文"_s, 1);
+  InBrowser([&](const Browser& browser) {
+    messages.Answer(Answer::Yes);
+    browser.Entry(u"mnu_File3_Del"_s).trigger();
+    EXPECT_TRUE(browser.Notice().startsWith(u"已删除 1 条记录；1 个原文文件未能从存储中删除："_s))
+        << browser.Notice().toStdString();
+  });
+}
+
 TEST_P(RecordCommandsTest, ADeletionAnsweredNoChangesNothing) {
   MessageBoxes messages;
   InBrowser([&](const Browser& browser) {

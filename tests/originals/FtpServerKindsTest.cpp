@@ -107,6 +107,15 @@ TEST_F(FtpEncryptionTest, WhoInsistsGetsNoConnectionWithoutEncryption) {
   EXPECT_THAT(plain.TakeCommands(), Not(Contains(u"PASS"_s)));
 }
 
+TEST_F(FtpEncryptionTest, InsistingFromNowOnMakesTheConnectionAnewWithAllThatBelongsToIt) {
+  FtpConnection connection(server->Login());
+  server->TakeCommands();
+  Services().ftpMustBeEncrypted = true;
+  Services().ftpAuthorities = server->Certificate();
+  EXPECT_THAT(connection.List(), IsEmpty());
+  EXPECT_THAT(server->TakeCommands(), Contains(u"OPTS UTF8 ON"_s));
+}
+
 TEST_F(FtpEncryptionTest, AnEncryptedConnectionThatBreaksIsAnErrorAndNotTheEnd) {
   FtpConnection connection(server->Login());
   server->SetRules(u"cut 100000"_s);

@@ -119,7 +119,15 @@ TEST_P(OriginalStoreTest, AFileThatCannotBeDeletedIsToldAndItsRowGoes) {
   EXPECT_EQ(Rows(), 0);
 }
 
+TEST_P(OriginalStoreTest, AFileThatIsGoneAlreadyIsNothingToTell) {
+  InitOriginalStore();
+  AddOriginal(1, u"7"_s, QString());
+  EXPECT_EQ(DeleteOriginalsAndTell(OfRecord(1)), QString());
+  EXPECT_EQ(Rows(), 0);
+}
+
 TEST_P(OriginalStoreTest, AStoreThatIsNotThereIsToldAndTheRowsGo) {
+  SetLocation(u"\\\\server\\share"_s, QString());
   InitOriginalStore();
   AddOriginal(1, u"7"_s, QString());
   EXPECT_TRUE(DeleteOriginalsAndTell(OfRecord(1)).contains(Shared().OriginalRoot));
