@@ -3,6 +3,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <folvane/Export.h>
@@ -53,7 +54,10 @@ class FOLVANE_EXPORT FtpConnection {
   // In the current directory; names are without separators.
 
   std::vector<FtpEntry> List();
+  /// The size of a file in bytes, -1 where the server does not tell; none where there is no such file.
+  std::optional<qint64> Size(const QString& name);
   void Get(const QString& name, QIODevice& target, const TransferProgress& progress = {});
+  /// Sends the rest of a device and compares the sizes; what stands half on the server after a failure is deleted.
   void Put(QIODevice& source, const QString& name, const TransferProgress& progress = {});
   void Delete(const QString& name);
   void Rename(const QString& from, const QString& to);

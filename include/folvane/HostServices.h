@@ -41,6 +41,8 @@ struct HostServices {
   std::function<double()> random;                         ///< in [0, 1), seeded from the clock for each number
   QString programDirectory;                               ///< INI files, Data folder, help; without trailing separator
   std::shared_ptr<RegistryStore> registry;                ///< default: a file of the user's
+  bool ftpMustBeEncrypted = false;  ///< originals: no FTP server without encryption and a certificate that is trusted
+  QString ftpAuthorities;     ///< a PEM file of those whose certificates are trusted then; "" for the system's own
   bool sortByPinyin = false;  ///< a list sorted by a column shows Chinese by pinyin where the database can
 
   // Outside components.

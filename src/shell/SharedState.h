@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <folvane/Connection.h>
+#include <folvane/FtpConnection.h>
 
 #include "data/Recordset.h"
 
@@ -18,11 +19,11 @@ struct SharedState {
   QString DatabaseKind;      ///< "SQL SERVER" or "SYSBASE": originals lie on an FTP server; any other: in a directory
   Recordset CurrentRecords;  ///< behind the browser's list; the entry window edits it in place
 
-  // The store of originals. A connection to its server is opened when a file is first asked for and kept until the
-  // process ends.
+  // The store of originals. A connection to its server is opened with the record browser and kept until the process
+  // ends.
   QString OriginalRoot;
-  void* hOpen = nullptr;
-  void* hConnection = nullptr;
+  bool hOpen = false;  ///< whether the network can be used
+  std::shared_ptr<FtpConnection> hConnection;
   bool FtpConnected = false;
 };
 
