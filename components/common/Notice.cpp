@@ -14,7 +14,20 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int kYes = 6;
 
 namespace Flag {
-constexpr int kYesNo = 4, kCritical = 16, kQuestion = 32, kInformation = 64;
+constexpr int kYesNo = 4, kCritical = 16, kQuestion = 32, kWarning = 48, kInformation = 64;
+}
+
+QMessageBox::Icon IconOf(int flags) {
+  switch (flags & 0x70) {
+    case Flag::kInformation:
+      return QMessageBox::Information;
+    case Flag::kWarning:
+      return QMessageBox::Warning;
+    case Flag::kQuestion:
+      return QMessageBox::Question;
+    default:
+      return QMessageBox::Critical;
+  }
 }
 
 int Show(const MessageRequest& request) {
@@ -23,9 +36,8 @@ int Show(const MessageRequest& request) {
   box.setWindowTitle(request.title);
   box.setText(request.text);
   box.setDetailedText(request.details);
-  box.setIcon(request.flags & Flag::kInformation ? QMessageBox::Information
-              : request.flags & Flag::kQuestion  ? QMessageBox::Question
-                                                 : QMessageBox::Critical);
+  box.setTextFormat(Qt::PlainText);
+  box.setIcon(IconOf(request.flags));
   if (!(request.flags & Flag::kYesNo)) {
     box.addButton(u"确定"_s, QMessageBox::AcceptRole);
     box.exec();
@@ -39,7 +51,7 @@ int Show(const MessageRequest& request) {
 
 }  // namespace
 
-void Tell(const QString& text, int flags, const QString& details) { Show({text, flags, u"系统提示"_s, {}, details}); }
+void Tell(const QString& text, int flags, const QString& details) { Show({text, flags, kNoticeTitle, {}, details}); }
 
 void TellError(const std::exception& error) {
   const auto* known = dynamic_cast<const DataError*>(&error);
@@ -47,7 +59,9 @@ void TellError(const std::exception& error) {
   Tell(QString::fromUtf8(error.what()), Flag::kCritical, hasStatement ? u"语句："_s + known->Statement() : QString());
 }
 
-bool Ask(const QString& question) { return Show({question, Flag::kYesNo | Flag::kQuestion, u"系统提示"_s}) == kYes; }
+bool Ask(const QString& question, const QString& title, int icon) {
+  return Show({question, Flag::kYesNo | icon, title}) == kYes;
+}
 
 QString AskForPath(const QString& title, const QString& proposal, const QString& filter) {
   if (Services().fileDialog) return Services().fileDialog({true, title, proposal, filter});

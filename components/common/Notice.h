@@ -6,11 +6,15 @@
 
 namespace folvane::notices {
 
+inline const QString kNoticeTitle = QStringLiteral("系统提示");
+
+inline constexpr int kQuestionIcon = 32, kWarningIcon = 48, kInformationIcon = 64;
+
 /// Tells the user something, in the host's message box where it has one.
 void Tell(const QString& text, int flags, const QString& details = {});
 void TellError(const std::exception& error);
 /// Asks Yes or No.
-bool Ask(const QString& question);
+bool Ask(const QString& question, const QString& title = kNoticeTitle, int icon = kQuestionIcon);
 
 /// Asks where to save a file; "" when cancelled. @param filter "text|pattern"
 QString AskForPath(const QString& title, const QString& proposal, const QString& filter);

@@ -1,6 +1,7 @@
 #include "components/common/ToolKeys.h"
 
 #include <QAction>
+#include <QPushButton>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -25,6 +26,16 @@ QAction* AddKey(QToolBar& bar, const ToolKey& key, std::function<void()> handler
   QObject::connect(action, &QAction::triggered, &bar,
                    [handler = std::move(handler)] { notices::Guarded([&] { handler(); }); });
   return action;
+}
+
+QPushButton* NewPushButton(QWidget* parent, const ToolKey& key, std::function<void()> handler) {
+  auto* button = new QPushButton(Icon(key.icon), key.caption, parent);
+  button->setObjectName(key.name);
+  button->setToolTip(key.tip);
+  button->setAutoDefault(false);
+  QObject::connect(button, &QPushButton::clicked, button,
+                   [handler = std::move(handler)] { notices::Guarded(handler); });
+  return button;
 }
 
 }  // namespace folvane

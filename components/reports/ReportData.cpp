@@ -6,11 +6,13 @@
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 
+#include "components/common/Quoted.h"
 #include "components/reports/FlowTables.h"
 
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+using components::Quoted;
 
 const QString kSheetKey = u"REGISTER_ID"_s;
 

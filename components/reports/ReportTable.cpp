@@ -4,11 +4,13 @@
 
 #include <folvane/DataError.h>
 
+#include "components/common/Quoted.h"
 #include "components/reports/FlowTables.h"
 
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+using components::Quoted;
 
 ResultSet ReadRows(Connection& connection, const QString& table, const QString& conditions, const QString& order) {
   static const QRegularExpression name(u"^\\w+$"_s, QRegularExpression::UseUnicodePropertiesOption);
@@ -34,8 +36,6 @@ bool IsNumber(const QString& fieldType) {
 }
 
 }  // namespace
-
-QString Quoted(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\''; }
 
 ReportTable::ReportTable(Connection& connection, const QString& table, const QString& conditions, const QString& order)
     : name_(table), caption_(table), rows_(ReadRows(connection, table, conditions, order)) {

@@ -53,7 +53,4 @@ class ReportTable {
   std::vector<QString> listed_;  ///< markers in the order of the list
 };
 
-/// A text as a literal of a statement.
-QString Quoted(const QString& text);
-
 }  // namespace folvane::reports
