@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QDialog>
+#include <QTemporaryDir>
+
+#include "components/originals/AddQueue.h"
+#include "components/originals/Pulse.h"
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QStandardItem;
+
+namespace folvane::originals {
+
+class FileList;
+
+/// Gathers files that shall become originals of a record, has their names edited, and adds them.
+class FrmAddOriginals : public QDialog {
+ public:
+  FrmAddOriginals(QWidget* parent, RecordOriginals& originals);
+
+  /// Puts files on the list.
+  void Offer(const std::vector<FileToAdd>& files);
+  /// Adds the files on the list as soon as the window is shown.
+  void AddAtOnce();
+  /// How many originals were added.
+  int Added() const { return queue_.Added(); }
+
+  /// While files are added, ends that; asks before files are left behind.
+  void reject() override;
+
+ private:
+  void LayOut();
+  void NameControls();
+  QWidget* NewKeys();
+  void ShowRow(std::size_t index);
+  void Rename(QStandardItem* cell);
+  void TellState(const QString& text = {});
+  void Enable();
+
+  void Choose();
+  void Paste();
+  void Remove();
+  void Add();
+  bool ShowStep(std::size_t index);
+  void ShowFirstProblem();
+
+  QTemporaryDir images_;  ///< that were pasted
+  AddQueue queue_;
+  bool isWorking_ = false, isStopped_ = false;
+  Pulse pulse_;
+  FileList* list_;
+  QLabel* state_;
+  QProgressBar* progress_;
+  QPushButton *choose_ = nullptr, *paste_ = nullptr, *remove_ = nullptr, *add_ = nullptr, *stop_ = nullptr,
+              *close_ = nullptr;
+};
+
+}  // namespace folvane::originals
