@@ -229,8 +229,7 @@ TEST_P(ManageWindowTest, ChecksTheStore) {
   FileDialogs files;
   files.Answer(program_.Path(u"report.txt"_s));
   InWindow([&](QWidget& window) {
-    WithWindow(u"frmCheckOriginals"_s, [&](QWidget& check) {
-      ASSERT_TRUE(WaitUntil([&] { return Find(check, u"CmdCopy"_s).isEnabled(); }));
+    const OnceEnabled checked(u"frmCheckOriginals"_s, u"CmdCopy"_s, [&](QWidget& check) {
       const QString summary = u"共 3 条原文记录、4 个文件；0 个文件缺少，1 个文件没有原文记录。"_s;
       EXPECT_EQ(TextIn(check, u"LblState"_s), summary);
       EXPECT_EQ(UnnamedControls(check), QStringList());

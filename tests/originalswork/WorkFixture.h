@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QBuffer>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QMimeData>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 #include <folvane/DataError.h>
@@ -15,6 +17,7 @@
 #include "components/originals/RecordOriginals.h"
 #include "records/DesignedDatabase.h"
 #include "shell/SharedState.h"
+#include "support/WindowDriver.h"
 
 namespace folvane::test {
 
@@ -66,6 +69,25 @@ inline Qt::DropAction DropOnto(QAbstractItemView& view, const QMimeData& data, c
   QCoreApplication::sendEvent(view.viewport(), &drop);
   return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
+
+/// Runs steps once a control of an open window is enabled. The steps of WithWindow may run inside the window's work,
+/// which lets events through, and could not wait for its end.
+class OnceEnabled {
+ public:
+  OnceEnabled(const QString& name, const QString& control, const WindowSteps& steps) {
+    QObject::connect(&look_, &QTimer::timeout, [=, this] {
+      QWidget* window = QApplication::activeModalWidget();
+      if (!window || window->objectName() != name || !Find(*window, control).isEnabled()) return;
+      look_.stop();
+      steps(*window);
+    });
+    look_.start(10);
+  }
+  ~OnceEnabled() { EXPECT_FALSE(look_.isActive()) << "the window never came so far"; }
+
+ private:
+  QTimer look_;
+};
 
 /// The originals of record 1, in a directory store; the clock stands in 2002.
 class WorkTest : public DesignTest {
