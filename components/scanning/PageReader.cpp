@@ -1,5 +1,6 @@
 #include "components/scanning/PageReader.h"
 
+#include <QThread>
 #include <cstring>
 
 #include "components/scanning/ScanErrors.h"
@@ -61,7 +62,11 @@ bool PageReader::ReadFrame() {
     SANE_Int length = 0;
     const SANE_Status status =
         sane_read(handle_, reinterpret_cast<SANE_Byte*>(portion.data()), SANE_Int(portion.size()), &length);
-    if (status == SANE_STATUS_EOF) return true;
+    if (status == SANE_STATUS_EOF) {
+      // A driver whose reading thread is just ending cancels it wherever it stands, and may wait for it for ever.
+      QThread::msleep(20);
+      return true;
+    }
     RequireGood(status);
     if (bytes_.size() + length > kMostPageBytes) throw ScanError(SANE_STATUS_NO_MEM);
     bytes_.append(portion.constData(), length);

@@ -182,14 +182,14 @@ TEST_F(ScanWindowTest, AScanIsStoppedAndItsPagesStay) {
 TEST_F(ScanWindowTest, WhatTheScannerReportsIsTold) {
   MessageBoxes boxes;
   boxes.Answer(6);
-  SetInScanner("read-return-value", u"SANE_STATUS_JAMMED"_s);
   InWindow([](QWidget& window) {
     ASSERT_TRUE(WaitForScanner(window));
+    auto other = std::make_unique<Scanner>(u"test:0"_s);
     Click(Find(window, u"CmdScan"_s));
     ASSERT_TRUE(WaitForScanner(window));
-    EXPECT_EQ(State(window), u"进纸器卡纸，请取出卡住的纸张后再试。"_s);
+    EXPECT_EQ(State(window), u"扫描仪正忙，可能被其他程序占用，请稍后再试。"_s);
     EXPECT_EQ(Pages(window).count(), 0);
-    SetInScanner("read-return-value", u"Default"_s);
+    other.reset();
     ScanOne(window);
   });
 }
