@@ -47,6 +47,7 @@ int AddOriginals(QWidget* parent, RecordOriginals& originals, const std::vector<
   if (!CanReachStore(originals)) return 0;
   FrmAddOriginals window(parent, originals);
   window.Offer(offered);
+  if (offered.empty()) window.ChooseAtOnce();
   window.exec();
   return window.Added();
 }

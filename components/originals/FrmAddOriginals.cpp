@@ -119,6 +119,10 @@ void FrmAddOriginals::Offer(const std::vector<FileToAdd>& files) {
   Enable();
 }
 
+void FrmAddOriginals::ChooseAtOnce() {
+  QTimer::singleShot(0, this, [this] { Guarded([this] { Choose(); }); });
+}
+
 void FrmAddOriginals::AddAtOnce() {
   QTimer::singleShot(0, this, [this] { Guarded([this] { Add(); }); });
 }

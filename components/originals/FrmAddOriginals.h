@@ -22,6 +22,8 @@ class FrmAddOriginals : public QDialog {
 
   /// Puts files on the list.
   void Offer(const std::vector<FileToAdd>& files);
+  /// Asks for files as soon as the window is shown.
+  void ChooseAtOnce();
   /// Adds the files on the list as soon as the window is shown.
   void AddAtOnce();
   /// How many originals were added.

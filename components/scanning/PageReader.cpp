@@ -10,6 +10,9 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr SANE_Int kPortion = 64 << 10;
+// A driver that reads in a thread ends that thread by force when its last bytes are taken, wherever it stands. If it is
+// freeing memory just then, nobody can any more: so it gets the time to end by itself. In milliseconds, for each page.
+constexpr unsigned long kToEnd = 50;
 
 // Three passes bring one colour each.
 int ColourOf(SANE_Frame format) {
@@ -55,18 +58,19 @@ bool PageReader::ReadFrame() {
   bytes_.clear();
   bytes_.reserve(qMax(expected, qint64(0)));
   QByteArray portion(kPortion, 0);
+  bool isWaitedFor = false;
   while (true) {
     const bool isColour = ColourOf(frame_.format) >= 0;
     const int done = expected < 0 ? -1 : int(bytes_.size() * 100 / qMax(expected, qint64(1)));
     if (!goOn_(done < 0 || !isColour ? done : (done + 100 * frames_) / 3)) return false;
+    if (!isWaitedFor && expected > 0 && bytes_.size() + kPortion >= expected) {
+      QThread::msleep(kToEnd);
+      isWaitedFor = true;
+    }
     SANE_Int length = 0;
     const SANE_Status status =
         sane_read(handle_, reinterpret_cast<SANE_Byte*>(portion.data()), SANE_Int(portion.size()), &length);
-    if (status == SANE_STATUS_EOF) {
-      // A driver whose reading thread is just ending cancels it wherever it stands, and may wait for it for ever.
-      QThread::msleep(20);
-      return true;
-    }
+    if (status == SANE_STATUS_EOF) return true;
     RequireGood(status);
     if (bytes_.size() + length > kMostPageBytes) throw ScanError(SANE_STATUS_NO_MEM);
     bytes_.append(portion.constData(), length);

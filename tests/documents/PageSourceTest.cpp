@@ -211,6 +211,9 @@ TEST_F(PageSourceTest, AHugeTextIsRefused) {
 TEST_F(PageSourceTest, AThumbnailFitsItsRoom) {
   EXPECT_EQ(Thumbnail(u".png"_s, ImageFile(FilledImage(300, 100, Qt::red), "png"), QSize(96, 96)).size(),
             QSize(96, 32));
+  const QImage paper = Thumbnail(u".png"_s, ImageFile(FilledImage(300, 100, Qt::white), "png"), QSize(96, 96));
+  EXPECT_EQ(paper.pixelColor(0, 0), QColor(Qt::gray)) << "white paper is told from a white list";
+  EXPECT_EQ(paper.pixelColor(48, 16), QColor(Qt::white));
   EXPECT_EQ(Thumbnail(u".pdf"_s, PdfOfPages(1), QSize(96, 96)).height(), 96);
   EXPECT_FALSE(Thumbnail(u".txt"_s, "text", QSize(96, 96)).isNull());
   EXPECT_TRUE(Thumbnail(u".png"_s, PngHead(60000, 60000), QSize(96, 96)).isNull());

@@ -17,9 +17,16 @@ using namespace originals;
 
 class AddWindowTest : public WorkTest {
  protected:
-  /// @return what "AddState" answers
+  /// Nothing is chosen in the file dialog that comes with the window. @return what "AddState" answers
   bool InAddWindow(const WindowSteps& steps) {
-    WithWindow(u"frmAddOriginals"_s, steps);
+    bool asked = false;
+    Services().fileDialog = [&asked, later = Services().fileDialog](const FileRequest& request) {
+      return std::exchange(asked, true) ? later(request) : QString();
+    };
+    WithWindow(u"frmAddOriginals"_s, [&](QWidget& window) {
+      ASSERT_TRUE(WaitUntil([&] { return asked; }));
+      steps(window);
+    });
     return Services().handleOriginals(Request(u"AddState"_s));
   }
   void InAddWindow(RecordOriginals& originals, const std::vector<FileToAdd>& files, const WindowSteps& steps) {
@@ -51,6 +58,22 @@ TEST_P(AddWindowTest, AddsTheChosenFilesUnderTheirEditedNamesAndCloses) {
     EXPECT_FALSE(window.isVisible());
   }));
   EXPECT_EQ(Names(), QStringList({u"第一 件.pdf"_s, u"二.txt"_s}));
+}
+
+TEST_P(AddWindowTest, AsksForFilesAtOnceUnlessSomeWereGiven) {
+  FileDialogs files;
+  files.Answer(Source(u"一.pdf"_s, "1"));
+  WithWindow(u"frmAddOriginals"_s, [&](QWidget& window) {
+    ASSERT_TRUE(WaitUntil([&] { return List(window).model()->rowCount() == 1; }));
+    Press(window, u"CmdAdd"_s);
+  });
+  EXPECT_TRUE(Services().handleOriginals(Request(u"AddState"_s)));
+  OriginalsRequest dropped = Request(u"AddState"_s);
+  dropped.files = QStringList{Source(u"二.txt"_s, "2")};
+  WithWindow(u"frmAddOriginals"_s, [](QWidget& window) { Press(window, u"CmdAdd"_s); });
+  EXPECT_TRUE(Services().handleOriginals(dropped));
+  EXPECT_EQ(files.Requests().size(), 1u);
+  EXPECT_EQ(Names(), QStringList({u"一.pdf"_s, u"二.txt"_s}));
 }
 
 TEST_P(AddWindowTest, AnswersFalseWhenNothingWasAdded) {
