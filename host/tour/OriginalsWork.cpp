@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QImage>
+#include <QLabel>
 #include <QMimeData>
 #include <QPainter>
 #include <QPdfWriter>
@@ -83,6 +84,9 @@ void Trigger(const QString& window, const QString& command) {
   action->trigger();
 }
 
+// That the viewer has drawn the page, and so tells its zoom.
+bool IsDrawn() { return VisibleWindow(kViewer) && In<QLabel>(kViewer, u"PanZoom"_s).text().endsWith(u'%'); }
+
 void PlanDrop(Tour& tour, const std::shared_ptr<QTemporaryDir>& folder, const std::shared_ptr<int>& before) {
   tour.Step(u"drop a PDF file and three scans on a document"_s, OnTop(kBrowser), [folder, before] {
     hands::ClickItem(List(), List().model()->index(0, 0));
@@ -103,12 +107,12 @@ void PlanLook(Tour& tour, const std::shared_ptr<int>& before) {
     hands::ClickItem(OriginalsList(), OriginalsList().model()->index(*before, 0));
     hands::ClickKey(Window(kBrowser), u"tlb"_s, u"LookFiles"_s);
   });
-  tour.Step(u"go on to its second page"_s, Shown(kViewer), [] { Trigger(kViewer, u"CmdNext"_s); });
-  tour.Step(u"and to the first scan"_s, Shown(kViewer), [&tour] {
+  tour.Step(u"go on to its second page"_s, IsDrawn, [] { Trigger(kViewer, u"CmdNext"_s); });
+  tour.Step(u"and to the first scan"_s, IsDrawn, [&tour] {
     tour.Picture(Window(kViewer), u"viewer-pdf"_s);
     Trigger(kViewer, u"CmdNextFile"_s);
   });
-  tour.Step(u"look at the scan and leave"_s, Shown(kViewer), [&tour] {
+  tour.Step(u"look at the scan and leave"_s, IsDrawn, [&tour] {
     tour.Picture(Window(kViewer), u"viewer-scan"_s);
     Window(kViewer).close();
   });
