@@ -12,6 +12,7 @@
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/ModalWindow.h"
+#include "shell/WindowPlacement.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/ViewHint.h"
 
@@ -56,6 +57,7 @@ void FrmArchivePara::Open() {
   note_ = parts > 0 ? QString() : u"目标库“%1”没有设置档号格式，不能归档"_s.arg(ObjTbl);
   if (parts == 0) return;
   ShowHint();
+  SetPlacementOf(*this, ObjTbl);
   resize(std::max(kUsualWidth, sizeHint().width()), sizeHint().height());
   ShowModal(*this);
 }
