@@ -4,7 +4,9 @@
 #include <array>
 #include <map>
 
+#include "archiving/ArchiveNumber.h"
 #include "archiving/DoArchiveLog.h"
+#include "base/OuterBlanks.h"
 #include "base/TypedValues.h"
 #include "data/Recordset.h"
 #include "shell/SharedState.h"
@@ -80,7 +82,7 @@ void GiveValue(const ShownField& field) {
 bool IsBlankParameter(const ShownField& field) {
   switch (field.control.type) {
     case ControlKind::Txt:
-      return field.text.trimmed().isEmpty();
+      return WithoutOuterBlanks(field.text).isEmpty();
     case ControlKind::DTP:
       return false;
     default:
@@ -124,6 +126,20 @@ const ShownField* TakeArchiveValues(const ShownFields& entered, DoArchiveLog& lo
     }
   }
   return nullptr;
+}
+
+QString NumberBeginning(const ShownFields& entered, const QString& table) {
+  if (entered.empty() || std::any_of(entered.begin(), entered.end(), IsBlankParameter)) return {};
+  const NumberFormat format = SharedNumberFormat();
+  if (format.storeField.isEmpty()) return {};
+  QString number;
+  for (const NumberField& part : format.fixedFields) {
+    const auto field = std::find_if(entered.begin(), entered.end(), [&](const ShownField& candidate) {
+      return candidate.dataField.compare(part.name, Qt::CaseInsensitive) == 0;
+    });
+    number += part.separator + ComposeNoPiece(part, field == entered.end() ? QString() : field->text, table);
+  }
+  return WithoutFirstSeparator(number + format.itemField.separator);
 }
 
 }  // namespace folvane

@@ -24,4 +24,8 @@ ArchiveFormat LoadArchiveFormat(const QString& table);
 /// @return that field, null when nothing was blank
 const ShownField* TakeArchiveValues(const ShownFields& entered, DoArchiveLog& log);
 
+/// How the numbers of a table begin with what is entered, up to the item's own piece; "" while a field is blank, and
+/// where no number is composed. @throws DataError
+QString NumberBeginning(const ShownFields& entered, const QString& table);
+
 }  // namespace folvane

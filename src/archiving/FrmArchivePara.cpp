@@ -9,6 +9,8 @@
 #include <folvane/Icons.h>
 
 #include "archiving/ArchiveFields.h"
+#include "archiving/ArchiveFormat.h"
+#include "base/IgnoreErrors.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"
 #include "shell/ModalWindow.h"
@@ -62,10 +64,15 @@ void FrmArchivePara::Open() {
   ShowModal(*this);
 }
 
-void FrmArchivePara::ShowHint() {
-  const QString nothing = fields_->Shown().empty() ? u"没有需要录入的档号字段，按“确定”即可归档"_s : QString();
-  hint_->setText(fields_->Note().isEmpty() ? nothing : fields_->Note());
-  hint_->setVisible(!hint_->text().isEmpty());
+void FrmArchivePara::ShowHint() { hint_->setText(HintText()); }
+
+QString FrmArchivePara::HintText() const {
+  if (!fields_->Note().isEmpty()) return fields_->Note();
+  const ShownFields entered = fields_->Shown();
+  if (entered.empty()) return u"没有需要录入的档号字段，按“确定”即可归档"_s;
+  QString beginning;
+  IgnoreErrors([&] { beginning = NumberBeginning(entered, ObjTbl); });  // the transfer itself will tell
+  return beginning.isEmpty() ? u"录入各字段后，这里显示档号的开头"_s : u"档号将以“%1”开头"_s.arg(beginning);
 }
 
 void FrmArchivePara::Confirm() {

@@ -30,6 +30,7 @@ class FrmArchivePara : public QDialog {
   void LayOut();
   void Confirm();
   void ShowHint();
+  QString HintText() const;
 
   ArchiveFields* fields_;
   QLabel* hint_;

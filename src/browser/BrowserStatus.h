@@ -3,6 +3,7 @@
 #include "widgets/WindowStatus.h"
 
 class QProgressBar;
+class QToolButton;
 
 namespace folvane {
 
@@ -16,6 +17,9 @@ class BrowserStatus : public WindowStatus {
   void ShowPosition(qint64 position, qint64 count);
   /// @param done rows filled of the maximum, -1 when the filling has ended
   void ShowProgress(int done, int maximum);
+  /// The same for work that the user can end by the key beside it.
+  void ShowWork(int done, int maximum);
+  QWidget& StopKey() const;
 
   /// Whether the work of the first activation is done; kept as the progress bar's tag, "0" or "1".
   bool IsStarted() const;
@@ -23,6 +27,7 @@ class BrowserStatus : public WindowStatus {
 
  private:
   QProgressBar* progress_;
+  QToolButton* stop_;
 };
 
 }  // namespace folvane

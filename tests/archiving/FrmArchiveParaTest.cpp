@@ -206,6 +206,19 @@ TEST_P(FrmArchiveParaTest, TypingIsCutToTheLimitInBytes) {
   });
 }
 
+TEST_P(FrmArchiveParaTest, TheLineTellsHowTheNumbersWillBegin) {
+  AskFor(u"FondsNo"_s, u"全宗号"_s, 6);
+  AskFor(u"FileYear"_s, u"年度"_s);
+  Part(u"ItemNo"_s, u"."_s);
+  InWindow([&](QWidget& window) {
+    Retype(Find<QWidget>(window, u"F_FondsNo(1)"_s), u"J01"_s);
+    EXPECT_EQ(TextIn(window, u"LblHint"_s), u"录入各字段后，这里显示档号的开头"_s);
+    Retype(Find<QWidget>(window, u"Txt(1)"_s), u"2"_s);
+    EXPECT_EQ(TextIn(window, u"LblHint"_s), u"档号将以“J01-0002.”开头"_s);
+    EXPECT_EQ(Shared().ArchNoFieldValue, (QStringList{u""_s, u""_s, u""_s, u""_s})) << "nothing is taken before OK";
+  });
+}
+
 TEST_P(FrmArchiveParaTest, AFileThatCannotBeWrittenIsToldInTheLineAndStopsNothing) {
   AskFor(u"FileYear"_s, u"年度"_s);
   AskFor(u"KeepTime"_s, u"保管期限"_s, 2);

@@ -1,72 +1,10 @@
-#include <QComboBox>
 #include <QHeaderView>
-#include <QTreeView>
 
-#include "archiving/FrmSearchResult.h"
-#include "archiving/FrmSelTbl.h"
-#include "archiving/MergeFixture.h"
-#include "shell/LoadedWindow.h"
+#include "archiving/FrmSearchResultFixture.h"
 #include "shell/Messages.h"
 #include "support/Accessibility.h"
-#include "support/WindowDriver.h"
 
 namespace folvane::test {
-
-using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-/// Seventy records; the simple query asks for the registration number.
-class FrmSearchResultTest : public MergeTest {
- protected:
-  static constexpr int kRecords = 70;
-
-  void SetUp() override {
-    MergeTest::SetUp();
-    design_->AddRecords(u"Lwdj"_s, kRecords);
-    design_->Run(u"update Lwdj set FileStatus='需归档'"_s);
-    design_->Insert(u"SimSearch"_s, u"TableName,DataField,ChnDataField,OrderNo,CtlType,CtlIndex"_s,
-                    {u"Lwdj"_s, u"Amaintitle"_s, u"题名"_s, u"1"_s, u"1"_s, u"1"_s});
-    log_->Take();
-  }
-  /// Opens the window, runs the steps in it and closes it. @return what came of it
-  QString InWindow(const WindowSteps& steps) {
-    const LoadedWindow<FrmSearchResult> window;
-    window->CurrTable = u"Lwdj"_s;
-    window->TargetID = Key(1);
-    window->TargetTitle = u"题名1"_s;
-    WithWindow(u"FrmSearchResult"_s, steps);
-    window->Open();
-    return window->Outcome;
-  }
-  static QTreeView& List(QWidget& window) { return Find<QTreeView>(window, u"LVData"_s); }
-  static int Loaded(QWidget& window) { return List(window).model()->rowCount(); }
-  static int Row(QWidget& window) { return List(window).currentIndex().row() + 1; }
-  static QModelIndex Cell(QWidget& window, int row) { return List(window).model()->index(row - 1, 0); }
-  static bool IsTicked(QWidget& window, int row) {
-    return Cell(window, row).data(Qt::CheckStateRole).toInt() == Qt::Checked;
-  }
-  static void Tick(QWidget& window, int row) {
-    List(window).model()->setData(Cell(window, row), Qt::Checked, Qt::CheckStateRole);
-  }
-  static QString PageText(QWidget& window) { return TextIn(window, u"Label1"_s); }
-  static void Follow(QWidget& window, int link) { Click(Find<QWidget>(window, u"LblPage(%1)"_s.arg(link))); }
-  /// Searches for titles that contain a text, or leaves the query without one.
-  static void Search(QWidget& window, const QString& text) {
-    WithWindow(u"frmSimFind"_s, [&](QWidget& query) {
-      if (text.isEmpty()) return query.close(), void();
-      Retype(Find<QWidget>(query, u"F_Sim(1)"_s), text);
-      Click(Find<QWidget>(query, u"CmdOK"_s));
-    });
-    Click(Find<QWidget>(window, u"CmdSearch"_s));
-  }
-  static void SearchAll(QWidget& window) { Search(window, u"题名"_s); }
-  static void Ok(QWidget& window) { Click(Find<QWidget>(window, u"CmdOK"_s)); }
-
-  MessageBoxes boxes_;
-};
-
-}  // namespace
 
 FOLVANE_ON_EACH_DATABASE(FrmSearchResultTest);
 
@@ -273,85 +211,6 @@ TEST_P(FrmSearchResultTest, LeavingMergesNothing) {
 TEST_P(FrmSearchResultTest, TheWidthsOfTheColumnsComeBack) {
   InWindow([&](QWidget& window) { List(window).header()->resizeSection(1, 222); });
   InWindow([&](QWidget& window) { EXPECT_EQ(List(window).header()->sectionSize(1), 222); });
-}
-
-namespace {
-
-class FrmSelTblTest : public FrmSearchResultTest {
- protected:
-  /// Opens the choice of the table and runs the steps in it.
-  QString InChoice(const WindowSteps& steps) {
-    const LoadedWindow<FrmSelTbl> window;
-    window->TargetID = Key(1);
-    WithWindow(u"FrmSelTbl"_s, steps);
-    window->Open();
-    return window->Outcome;
-  }
-  static QComboBox& Tables(QWidget& window) { return Find<QComboBox>(window, u"CboChnTable"_s); }
-};
-
-QStringList EntriesOf(const QComboBox& box) {
-  QStringList entries;
-  for (int at = 0; at < box.count(); ++at) entries << box.itemText(at);
-  return entries;
-}
-
-}  // namespace
-
-FOLVANE_ON_EACH_DATABASE(FrmSelTblTest);
-
-TEST_P(FrmSelTblTest, OffersTheFileTablesWithAStatus) {
-  design_->AddPlainTable(u"Nbwj"_s, u"内部文件"_s, 2);
-  design_->Insert(u"DynamicWindows"_s, u"TableName,ChnTableName,TableType,FieldName"_s,
-                  {u"Wsda"_s, u"文书档案"_s, u"A"_s, u"FileStatus"_s});
-  log_->Take();
-  InChoice([&](QWidget& window) {
-    EXPECT_TRUE(log_->Take().contains(
-        u"Select TableName,ChnTableName From DynamicWindows Where TableType = 'F' And FieldName = 'FileStatus'"_s));
-    QStringList captions = EntriesOf(Tables(window)), tables = EntriesOf(Find<QComboBox>(window, u"CboTable"_s));
-    EXPECT_EQ(captions.first(), u"<请选择>"_s);
-    EXPECT_EQ(captions.last(), u"<退出>"_s);
-    EXPECT_EQ(tables.first(), u"<请选择>"_s);
-    ASSERT_EQ(captions.size(), 4);
-    ASSERT_EQ(tables.size(), 3) << "the way out has no table";
-    EXPECT_EQ(captions[tables.indexOf(u"Lwdj"_s)], u"来文登记"_s);
-    EXPECT_EQ(captions[tables.indexOf(u"Fwdj"_s)], u"发文登记"_s);
-    EXPECT_EQ(Tables(window).currentIndex(), 0);
-    EXPECT_EQ(UnnamedControls(window), QStringList());
-  });
-}
-
-TEST_P(FrmSelTblTest, ChoosingATableGoesOnWithItsRecordsAndCloses) {
-  QString shown;
-  const QString outcome = InChoice([&](QWidget& window) {
-    WithWindow(u"FrmSearchResult"_s, [&](QWidget& result) {
-      shown = static_cast<FrmSearchResult&>(result).CurrTable + static_cast<FrmSearchResult&>(result).TargetID;
-      SearchAll(result);
-      Tick(result, 1);
-      Ok(result);
-    });
-    Tables(window).setCurrentIndex(Tables(window).findText(u"来文登记"_s));
-    EXPECT_FALSE(window.isVisible());
-  });
-  EXPECT_EQ(shown, u"Lwdj"_s + Key(1));
-  EXPECT_EQ(outcome, u"已将 1 份记录合并一件"_s);
-}
-
-TEST_P(FrmSelTblTest, TheWayOutClosesIt) {
-  InChoice([&](QWidget& window) {
-    Tables(window).setCurrentIndex(Tables(window).count() - 1);
-    EXPECT_FALSE(window.isVisible());
-  });
-  EXPECT_EQ(boxes_.Texts(), QStringList());
-}
-
-TEST_P(FrmSelTblTest, WithoutATableItClosesAtOnceWithoutAMessage) {
-  design_->Run(u"delete from DynamicWindows where FieldName='FileStatus'"_s);
-  const LoadedWindow<FrmSelTbl> window;
-  window->Open();
-  EXPECT_FALSE(window->isVisible());
-  EXPECT_EQ(window->Outcome, u"没有可以合并的记录：没有一个登记表带归档状态"_s);
-  EXPECT_EQ(boxes_.Texts(), QStringList());
 }
 
 }  // namespace folvane::test
