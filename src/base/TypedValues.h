@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <optional>
 
@@ -25,9 +26,12 @@ bool IsNumeric(const QString& text);
 /// The text as a 32-bit integer, a half rounded to the even neighbour. @throws NumberError
 int ToInteger(const QString& text);
 
-/// Whether the text is a date, a time of day, or both in either order. With the year first it is year, month, day;
-/// otherwise month, day, year or day, month, year, whichever exists. Two numbers are a month and a day, or a year and a
-/// month.
+/// The date that the text stands for, none when it is none. The text is a date, a time of day, or both in either order.
+/// With the year first it is year, month, day; otherwise month, day, year or day, month, year, whichever exists. Two
+/// numbers are a month and a day, or a year and a month. Where the year is missing it is the current one, where the day
+/// is missing the first; a time of day alone is of 1899-12-30.
+std::optional<QDate> ReadDate(const QString& text);
+
 bool IsDate(const QString& text);
 
 }  // namespace folvane

@@ -101,8 +101,10 @@ std::vector<CommandKey> Keys() {
 
 QSet<QString> Unavailable() {
   return {
-      u"mnu_File2_Open"_s, u"mnu_File5_Save"_s, u"mnuUnitRecord"_s, u"mnu_Manager4_Archive"_s,
-      u"Archive"_s,        kArchiveToTarget,    u"Archive(2)"_s,
+      u"mnu_File2_Open"_s,
+      u"mnu_File5_Save"_s,
+      u"mnu_Manager4_Archive"_s,
+      u"Archive(2)"_s,
   };
 }
 
@@ -122,6 +124,15 @@ void BrowserCommands::AddArchiveMenu() {
   archiveToTarget_ =
       commands_.AddEntry(menu, {kArchiveToTarget, u"归档到目标库(&T)"_s, {}, {}, u"将选中的文件归档到目标库"_s});
   commands_.AddEntry(menu, {u"Archive(2)"_s, u"文件归档(&A)..."_s, {}, {}, u"打开文件归档"_s});
+}
+
+void BrowserCommands::OnArchiveToTarget(std::function<void()> handler) {
+  const auto run = [this, handler] {
+    status_.ShowNotice({});
+    handler();
+  };
+  ConnectGuarded(archiveToTarget_, &QAction::triggered, &commands_, run);
+  commands_.OnKey(u"Archive"_s, run);
 }
 
 void BrowserCommands::OnEntry(const QString& entry, std::function<void()> handler) {

@@ -30,6 +30,8 @@ class BrowserCommands {
   void OnEntry(const QString& entry, std::function<void()> handler);
   /// What a toolbar key without a twin runs.
   void OnKey(const QString& key, std::function<void()> handler);
+  /// What the toolbar key "Archive" runs, and the first entry of its menu.
+  void OnArchiveToTarget(std::function<void()> handler);
   void BindShortcut(const QString& entry, QWidget& widget) { commands_.BindShortcut(entry, widget); }
   void Enable(const BrowserEnabling& enabling);
 

@@ -1,6 +1,7 @@
 #include "browser/BrowserStatus.h"
 
 #include <QProgressBar>
+#include <QToolButton>
 
 namespace folvane {
 namespace {
@@ -11,12 +12,18 @@ constexpr int kBehindNotice = 2;  // the place of the progress among the panels
 
 }  // namespace
 
-BrowserStatus::BrowserStatus(QWidget* parent) : WindowStatus(parent), progress_(new QProgressBar(this)) {
+BrowserStatus::BrowserStatus(QWidget* parent)
+    : WindowStatus(parent), progress_(new QProgressBar(this)), stop_(new QToolButton(this)) {
   progress_->setObjectName(u"ProMain"_s);
   progress_->setMaximumWidth(kProgressWidth);
   progress_->setTextVisible(false);
   insertPermanentWidget(kBehindNotice, progress_);
   progress_->hide();
+  stop_->setObjectName(u"CmdStop"_s);
+  stop_->setText(u"取消"_s);
+  stop_->setToolTip(u"取消正在进行的操作 (Esc)"_s);
+  insertPermanentWidget(kBehindNotice + 1, stop_);
+  stop_->hide();
   SetStarted(false);
 }
 
@@ -38,6 +45,13 @@ void BrowserStatus::ShowProgress(int done, int maximum) {
   progress_->setVisible(done >= 0);
   if (done >= 0) progress_->setValue(done);
 }
+
+void BrowserStatus::ShowWork(int done, int maximum) {
+  ShowProgress(done, maximum);
+  stop_->setVisible(done >= 0);
+}
+
+QWidget& BrowserStatus::StopKey() const { return *stop_; }
 
 bool BrowserStatus::IsStarted() const { return progress_->property("Tag").toString() == u"1"_s; }
 

@@ -3,6 +3,7 @@
 #include "widgets/WindowStatus.h"
 
 class QProgressBar;
+class QToolButton;
 
 namespace folvane {
 
@@ -18,6 +19,9 @@ class BrowserStatus : public WindowStatus {
   void ShowDeleted(qint64 records, const QString& left);
   /// @param done rows filled of the maximum, -1 when the filling has ended
   void ShowProgress(int done, int maximum);
+  /// The same for work that the user can end by the key beside it.
+  void ShowWork(int done, int maximum);
+  QWidget& StopKey() const;
 
   /// Whether the work of the first activation is done; kept as the progress bar's tag, "0" or "1".
   bool IsStarted() const;
@@ -25,6 +29,7 @@ class BrowserStatus : public WindowStatus {
 
  private:
   QProgressBar* progress_;
+  QToolButton* stop_;
 };
 
 }  // namespace folvane

@@ -7,6 +7,7 @@
 
 #include <folvane/Icons.h>
 
+#include "browser/ArchiveCommands.h"
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserEnabling.h"
 #include "browser/BrowserStatus.h"
@@ -58,6 +59,7 @@ FrmMain::FrmMain() {
   bulkCommands_ = std::make_unique<BulkCommands>(*list_, parameters_, *status_);
   queryCommands_ = std::make_unique<QueryCommands>(*list_, parameters_, *limits_, *status_);
   originalCommands_ = std::make_unique<OriginalCommands>(*list_, *originals_, *status_);
+  archiveCommands_ = std::make_unique<ArchiveCommands>(*list_, parameters_, *originals_, *status_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
@@ -94,6 +96,7 @@ void FrmMain::Connect() {
   ConnectMoves();
   ConnectCommands();
   ConnectOriginals();
+  ConnectArchiving();
   commands_->OnEntry(u"mnu_File6_Exit"_s, [this] { close(); });
   commands_->OnEntry(u"mnuHelpTitle"_s, [this] { OpenHelp(this, u"文件登记.htm"_s); });
   commands_->OnEntry(u"mnuAbout"_s, [] {
@@ -145,6 +148,11 @@ void FrmMain::ConnectOriginals() {
   originals_->OnOpen([this] { originalCommands_->Browse(); });
   originals_->OnDrop([this](const QStringList& files) { originalCommands_->Add(files); });
   ConnectGuarded(originals_, &QWidget::customContextMenuRequested, this, &FrmMain::ShowOriginalsMenu);
+}
+
+void FrmMain::ConnectArchiving() {
+  commands_->OnArchiveToTarget([this] { archiveCommands_->ToTarget(); });
+  commands_->OnEntry(u"mnuUnitRecord"_s, [this] { archiveCommands_->Merge(); });
 }
 
 void FrmMain::RunReport(const ReportRow& report) {

@@ -10,6 +10,7 @@ class QTreeView;
 
 namespace folvane {
 
+class ArchiveCommands;
 class BrowserCommands;
 class BrowserStatus;
 class BulkCommands;
@@ -59,6 +60,7 @@ class FrmMain : public QMainWindow {
   void ConnectMoves();
   void ConnectCommands();
   void ConnectOriginals();
+  void ConnectArchiving();
 
   // What the window does as another table, other records or another row come into view.
   void LeaveTable();
@@ -94,6 +96,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<BulkCommands> bulkCommands_;
   std::unique_ptr<QueryCommands> queryCommands_;
   std::unique_ptr<OriginalCommands> originalCommands_;
+  std::unique_ptr<ArchiveCommands> archiveCommands_;
 };
 
 }  // namespace folvane

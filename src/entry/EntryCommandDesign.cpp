@@ -82,8 +82,7 @@ std::vector<CommandKey> Keys() {
 
 }  // namespace
 
-// The last ones are commands whose subsystems do not exist yet.
-CommandDesign EntryCommandDesign() { return {u"TlbCool"_s, Menus(), Keys(), {u"mnuArchive"_s, u"DoArchive"_s}}; }
+CommandDesign EntryCommandDesign() { return {u"TlbCool"_s, Menus(), Keys(), {}}; }
 
 const std::vector<KeptMark>& KeptMarks() {
   static const std::vector<KeptMark> marks{{u"AutoSave"_s, u"AutoAddSaveFlags"_s},

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/CodePage.h"
+#include "base/OuterBlanks.h"
 #include "base/TypedValues.h"
 #include "data/Recordset.h"
 #include "shell/Messages.h"
@@ -16,14 +17,6 @@ constexpr int kDateLength = 8;
 
 CheckFailure Failure(const QString& reason, const ControlId& control) {
   return {kNotSaved + reason, MessageFlag::Information, control};
-}
-
-/// Blanks only: a no-break space, an ideographic one or a tab belongs to the text.
-QString WithoutOuterBlanks(const QString& text) {
-  qsizetype begin = 0, end = text.size();
-  while (begin < end && text[begin] == u' ') ++begin;
-  while (end > begin && text[end - 1] == u' ') --end;
-  return text.sliced(begin, end - begin);
 }
 
 int LimitOf(const ShownField& field) {

@@ -90,6 +90,7 @@ class FrmInput : public QMainWindow, public FormToSave {
   void MoveTo(RecordLifecycle::Step step);
   void CopyAll();
   void HandToFlow(const QString& flowTable);
+  void Archive();
   void AddOriginals();
   void ManageOriginals();
   /// Whether the record has nothing unsaved; says so where it has.

@@ -7,6 +7,7 @@
 
 #include <folvane/Icons.h>
 
+#include "archiving/ArchiveRecords.h"
 #include "data/Recordset.h"
 #include "entry/EntryCommandDesign.h"
 #include "entry/EntryReports.h"
@@ -134,6 +135,7 @@ void FrmInput::ConnectTools() {
   commands_->OnEntry(u"mnuDistibute"_s, [this] { HandToFlow(u"Distribute_File"_s); });
   commands_->OnEntry(u"mnuPassRead"_s, [this] { HandToFlow(u"PassRead_File"_s); });
   commands_->OnEntry(u"mnuTransact"_s, [this] { HandToFlow(u"Transact_File"_s); });
+  commands_->OnEntry(u"mnuArchive"_s, [this] { Archive(); });
   commands_->OnEntry(u"FindDir"_s, [this] { OpenHelp(this, u"数据操作.htm"_s); });
   commands_->OnEntry(u"About"_s, [] {
     FrmAbout about;
@@ -172,6 +174,23 @@ void FrmInput::HandToFlow(const QString& flowTable) {
   records.MoveNext();
   records.MovePrevious();
   ShowCurrentRecord();
+}
+
+void FrmInput::Archive() {
+  if (!IsSaved() || lifecycle_->CurrentKey().isEmpty()) return;
+  status_->ShowNote({});
+  ArchiveOrder order;
+  order.source = CurrTable;
+  order.destination = Selected(Parameter::Target);
+  order.statement = lifecycle_->Records().Source();
+  const ArchiveOutcome outcome = ArchiveRecords(order);
+  if (outcome.isRun) {
+    if (outcome.count > 0) lifecycle_->MarkArchived();
+    lifecycle_->EndCopyAll();
+    ShowCurrentRecord();
+  }
+  const bool hasFailed = outcome.isRun && outcome.count == 0;
+  status_->ShowNote(hasFailed ? u"没有归档：当前记录不符合需要归档的条件"_s : outcome.note);
 }
 
 void FrmInput::Open() {

@@ -152,6 +152,20 @@ void RecordLifecycle::Delete() {
   copyAll_ = false;
 }
 
+void RecordLifecycle::MarkArchived() {
+  const QString status = u"FileStatus"_s;
+  if (!HasRow() || !FieldExists(records_, status)) return;
+  records_[status].SetValue(u"已归档"_s);
+  try {
+    records_.UpdateBatch();
+  } catch (const DataError&) {
+    records_.CancelUpdate();
+    records_.CancelBatch(AffectKind::All);
+    ReadAgain();
+    throw;
+  }
+}
+
 bool RecordLifecycle::Move(Step step) {
   bool moved = true;
   switch (step) {

@@ -65,11 +65,16 @@ class RecordLifecycle {
   /// Answers false when there was no such record; the nearest is then the current one.
   bool Move(Step step);
 
+  /// Writes that the current record has been archived, where it has a status. When the database refuses, the record is
+  /// as it was.
+  void MarkArchived();
+
   /// The record set was moved by someone else: cancelling returns to where it stands now.
   void NoteMoved();
 
   /// Marks copying of the current record, or ends it. Does nothing without one.
   void ToggleCopyAll();
+  void EndCopyAll() { copyAll_ = false; }
   bool CopiesAll() const { return copyAll_; }
 
   /// Has the registration number follow a field. Answers whether it was written.

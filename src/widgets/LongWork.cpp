@@ -1,7 +1,6 @@
 #include "widgets/LongWork.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 #include <QKeyEvent>
 #include <QProgressBar>
 #include <QWidget>
@@ -55,11 +54,24 @@ bool LongWork::GoOn(qint64 done, qint64 maximum) {
 }
 
 bool LongWork::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &window_) NoteDialog(event->type());
+  if (isInDialog_) return false;
   // A window of the window system hands its input on to a widget, where it comes by here again.
   if (!IsInput(event->type()) || watched->isWindowType()) return false;
   if (stopKey_ && AsksForEnd(*watched, *event)) stopped_ = true;
   event->setAccepted(event->type() != QEvent::Close);
   return true;
+}
+
+// A modal dialog blocks the window for as long as it is open.
+void LongWork::NoteDialog(QEvent::Type type) {
+  if (type == QEvent::WindowBlocked && !isInDialog_) {
+    isInDialog_ = true;
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+  } else if (type == QEvent::WindowUnblocked && isInDialog_) {
+    isInDialog_ = false;
+    QGuiApplication::restoreOverrideCursor();
+  }
 }
 
 bool LongWork::AsksForEnd(const QObject& receiver, const QEvent& event) const {

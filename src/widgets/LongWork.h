@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QObject>
 #include <functional>
 
 #include "widgets/BusyPointer.h"
 
-class QEvent;
 class QProgressBar;
 class QWidget;
 
@@ -14,7 +14,8 @@ namespace folvane {
 
 /// Work of many steps that a window carries out while its user waits. As long as it lives the pointer is busy; GoOn
 /// shows how far it has come and keeps all windows painted. Input reaches none of them: pressing the stop key, Escape
-/// in the window or closing the window asks for the end of the work, and everything else is dropped.
+/// in the window or closing the window asks for the end of the work, and everything else is dropped. A dialog that the
+/// work itself opens is used as ever, with the usual pointer.
 class LongWork : public QObject {
  public:
   /// Shows `done` of `maximum`; done -1 once the work has ended.
@@ -31,6 +32,7 @@ class LongWork : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void NoteDialog(QEvent::Type type);
   bool AsksForEnd(const QObject& receiver, const QEvent& event) const;
 
   QWidget& window_;
@@ -39,6 +41,7 @@ class LongWork : public QObject {
   BusyPointer busy_;
   QElapsedTimer sinceShown_;
   bool stopped_ = false;
+  bool isInDialog_ = false;
 };
 
 /// Shows the work in a bar that is hidden otherwise.

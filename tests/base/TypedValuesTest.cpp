@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/TypedValues.h"
-#include "support/QtPrinting.h"
+#include "support/HostDoubles.h"
 
 namespace folvane {
 namespace {
@@ -248,6 +248,47 @@ const TextCase kTimes[] = {
 };
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(Times, Date, testing::ValuesIn(kTimes));
+
+struct DateCase {
+  QString text;
+  QDate date;
+};
+
+void PrintTo(const DateCase& value, std::ostream* out) { *out << value.text.toStdString(); }
+
+class DateReading : public testing::TestWithParam<DateCase> {};
+
+TEST_P(DateReading, GivesTheDay) {
+  test::FixClock(QDateTime(QDate(2002, 3, 4), QTime(10, 0)));
+  EXPECT_EQ(ReadDate(GetParam().text), GetParam().date);
+}
+
+// clang-format off
+const DateCase kReadDates[] = {
+    {u"2002-03-04"_s, {2002, 3, 4}},
+    {u" 2002/3/4 12:30"_s, {2002, 3, 4}},
+    {u"3-4-2002"_s, {2002, 3, 4}},
+    {u"13-2-2002"_s, {2002, 2, 13}},
+    {u"99-12-31"_s, {1999, 12, 31}},
+    {u"12/31/29"_s, {2029, 12, 31}},
+    {u"12-31"_s, {2002, 12, 31}},        // of the current year
+    {u"31-12"_s, {2002, 12, 31}},
+    {u"2001-5"_s, {2001, 5, 1}},
+    {u"5-2001"_s, {2001, 5, 1}},
+    {u"2-29"_s, {2029, 2, 1}},           // no day of this year, but a month and a year
+    {u"2002年3月4日"_s, {2002, 3, 4}},
+    {u"2002年3月"_s, {2002, 3, 1}},
+    {u"3月4日"_s, {2002, 3, 4}},
+    {u"2月29日"_s, {2002, 3, 1}},
+    {u"２００２－０１－０２"_s, {2002, 1, 2}},
+    {u"Jan 2, 2002"_s, {2002, 1, 2}},
+    {u"2-Jan-2002"_s, {2002, 1, 2}},
+    {u"Jan 2"_s, {2002, 1, 2}},
+    {u"Jan 2001"_s, {2001, 1, 1}},
+    {u"12:30"_s, {1899, 12, 30}},
+};
+// clang-format on
+INSTANTIATE_TEST_SUITE_P(Forms, DateReading, testing::ValuesIn(kReadDates));
 
 }  // namespace
 }  // namespace folvane

@@ -74,6 +74,23 @@ TEST_F(LongWorkTest, LetsNoOtherInputThrough) {
   EXPECT_EQ(box_.text(), u"abc"_s);
 }
 
+TEST_F(LongWorkTest, ADialogThatTheWorkOpensIsUsedAsEver) {
+  LongWork work(window_, &stop_, ShowIn(bar_));
+  QDialog dialog(&window_);
+  dialog.setObjectName(u"Question"_s);
+  QLineEdit answer(&dialog);
+  WithWindow(u"Question"_s, [&](QWidget&) {
+    Type(answer, u"abc"_s);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+  });
+  dialog.exec();
+  EXPECT_EQ(answer.text(), u"abc"_s);
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  EXPECT_TRUE(work.GoOn(1, 2)) << "closing the dialog asked for no end";
+  Type(box_, u"abc"_s);
+  EXPECT_EQ(box_.text(), QString()) << "the window itself still takes none";
+}
+
 TEST_F(LongWorkTest, WithoutAStopKeyItIsCarriedThrough) {
   EXPECT_FALSE(WorkUnder(
       [&] {

@@ -215,14 +215,9 @@ TEST_P(FrmInputTest, WalksWithTabFromFieldToField) {
   });
 }
 
-TEST_P(FrmInputTest, ShowsTheCommandsOfLaterSubsystemsDisabled) {
+TEST_P(FrmInputTest, OffersNoReplacingWhereNobodyOpensThatWindow) {
   AddRecords(1);
-  Right(Parameter::Target, u"Wsda"_s);
-  InWindow([](const Input& input) {
-    EXPECT_FALSE(input.KeyOn(u"DoArchive"_s));
-    for (const QString& entry : {u"mnuArchive"_s, u"mnuReplace"_s})
-      EXPECT_FALSE(input.On(entry)) << entry.toStdString();
-  });
+  InWindow([](const Input& input) { EXPECT_FALSE(input.On(u"mnuReplace"_s)); });
 }
 
 TEST_P(FrmInputTest, OpensTheWindowThatFindsAndReplaces) {

@@ -15,6 +15,9 @@ struct NativeWords {
   /// What an Insert is to give back is named behind one of these: ahead of its values or at its end; "" for the other.
   const char* insertedAhead;
   const char* insertedAtEnd;
+  /// Lets one connection at a time go on from there to the end of its transaction; "" where the locks of the rows that
+  /// were written have others wait who read them.
+  const char* oneAtATime;
   /// The types of columns, %1 the length; null where tables are made by the server's own tools.
   const char* text;
   const char* longText;

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "data/Recordset.h"
+
+namespace folvane {
+
+/// A field of an archive number.
+struct NumberField {
+  QString name, value;  ///< the value that the user gave; the last field has none
+  QString separator;    ///< in front of the field's piece
+  bool showCode = false;
+  qint16 length = 0;  ///< of the piece, in bytes of the national code page
+};
+
+/// How the archive number of a table is made up: of fixed fields, which one volume has in common, and of the running
+/// number of the item, which is the last one.
+struct NumberFormat {
+  std::vector<NumberField> fixedFields;
+  NumberField itemField;
+  QString storeField;   ///< the column that takes the number; "" where none is composed
+  QString folderField;  ///< the column that takes the number without its last piece; "(无)" for none
+
+  bool HasFolder() const;
+};
+
+/// The format with the values that the window of the archive parameters left.
+NumberFormat SharedNumberFormat();
+
+/// The condition of the rows that have the fixed fields' values, beginning with " Where "; "" without fixed fields.
+QString ScopeClauseOf(const NumberFormat& format);
+
+/// The piece that a field's value makes of a number: a fonds or a class by code or name and as long as that is, any
+/// other value or the code of its dictionary entry, filled up with zeros.
+/// @param table whose dictionaries are asked @throws DataError
+QString ComposeNoPiece(const NumberField& field, const QString& value, const QString& table);
+
+/// The name of a fonds (kind 1), or of a class of the current fonds (kind 2); "" when there is none, and for any other
+/// kind. @throws DataError
+QString LookupCodeName(int kind, const QString& code);
+
+/// A composed number without the first separator. That is expected to be one character: of a number that begins without
+/// one, the first character is lost.
+inline QString WithoutFirstSeparator(const QString& number) { return number.mid(1); }
+
+}  // namespace folvane

@@ -1,0 +1,121 @@
+#include "archiving/ArchiveTransfer.h"
+
+#include <folvane/DataError.h>
+
+#include "archiving/FieldTypes.h"
+#include "archiving/TransferWords.h"
+#include "archiving/VolumeRecord.h"
+#include "shell/Lookups.h"
+#include "shell/Messages.h"
+#include "shell/SharedState.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+const QString kTakenText = u"归档期间，其他用户已经使用了相同的档号或顺序号，所有操作已取消。请重新归档！"_s;
+
+[[noreturn]] void ThrowAlreadyOpen() {
+  throw DataError(DataErrorKind::Usage, u"数据库连接上已有一个事务正在进行，不能开始归档。"_s);
+}
+
+// One that the host has begun on its handle is known to the database alone.
+void BeginAlone(std::optional<Transaction>& transaction, Connection& connection) {
+  try {
+    transaction.emplace(connection);
+  } catch (const DataError& error) {
+    if (error.Kind() != DataErrorKind::Statement) throw;
+    ThrowAlreadyOpen();
+  }
+}
+
+}  // namespace
+
+void ArchiveTransfer::DoFileArch(const TransferOrder& order, const QStringList& records, bool marksSource) {
+  const std::shared_ptr<Connection> connection = SharedConnection();
+  if (connection->InTransaction()) ThrowAlreadyOpen();
+  taken_ = std::make_unique<TakenNumbers>(connection, order.destinationTable);
+  tables_ = std::make_unique<TransferTables>(order);
+  firstCounter_ = tables_->ArchiveCounter;
+  succeedCount_ = 0;
+  RecordTransfer transfer(*tables_);
+  std::optional<MessageRequest> notice;
+  std::optional<Transaction> transaction;
+  BeginAlone(transaction, *connection);
+  try {
+    const Ending ending = TransferAll(records, marksSource, transfer);
+    if (ending == Ending::Complete) WriteVolume();
+    if (ending == Ending::TakenBack)
+      notice = transfer.Failure();
+    else if (AreNumbersTaken(transfer))
+      notice = MessageRequest{kTakenText, MessageFlag::Warning, kTransferTitle, {}, {}};
+    if (ending == Ending::TakenBack || notice)
+      succeedCount_ = 0;
+    else
+      transaction->Commit();
+  } catch (...) {
+    succeedCount_ = 0;
+    throw;
+  }
+  // Rolled back here, before the box: while it waits for its answer nobody else should wait for the database.
+  transaction.reset();
+  if (notice) ShowMessage(*notice);
+}
+
+ArchiveTransfer::Ending ArchiveTransfer::TransferAll(const QStringList& records, bool marksSource,
+                                                     RecordTransfer& transfer) {
+  const int total = int(records.size());
+  for (int done = 1; done <= total; ++done) {
+    const RecordResult result = transfer.TransferOneRecord(records[done - 1]);
+    resultMsg_ = transfer.ResultMsg();
+    if (result == RecordResult::EndKeeping) return Ending::Keeping;
+    if (result == RecordResult::Cancel) return Ending::TakenBack;
+    if (result == RecordResult::Transferred) {
+      if (marksSource && tables_->hasFileStatus) MarkSource();
+      succeedCount_ = CounterOf(succeedCount_ + 1);
+    }
+    if (onProgress && !onProgress(done, total)) return Ending::TakenBack;
+  }
+  return Ending::Complete;
+}
+
+void ArchiveTransfer::MarkSource() {
+  tables_->source[u"FileStatus"_s].SetValue(kArchived);
+  tables_->source.UpdateBatch(AffectKind::Current);
+}
+
+void ArchiveTransfer::WriteVolume() {
+  const QString table = tables_->order.destinationTable;
+  Recordset parent;
+  parent.Open(
+      u"select TableName,ChnTableName from Design_TableRelation  where tablename=(select Table_Parent from "
+      "Design_TableRelation where tablename='"_s +
+          table + u"') "_s,
+      SharedConnection());
+  if (parent.EOF_() || succeedCount_ == 0) return;
+  const QString parentTable = parent[u"TableName"_s].Text();
+  const QString storeField =
+      FirstText(u"Select StoreField From ArchiveNo_Format where TableName='"_s + parentTable + u'\'', u"StoreField"_s);
+  InputAmaintitle(table, parentTable, storeField, tables_->formatScopeClause);
+}
+
+void ArchiveTransfer::InputAmaintitle(const QString& objectTable, const QString& parentTable, const QString& storeField,
+                                      const QString& scopeClause) const {
+  VolumeOrder order{objectTable, parentTable, storeField, scopeClause, SharedNumberFormat(), objectTable, {}, askTitle};
+  order.fieldText = [](const NumberField& field) { return field.value; };
+  if (tables_) {
+    order.format = tables_->format;
+    order.dictionaryTable = tables_->order.destinationTable;
+    order.fieldText = [this](const NumberField& field) { return tables_->destination[field.name].Text(); };
+  }
+  WriteVolumeRecord(order);
+}
+
+bool ArchiveTransfer::AreNumbersTaken(const RecordTransfer& transfer) const {
+  GivenNumbers given{transfer.WrittenKeys(), transfer.Numbers(),          tables_->format.storeField, {},
+                     firstCounter_,          tables_->ArchiveCounter - 1, tables_->formatScopeClause};
+  if (tables_->IsCounted()) given.counterField = tables_->sequenceField;
+  return taken_->AnyOf(given);
+}
+
+}  // namespace folvane

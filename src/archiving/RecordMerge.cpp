@@ -1,0 +1,83 @@
+#include "archiving/RecordMerge.h"
+
+#include <utility>
+
+#include "base/TypedValues.h"
+#include "data/Recordset.h"
+#include "shell/EventGuard.h"
+#include "shell/SharedState.h"
+#include "shell/SqlText.h"
+
+namespace folvane {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+qint16 OrderBehind(const QString& greatest) {
+  const int next = greatest.isEmpty() ? 1 : ToInteger(greatest) + 1;
+  if (next != qint16(next)) throw NumberError(u"原文顺序号 %1 太大，不能再加原文。"_s.arg(greatest));
+  return qint16(next);
+}
+
+bool HasNote(const QString& table) {
+  Recordset fields;
+  fields.Open(
+      u"Select FieldName From DynamicWindows Where TableName = '"_s + EscapeSql(table) + u"' And FieldName = 'Note'"_s,
+      SharedConnection(), CursorType::Static, LockType::ReadOnly);
+  return !fields.EOF_();
+}
+
+}  // namespace
+
+RecordMerge::RecordMerge(QString table, QString target)
+    : table_(std::move(table)), target_(EscapeSql(std::move(target))) {
+  Recordset originals;
+  originals.Open(u"Select Max(FileOrder) From Original_Text Where RecordID = '"_s + target_ + u"'"_s,
+                 SharedConnection(), CursorType::Static, LockType::ReadOnly);
+  if (!originals.EOF_()) nextFileOrder_ = OrderBehind(originals.Fields().Item(0).Text());
+}
+
+QString RecordMerge::SearchStatement(const QString& where) const {
+  return u"Select * From "_s + table_ + u" Where ArchiveID <> '"_s + target_ + u"' And "_s + where;
+}
+
+void RecordMerge::Merge(const QStringList& keys, const Progress& progress) {
+  for (const QString& key : keys) {
+    progress(merged_, int(keys.size()));
+    MergeOne(EscapeSql(key));
+    ++merged_;
+  }
+}
+
+void RecordMerge::MergeOne(const QString& key) {
+  const std::shared_ptr<Connection> connection = SharedConnection();
+  const QString ofRecord = u" Where ArchiveID = '"_s + key + u"'"_s;
+  connection->Execute(u"Update "_s + table_ + u" Set FileStatus = '不归档'"_s + ofRecord);
+  if (HasNote(table_)) connection->Execute(u"Update "_s + table_ + u" Set Note = Note + '已合并件'"_s + ofRecord);
+  Recordset originals;
+  originals.Open(u"Select * From Original_Text Where RecordID = '"_s + key + u"' Order By FileOrder"_s, connection,
+                 CursorType::Static, LockType::ReadOnly);
+  for (; !originals.EOF_(); originals.MoveNext()) {
+    try {
+      CopyOriginal(originals[u"RecordID"_s].Text(), originals[u"FileOrder"_s].Text());
+    } catch (const std::exception& error) {
+      ++leftOut_;
+      reason_ = ErrorText(error);
+    }
+  }
+}
+
+void RecordMerge::CopyOriginal(const QString& record, const QString& fileOrder) {
+  const int order = fileOrder.isEmpty() ? 0 : ToInteger(fileOrder);
+  SharedConnection()->Execute(u"Insert Into Original_Text Select ID,Original_Name+'<合并件>',Type,'"_s + target_ +
+                              u"',Size,"_s + QString::number(order + nextFileOrder_) +
+                              u",FilePath From Original_Text Where RecordID = '"_s + EscapeSql(record) +
+                              u"' And FileOrder = '"_s + fileOrder + u"'"_s);
+}
+
+QString RecordMerge::Outcome() const {
+  if (merged_ == 0) return {};
+  const QString done = u"已将 %1 份记录合并一件"_s.arg(merged_);
+  return leftOut_ == 0 ? done : done + u"；%1 件原文没有复制：%2"_s.arg(leftOut_).arg(reason_);
+}
+
+}  // namespace folvane

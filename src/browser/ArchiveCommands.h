@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace folvane {
+
+class BrowserStatus;
+class OriginalsView;
+class RecordList;
+class TableParameters;
+
+/// The commands that bring records into the archive, or take them out of its way.
+class ArchiveCommands {
+ public:
+  ArchiveCommands(RecordList& list, TableParameters& parameters, OriginalsView& originals, BrowserStatus& status)
+      : list_(list), parameters_(parameters), originals_(originals), status_(status) {}
+
+  /// Transfers the selected records into the table's archive table. @throws DataError
+  void ToTarget();
+  /// Merges other records into the selected one. @throws DataError
+  void Merge();
+
+ private:
+  QString TitleOfRecord() const;
+  void ShowOriginalsAgain(const QString& key);
+
+  RecordList& list_;
+  TableParameters& parameters_;
+  OriginalsView& originals_;
+  BrowserStatus& status_;
+};
+
+}  // namespace folvane
