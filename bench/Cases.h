@@ -28,5 +28,6 @@ Cases BrowserCases();
 Cases EntryCases();
 Cases BulkCases();
 Cases FlowCases();
+Cases ArchiveCases();
 
 }  // namespace folvane::bench

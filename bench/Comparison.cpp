@@ -109,6 +109,16 @@ std::vector<Comparison> Comparisons() {
                  u"report-pdf"_s,
                  u"report component, default page"_s,
                  {{u"table-pdf"_s, u"one table of a rich text, printed by Qt"_s}}});
+  all.push_back({u"Records with two originals each transferred into the archive, SQLite"_s,
+                 10'000,
+                 u"archive-transfer"_s,
+                 u"transfer, numbers composed"_s,
+                 {{u"archive-raw"_s, u"prepared statements that write the same"_s, 2}}});
+  all.push_back({u"Records with two originals each transferred into the archive, PostgreSQL"_s,
+                 10'000,
+                 u"archive-transfer-odbc"_s,
+                 u"transfer, numbers composed"_s,
+                 {{u"archive-raw-odbc"_s, u"prepared statements that write the same"_s, 2}}});
   all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
                  100'000,
                  u"odbc-recordset"_s,

@@ -25,6 +25,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(EntryCases());
   cases.merge(BulkCases());
   cases.merge(FlowCases());
+  cases.merge(ArchiveCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   Meter meter;
