@@ -29,5 +29,6 @@ Cases EntryCases();
 Cases BulkCases();
 Cases FlowCases();
 Cases OriginalsCases();
+Cases ArchiveCases();
 
 }  // namespace folvane::bench

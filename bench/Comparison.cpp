@@ -130,6 +130,16 @@ std::vector<Comparison> Comparisons() {
                  u"ftp-get"_s,
                  u"store of originals"_s,
                  {{u"curl-get"_s, u"libcurl alone, one handle"_s, 1.5}}});
+  all.push_back({u"Records with two originals each transferred into the archive, SQLite"_s,
+                 10'000,
+                 u"archive-transfer"_s,
+                 u"transfer, numbers composed"_s,
+                 {{u"archive-raw"_s, u"prepared statements that write the same"_s, 2}}});
+  all.push_back({u"Records with two originals each transferred into the archive, PostgreSQL"_s,
+                 10'000,
+                 u"archive-transfer-odbc"_s,
+                 u"transfer, numbers composed"_s,
+                 {{u"archive-raw-odbc"_s, u"prepared statements that write the same"_s, 2}}});
   all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
                  100'000,
                  u"odbc-recordset"_s,

@@ -26,6 +26,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(BulkCases());
   cases.merge(FlowCases());
   cases.merge(OriginalsCases());
+  cases.merge(ArchiveCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   Meter meter;

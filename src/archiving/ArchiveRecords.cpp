@@ -22,9 +22,12 @@ ArchiveOutcome ArchiveRecords(const ArchiveOrder& order) {
   if (order.list) transfer.TransListview(order.list);
   transfer.TransObjTbl(order.destination);
   transfer.TransSouTbl(order.source);
-  if (order.progress) transfer.OnProgress(order.progress);
+  bool goesOn = true;
+  if (order.progress)
+    transfer.OnProgress([&](int done, int total) { return goesOn = order.progress(done, total); });
   qint16 mode = order.list ? kModeOfSelection : kModeOfCurrent;
   transfer.DoFileArch(mode);
+  if (!goesOn) return {false, 0, u"已取消归档，所有记录保持原样"_s};
   const int count = transfer.SucceedCount();
   if (count > 0) ShowMessage(u"成功归档%1份记录！"_s.arg(count));
   return {true, count, asked.note};

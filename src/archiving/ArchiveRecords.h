@@ -19,7 +19,7 @@ struct ArchiveOrder {
 
 /// What came of it.
 struct ArchiveOutcome {
-  bool isRun = false;  ///< false where the user left it, or there was nothing to be asked for
+  bool isRun = false;  ///< false where the user left it or broke it off, or there was nothing to be asked for
   int count = 0;       ///< records that were transferred
   QString note;        ///< what the user should know besides, "" for nothing
 };

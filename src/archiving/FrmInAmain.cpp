@@ -26,7 +26,7 @@ QString TypedTitle(const QString& typed) { return ToFullWidth(QString(typed).rem
 FrmInAmain::FrmInAmain() : title_(new TextBox(this)) {
   setObjectName(u"FrmInAmain"_s);
   setWindowTitle(u"请输案卷入题名"_s);
-  setWindowIcon(Icon(u"collect"_s));
+  setWindowIcon(Icon(u"archive"_s));
   title_->setObjectName(u"TxtTitle"_s);
   title_->SetAdmission(TypedTitle);
   LayOut();

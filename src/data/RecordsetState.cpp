@@ -15,6 +15,8 @@ RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> conne
   GoFirst();
 }
 
+RecordsetState::~RecordsetState() = default;
+
 RowId RecordsetState::CurrentRow() const {
   if (cursorState_ == CursorState::Row) return view.At(position_);
   throw DataError(DataErrorKind::Usage, cursorState_ == CursorState::Hole
@@ -66,7 +68,7 @@ const ColumnIndex& RecordsetState::IndexOf(int column) {
   return known != indexes_.end() ? known->second : indexes_.try_emplace(column, rows, column).first->second;
 }
 
-// The index knows the rows as they were read: rows changed since are left to a look at each.
+// The index knows the rows as they were read: those with another value since are left to a look at each.
 qint64 RecordsetState::Find(const Condition& condition, qint64 from, SearchDirection direction) {
   const bool forward = direction == SearchDirection::Forward;
   const auto holdsAt = [&](RowId row) { return condition.Holds(rows.Value(row, condition.Column())); };
@@ -87,7 +89,7 @@ qint64 RecordsetState::Find(const Condition& condition, qint64 from, SearchDirec
     return forward && !view.List();
   };
   IndexOf(condition.Column()).Each(*key, consider);
-  for (const auto& change : rows.Changes()) consider(change.first);
+  for (const RowId row : rows.GivenIn(condition.Column())) consider(row);
   return best;
 }
 
@@ -99,7 +101,7 @@ std::vector<RowId> RecordsetState::RowsMeeting(const Criteria& criteria) {
   };
   if (const Condition* anchor = criteria.Anchor()) {
     IndexOf(anchor->Column()).Each(*anchor->IndexKey(), consider);
-    for (const auto& change : rows.Changes()) consider(change.first);
+    for (const RowId row : rows.GivenIn(anchor->Column())) consider(row);
     std::sort(meeting.begin(), meeting.end());
     meeting.erase(std::unique(meeting.begin(), meeting.end()), meeting.end());
     return meeting;
@@ -190,6 +192,14 @@ void RecordsetState::DeleteCurrentRow() {
   cursorState_ = CursorState::Hole;
 }
 
-void RecordsetState::Write(const std::vector<RowId>& pending) { BatchWriter(*connection, source, rows).Write(pending); }
+void RecordsetState::Write(const std::vector<RowId>& pending) {
+  if (!writer_) writer_ = std::make_unique<BatchWriter>(*connection, source, rows);
+  try {
+    writer_->Write(pending);
+  } catch (const DataError&) {
+    writer_.reset();  // the table may be another by now
+    throw;
+  }
+}
 
 }  // namespace folvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 
 #include "data/ColumnIndex.h"
@@ -11,10 +12,13 @@
 
 namespace folvane {
 
+class BatchWriter;
+
 /// What an open record set consists of: its rows, the view of them, the cursor in the view and the edit in progress.
 class RecordsetState {
  public:
   RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock, FetchedRows fetched);
+  ~RecordsetState();
 
   // Cursor. Either a row is under the position, or a hole where a deleted row was, or BOF or EOF is true.
   bool HasRow() const { return cursorState_ == CursorState::Row; }
@@ -61,6 +65,7 @@ class RecordsetState {
   std::vector<RowId> RowsMeeting(const Criteria& criteria);
 
   std::map<int, ColumnIndex> indexes_;
+  std::unique_ptr<BatchWriter> writer_;  ///< made for the first row that is written
 };
 
 }  // namespace folvane

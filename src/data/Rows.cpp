@@ -29,7 +29,8 @@ void ColumnValues::SetAll(const ColumnValues& values) {
   for (const auto& [column, value] : values.values_) Set(column, value);
 }
 
-Rows::Rows(FetchedRows fetched) : columns_(std::move(fetched.columns)), store_(std::move(fetched.rows)) {}
+Rows::Rows(FetchedRows fetched)
+    : columns_(std::move(fetched.columns)), store_(std::move(fetched.rows)), given_(columns_.size()) {}
 
 int Rows::IndexOf(const QString& column) const {
   for (std::size_t i = 0; i < columns_.size(); ++i)
@@ -87,8 +88,13 @@ RowId Rows::Append() {
   return row;
 }
 
+void Rows::NoteGiven(RowId row, const RowChange& change, int column) {
+  if (!change.given.Find(column) && !change.written.Find(column)) given_[size_t(column)].push_back(row);
+}
+
 void Rows::SetValue(RowId row, int column, const QVariant& value) {
   RowChange& change = changes_[row];
+  NoteGiven(row, change, column);
   change.given.Set(column, value);
   if (change.state == RowChange::Clean) SetState(row, change, RowChange::Modified);
 }
@@ -135,7 +141,10 @@ void Rows::MarkWritten(RowId row) {
 
 void Rows::Refresh(RowId row, const std::vector<QVariant>& values) {
   RowChange& change = changes_[row];
-  for (std::size_t i = 0; i < values.size(); ++i) change.written.Set(int(i), values[i]);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    NoteGiven(row, change, int(i));
+    change.written.Set(int(i), values[i]);
+  }
   change.given.Clear();
   SetState(row, change, RowChange::Clean);
 }

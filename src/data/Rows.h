@@ -61,7 +61,8 @@ class Rows {
   /// Whether a value waits to be written that is another than the original.
   bool IsChanged(RowId row, int column) const;
   const RowChange* Change(RowId row) const;
-  const std::unordered_map<RowId, RowChange>& Changes() const { return changes_; }
+  /// The rows whose value in a column may no longer be the one read; some may come twice.
+  const std::vector<RowId>& GivenIn(int column) const { return given_[size_t(column)]; }
 
   RowId Append();
   void SetValue(RowId row, int column, const QVariant& value);
@@ -83,11 +84,13 @@ class Rows {
  private:
   QVariant Stored(RowId row, int column) const;
   void SetState(RowId row, RowChange& change, RowChange::State state);
+  void NoteGiven(RowId row, const RowChange& change, int column);
 
   std::vector<ColumnInfo> columns_;
   std::unique_ptr<RowStore> store_;
   std::unordered_map<RowId, RowChange> changes_;
   std::set<RowId> pending_;
+  std::vector<std::vector<RowId>> given_;  ///< by column
   RowId added_ = 0;
   RowId dead_ = 0;
 };
