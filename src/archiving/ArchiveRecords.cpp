@@ -23,8 +23,7 @@ ArchiveOutcome ArchiveRecords(const ArchiveOrder& order) {
   transfer.TransObjTbl(order.destination);
   transfer.TransSouTbl(order.source);
   bool goesOn = true;
-  if (order.progress)
-    transfer.OnProgress([&](int done, int total) { return goesOn = order.progress(done, total); });
+  if (order.progress) transfer.OnProgress([&](int done, int total) { return goesOn = order.progress(done, total); });
   qint16 mode = order.list ? kModeOfSelection : kModeOfCurrent;
   transfer.DoFileArch(mode);
   if (!goesOn) return {false, 0, u"已取消归档，所有记录保持原样"_s};

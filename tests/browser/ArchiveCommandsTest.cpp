@@ -175,6 +175,8 @@ TEST_P(ArchiveCommandsTest, ALongTransferIsSeenInTheStatusBarAndTheKeyThereTakes
     EXPECT_TRUE(seen);
     EXPECT_EQ(originals, 3);
     EXPECT_FALSE(stop.isVisible());
+    EXPECT_EQ(browser.Notice(), u"已取消归档，所有记录保持原样"_s);
+    EXPECT_EQ(boxes_.Texts(), QStringList());
   });
   EXPECT_EQ(Archived(), QStringList());
   EXPECT_EQ(CountOf(u"需归档"_s), u"6"_s);
