@@ -8,6 +8,7 @@
 
 #include "host/Appearance.h"
 #include "host/Entries.h"
+#include "host/tour/ArchiveWork.h"
 #include "host/tour/FlowWork.h"
 #include "host/tour/Hands.h"
 #include "host/tour/OriginalsWork.h"
@@ -181,6 +182,7 @@ void PlanWalk(Tour& tour) {
   PlanWork(tour);
   PlanFlow(tour);
   PlanOriginals(tour);
+  PlanArchiving(tour);
   PlanLogOnAgain(tour);
   PlanLogOn(tour, 2, u"log-on-limited"_s);
   PlanFileOpen(tour);
