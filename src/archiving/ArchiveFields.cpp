@@ -90,16 +90,7 @@ void ArchiveFields::AddField(const LayoutRow& row, const QString& last) {
   field.Widget().show();
 }
 
-ShownFields ArchiveFields::Shown() const {
-  ShownFields shown;
-  for (const auto& field : fields_)
-    shown.push_back({{field->ControlType(), field->Index()},
-                     field->DataField(),
-                     field->Caption(),
-                     field->LimitText(),
-                     field->Text()});
-  return shown;
-}
+ShownFields ArchiveFields::Shown() const { return ShownOf(fields_); }
 
 bool ArchiveFields::Read() {
   QGuiApplication::inputMethod()->commit();

@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "base/TypedValues.h"
-#include "forms/EntryLayout.h"
 #include "shell/Lookups.h"
 #include "widgets/AgencyCodePicker.h"
 #include "widgets/CodePicker.h"
@@ -194,6 +193,17 @@ bool EntryField::eventFilter(QObject* watched, QEvent* event) {
     if (moves) event->type() == QEvent::FocusIn ? Q_EMIT Entered() : Q_EMIT Left();
   }
   return QObject::eventFilter(watched, event);
+}
+
+ShownFields ShownOf(const std::vector<std::unique_ptr<EntryField>>& fields) {
+  ShownFields shown;
+  for (const auto& field : fields)
+    shown.push_back({{field->ControlType(), field->Index()},
+                     field->DataField(),
+                     field->Caption(),
+                     field->LimitText(),
+                     field->Text()});
+  return shown;
 }
 
 }  // namespace folvane

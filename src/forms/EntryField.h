@@ -6,7 +6,9 @@
 #include <QVariant>
 #include <QWidget>
 #include <memory>
+#include <vector>
 
+#include "forms/EntryLayout.h"
 #include "widgets/TypingGate.h"
 
 namespace folvane {
@@ -86,6 +88,9 @@ class EntryField : public QObject {
 /// Makes the field of a kind, its control hidden in the parent. Null for a kind that is not built.
 /// @throws DataError when the list of a dictionary cannot be read
 std::unique_ptr<EntryField> NewField(const FieldSpec& spec, QWidget* parent);
+
+/// What fields show at the moment, in their order.
+ShownFields ShownOf(const std::vector<std::unique_ptr<EntryField>>& fields);
 
 /// The name of an array of controls, "Txt"; "" for a kind that is not built.
 QString ControlArrayName(int controlType);

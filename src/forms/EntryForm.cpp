@@ -147,16 +147,7 @@ EntryField* EntryForm::FieldOf(const ControlId& control) const {
   return found == fields_.end() ? nullptr : found->get();
 }
 
-ShownFields EntryForm::Shown() const {
-  ShownFields shown;
-  for (const auto& field : fields_)
-    shown.push_back({{field->ControlType(), field->Index()},
-                     field->DataField(),
-                     field->Caption(),
-                     field->LimitText(),
-                     field->Text()});
-  return shown;
-}
+ShownFields EntryForm::Shown() const { return ShownOf(fields_); }
 
 void EntryForm::KeepComboTexts() {
   for (const auto& field : fields_) {
