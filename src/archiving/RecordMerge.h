@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 namespace folvane {
 
@@ -38,6 +39,7 @@ class RecordMerge {
 
   QString table_, target_;
   qint16 nextFileOrder_ = 1;
+  std::optional<bool> hasNote_;  ///< whether the table has a field for notes; none before that was asked
   int merged_ = 0, leftOut_ = 0;
   QString reason_;  ///< why the last original that was left out could not be taken over
 };
