@@ -10,10 +10,10 @@
 
 #include "catalogue/OriginalRows.h"
 #include "catalogue/ReadRows.h"
+#include "originals/OriginalFileAction.h"
 #include "records/RecordListModel.h"
 #include "shell/EventGuard.h"
 #include "shell/SharedState.h"
-#include "shell/SqlText.h"
 #include "widgets/ViewHint.h"
 
 namespace folvane {
@@ -70,9 +70,7 @@ QString OriginalsView::CurrentId() const { return currentIndex().siblingAtColumn
 void OriginalsView::ShowOriginalsOf(const QString& recordKey) {
   const QString current = CurrentId();
   Clear();
-  const std::vector<OriginalRow> originals =
-      ReadRows<OriginalRow>(SharedConnection(), u"Select * from Original_Text Where RecordId='"_s +
-                                                    EscapeSql(recordKey) + u"'  Order By FileOrder"_s);
+  const std::vector<OriginalRow> originals = ReadRows<OriginalRow>(SharedConnection(), OriginalsStatement(recordKey));
   if (originals.empty()) hint_->ShowHint(u"此文件没有原文。"_s);
   for (const OriginalRow& original : originals) {
     QStandardItem* name = NewItem(original.originalName);

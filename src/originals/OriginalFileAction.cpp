@@ -51,10 +51,13 @@ bool OriginalFileAction(const QString& recordId, const QString& action, const QS
   }
 }
 
+QString OriginalsStatement(const QString& recordId) {
+  return u"Select * from Original_Text Where RecordId='"_s + EscapeSql(recordId) + u"'  Order By FileOrder"_s;
+}
+
 QString FirstOriginalOf(const QString& recordId) {
   Recordset originals;
-  originals.Open(u"Select * from Original_Text Where RecordId='"_s + EscapeSql(recordId) + u"'  Order By FileOrder"_s,
-                 SharedConnection());
+  originals.Open(OriginalsStatement(recordId), SharedConnection());
   return originals.EOF_() ? QString() : originals[u"ID"_s].Text();
 }
 

@@ -18,6 +18,8 @@ inline const QString kScanOriginals = QStringLiteral("ScanState");
 bool OriginalFileAction(const QString& recordId, const QString& action, const QString& fileId = {},
                         const QStringList& files = {});
 
+/// The statement that reads the originals of a record in their order.
+QString OriginalsStatement(const QString& recordId);
 /// The id of the first original of a record, "" when it has none. @throws DataError
 QString FirstOriginalOf(const QString& recordId);
 
