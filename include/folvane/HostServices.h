@@ -12,6 +12,7 @@ class QWidget;
 
 namespace folvane {
 
+class Connection;
 struct OriginalsRequest;
 struct ReportRequest;
 
@@ -61,6 +62,11 @@ struct HostServices {
   /// whether something was added. The default is the library's own component; an empty function is a component that is
   /// not installed. May throw; the caller tells the user.
   std::function<bool(const OriginalsRequest&)> handleOriginals;
+
+  /// Edits which tables go into the archive, with which fields and numbers, and returns when that is over. what is
+  /// "TransSet". The default is the library's own component; an empty function is a component that is not installed.
+  /// May throw; the caller tells the user.
+  std::function<void(const std::shared_ptr<Connection>&, const QString& what)> editTransferSettings;
 };
 
 /// The one instance of the process.
