@@ -52,7 +52,12 @@ struct Encoded {
   bool exact = true;
 };
 
+bool IsAscii(const QString& text) {
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
 Encoded Encode(const QString& text) {
+  if (IsAscii(text)) return {text.toLatin1()};
   thread_local Converter converter(kCodePage, kUtf16);
   Encoded result;
   result.bytes.resize(text.size() * 2);
@@ -102,6 +107,7 @@ QString FromCodePage(QByteArrayView bytes) {
 }
 
 QString LimitByteLength(const QString& text, int maximum) {
+  if (text.size() * 2 <= maximum) return text;
   const QByteArray bytes = ToCodePage(text);
   if (bytes.size() <= maximum) return text;
   qsizetype units = 0, sum = 0, lastUnits = 0;
