@@ -43,8 +43,7 @@ TEST_P(TransferFieldsTest, AFieldOfTheMapThatIsNotThereTakesEverythingBackAndIsT
     Map(source, destination);
     boxes_.Clear();
     EXPECT_EQ(Transfer(2).SucceedCount(), 0);
-    EXPECT_EQ(boxes_.Last().text,
-              u"数据归档时出现错误，所有操作将被取消！   "_s + u"记录集中没有字段“Missing”。"_s);
+    EXPECT_EQ(boxes_.Last().text, u"数据归档时出现错误，所有操作将被取消！   "_s + u"记录集中没有字段“Missing”。"_s);
     EXPECT_EQ(Everything(), before);
     EXPECT_FALSE(Connected()->InTransaction());
   }
@@ -68,9 +67,12 @@ TEST_P(TransferFieldsTest, EachQuestionKnowsEachAnswer) {
     QStringList kept;
   };
   const Case cases[] = {
-      {u"2002-01-01"_s, u"页"_s, 7, 1, {u"题名1"_s}},          {u"2002-01-01"_s, u"页"_s, 2, 0, {}},
-      {u"2002-01-01"_s, u"页"_s, 6, 3, {u"题名1"_s, u"题名2"_s, u"题名3"_s}}, {u"某日"_s, u"1"_s, 7, 1, {u"题名1"_s}},
-      {u"某日"_s, u"1"_s, 2, 0, {}},                           {u"某日"_s, u"1"_s, 6, 3, {u"题名1"_s, u"题名2"_s, u"题名3"_s}},
+      {u"2002-01-01"_s, u"页"_s, 7, 1, {u"题名1"_s}},
+      {u"2002-01-01"_s, u"页"_s, 2, 0, {}},
+      {u"2002-01-01"_s, u"页"_s, 6, 3, {u"题名1"_s, u"题名2"_s, u"题名3"_s}},
+      {u"某日"_s, u"1"_s, 7, 1, {u"题名1"_s}},
+      {u"某日"_s, u"1"_s, 2, 0, {}},
+      {u"某日"_s, u"1"_s, 6, 3, {u"题名1"_s, u"题名2"_s, u"题名3"_s}},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE((each.date + each.pages).toStdString() + " " + std::to_string(each.answer));
