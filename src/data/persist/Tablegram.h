@@ -122,8 +122,14 @@ struct ValueLayout {
   enum Kind : uchar { Given, ByteCount, LongCount };
   Kind kind = Given;      ///< a size known beforehand, or a count of bytes ahead of them, of one or of four bytes
   bool presence = false;  ///< HasPresenceBit
-  std::size_t size = 0;   ///< where it is given
+  uchar unit = 1;         ///< what a count is a multiple of
+  uchar least = 0;        ///< the smallest count
+  std::size_t most = 0xffffffff;  ///< the greatest count
+  std::size_t size = 0;           ///< where it is given
 };
+
+/// A maximal length that says there is none.
+inline constexpr quint32 kNoLimit = 0xffffffff;
 
 /// One record set of a file: the root, or the set behind a chapter.
 struct TablegramSet {
@@ -149,19 +155,21 @@ struct Tablegram {
   bool IsHierarchical() const { return sets.size() > 1; }
 };
 
+/// What a row says of a column.
+struct TablegramCell {
+  /// Assigned and null at once occurs in no file; it is read as null.
+  enum State : uchar { Untouched, Value, Null, ValueAndNull };
+  State state = Untouched;
+  QByteArrayView bytes;  ///< of a value, without their count
+};
+
 /// A row, or what became of the row ahead of it.
 struct TablegramRow {
   enum Kind { Original, Change, Deletion, Insertion };
-  struct Cell {
-    /// Assigned and null at once occurs in no file; it is read as null.
-    enum State : uchar { Untouched, Value, Null, ValueAndNull };
-    State state = Untouched;
-    QByteArrayView bytes;  ///< of a value, without their count
-  };
 
   Kind kind = Original;
-  int set = 0;              ///< index in Tablegram::sets
-  std::vector<Cell> cells;  ///< by column; of no meaning in a deletion
+  int set = 0;                       ///< index in Tablegram::sets
+  std::vector<TablegramCell> cells;  ///< by column; of no meaning in a deletion
   /// The bits behind the last column's, in the last byte of the presence bitmap or of the two maps. ADO sets those of a
   /// presence bitmap and clears those of the maps.
   uchar padding = 0, nullPadding = 0;

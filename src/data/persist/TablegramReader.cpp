@@ -3,8 +3,6 @@
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
-using Cell = TablegramRow::Cell;
-
 namespace {
 
 bool BitAt(QByteArrayView map, std::size_t index) { return uchar(map[qsizetype(index / 8)]) >> (7 - index % 8) & 1; }
@@ -77,7 +75,8 @@ void TablegramReader::ReadOriginal(TablegramRow& row) {
   for (std::size_t i = 0; i < set.layouts.size(); ++i) {
     const ValueLayout& layout = set.layouts[i];
     const bool present = !layout.presence || BitAt(map, bit++);
-    row.cells[i] = present ? Cell{Cell::Value, ReadValue(layout)} : Cell{Cell::Null, {}};
+    row.cells[i] =
+        present ? TablegramCell{TablegramCell::Value, ReadValue(layout)} : TablegramCell{TablegramCell::Null, {}};
   }
 }
 
@@ -90,21 +89,18 @@ void TablegramReader::ReadAssigned(TablegramRow& row) {
   row.nullPadding = PaddingOf(nulls, columns);
   row.cells.resize(columns);
   for (std::size_t i = 0; i < columns; ++i) {
-    const auto state = Cell::State(int(BitAt(assigned, i)) | int(BitAt(nulls, i)) << 1);
-    row.cells[i] = {state, state == Cell::Value ? ReadValue(set.layouts[i]) : QByteArrayView()};
+    const auto state = TablegramCell::State(int(BitAt(assigned, i)) | int(BitAt(nulls, i)) << 1);
+    row.cells[i] = {state, state == TablegramCell::Value ? ReadValue(set.layouts[i]) : QByteArrayView()};
   }
 }
 
 QByteArrayView TablegramReader::ReadValue(const ValueLayout& layout) {
-  switch (layout.kind) {
-    case ValueLayout::Given:
-      return cursor_.Take(layout.size);
-    case ValueLayout::ByteCount:
-      return cursor_.Take(cursor_.Byte());
-    case ValueLayout::LongCount:
-      break;
-  }
-  return cursor_.Take(cursor_.U32());
+  if (layout.kind == ValueLayout::Given) return cursor_.Take(layout.size);
+  const std::size_t offset = cursor_.Offset();
+  const std::size_t count = layout.kind == ValueLayout::ByteCount ? cursor_.Byte() : cursor_.U32();
+  if (count % layout.unit || count < layout.least || count > layout.most)
+    throw BrokenTablegram(offset, u"值的字节数 %1 与字段的类型不符。"_s.arg(count));
+  return cursor_.Take(count);
 }
 
 }  // namespace folvane

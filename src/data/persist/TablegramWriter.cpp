@@ -7,8 +7,6 @@
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
-using Cell = TablegramRow::Cell;
-
 namespace {
 
 constexpr std::size_t kBuffer = std::size_t(1) << 18;
@@ -59,16 +57,16 @@ char* PutValue(char* at, const ValueLayout& layout, QByteArrayView bytes) {
 void PutOriginal(char*& at, const TablegramSet& set, const TablegramRow& row) {
   MapWriter map(at);
   for (std::size_t i = 0; i < set.layouts.size(); ++i)
-    if (set.layouts[i].presence) map.Put(row.cells[i].state == Cell::Value);
+    if (set.layouts[i].presence) map.Put(row.cells[i].state == TablegramCell::Value);
   map.Pad(row.padding);
 }
 
 void PutAssigned(char*& at, const TablegramRow& row) {
   MapWriter assigned(at);
-  for (const Cell& cell : row.cells) assigned.Put(cell.state & Cell::Value);
+  for (const TablegramCell& cell : row.cells) assigned.Put(cell.state & TablegramCell::Value);
   assigned.Pad(row.padding);
   MapWriter nulls(at);
-  for (const Cell& cell : row.cells) nulls.Put(cell.state & Cell::Null);
+  for (const TablegramCell& cell : row.cells) nulls.Put(cell.state & TablegramCell::Null);
   nulls.Pad(row.nullPadding);
 }
 
@@ -96,7 +94,7 @@ void TablegramWriter::WriteRow(const TablegramRow& row) {
   if (row.kind == TablegramRow::Change || row.kind == TablegramRow::Insertion) PutAssigned(at, row);
   if (row.kind != TablegramRow::Deletion)
     for (std::size_t i = 0; i < row.cells.size(); ++i)
-      if (row.cells[i].state == Cell::Value) at = PutValue(at, set.layouts[i], row.cells[i].bytes);
+      if (row.cells[i].state == TablegramCell::Value) at = PutValue(at, set.layouts[i], row.cells[i].bytes);
   used_ += std::size_t(at - begin);
 }
 
@@ -111,8 +109,8 @@ std::size_t TablegramWriter::RoomFor(const TablegramRow& row) const {
   std::size_t room = 1 + sizeof(quint32);
   if (row.kind == TablegramRow::Deletion) return room;
   room += (row.cells.size() + 7) / 8 * 2 + row.cells.size() * sizeof(quint32);
-  for (const Cell& cell : row.cells)
-    if (cell.state == Cell::Value) room += std::size_t(cell.bytes.size());
+  for (const TablegramCell& cell : row.cells)
+    if (cell.state == TablegramCell::Value) room += std::size_t(cell.bytes.size());
   return room;
 }
 
@@ -123,7 +121,8 @@ char* TablegramWriter::Reserve(std::size_t size) {
 }
 
 void TablegramWriter::Flush() {
-  if (device_.write(buffer_.constData(), qint64(used_)) != qint64(used_)) throw FileError(device_.errorString());
+  if (device_.write(buffer_.constData(), qint64(used_)) != qint64(used_))
+    throw FileError(u"记录集文件无法写入：%1"_s.arg(device_.errorString()));
   used_ = 0;
 }
 
