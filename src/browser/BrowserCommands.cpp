@@ -101,8 +101,6 @@ std::vector<CommandKey> Keys() {
 
 QSet<QString> Unavailable() {
   return {
-      u"mnu_File2_Open"_s,
-      u"mnu_File5_Save"_s,
       u"mnu_Manager4_Archive"_s,
       u"Archive(2)"_s,
   };
