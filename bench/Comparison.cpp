@@ -140,6 +140,11 @@ std::vector<Comparison> Comparisons() {
                  u"archive-transfer-odbc"_s,
                  u"transfer, numbers composed"_s,
                  {{u"archive-raw-odbc"_s, u"prepared statements that write the same"_s, 2}}});
+  all.push_back({u"Records of a Dat file added to an empty table"_s,
+                 100'000,
+                 u"import-file"_s,
+                 u"file read, keys looked for, batch written"_s,
+                 {{u"import-raw"_s, u"prepared look-ups and inserts"_s}}});
   all.push_back({u"All rows of a table in the order of its key, PostgreSQL"_s,
                  100'000,
                  u"odbc-recordset"_s,

@@ -6,8 +6,10 @@
 #include <folvane/DataError.h>
 
 #include "base/CodePage.h"
+#include "base/IgnoreErrors.h"
 #include "base/TypedValues.h"
 #include "bulk/ReturnTo.h"
+#include "data/OneTransaction.h"
 #include "data/TextFold.h"
 #include "data/ValueText.h"
 #include "shell/SharedState.h"
@@ -43,17 +45,22 @@ RecordImport::RecordImport(QString table, Recordset& records) : table_(std::move
 std::optional<qint64> RecordImport::Run(const QString& path, const Progress& progress) {
   file_.OpenFile(path);
   FindWays();
-  ReturnTo before(records_);
+  const ReturnTo before(records_);
+  bool isWritten = false;
   try {
-    if (AddAll(progress)) {
+    // One for the look-ups, too: within it their statement is kept ready, and what they find stays so.
+    InOneTransaction(*SharedConnection(), [&] {
+      if (!AddAll(progress)) return;
       records_.UpdateBatch(AffectKind::AllChapters);
-      before.Stay();
-      return added_.size();
-    }
+      isWritten = true;
+    });
   } catch (const std::exception&) {
     records_.CancelBatch();
+    // Rows that the end of the transaction took back count as written.
+    if (isWritten) IgnoreErrors([this] { records_.Requery(); });
     throw;
   }
+  if (isWritten) return added_.size();
   records_.CancelBatch();
   return {};
 }

@@ -119,7 +119,9 @@ void Rows::SetState(RowId row, RowChange& change, RowChange::State state) {
 RowId Rows::Append() {
   const RowId row = EndId();
   ++added_;
-  SetState(row, changes_[row], RowChange::Added);
+  RowChange& change = changes_[row];
+  change.given.Reserve(columns_.size());
+  SetState(row, change, RowChange::Added);
   return row;
 }
 

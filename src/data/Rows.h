@@ -25,6 +25,7 @@ class ColumnValues {
   /// Sets what the other has, which has nothing afterwards.
   void TakeAll(ColumnValues& values);
   void Clear() { values_.clear(); }
+  void Reserve(std::size_t columns) { values_.reserve(columns); }
 
  private:
   std::vector<std::pair<int, QVariant>> values_;

@@ -15,6 +15,7 @@
 #include "originals/OriginalStore.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
+#include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 #include "shell/TypedKeys.h"
 #include "widgets/BusyPointer.h"
@@ -161,8 +162,11 @@ FrmInput::~FrmInput() {
 }
 
 void FrmInput::closeEvent(QCloseEvent* event) {
-  bool closes = true;
-  if (lifecycle_) RunGuarded([&] { closes = MayClose(); });
+  bool closes = !isArchiving_;
+  if (isArchiving_)
+    CloseWindowsOver(*this);
+  else if (lifecycle_)
+    RunGuarded([&] { closes = MayClose(); });
   event->setAccepted(closes);
 }
 

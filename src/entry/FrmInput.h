@@ -138,6 +138,7 @@ class FrmInput : public QMainWindow, public FormToSave {
   QTimer* timer_;
   TableGrants grants_;
   bool showsEditing_ = false;  ///< the toolbar has gone over to the edit
+  bool isArchiving_ = false;   ///< the window closes what the transfer asks, and itself not before the transfer's end
   EntryEnabling enabling_;
   EnterWalk walk_;
   std::unique_ptr<RecordLifecycle> lifecycle_;

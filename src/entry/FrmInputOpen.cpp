@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -183,6 +184,7 @@ void FrmInput::Archive() {
   order.source = CurrTable;
   order.destination = Selected(Parameter::Target);
   order.statement = lifecycle_->Records().Source();
+  const QScopedValueRollback archiving(isArchiving_, true);
   const ArchiveOutcome outcome = ArchiveRecords(order);
   if (outcome.isRun) {
     if (outcome.count > 0) lifecycle_->MarkArchived();

@@ -6,6 +6,7 @@
 
 #include "browser/RecordImport.h"
 #include "records/DesignedDatabase.h"
+#include "shell/SharedState.h"
 
 namespace folvane::test {
 namespace {
@@ -22,6 +23,11 @@ class RecordImportTest : public DesignTest {
     design_->Run(u"insert into Lwdj (ArchiveID,Amaintitle) values ('1','旧')"_s);
     records_.Open(u"Select * From Lwdj Order By ArchiveID"_s, Connected());
     log_->Take();
+  }
+  /// Opens the table as it is now, which another connection has to see.
+  void OpenAnew() {
+    Shared().Connection = Database().Connect();
+    records_.Open(u"Select * From Lwdj Order By ArchiveID"_s, Shared().Connection);
   }
   /// Saves a table of these columns with rows of values as SQL writes them. @return the path of the file
   QString FileOf(const QString& columns, const QStringList& rows) {
@@ -48,15 +54,18 @@ class RecordImportTest : public DesignTest {
       rows << row.join(u'|');
     return rows;
   }
-  /// Why an import is refused. Nothing of it is kept then, and the records stand where they stood.
-  QString Refusal(const QString& path) {
-    const qint64 position = records_.AbsolutePosition(), count = records_.RecordCount();
-    QString reason = u"<none>"_s;
+  QString ReasonOf(const QString& path) {
     try {
       Import(path);
     } catch (const DataError& error) {
-      reason = error.Message();
+      return error.Message();
     }
+    return {};
+  }
+  /// Why an import is refused. Nothing of it is kept then, and the records stand where they stood.
+  QString Refusal(const QString& path) {
+    const qint64 position = records_.AbsolutePosition(), count = records_.RecordCount();
+    const QString reason = ReasonOf(path);
     EXPECT_EQ(records_.PendingCount(), 0);
     EXPECT_EQ(records_.EditMode(), EditModeKind::None);
     EXPECT_EQ(records_.RecordCount(), count);
@@ -117,8 +126,7 @@ TEST_P(RecordImportTest, SharedNamesAndTheTwoOldOnesAreTakenAndAllElseIsDropped)
 TEST_P(RecordImportTest, AnOldNameThatTheTableItselfHasIsItsOwn) {
   records_.Close();
   design_->Run(u"alter table Lwdj add column CreateDate varchar(10)"_s);
-  const auto connection = Database().Connect();
-  records_.Open(u"Select * From Lwdj"_s, connection);
+  OpenAnew();
   Import(FileOf(u"ArchiveID varchar(20), CreateDate varchar(10)"_s, {u"'2','2001'"_s}));
   EXPECT_EQ(Imported(u"CreateDate,CreatedDate"_s), QStringList{u"2001|<null>"_s});
 }
@@ -126,7 +134,7 @@ TEST_P(RecordImportTest, AnOldNameThatTheTableItselfHasIsItsOwn) {
 TEST_P(RecordImportTest, AnOldNameWhoseNewOneTheTableLacksIsDropped) {
   records_.Close();
   design_->Run(u"alter table Lwdj drop column Responsibleby"_s);
-  records_.Open(u"Select * From Lwdj"_s, Database().Connect());
+  OpenAnew();
   EXPECT_EQ(Import(FileOf(u"ArchiveID varchar(20), Reponsibleby varchar(10)"_s, {u"'2','甲'"_s})), 1);
 }
 
@@ -190,18 +198,18 @@ TEST_P(RecordImportTest, AFileWithoutKeysIsRefused) {
 
 TEST_P(RecordImportTest, AForeignABrokenAHierarchicalAndAMissingFileAreRefused) {
   program_.Write(u"foreign.Dat"_s, "ArchiveID,Amaintitle\n2,x\n");
-  EXPECT_NE(Refusal(program_.Path(u"foreign.Dat"_s)), u"<none>"_s);
+  EXPECT_NE(Refusal(program_.Path(u"foreign.Dat"_s)), QString());
   QFile file(TitlesFile({u"'2','题名2'"_s, u"'3','题名3'"_s}));
   ASSERT_TRUE(file.resize(file.size() - 20));
-  EXPECT_NE(Refusal(Path()), u"<none>"_s);
-  EXPECT_NE(Refusal(program_.Path(u"missing.Dat"_s)), u"<none>"_s);
+  EXPECT_NE(Refusal(Path()), QString());
+  EXPECT_NE(Refusal(program_.Path(u"missing.Dat"_s)), QString());
   const QString reason = Refusal(QStringLiteral(PERSISTED_SAMPLES "/customer_lines_compute_shape.adtg"));
   EXPECT_TRUE(reason.contains(u"子记录集"_s)) << reason.toStdString();
 }
 
 TEST_P(RecordImportTest, ARefusedRowTakesAllBack) {
   design_->Run(u"create unique index OneTitle on Lwdj (Amaintitle)"_s);
-  EXPECT_NE(Refusal(TitlesFile({u"'2','题名'"_s, u"'3','旧'"_s})), u"<none>"_s);
+  EXPECT_NE(Refusal(TitlesFile({u"'2','题名'"_s, u"'3','旧'"_s})), QString());
 }
 
 TEST_P(RecordImportTest, AFailedLookUpTakesAllBack) {
@@ -209,6 +217,28 @@ TEST_P(RecordImportTest, AFailedLookUpTakesAllBack) {
   log_.reset();
   const LockedStatement locked(*Connected(), 2);
   EXPECT_TRUE(Refusal(file).startsWith(u"文件中的第 2 条记录："_s));
+}
+
+TEST_P(RecordImportTest, AFailedCommitTakesAllBack) {
+  const QString file = TitlesFile({u"'2','题名'"_s, u"'3','题名'"_s});
+  if (OnSqlite()) {  // which cannot commit while another reads
+    log_.reset();
+    Connected()->OnStatement([this, looked = 0](const QString&) mutable {
+      if (++looked != 2) return;
+      Database().Native(u"begin"_s);
+      Database().Rows(u"select * from Lwdj"_s);
+    });
+    EXPECT_NE(ReasonOf(file), QString());
+    Connected()->OnStatement({});
+    Database().Native(u"rollback"_s);
+  } else {
+    design_->Run(u"alter table Lwdj add constraint OneTitle unique (Amaintitle) deferrable initially deferred"_s);
+    EXPECT_NE(ReasonOf(file), QString());
+  }
+  EXPECT_EQ(Imported(u"ArchiveID"_s), QStringList());
+  EXPECT_EQ(records_.RecordCount(), 1);
+  EXPECT_EQ(records_.PendingCount(), 0);
+  EXPECT_EQ(records_.AbsolutePosition(), 1);
 }
 
 TEST_P(RecordImportTest, TellsItsProgressAndIsEndedByIt) {

@@ -136,6 +136,30 @@ TEST_P(EntryArchiveTest, OriginalsGoAlongAndTheSourceIsAskedByTheTextOfTheRecord
   EXPECT_EQ(Value(u"select count(*) from Original_Text where ID='91'"_s), u"2"_s);
 }
 
+TEST_P(EntryArchiveTest, ClosedOverTheTitleOfAVolumeTheWindowStaysUntilTheRecordIsMarked) {
+  CreateTable(*Connected(), BusinessTable(u"Anjuan"_s, {{u"Amaintitle"_s, ColumnType::Text, 160},
+                                                        {u"FileYear"_s, ColumnType::Text, 4}}));
+  Run(u"alter table Wsda add column Quantity integer"_s);
+  Run(u"alter table Wsda add column CreatedDate varchar(10)"_s);
+  Run(u"insert into Design_TableRelation (TableName,Table_Parent) values ('Wsda','Anjuan')"_s);
+  Run(u"insert into Design_TableRelation (TableName) values ('Anjuan')"_s);
+  InWindow([&](const Input& input) {
+    WithWindow(u"FrmInAmain"_s, [&](QWidget& title) {
+      input.Window().close();
+      EXPECT_FALSE(title.isVisible());
+    });
+    GiveYearAndArchive(input);
+    EXPECT_TRUE(input.Window().isVisible());
+    EXPECT_EQ(boxes_.Texts(), QStringList{u"成功归档1份记录！"_s});
+    EXPECT_FALSE(Connected()->InTransaction());
+    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"已归档"_s);
+    input.Window().close();
+    EXPECT_FALSE(input.Window().isVisible());
+  });
+  EXPECT_EQ(StatusOf(1), u"已归档"_s);
+  EXPECT_EQ(Value(u"select FileYear from Anjuan"_s), u"2002"_s);
+}
+
 TEST_P(EntryArchiveTest, AMarkThatIsRefusedIsToldAndNothingWaits) {
   Refuse(u"Lwdj"_s, u"update"_s, u"new.FileStatus = '已归档'"_s);
   InWindow([&](const Input& input) {
