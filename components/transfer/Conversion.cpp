@@ -113,14 +113,12 @@ Findings CheckText(const TableField& source, const TableField& destination) {
   const bool fits = (to == Kind::Fraction && HoldsNumbers(source)) || (to == Kind::Date && HoldsDates(source)) ||
                     KindOf(source.adoType) == to;
   if (to == Kind::Binary) return {{Severity::Error, u"目标字段是二进制内容，归档会失败"_s}};
-  if (to != Kind::Text)
-    return fits ? Findings{} : Findings{{Severity::Warning, u"不能转换的值会使归档失败"_s}};
+  if (to != Kind::Text) return fits ? Findings{} : Findings{{Severity::Warning, u"不能转换的值会使归档失败"_s}};
   const int width = WidthOf(source);
   if (width <= destination.size || destination.size >= kUnlimited) return {};
   if (width >= kUnlimited)
-    return {{Severity::Warning, u"来源不限长度，目标只有 %1 字节，超出部分会被截去"_s.arg(destination.size)}};
-  return {{Severity::Warning,
-           u"来源最长 %1 字节，目标只有 %2 字节，超出部分会被截去"_s.arg(width).arg(destination.size)}};
+    return {{Severity::Warning, u"不限长度，目标只有 %1 字节，多出的会被截去"_s.arg(destination.size)}};
+  return {{Severity::Warning, u"最长 %1 字节，目标只有 %2 字节，多出的会被截去"_s.arg(width).arg(destination.size)}};
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ void CheckLength(const NumberPart& part, Findings& findings) {
   bool isNumber = false;
   const int length = part.length.toInt(&isNumber);
   if (!isNumber || length > std::numeric_limits<qint16>::max() || length < 0) {
-    Report(findings, Severity::Error, part.length.isEmpty() ? u"没有填写宽度"_s
-                                                            : u"宽度“%1”不是可用的数字，归档会失败"_s.arg(part.length));
+    Report(findings, Severity::Error,
+           part.length.isEmpty() ? u"没有填写宽度"_s : u"宽度“%1”不是可用的数字，归档会失败"_s.arg(part.length));
   } else if (length == 0) {
     Report(findings, Severity::Warning, u"宽度为 0，档号中没有这一段"_s);
   }
@@ -46,8 +46,7 @@ void CheckShownCode(const NumberPart& part, const TableField& field, Findings& f
     Report(findings, Severity::Note, u"字段没有字典，显示代号不起作用"_s);
 }
 
-void CheckStored(const QString& name, const QString& what, int length, const BusinessTable& table,
-                 Findings& findings) {
+void CheckStored(const QString& name, const QString& what, int length, const BusinessTable& table, Findings& findings) {
   const TableField* field = table.Find(name);
   if (!field || !field->isThere)
     return Report(findings, Severity::Error, u"表中没有%1字段“%2”，归档会失败"_s.arg(what, name));
@@ -91,8 +90,7 @@ Findings CheckFormat(const NumberFormat& format, BusinessTables& tables) {
   if (!table.isThere) return {{Severity::Error, u"数据库中没有表“%1”"_s.arg(format.table)}};
   if (!table.isDesigned) Report(findings, Severity::Warning, u"设计表中没有登记表“%1”"_s.arg(format.table));
   if (format.parts.empty()) return findings;
-  if (format.rowsDiffer)
-    Report(findings, Severity::Warning, u"各段记录的档号字段或案卷号字段不一致，归档以末段为准"_s);
+  if (format.rowsDiffer) Report(findings, Severity::Warning, u"各段记录的档号字段或案卷号字段不一致，归档以末段为准"_s);
   if (format.storeField.isEmpty()) {
     Report(findings, Severity::Note, u"没有选择档号字段，归档时不组成档号"_s);
     return findings;

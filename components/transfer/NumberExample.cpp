@@ -1,6 +1,7 @@
 #include "components/transfer/NumberExample.h"
 
 #include <folvane/ArchiveRules.h>
+#include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 #include <folvane/ResultSet.h>
 
@@ -33,8 +34,10 @@ QString FirstValue(Connection& connection, const QString& statement) {
 }
 
 QString KnownValue(Connection& connection, const TableField& field) {
-  if (IsSame(field.name, u"FondsNo"_s)) return FirstValue(connection, u"Select FondsNo From FondsDefine Order By FondsNo"_s);
-  if (IsSame(field.name, u"AecNo"_s)) return FirstValue(connection, u"Select ClassNo From EntityClass Order By ClassNo"_s);
+  if (IsSame(field.name, u"FondsNo"_s))
+    return FirstValue(connection, u"Select FondsNo From FondsDefine Order By FondsNo"_s);
+  if (IsSame(field.name, u"AecNo"_s))
+    return FirstValue(connection, u"Select ClassNo From EntityClass Order By ClassNo"_s);
   if (!field.dictionary.isEmpty())
     return FirstValue(connection,
                       u"Select Name From AssistantDicKey Where DicID = (Select DicID From AssistantDictionary "
@@ -46,14 +49,18 @@ QString KnownValue(Connection& connection, const TableField& field) {
 
 }  // namespace
 
-int LengthOf(const NumberFormat& format, std::size_t parts) {
-  return ArchiveNumberLength(FieldsOf(format, parts, {}));
-}
+int LengthOf(const NumberFormat& format, std::size_t parts) { return ArchiveNumberLength(FieldsOf(format, parts, {})); }
 
 QString SampleValue(Connection& connection, const NumberFormat& format, std::size_t part, BusinessTables& tables) {
   const TableField* field = tables.Get(format.table).Find(format.parts[part].field);
-  const QString known = field && part + 1 < format.parts.size() ? KnownValue(connection, *field) : QString();
-  return known.isEmpty() ? u"1"_s : known;
+  if (!field || part + 1 == format.parts.size()) return u"1"_s;
+  try {
+    const QString known = KnownValue(connection, *field);
+    return known.isEmpty() ? u"1"_s : known;
+  } catch (const DataError& error) {
+    if (error.Kind() != DataErrorKind::Statement) throw;
+    return u"1"_s;  // an office without that table
+  }
 }
 
 QString ExampleNumber(const NumberFormat& format, const QStringList& values) {
@@ -61,8 +68,9 @@ QString ExampleNumber(const NumberFormat& format, const QStringList& values) {
 }
 
 QString ExampleFolder(const NumberFormat& format, const QStringList& values) {
-  return format.parts.size() < 2 ? QString()
-                                 : ComposeArchiveNumber(FieldsOf(format, format.parts.size() - 1, values), format.table);
+  return format.parts.size() < 2
+             ? QString()
+             : ComposeArchiveNumber(FieldsOf(format, format.parts.size() - 1, values), format.table);
 }
 
 }  // namespace folvane::transfer

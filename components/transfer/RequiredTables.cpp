@@ -49,8 +49,8 @@ void RequireTables(Connection& connection) {
   }
   if (!missing.isEmpty()) complaints.prepend(u"缺少表：%1。"_s.arg(missing.join(u'、')));
   if (complaints.isEmpty()) return;
-  throw DataError(DataErrorKind::Usage, u"数据库中的设计表不全，不能进行归档设置。%1请与系统管理员联系。"_s.arg(
-                                            complaints.join(QString())));
+  throw DataError(DataErrorKind::Usage,
+                  u"数据库中的设计表不全，不能进行归档设置。%1请与系统管理员联系。"_s.arg(complaints.join(QString())));
 }
 
 }  // namespace folvane::transfer

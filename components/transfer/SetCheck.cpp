@@ -52,10 +52,8 @@ void CheckOthers(const Settings& settings, std::size_t at, Findings& findings) {
 
 void CheckDestination(const Settings& settings, const TransferSet& set, BusinessTables& tables, Findings& findings) {
   const NumberFormat* format = settings.FormatOf(set.destination);
-  if (!format || format->parts.empty())
-    return Add(findings, Severity::Warning, u"目标表没有档号格式，不能归档"_s);
-  if (WorstOfFormat(*format, tables) == Severity::Error)
-    Add(findings, Severity::Error, u"目标表的档号格式有错误"_s);
+  if (!format || format->parts.empty()) return Add(findings, Severity::Warning, u"目标表没有档号格式，不能归档"_s);
+  if (WorstOfFormat(*format, tables) == Severity::Error) Add(findings, Severity::Error, u"目标表的档号格式有错误"_s);
 }
 
 void CountLinks(const Settings& settings, const TransferSet& set, BusinessTables& tables, Findings& findings) {
@@ -83,13 +81,12 @@ Findings CheckLink(const Settings& settings, const TransferSet& set, std::size_t
   for (std::size_t other = 0; other < set.links.size(); ++other) {
     if (other == link || !IsSame(set.links[other].destination, checked.destination)) continue;
     const bool isWhole = IsSame(set.links[other].source, checked.source);
-    Add(findings, Severity::Warning, isWhole ? u"与第 %1 行重复"_s.arg(other + 1)
-                                             : u"目标字段在第 %1 行已有对应，后一个值覆盖前一个"_s.arg(other + 1));
+    Add(findings, Severity::Warning,
+        isWhole ? u"与第 %1 行重复"_s.arg(other + 1)
+                : u"目标字段在第 %1 行已有对应，后一个值覆盖前一个"_s.arg(other + 1));
   }
-  const QString given =
-      GivenByTransfer(checked.destination, destinationTable, settings.FormatOf(set.destination));
-  if (!given.isEmpty())
-    Add(findings, IsSame(checked.destination, kKey) ? Severity::Error : Severity::Warning, given);
+  const QString given = GivenByTransfer(checked.destination, destinationTable, settings.FormatOf(set.destination));
+  if (!given.isEmpty()) Add(findings, IsSame(checked.destination, kKey) ? Severity::Error : Severity::Warning, given);
   return findings;
 }
 
@@ -97,9 +94,9 @@ Findings CheckSet(const Settings& settings, std::size_t at, BusinessTables& tabl
   const TransferSet& set = settings.sets[at];
   Findings findings;
   if (set.IsOrphan())
-    return {{Severity::Error, u"%1 个字段对应没有所属的来源表和目标表（编号 %2），可按 F2 指定，或删除"_s
-                                  .arg(set.links.size())
-                                  .arg(set.number.isEmpty() ? u"空"_s : set.number)}};
+    return {{Severity::Error,
+             u"%1 个字段对应没有所属的来源表和目标表（编号 %2），可按 F2 指定，或删除"_s.arg(set.links.size())
+                 .arg(set.number.isEmpty() ? u"空"_s : set.number)}};
   CheckTable(tables.Get(set.source), u"来源"_s, findings);
   CheckTable(tables.Get(set.destination), u"目标"_s, findings);
   if (!set.source.isEmpty() && IsSame(set.source, set.destination))

@@ -48,7 +48,7 @@ struct NumberFormat {
   QString table;
   std::vector<NumberPart> parts{};
   QString storeField{}, folderField{};  ///< of the last row, which counts
-  bool rowsDiffer = false;          ///< whether rows name different ones
+  bool rowsDiffer = false;              ///< whether rows name different ones
 
   bool HasFolder() const { return folderField != u"(无)"; }
   bool operator==(const NumberFormat&) const = default;

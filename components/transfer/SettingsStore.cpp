@@ -54,8 +54,8 @@ Settings SettingsStore::Understand() const {
   Settings settings;
   const DesignRows& sets = read_.sets;
   for (const QVariantList& row : sets.rows)
-    settings.sets.push_back({sets.Text(row, u"RecId"_s), sets.Text(row, u"SourceTbl"_s), sets.Text(row, u"DesTbl"_s),
-                             {}, row});
+    settings.sets.push_back(
+        {sets.Text(row, u"RecId"_s), sets.Text(row, u"SourceTbl"_s), sets.Text(row, u"DesTbl"_s), {}, row});
   ReadLinks(settings);
   ReadParts(settings);
   return settings;

@@ -43,8 +43,7 @@ std::vector<Suggestion> SuggestLinks(const Settings& settings, const TransferSet
     if (named && !named->isThere) named = nullptr;
     const TableField* found = named ? named : OfCaption(source, field.caption);
     if (!found) continue;
-    suggestions.push_back(
-        {{found->name, field.name, found->Word()}, named ? u"字段名相同"_s : u"标题相同"_s});
+    suggestions.push_back({{found->name, field.name, found->Word()}, named ? u"字段名相同"_s : u"标题相同"_s});
   }
   return suggestions;
 }

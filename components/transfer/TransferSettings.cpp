@@ -93,6 +93,12 @@ std::vector<Suggestion> TransferSettings::Suggested(std::size_t set) {
   return SuggestLinks(settings_, settings_.sets[set], *tables_);
 }
 
+Findings TransferSettings::CheckSuggestion(const Suggestion& suggestion, std::size_t set) {
+  TransferSet tried = settings_.sets[set];
+  tried.links = {suggestion.link};
+  return CheckLink(settings_, tried, 0, *tables_);
+}
+
 int TransferSettings::TakeSuggestions(std::size_t set) {
   const std::vector<Suggestion> suggestions = Suggested(set);
   for (const Suggestion& suggestion : suggestions) settings_.sets[set].links.push_back(suggestion.link);
@@ -104,6 +110,10 @@ NumberFormat TransferSettings::FormatOf(const QString& table) const {
   NumberFormat none;
   none.table = table;
   none.folderField = u"(无)"_s;
+  const auto& fields = tables_->Get(table).fields;
+  const auto store = std::find_if(fields.begin(), fields.end(),
+                                  [](const TableField& field) { return field.isThere && field.caption == u"档号"_s; });
+  if (store != fields.end()) none.storeField = store->name;
   return none;
 }
 

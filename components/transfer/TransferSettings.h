@@ -38,10 +38,12 @@ class TransferSettings {
   std::size_t Link(std::size_t set, const QString& source, const QString& destination);
   void RemoveLink(std::size_t set, std::size_t link);
   std::vector<Suggestion> Suggested(std::size_t set);
+  /// What would be wrong with a suggestion once it is taken. @throws DataError
+  Findings CheckSuggestion(const Suggestion& suggestion, std::size_t set);
   /// Takes all suggestions. @return how many
   int TakeSuggestions(std::size_t set);
 
-  /// The format of a table; an empty one where it has none.
+  /// The format of a table. Where it has none, one without parts, whose number goes into the field called 档号.
   NumberFormat FormatOf(const QString& table) const;
   /// Takes the place of the table's format; one without parts is removed. Its parts get the captions of their fields,
   /// and all its rows the same fields of the number.

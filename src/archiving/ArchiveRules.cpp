@@ -14,7 +14,8 @@ QString ComposeArchiveNumber(const std::vector<NumberField>& fields, const QStri
 int ArchiveNumberLength(const std::vector<NumberField>& fields) {
   int length = 0;
   for (const NumberField& field : fields) length += ByteLength(field.separator) + field.length;
-  const int first = fields.empty() || fields.front().separator.isEmpty() ? 1 : ByteLength(fields.front().separator.left(1));
+  const int first =
+      fields.empty() || fields.front().separator.isEmpty() ? 1 : ByteLength(fields.front().separator.left(1));
   return std::max(0, length - first);
 }
 

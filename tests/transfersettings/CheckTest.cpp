@@ -41,9 +41,9 @@ class CheckTest : public SettingsTest {
 FOLVANE_ON_EACH_DATABASE(CheckTest);
 
 TEST_P(CheckTest, AValueThatIsCutIsToldWithBothLengths) {
-  EXPECT_EQ(Linked(u"Amaintitle"_s, u"Amaintitle"_s), "W来源最长 200 字节，目标只有 60 字节，超出部分会被截去");
+  EXPECT_EQ(Linked(u"Amaintitle"_s, u"Amaintitle"_s), "W最长 200 字节，目标只有 60 字节，多出的会被截去");
   EXPECT_EQ(Linked(u"Unit"_s, u"Author"_s), "-");
-  EXPECT_EQ(Linked(u"Memo"_s, u"Author"_s), "W来源不限长度，目标只有 60 字节，超出部分会被截去");
+  EXPECT_EQ(Linked(u"Memo"_s, u"Author"_s), "W不限长度，目标只有 60 字节，多出的会被截去");
 }
 
 TEST_P(CheckTest, ATextThatBecomesANumberOrADateIsToldUnlessTheDesignCallsItOne) {

@@ -32,7 +32,8 @@ class SettingsTest : public DesignTest {
               {u"Quantity"_s, u"页数"_s, u"数值型"_s},
               {u"Author"_s, u"责任者"_s, u"文本型"_s},
               {u"SignDate"_s, u"日期"_s, u"日期型"_s},
-              {u"ArchNo"_s, u"档号"_s, u"文本型"_s}});
+              {u"ArchNo"_s, u"档号"_s, u"文本型"_s},
+              {u"FolderNo"_s, u"案卷号"_s, u"文本型"_s}});
     Describe(u"Anjuan"_s, u"案卷"_s, u"A"_s, {{u"Amaintitle"_s, u"案卷题名"_s, u"文本型"_s}});
     design_->Run(
         u"create table Lwdj (ArchiveID varchar(20) primary key, Amaintitle varchar(200), FileStatus varchar(20), "
@@ -79,14 +80,17 @@ class SettingsTest : public DesignTest {
     for (const QStringList& row : Database().Rows(sql)) rows << row.join(u'|');
     return rows;
   }
-  QStringList Pairs() { return Rows(u"select RecId,SourceTbl,DesTbl from DataTransfer_Ini order by RecId,SourceTbl"_s); }
+  QStringList Pairs() {
+    return Rows(u"select RecId,SourceTbl,DesTbl from DataTransfer_Ini order by RecId,SourceTbl"_s);
+  }
   QStringList Fields() {
     return Rows(u"select IniRecId,SourceField,DesField,SourceChn from DataTransfer_Details order by 1,2,3"_s);
   }
   /// In the order in which a transfer finds them.
   QStringList Parts(const QString& table) {
-    return Rows(u"select FieldName,FieldChn,ListSeparator,ShowMode,Lengh,StoreField,FolderNoField from "
-                "ArchiveNo_Format where TableName = '%1'"_s.arg(table));
+    return Rows(
+        u"select FieldName,FieldChn,ListSeparator,ShowMode,Lengh,StoreField,FolderNoField from "
+        "ArchiveNo_Format where TableName = '%1'"_s.arg(table));
   }
   QStringList Everything() {
     return Rows(u"select * from DataTransfer_Ini order by 1,2,3"_s) +

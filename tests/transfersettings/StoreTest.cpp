@@ -183,8 +183,8 @@ TEST_P(StoreTest, APairWithoutANumberAndOneWithThatOfAnotherGetTheirOwn) {
   settings.RemoveLink(1, 0);
   settings.Save();
   EXPECT_EQ(Pairs(), QStringList({u"1|Lwdj|Wenshu"_s, u"2|Lwdj|Anjuan"_s, u"3|Anjuan|Wenshu"_s}));
-  EXPECT_EQ(Fields(), QStringList({u"1|Amaintitle|Amaintitle|题名"_s, u"1|Pages|Quantity|页数"_s,
-                                   u"2|Pages|Quantity|页数"_s}));
+  EXPECT_EQ(Fields(),
+            QStringList({u"1|Amaintitle|Amaintitle|题名"_s, u"1|Pages|Quantity|页数"_s, u"2|Pages|Quantity|页数"_s}));
 }
 
 TEST_P(StoreTest, FieldsWhosePairIsGoneAreShownAndCanBeGivenOne) {
