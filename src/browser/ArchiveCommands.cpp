@@ -4,7 +4,7 @@
 
 #include "archiving/ArchiveRecords.h"
 #include "archiving/FrmSelTbl.h"
-#include "browser/BrowserStatus.h"
+#include "records/ListStatus.h"
 #include "browser/OriginalsView.h"
 #include "records/RecordList.h"
 #include "records/TableParameters.h"

@@ -5,7 +5,7 @@
 #include <QMenu>
 
 #include "browser/BrowserEnabling.h"
-#include "browser/BrowserStatus.h"
+#include "records/ListStatus.h"
 #include "shell/EventGuard.h"
 
 namespace folvane {
@@ -112,7 +112,7 @@ QSet<QString> Unavailable() {
 
 CommandDesign BrowserDesign() { return {u"tlb"_s, Menus(), Keys(), Unavailable()}; }
 
-BrowserCommands::BrowserCommands(QMainWindow& window, BrowserStatus& status)
+BrowserCommands::BrowserCommands(QMainWindow& window, ListStatus& status)
     : status_(status), commands_(*new WindowCommands(window, BrowserDesign())) {
   commands_.RunKeysThrough([&status](const WindowCommands::Work& work) { status.RunTrapped(work); });
   AddArchiveMenu();

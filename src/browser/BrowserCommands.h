@@ -13,7 +13,7 @@ class QMenu;
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 struct BrowserEnabling;
 
 /// The menus of the record browser, the pop-up on the originals among them, and its toolbar. Commands whose subsystem
@@ -24,7 +24,7 @@ CommandDesign BrowserDesign();
 /// ends it; the status line tells.
 class BrowserCommands {
  public:
-  BrowserCommands(QMainWindow& window, BrowserStatus& status);
+  BrowserCommands(QMainWindow& window, ListStatus& status);
 
   /// What a menu entry runs; the toolbar key that is its twin runs the same.
   void OnEntry(const QString& entry, std::function<void()> handler);
@@ -46,7 +46,7 @@ class BrowserCommands {
   void AddArchiveMenu();
   void ShowReport(QAction& entry, const ReportRow& report) const;
 
-  BrowserStatus& status_;
+  ListStatus& status_;
   WindowCommands& commands_;
   QAction* archiveToTarget_ = nullptr;
 };
