@@ -17,6 +17,8 @@ class ArchiveCommands {
 
   /// Transfers the selected records into the table's archive table. @throws DataError
   void ToTarget();
+  /// Opens the archive window on the table in view and reads the records again afterwards. @throws DataError
+  void OpenWindow();
   /// Merges other records into the selected one. @throws DataError
   void Merge();
 

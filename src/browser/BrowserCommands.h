@@ -32,6 +32,8 @@ class BrowserCommands {
   void OnKey(const QString& key, std::function<void()> handler);
   /// What the toolbar key "Archive" runs, and the first entry of its menu.
   void OnArchiveToTarget(std::function<void()> handler);
+  /// What the second entry of that menu runs, and its twin among the flows.
+  void OnArchiveWindow(std::function<void()> handler);
   void BindShortcut(const QString& entry, QWidget& widget) { commands_.BindShortcut(entry, widget); }
   void Enable(const BrowserEnabling& enabling);
 
@@ -48,7 +50,7 @@ class BrowserCommands {
 
   ListStatus& status_;
   WindowCommands& commands_;
-  QAction* archiveToTarget_ = nullptr;
+  QAction *archiveToTarget_ = nullptr, *archiveWindow_ = nullptr;
 };
 
 }  // namespace folvane

@@ -157,6 +157,7 @@ void FrmMain::ConnectOriginals() {
 
 void FrmMain::ConnectArchiving() {
   commands_->OnArchiveToTarget([this] { archiveCommands_->ToTarget(); });
+  commands_->OnArchiveWindow([this] { archiveCommands_->OpenWindow(); });
   commands_->OnEntry(u"mnuUnitRecord"_s, [this] { archiveCommands_->Merge(); });
 }
 

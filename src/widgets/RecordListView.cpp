@@ -57,22 +57,23 @@ void RecordListView::SendKey(Qt::Key key) {
 
 void RecordListView::TickSelected() {
   const QModelIndex current = currentIndex().siblingAtColumn(0);
-  Tick(current.data(Qt::CheckStateRole).toInt() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
-}
-
-void RecordListView::Tick(Qt::CheckState state) {
+  const auto state = current.data(Qt::CheckStateRole).toInt() == Qt::Checked ? Qt::Unchecked : Qt::Checked;
   QModelIndexList rows = selectionModel()->selectedRows();
-  if (rows.isEmpty()) rows << currentIndex().siblingAtColumn(0);
+  if (rows.isEmpty()) rows << current;
   std::sort(rows.begin(), rows.end());
   for (const QModelIndex& row : rows) model()->setData(row, state, Qt::CheckStateRole);
 }
 
+// A click on a box does not touch the selection.
 void RecordListView::mouseReleaseEvent(QMouseEvent* event) {
   const QPersistentModelIndex box = indexAt(event->position().toPoint()).siblingAtColumn(0);
   const QVariant before = box.data(Qt::CheckStateRole);
+  const int from = currentIndex().row();
   QTreeView::mouseReleaseEvent(event);
   const QVariant after = box.data(Qt::CheckStateRole);
-  if (event->modifiers().testFlag(Qt::ShiftModifier) && after != before) Tick(after.value<Qt::CheckState>());
+  if (!event->modifiers().testFlag(Qt::ShiftModifier) || after == before || from < 0) return;
+  for (int row = std::min(from, box.row()); row <= std::max(from, box.row()); ++row)
+    model()->setData(model()->index(row, 0), after, Qt::CheckStateRole);
 }
 
 }  // namespace folvane

@@ -22,12 +22,10 @@ class RecordListView : public QTreeView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  /// With the shift key a click on a box gives all selected rows what the clicked one gets.
+  /// With the shift key a click on a box gives all rows from the current one on what the clicked one gets.
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  void Tick(Qt::CheckState state);
-
   std::function<bool(int)> keyHandler_;
 };
 
