@@ -18,6 +18,8 @@ struct NumberFormat {
   QString folderField;  ///< the column that takes the number without its last piece; "(无)" for none
 
   bool HasFolder() const;
+  /// Whether the running number is a page number.
+  bool CountsPages() const { return itemField.name.compare(u"PageNo", Qt::CaseInsensitive) == 0; }
 };
 
 /// The format with the values that the window of the archive parameters left.
@@ -30,6 +32,9 @@ QString ScopeClauseOf(const NumberFormat& format);
 /// other value or the code of its dictionary entry, filled up with zeros.
 /// @param table whose dictionaries are asked @throws DataError
 QString ComposeNoPiece(const NumberField& field, const QString& value, const QString& table);
+
+/// The pieces of the fixed fields, each behind its separator. @throws DataError
+QString FixedPieces(const NumberFormat& format, const QString& table);
 
 /// The name of a fonds (kind 1), or of a class of the current fonds (kind 2); "" when there is none, and for any other
 /// kind. @throws DataError

@@ -1,4 +1,4 @@
-#include "browser/FilterBar.h"
+#include "records/FilterBar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
