@@ -74,9 +74,8 @@ void FormatPage::FillTables() {
     table_->addItem(Icon(u"archive"_s), format ? u"%1（%2 段）"_s.arg(label).arg(format->parts.size()) : label, name);
   };
   for (const BusinessTable& table : settings_.Tables().Designed()) {
-    const bool takesRecords = std::any_of(settings.sets.begin(), settings.sets.end(), [&](const TransferSet& set) {
-      return IsSame(set.destination, table.name);
-    });
+    const bool takesRecords = std::any_of(settings.sets.begin(), settings.sets.end(),
+                                          [&](const TransferSet& set) { return IsSame(set.destination, table.name); });
     if (table.type != u"F"_s || takesRecords || settings.FormatOf(table.name)) add(table.name, table.Label());
   }
   for (const NumberFormat& format : settings.formats)

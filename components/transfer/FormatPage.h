@@ -73,7 +73,7 @@ class FormatPage : public QWidget {
   void Move(int by);
 
   TransferSettings& settings_;
-  NumberFormat format_;             ///< of the table that is shown
+  NumberFormat format_;              ///< of the table that is shown
   QHash<QString, QString> samples_;  ///< by table and field
   QComboBox *table_, *field_, *store_, *folder_;
   SettingsList* parts_ = nullptr;

@@ -48,8 +48,8 @@ void FormatPage::LayOut() {
   column->addLayout(top);
   column->addWidget(NewPartsBox(), 1);
   column->addWidget(NewNumberBox());
-  const std::initializer_list<QWidget*> inputs{table_,  parts_,  field_, separator_, length_, showsCode_,
-                                               sample_, store_, folder_};
+  const std::initializer_list<QWidget*> inputs{table_,     parts_,  field_, separator_, length_,
+                                               showsCode_, sample_, store_, folder_};
   for (auto input = inputs.begin(); input + 1 != inputs.end(); ++input) setTabOrder(*input, *(input + 1));
   ConnectInputs();
 }
@@ -153,10 +153,9 @@ QToolBar* FormatPage::NewPartKeys() {
   bar->addSeparator();
   up_ = NewKey(*bar, {u"CmdPartUp"_s, u"moveup"_s, u"上移"_s, u"将选中的段上移"_s, QKeySequence(Qt::ALT | Qt::Key_Up)},
                &FormatPage::MoveUp);
-  down_ = NewKey(*bar,
-                 {u"CmdPartDown"_s, u"movedown"_s, u"下移"_s, u"将选中的段下移"_s,
-                  QKeySequence(Qt::ALT | Qt::Key_Down)},
-                 &FormatPage::MoveDown);
+  down_ = NewKey(
+      *bar, {u"CmdPartDown"_s, u"movedown"_s, u"下移"_s, u"将选中的段下移"_s, QKeySequence(Qt::ALT | Qt::Key_Down)},
+      &FormatPage::MoveDown);
   return bar;
 }
 

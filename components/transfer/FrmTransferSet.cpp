@@ -47,9 +47,8 @@ QComboBox* FrmTransferSet::NewChoice(const QString& name, const QString& caption
   choice->setMaxVisibleItems(20);
   std::vector<const BusinessTable*> tables;
   for (const BusinessTable& table : settings_.Tables().Designed()) tables.push_back(&table);
-  std::stable_partition(tables.begin(), tables.end(), [ofSources](const BusinessTable* table) {
-    return (table->type == u"F"_s) == ofSources;
-  });
+  std::stable_partition(tables.begin(), tables.end(),
+                        [ofSources](const BusinessTable* table) { return (table->type == u"F"_s) == ofSources; });
   for (const BusinessTable* table : tables)
     choice->addItem(Icon(table->type == u"F"_s ? u"register"_s : u"archive"_s), table->Label(), table->name);
   choice->setPlaceholderText(u"请选择"_s);
@@ -64,11 +63,11 @@ void FrmTransferSet::LayOut() {
   auto* hint = new QLabel(u"来源表中状态为“需归档”的记录，归档时进入目标表。"_s, this);
   hint->setForegroundRole(QPalette::PlaceholderText);
   hint->setWordWrap(true);
-  auto* accept = NewPushButton(this, {u"CmdOK"_s, u"save"_s, u"确定(&O)"_s, u"采用所选的表"_s, {}},
-                               [this] { this->accept(); });
+  auto* accept =
+      NewPushButton(this, {u"CmdOK"_s, u"save"_s, u"确定(&O)"_s, u"采用所选的表"_s, {}}, [this] { this->accept(); });
   accept->setDefault(true);
-  auto* cancel = NewPushButton(this, {u"CmdCancel"_s, u"cancel"_s, u"取消(&C)"_s, u"不作修改"_s, {}},
-                               [this] { reject(); });
+  auto* cancel =
+      NewPushButton(this, {u"CmdCancel"_s, u"cancel"_s, u"取消(&C)"_s, u"不作修改"_s, {}}, [this] { reject(); });
   auto* keys = new QHBoxLayout;
   keys->addStretch();
   keys->addWidget(accept);

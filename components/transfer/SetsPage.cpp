@@ -60,7 +60,8 @@ void SetsPage::FillSets() {
     const auto label = [&](const QString& table) {
       return table.isEmpty() ? u"（未指定）"_s : settings_.Tables().Get(table).Label();
     };
-    rows.push_back({{QString::number(at + 1), label(set.source), label(set.destination), QString::number(set.links.size()), QString()},
+    rows.push_back({{QString::number(at + 1), label(set.source), label(set.destination),
+                     QString::number(set.links.size()), QString()},
                     QString::number(at),
                     CheckSet(settings, at, settings_.Tables())});
   }
@@ -107,8 +108,9 @@ void SetsPage::FillSide(SettingsList& list, const QString& table, bool isSource)
     rows.push_back({{field.Label(), TypeInWords(field), isLinked ? u"√"_s : QString()}, field.name});
   }
   list.Fill(rows);
-  list.SetHint(!HasSet() ? QString() : table.isEmpty() ? u"还没有选择表，请按 F2 修改此项。"_s
-                                                       : u"数据库中没有此表。"_s);
+  list.SetHint(!HasSet()         ? QString()
+               : table.isEmpty() ? u"还没有选择表，请按 F2 修改此项。"_s
+                                 : u"数据库中没有此表。"_s);
 }
 
 void SetsPage::Enable() {

@@ -108,9 +108,9 @@ QToolBar* SetsPage::NewSetKeys() {
          &SetsPage::AddSet);
   edit_ = NewKey(*bar, sets_, {u"CmdEditSet"_s, u"mod"_s, u"修改"_s, u"修改来源表和目标表"_s, Qt::Key_F2},
                  &SetsPage::EditSet);
-  delete_ = NewKey(*bar, sets_,
-                   {u"CmdDeleteSet"_s, u"del"_s, u"删除"_s, u"删除此项和它的字段对应"_s, QKeySequence::Delete},
-                   &SetsPage::DeleteSet);
+  delete_ =
+      NewKey(*bar, sets_, {u"CmdDeleteSet"_s, u"del"_s, u"删除"_s, u"删除此项和它的字段对应"_s, QKeySequence::Delete},
+             &SetsPage::DeleteSet);
   return bar;
 }
 
@@ -122,11 +122,11 @@ QToolBar* SetsPage::NewLinkKeys() {
                  {u"CmdLink"_s, u"merge"_s, u"对应"_s, u"将选中的来源字段对应到选中的目标字段"_s,
                   QKeySequence(Qt::CTRL | Qt::Key_L)},
                  &SetsPage::LinkFields);
-  editLink_ = NewKey(*bar, links_, {u"CmdEditLink"_s, u"mod"_s, u"修改"_s, u"另选来源字段"_s, Qt::Key_F2},
-                     &SetsPage::EditLink);
-  unlink_ = NewKey(*bar, links_,
-                   {u"CmdUnlink"_s, u"del"_s, u"取消对应"_s, u"取消选中的字段对应"_s, QKeySequence::Delete},
-                   &SetsPage::DeleteLink);
+  editLink_ =
+      NewKey(*bar, links_, {u"CmdEditLink"_s, u"mod"_s, u"修改"_s, u"另选来源字段"_s, Qt::Key_F2}, &SetsPage::EditLink);
+  unlink_ =
+      NewKey(*bar, links_, {u"CmdUnlink"_s, u"del"_s, u"取消对应"_s, u"取消选中的字段对应"_s, QKeySequence::Delete},
+             &SetsPage::DeleteLink);
   bar->addSeparator();
   takeAll_ = NewKey(*bar, nullptr,
                     {u"CmdSuggest"_s, u"replace"_s, u"自动对应"_s, u"采用全部建议：字段名或标题相同的字段"_s,
@@ -170,10 +170,9 @@ void SetsPage::ConnectLists() {
   source_->TakeDrops({kDestinationKind}, [this, keyAt](const QString&, const QString& field, int row) {
     if (row >= 0) Link(keyAt(*source_, row), field);
   });
-  links_->TakeDrops({kSourceKind, kDestinationKind},
-                    [this](const QString& kind, const QString& field, int row) {
-                      DropOnLink(kind == kSourceKind, field, row);
-                    });
+  links_->TakeDrops({kSourceKind, kDestinationKind}, [this](const QString& kind, const QString& field, int row) {
+    DropOnLink(kind == kSourceKind, field, row);
+  });
 }
 
 }  // namespace folvane::transfer

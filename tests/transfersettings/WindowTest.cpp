@@ -32,15 +32,12 @@ class WindowTest : public SettingsTest {
     QStringList rows;
     for (int row = 0; row < model.rowCount(); ++row) {
       QStringList cells;
-      for (int column = 0; column < model.columnCount(); ++column)
-        cells << model.index(row, column).data().toString();
+      for (int column = 0; column < model.columnCount(); ++column) cells << model.index(row, column).data().toString();
       rows << cells.join(u'|');
     }
     return rows;
   }
-  static QAbstractItemView& List(QWidget& window, const QString& name) {
-    return Find<QAbstractItemView>(window, name);
-  }
+  static QAbstractItemView& List(QWidget& window, const QString& name) { return Find<QAbstractItemView>(window, name); }
   static void Choose(QWidget& window, const QString& list, const QString& key) {
     QAbstractItemView& view = List(window, list);
     const auto found = view.model()->match(view.model()->index(0, 0), Qt::UserRole, key, 1, Qt::MatchExactly);
@@ -63,8 +60,7 @@ FOLVANE_ON_EACH_DATABASE(WindowTest);
 TEST_P(WindowTest, ShowsTheTablesAndTheirFieldsSideBySide) {
   Open([](QWidget& window) {
     EXPECT_EQ(UnnamedControls(window), QStringList());
-    EXPECT_EQ(Shown(window, u"LvSets"_s),
-              QStringList({u"1|收文登记 Lwdj|文书档案 Wenshu|2|1 个字段对应需注意"_s}));
+    EXPECT_EQ(Shown(window, u"LvSets"_s), QStringList({u"1|收文登记 Lwdj|文书档案 Wenshu|2|1 个字段对应需注意"_s}));
     EXPECT_EQ(Shown(window, u"LvLinks"_s),
               QStringList({u"题名 Amaintitle|文本 200|题名 Amaintitle|文本 60|最长 200 字节，目标只有 60 字节，"
                            "多出的会被截去"_s,
@@ -99,8 +95,7 @@ TEST_P(WindowTest, AFieldIsDroppedOntoAnotherOrOntoALink) {
   Open([](QWidget& window) {
     const auto drop = [&](const QString& from, const QString& key, const QString& onto, int row) {
       Choose(window, from, key);
-      const std::unique_ptr<QMimeData> data(
-          List(window, from).model()->mimeData({List(window, from).currentIndex()}));
+      const std::unique_ptr<QMimeData> data(List(window, from).model()->mimeData({List(window, from).currentIndex()}));
       QAbstractItemView& view = List(window, onto);
       const QPoint at = view.visualRect(view.model()->index(row, 0)).center();
       QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
@@ -134,8 +129,8 @@ TEST_P(WindowTest, SuggestionsAreTakenOneByOneOrAllAtOnce) {
     links.setCurrentIndex(links.model()->index(0, 0));
     Press(links, Qt::Key_Delete);
     Press(window, Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(Fields(), QStringList({u"1|Pages|Quantity|页数"_s, u"1|SignDate|SignDate|成文日期"_s,
-                                     u"1|Unit|Author|责任者"_s}));
+    EXPECT_EQ(Fields(),
+              QStringList({u"1|Pages|Quantity|页数"_s, u"1|SignDate|SignDate|成文日期"_s, u"1|Unit|Author|责任者"_s}));
   });
 }
 
