@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <folvane/Help.h>
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
@@ -78,6 +79,8 @@ QHBoxLayout* FrmTransferSettings::NewKeys() {
   const auto add = [this](const QKeySequence& keys, QPushButton* button) {
     connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
   };
+  connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+          [this] { OpenHelp(this, u"归档设置.htm"_s); });
   add(QKeySequence::Refresh, reload);
   add(QKeySequence::Save, save_);
   return row;

@@ -97,6 +97,7 @@ TEST_P(WindowTest, AFieldIsDroppedOntoAnotherOrOntoALink) {
       Choose(window, from, key);
       const std::unique_ptr<QMimeData> data(List(window, from).model()->mimeData({List(window, from).currentIndex()}));
       QAbstractItemView& view = List(window, onto);
+      EXPECT_TRUE(view.viewport()->acceptDrops());
       const QPoint at = view.visualRect(view.model()->index(row, 0)).center();
       QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
       QCoreApplication::sendEvent(view.viewport(), &enter);
@@ -334,6 +335,14 @@ TEST_P(WindowTest, SizesAndWidthsAreKept) {
     EXPECT_EQ(Find<QTreeView>(window, u"LvLinks"_s).columnWidth(0), 123);
     EXPECT_GT(Find<QSplitter>(window, u"SplSets"_s).sizes()[0], 250);
   });
+}
+
+TEST_P(WindowTest, HelpIsThatOfTheWindow) {
+  QString topic;
+  program_.Write(u"help.chm"_s, "");
+  Services().showHelp = [&](QWidget*, const QString&, const QString& shown) { topic = shown; };
+  Open([](QWidget& window) { Press(window, Qt::Key_F1); });
+  EXPECT_EQ(topic, u"归档设置.htm"_s);
 }
 
 TEST_P(WindowTest, WithoutTheTablesThereIsNoWindow) {
