@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 
+#include <folvane/DataError.h>
 #include <folvane/Icons.h>
 
 #include "components/transfer/FormatCheck.h"
@@ -170,10 +171,16 @@ void FormatPage::ShowExample() {
 }
 
 void FormatPage::ComposeExample() {
-  const QStringList samples = Samples();
-  const QString folder = format_.HasFolder() ? u"案卷号：%1　"_s.arg(ExampleFolder(format_, samples)) : QString();
-  example_->setText(ExampleNumber(format_, samples));
-  exampleFolder_->setText(folder + u"档号最长 %1 字节"_s.arg(LengthOf(format_, format_.parts.size())));
+  try {
+    const QStringList samples = Samples();
+    const QString folder = format_.HasFolder() ? u"案卷号：%1　"_s.arg(ExampleFolder(format_, samples)) : QString();
+    example_->setText(ExampleNumber(format_, samples));
+    exampleFolder_->setText(folder + u"档号最长 %1 字节"_s.arg(LengthOf(format_, format_.parts.size())));
+  } catch (const DataError& error) {
+    // The settings can be edited without an example.
+    example_->setText(u"（不能组成示例）"_s);
+    exampleFolder_->setText(error.Message());
+  }
 }
 
 void FormatPage::Take(const QString& word) {

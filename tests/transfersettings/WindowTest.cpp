@@ -223,6 +223,23 @@ TEST_P(WindowTest, ANumberIsComposedWhileItIsEdited) {
   });
 }
 
+TEST_P(WindowTest, ANumberThatCannotBeComposedIsNoObstacle) {
+  for (const QString& table : {u"FondsDefine"_s, u"AssistantDicKey"_s}) design_->Run(u"drop table "_s + table);
+  design_->Run(u"update DynamicWindows set AuxiDictDetails = '年度表' where FieldName = 'DocYear'"_s);
+  Open([](QWidget& window) {
+    Find<QTabWidget>(window, u"TabSettings"_s).setCurrentIndex(1);
+    QAbstractItemView& parts = List(window, u"LvParts"_s);
+    EXPECT_EQ(Shown(window, u"LvParts"_s)[1], u"2|年度 DocYear|-|4|名称|1|"_s);
+    parts.setCurrentIndex(parts.model()->index(1, 0));
+    Click(Find(window, u"ChkShowCode"_s));  // its code is looked up
+    EXPECT_EQ(TextIn(window, u"LblExample"_s), u"（不能组成示例）"_s);
+    EXPECT_NE(TextIn(window, u"LblExampleFolder"_s), QString());
+    Press(window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(CanSave(window));
+  });
+  EXPECT_THAT(boxes_.Texts(), testing::IsEmpty());
+}
+
 TEST_P(WindowTest, PartsAreAddedAndDeleted) {
   Open([this](QWidget& window) {
     Find<QTabWidget>(window, u"TabSettings"_s).setCurrentIndex(1);
