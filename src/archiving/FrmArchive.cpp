@@ -189,7 +189,10 @@ void FrmArchive::ShowTableOf(int node) {
   tableInView_.clear();
   const bool isTable = shown.image == NodeImage::Table;
   panel_->setVisible(isTable);
-  if (!isTable) return status_->ShowNothing();
+  if (!isTable) {
+    tree_->Expand(node);
+    return status_->ShowNothing();
+  }
   tableInView_ = shown.key;
   parameters_.Select(shown.tag.toInt());
   list_->ShowColumns(shown.key);
