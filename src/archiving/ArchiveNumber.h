@@ -3,17 +3,11 @@
 #include <QString>
 #include <vector>
 
+#include <folvane/ArchiveRules.h>
+
 #include "data/Recordset.h"
 
 namespace folvane {
-
-/// A field of an archive number.
-struct NumberField {
-  QString name, value;  ///< the value that the user gave; the last field has none
-  QString separator;    ///< in front of the field's piece
-  bool showCode = false;
-  qint16 length = 0;  ///< of the piece, in bytes of the national code page
-};
 
 /// How the archive number of a table is made up: of fixed fields, which one volume has in common, and of the running
 /// number of the item, which is the last one.
