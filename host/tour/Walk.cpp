@@ -147,16 +147,10 @@ void PlanUserWithoutRights(Tour& tour) {
   tour.Step(u"close the browser"_s, Shown(kBrowser), [] { Window(kBrowser).close(); });
 }
 
-// The other entries: the window of each that the library has; the cards of the rest are out of use.
+// The windows of the other entries.
 void PlanOtherEntries(Tour& tour) {
   for (const Entry& entry : Entries()) {
     if (entry.name == "FileOpen"_L1) continue;
-    if (!entry.provided) {
-      tour.Step(u"%1 is still to come"_s.arg(entry.title), Shown(kStart), [entry] {
-        Expect(!In<QWidget>(kStart, entry.name).isEnabled(), u"the card %1 is on"_s.arg(entry.name));
-      });
-      continue;
-    }
     const auto answer = [] {
       QWidget* window = QApplication::activeModalWidget();
       return window && window->isVisible() ? window : nullptr;

@@ -189,7 +189,10 @@ void FrmArchive::ShowTableOf(int node) {
   tableInView_.clear();
   const bool isTable = shown.image == NodeImage::Table;
   panel_->setVisible(isTable);
-  if (!isTable) return status_->ShowNothing();
+  if (!isTable) {
+    tree_->Expand(node);
+    return status_->ShowNothing();
+  }
   tableInView_ = shown.key;
   parameters_.Select(shown.tag.toInt());
   list_->ShowColumns(shown.key);
@@ -220,12 +223,15 @@ void FrmArchive::ShowRow() {
 void FrmArchive::TellShown() {
   const bool hasTable = !list_->Table().isEmpty();
   if (hasTable) {
-    filterBar_->ShowLimits(limits_->FilterText(), limits_->RightsText());
+    const QString all = ShowsWaiting() ? u"全部需归档的文件"_s : u"全部记录"_s;
+    filterBar_->ShowLimits(limits_->FilterText(), limits_->RightsText(), all);
   } else {
     filterBar_->Clear();
   }
   listHint_->ShowHint(EmptyListHint());
 }
+
+bool FrmArchive::ShowsWaiting() const { return list_->State() == ListRecords::Opened && !records_.Filter().isEmpty(); }
 
 QString FrmArchive::EmptyListHint() const {
   if (list_->Table().isEmpty()) {
@@ -234,8 +240,7 @@ QString FrmArchive::EmptyListHint() const {
     return isTable ? u"按回车键或双击“%1”以打开它。"_s.arg(tree_->Node(node).text) : tree_->ChoiceHint();
   }
   const QString hint = limits_->EmptyListHint();
-  const bool showsWaiting = list_->State() == ListRecords::Opened && !records_.Filter().isEmpty();
-  if (hint.isEmpty() || !showsWaiting || parameters_.Selected(Parameter::RowLimit) == u"1 = 2"_s) return hint;
+  if (hint.isEmpty() || !ShowsWaiting() || parameters_.Selected(Parameter::RowLimit) == u"1 = 2"_s) return hint;
   return u"没有需要归档的文件：这里只列出归档状态为“需归档”的文件。"_s +
          (list_->ShownFilter().isEmpty() ? QString() : u"\n按 F5 取消查询条件。"_s);
 }

@@ -65,6 +65,7 @@ class FrmArchive : public QMainWindow {
   void ShowTable(int node);
   void ShowTableOf(int node);
   void LimitToWaiting(Recordset& records);
+  bool ShowsWaiting() const;
   void LoadFields();
   void ShowRow();
   void TellShown();

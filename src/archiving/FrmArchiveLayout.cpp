@@ -75,7 +75,6 @@ void FrmArchive::AddListView() {
   filterBar_ = new FilterBar(middle);
   auto* caption = new QLabel(u"未归档文件列表："_s, middle);
   caption->setObjectName(u"LblList"_s);
-  caption->setContentsMargins(9, 4, 9, 0);
   listView_ = new RecordListView(middle);
   listView_->setObjectName(u"lstData"_s);
   listView_->setAccessibleName(u"未归档文件列表"_s);
@@ -88,15 +87,20 @@ void FrmArchive::AddListView() {
   ticked_ = NewLine(middle, u"LblTicked"_s);
   ticked_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   ticked_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  auto* top = new QHBoxLayout;
+  top->setContentsMargins(9, 4, 9, 0);
+  top->setSpacing(14);
+  top->addWidget(caption);
+  top->addWidget(ticked_, 1);
   auto* boxes = new QHBoxLayout;
   boxes->setContentsMargins(9, 2, 9, 6);
   boxes->setSpacing(14);
   for (QCheckBox* box : {tickAll_, takeOriginals_, formNumber_}) boxes->addWidget(box);
-  boxes->addWidget(ticked_, 1);
+  boxes->addStretch();
   auto* column = new QVBoxLayout(middle);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(filterBar_);
-  column->addWidget(caption);
+  column->addLayout(top);
   column->addWidget(listView_, 1);
   column->addLayout(boxes);
 }

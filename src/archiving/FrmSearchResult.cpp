@@ -95,6 +95,7 @@ void FrmSearchResult::Search() {
   {
     const BusyPointer busy;
     found.Open(merge_->SearchStatement(Where), SharedConnection());
+    merge_->LeaveOutSurvivor(found);
   }
   records_ = std::move(found);
   model_.ClearRows();

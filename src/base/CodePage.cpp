@@ -6,8 +6,11 @@
 #include <stdexcept>
 #include <string>
 
+#include <folvane/DataError.h>
+
 namespace folvane {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 constexpr char kCodePage[] = "GBK";
 constexpr const char* kUtf16 = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? "UTF-16LE" : "UTF-16BE";
@@ -15,8 +18,8 @@ constexpr const char* kUtf16 = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? "UTF-16LE" : "U
 /// One direction of the conversion. Whatever has no counterpart is replaced and passed over.
 class Converter {
  public:
-  Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-    if (handle_ == iconv_t(-1)) throw std::runtime_error(std::string("iconv offers no conversion from ") + from);
+  Converter(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str())) {
+    if (handle_ == iconv_t(-1)) throw std::runtime_error("iconv offers no conversion from " + from);
   }
   ~Converter() { iconv_close(handle_); }
   Converter(const Converter&) = delete;
@@ -34,6 +37,7 @@ class Converter {
       source += skipped;
       left -= skipped;
     }
+    iconv(handle_, nullptr, nullptr, &target, &room);  // a letter that waits for an accent
     return target - out;
   }
 
@@ -52,7 +56,12 @@ struct Encoded {
   bool exact = true;
 };
 
+bool IsAscii(const QString& text) {
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
 Encoded Encode(const QString& text) {
+  if (IsAscii(text)) return {text.toLatin1()};
   thread_local Converter converter(kCodePage, kUtf16);
   Encoded result;
   result.bytes.resize(text.size() * 2);
@@ -66,6 +75,10 @@ Encoded Encode(const QString& text) {
   result.bytes.resize(converter.Convert(begin, std::size_t(text.size()) * 2, result.bytes.data(),
                                         std::size_t(result.bytes.size()), replace));
   return result;
+}
+
+bool IsAscii(QByteArrayView bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; });
 }
 
 // In the code page a byte from 0x81 on begins a character of two bytes.
@@ -101,7 +114,73 @@ QString FromCodePage(QByteArrayView bytes) {
   return text;
 }
 
+bool Utf8ToCodePage(QByteArrayView utf8, QByteArray& bytes) {
+  thread_local Converter converter(kCodePage, "UTF-8");
+  bytes.resize(utf8.size());
+  if (IsAscii(utf8)) {
+    std::copy(utf8.begin(), utf8.end(), bytes.begin());
+    return true;
+  }
+  bool exact = true;
+  const auto giveUp = [&](const char* at, char*&, std::size_t&) {
+    exact = false;
+    return std::size_t(utf8.end() - at);
+  };
+  bytes.resize(
+      converter.Convert(utf8.data(), std::size_t(utf8.size()), bytes.data(), std::size_t(bytes.size()), giveUp));
+  return exact;
+}
+
+class CodePageReader::Impl {
+ public:
+  explicit Impl(int number)
+      : number_(number), converter_("UTF-8", number == 65001 ? "UTF-8" : "CP" + std::to_string(number)) {}
+
+  void Read(QByteArrayView bytes, QByteArray& utf8) {
+    utf8.resize(bytes.size() * kMostOfByte + kMostWaiting);
+    const auto replace = [this](const char* at, char*& target, std::size_t& room) {
+      const QByteArray stand = QString(StandIn(uchar(*at))).toUtf8();
+      target = std::copy(stand.begin(), stand.end(), target);
+      room -= std::size_t(stand.size());
+      return std::size_t(1);
+    };
+    utf8.resize(
+        converter_.Convert(bytes.data(), std::size_t(bytes.size()), utf8.data(), std::size_t(utf8.size()), replace));
+  }
+
+ private:
+  static constexpr int kMostOfByte = 3, kMostWaiting = 8;
+
+  /// What Windows reads of a byte that the converter does not know.
+  QChar StandIn(uchar byte) const {
+    if (number_ == kNationalCodePage && byte == 0x80) return QChar(0x20ac);
+    const bool singleByte = number_ == 874 || (number_ >= 1250 && number_ <= 1258);
+    return singleByte && byte < 0xa0 ? QChar(byte) : QChar(QChar::ReplacementCharacter);
+  }
+
+  int number_;
+  Converter converter_;
+};
+
+CodePageReader::CodePageReader(int number) {
+  constexpr int kKnown[]{437,  850,  866,  874,  932,  936,  949,  950,  1250,
+                         1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 65001};
+  if (std::find(std::begin(kKnown), std::end(kKnown), number) == std::end(kKnown))
+    throw DataError(DataErrorKind::Usage, u"不支持代码页 %1。"_s.arg(number));
+  impl_ = std::make_unique<Impl>(number);
+}
+
+CodePageReader::~CodePageReader() = default;
+CodePageReader::CodePageReader(CodePageReader&&) noexcept = default;
+
+void CodePageReader::Read(QByteArrayView bytes, QByteArray& utf8) {
+  if (!IsAscii(bytes)) return impl_->Read(bytes, utf8);
+  utf8.resize(bytes.size());
+  std::copy(bytes.begin(), bytes.end(), utf8.begin());
+}
+
 QString LimitByteLength(const QString& text, int maximum) {
+  if (text.size() * 2 <= maximum) return text;
   const QByteArray bytes = ToCodePage(text);
   if (bytes.size() <= maximum) return text;
   qsizetype units = 0, sum = 0, lastUnits = 0;

@@ -3,8 +3,12 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <memory>
 
 namespace folvane {
+
+/// The number that Windows knows the national code page by.
+inline constexpr int kNationalCodePage = 936;
 
 /// The text in the national code page (GBK): one byte for a character of ASCII, two for a Chinese one. A character
 /// that the code page does not have becomes '?'.
@@ -24,5 +28,25 @@ QString LimitByteLength(const QString& text, int maximum);
 
 /// Whether every character of the text exists in the national code page.
 bool FitsCodePage(const QString& text);
+
+/// Puts UTF-8 into a buffer as bytes of the national code page, in place of what is there; false when a character of it
+/// does not exist there, and then the bytes mean nothing.
+bool Utf8ToCodePage(QByteArrayView utf8, QByteArray& bytes);
+
+/// Reads texts in a code page of Windows, such as machines of other countries write.
+class CodePageReader {
+ public:
+  /// @param number as Windows numbers them: 936, 1252, 65001 for UTF-8. @throws DataError Usage for an unknown one
+  explicit CodePageReader(int number);
+  ~CodePageReader();
+  CodePageReader(CodePageReader&&) noexcept;
+
+  /// Puts a text into a buffer as UTF-8, in place of what is there; a byte that begins no character becomes U+FFFD.
+  void Read(QByteArrayView bytes, QByteArray& utf8);
+
+ private:
+  class Impl;
+  std::unique_ptr<Impl> impl_;
+};
 
 }  // namespace folvane

@@ -20,13 +20,6 @@ FileError Unwritable(const QString& path, const QString& reason) {
   return FileError(u"文件 %1 无法写入：%2"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
-void SaveFile(const QString& path, const QByteArray& content) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) throw Unwritable(path, file.errorString());
-  file.write(content);
-  if (!file.commit()) throw Unwritable(path, file.errorString());
-}
-
 }  // namespace
 
 QByteArray ReadFile(const QString& path) {
@@ -38,13 +31,20 @@ QByteArray ReadFile(const QString& path) {
   return content;
 }
 
+void ReplaceFile(const QString& path, const std::function<void(QIODevice&)>& write) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) throw Unwritable(path, file.errorString());
+  write(file);
+  if (!file.commit()) throw Unwritable(path, file.errorString());
+}
+
 void UpdateFile(const QString& path, const std::function<QByteArray(const QByteArray&)>& change) {
   QDir().mkpath(QFileInfo(path).absolutePath());  // a failure shows at the lock
   QLockFile lock(path + u".lock"_s);
   if (!lock.tryLock(kLockWait)) throw Unwritable(path, u"文件被占用，或所在目录不可写。"_s);
   const QByteArray before = ReadFile(path);
   const QByteArray after = change(before);
-  if (after != before || !QFile::exists(path)) SaveFile(path, after);
+  if (after != before || !QFile::exists(path)) ReplaceFile(path, [&](QIODevice& file) { file.write(after); });
 }
 
 }  // namespace folvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QIODevice>
 #include <QString>
 #include <functional>
 
@@ -21,5 +22,9 @@ QByteArray ReadFile(const QString& path);
 /// file or the new one, and of two processes that update at a time neither loses the other's change.
 /// @throws FileError when the file cannot be read, locked or written; it then stays as it was
 void UpdateFile(const QString& path, const std::function<QByteArray(const QByteArray&)>& change);
+
+/// Gives a file new content, made piece by piece: the file is the new one as a whole and safe on the disk, or stays as
+/// it was. @throws FileError when it cannot be written, and whatever `write` throws
+void ReplaceFile(const QString& path, const std::function<void(QIODevice&)>& write);
 
 }  // namespace folvane

@@ -8,10 +8,19 @@
 
 namespace folvane {
 
-/// A result as it came from the database: its columns and all its rows.
+/// Which rows of a result wait to be written: those of a file can, those of a database never.
+struct WaitingRows {
+  enum State : std::uint8_t { Clean, Changed, Added, Deleted };
+  std::vector<State> states;         ///< by row
+  std::vector<std::size_t> changed;  ///< the rows that are Changed, ascending
+  RowStore originals;                ///< their values before, row by row
+};
+
+/// A result as it came from the database or out of a file: its columns and all its rows.
 struct FetchedRows {
   std::vector<ColumnInfo> columns;
   std::unique_ptr<RowStore> rows;
+  std::unique_ptr<WaitingRows> waiting = nullptr;  ///< where some row waits
 };
 
 }  // namespace folvane

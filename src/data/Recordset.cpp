@@ -4,6 +4,7 @@
 
 #include "data/BatchWriter.h"
 #include "data/DatabaseSession.h"
+#include "data/RecordsetFile.h"
 #include "data/RecordsetState.h"
 #include "data/ValueText.h"
 
@@ -11,33 +12,6 @@ namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 using CursorState = RecordsetState::CursorState;
-
-const QString& Field::Name() const { return state_->rows.Columns()[size_t(column_)].name; }
-int Field::Type() const { return state_->rows.Columns()[size_t(column_)].type; }
-int Field::DefinedSize() const { return state_->rows.Columns()[size_t(column_)].definedSize; }
-QVariant Field::Value() const { return state_->rows.Value(state_->CurrentRow(), column_); }
-QString Field::Text() const { return ValueText(Value()); }
-QVariant Field::OriginalValue() const { return state_->rows.Original(state_->CurrentRow(), column_); }
-
-void Field::SetValue(const QVariant& value) {
-  const QVariant fitted = FitToColumn(value, state_->rows.Columns()[size_t(column_)]);
-  state_->BeginEdit();
-  state_->rows.SetValue(state_->CurrentRow(), column_, fitted);
-}
-
-int FieldList::Count() const { return int(state_->rows.Columns().size()); }
-int FieldList::IndexOf(const QString& name) const { return state_->rows.IndexOf(name); }
-
-Field FieldList::Item(int index) const {
-  if (index < 0 || index >= Count()) throw DataError(DataErrorKind::Usage, u"记录集中没有第 %1 个字段。"_s.arg(index));
-  return Field(state_, index);
-}
-
-Field FieldList::Item(const QString& name) const {
-  const int index = IndexOf(name);
-  if (index < 0) throw DataError(DataErrorKind::Usage, u"记录集中没有字段“%1”。"_s.arg(name), state_->source);
-  return Field(state_, index);
-}
 
 namespace {
 
@@ -59,6 +33,13 @@ void Recordset::Open(const QString& source, std::shared_ptr<Connection> connecti
   FetchedRows fetched = DatabaseSession::Of(*connection).Fetch(source, textOrder_);
   state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
 }
+
+void Recordset::OpenFile(const QString& path, int codePage) {
+  if (state_) throw DataError(DataErrorKind::Usage, u"记录集已经打开。"_s, path);
+  state_ = std::make_unique<RecordsetState>(path, nullptr, LockType::ReadOnly, LoadRecordset(path, codePage));
+}
+
+void Recordset::Save(const QString& path) const { SaveRecordset(Opened(state_), path); }
 
 void Recordset::Close() {
   Opened(state_);
@@ -243,6 +224,7 @@ void Recordset::CancelUpdate() { Opened(state_).DropEdit(); }
 
 void Recordset::CancelBatch(AffectKind affect) {
   RecordsetState& state = Opened(state_);
+  state.RequireConnection();
   const std::optional<RowId> current = state.HasRow() ? std::optional(state.CurrentRow()) : std::nullopt;
   state.edit.reset();
   std::vector<RowId> cancelled = state.rows.PendingRows();
@@ -268,6 +250,7 @@ void Recordset::Delete(AffectKind affect) {
 void Recordset::Requery() {
   RecordsetState& state = Opened(state_);
   if (state.edit) throw DataError(DataErrorKind::Usage, u"当前记录正在编辑，请先保存或取消。"_s);
+  state.RequireConnection();
   FetchedRows fetched = DatabaseSession::Of(*state.connection).Fetch(state.source, textOrder_);
   auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
   fresh->filter = state.filter;
@@ -279,6 +262,7 @@ void Recordset::Requery() {
 
 void Recordset::Resync(AffectKind affect) {
   RecordsetState& state = Opened(state_);
+  state.RequireConnection();
   std::vector<RowId> wanted;
   if (affect == AffectKind::Current) {
     wanted.push_back(state.CurrentRow());

@@ -8,6 +8,7 @@
 
 #include <folvane/Connection.h>
 
+#include "base/CodePage.h"
 #include "data/Schema.h"
 
 namespace folvane {
@@ -92,9 +93,21 @@ class Recordset {
   /// With BatchOptimistic changes wait for UpdateBatch; with Optimistic and Pessimistic Update writes at once.
   void Open(const QString& source, std::shared_ptr<Connection> connection, CursorType type = CursorType::Static,
             LockType lock = LockType::BatchOptimistic, CursorLocation location = CursorLocation::Client);
+  /// Opens a file that Save or ADO wrote in the ADTG format and stands on the first row: a static record set on the
+  /// client, without a connection and for reading only. Rows that were deleted when the file was saved are not shown;
+  /// changed ones have their OriginalValue. A failed OpenFile leaves the record set closed.
+  /// @param codePage of texts of 8 bits, as Windows numbers them: that of the machine that wrote the file
+  /// @throws DataError File for a file that cannot be read, is none of the kind, is broken (its message tells where),
+  /// or has child record sets
+  void OpenFile(const QString& path, int codePage = kNationalCodePage);
+  /// Writes the rows in view, in their order, to a file that ADO opens, in its ADTG format. Changes that wait for
+  /// UpdateBatch are kept as such, deleted rows where no filter is set. The file appears as a whole, or stays as it
+  /// was.
+  /// @throws DataError Usage when closed, File when it cannot be written
+  void Save(const QString& path) const;
   void Close();
   bool IsOpen() const;
-  /// The text that Open was given.
+  /// The text that Open was given, or the path that OpenFile was.
   QString Source() const;
 
   bool BOF() const;

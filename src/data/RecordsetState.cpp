@@ -12,6 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock,
                                FetchedRows fetched)
     : source(std::move(source)), connection(std::move(connection)), lock(lock), rows(std::move(fetched)) {
+  view.Show(std::nullopt);
   GoFirst();
 }
 
@@ -126,6 +127,10 @@ void RecordsetState::Reshow() {
 
 void RecordsetState::RequireWritable() const {
   if (lock == LockType::ReadOnly) throw DataError(DataErrorKind::Usage, u"记录集以只读方式打开，不能修改。"_s);
+}
+
+void RecordsetState::RequireConnection() const {
+  if (!connection) throw DataError(DataErrorKind::Usage, u"记录集是从文件打开的，没有数据库连接。"_s);
 }
 
 void RecordsetState::BeginEdit() {

@@ -38,6 +38,7 @@ class RecordsetState {
   void EndEdit();
   void DropEdit();
   void RequireWritable() const;
+  void RequireConnection() const;  ///< @throws DataError Usage for what was opened from a file
   void AddRow();
   void DeleteCurrentRow();
   void Write(const std::vector<RowId>& pending);

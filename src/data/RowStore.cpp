@@ -98,11 +98,9 @@ void RowStore::EndRow() {
   ++rowCount_;
 }
 
-Cell RowStore::At(std::size_t row, int column) const {
-  const char* at = pages_[row / kPageRows][row % kPageRows];
-  std::uint64_t header = 0;
-  at = TakeHeader(at, header);
-  for (; column > 0; --column) at = TakeHeader(at + (header >> 2), header);
+namespace {
+
+Cell DecodedCell(std::uint64_t header, const char* at) {
   const auto length = size_t(header >> 2);
   Cell cell;
   switch (header & 3) {
@@ -128,6 +126,26 @@ Cell RowStore::At(std::size_t row, int column) const {
       cell.bytes = QByteArrayView(at, qsizetype(length));
   }
   return cell;
+}
+
+}  // namespace
+
+Cell RowStore::At(std::size_t row, int column) const {
+  const char* at = pages_[row / kPageRows][row % kPageRows];
+  std::uint64_t header = 0;
+  at = TakeHeader(at, header);
+  for (; column > 0; --column) at = TakeHeader(at + (header >> 2), header);
+  return DecodedCell(header, at);
+}
+
+void RowStore::Read(std::size_t row, Cell* cells) const {
+  const char* at = pages_[row / kPageRows][row % kPageRows];
+  for (int column = 0; column < columnCount_; ++column) {
+    std::uint64_t header = 0;
+    at = TakeHeader(at, header);
+    cells[column] = DecodedCell(header, at);
+    at += header >> 2;
+  }
 }
 
 }  // namespace folvane

@@ -43,6 +43,8 @@ class RowStore {
 
   std::size_t RowCount() const { return rowCount_; }
   Cell At(std::size_t row, int column) const;
+  /// Reads all cells of a row, into as many as there are columns.
+  void Read(std::size_t row, Cell* cells) const;
 
  private:
   static constexpr std::size_t kPageRows = std::size_t(1) << 16;

@@ -1,5 +1,7 @@
 #include "data/Rows.h"
 
+#include <algorithm>
+
 #include "data/ValueText.h"
 
 namespace folvane {
@@ -25,16 +27,26 @@ void ColumnValues::Set(int column, const QVariant& value) {
   values_.emplace_back(column, value);
 }
 
-void ColumnValues::SetAll(const ColumnValues& values) {
+void ColumnValues::TakeAll(ColumnValues& values) {
+  if (values_.empty()) return values_.swap(values.values_);
   for (const auto& [column, value] : values.values_) Set(column, value);
+  values.values_.clear();
 }
 
 Rows::Rows(FetchedRows fetched)
-    : columns_(std::move(fetched.columns)), store_(std::move(fetched.rows)), given_(columns_.size()) {}
+    : columns_(std::move(fetched.columns)),
+      store_(std::move(fetched.rows)),
+      waiting_(std::move(fetched.waiting)),
+      given_(columns_.size()) {
+  if (waiting_) dead_ = RowId(std::count(waiting_->states.begin(), waiting_->states.end(), WaitingRows::Deleted));
+}
 
 int Rows::IndexOf(const QString& column) const {
-  for (std::size_t i = 0; i < columns_.size(); ++i)
-    if (columns_[i].name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
+  // A text keeps its length when its case does not count, and most names differ there already.
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const QString& name = columns_[i].name;
+    if (name.size() == column.size() && name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
+  }
   return -1;
 }
 
@@ -44,32 +56,55 @@ const RowChange* Rows::Change(RowId row) const {
   return found == changes_.end() ? nullptr : &found->second;
 }
 
-bool Rows::IsLive(RowId row) const {
-  const RowChange* change = Change(row);
-  return !change || !IsDead(change->state);
+RowChange::State Rows::StateOf(RowId row) const {
+  if (const RowChange* change = Change(row)) return change->state;
+  if (!waiting_ || row >= StoredCount()) return RowChange::Clean;
+  switch (waiting_->states[row]) {
+    case WaitingRows::Changed:
+      return RowChange::Modified;
+    case WaitingRows::Added:
+      return RowChange::Added;
+    case WaitingRows::Deleted:
+      return RowChange::Deleted;
+    default:
+      return RowChange::Clean;
+  }
 }
+
+bool Rows::IsLive(RowId row) const { return !IsDead(StateOf(row)); }
 
 QVariant Rows::Stored(RowId row, int column) const {
   if (row >= StoredCount()) return {};
   return DecodeCell(store_->At(row, column), columns_[size_t(column)]);
 }
 
+QVariant Rows::StoredOriginal(RowId row, int column) const {
+  if (!waiting_ || row >= StoredCount()) return Stored(row, column);
+  if (waiting_->states[row] == WaitingRows::Added) return {};
+  if (waiting_->states[row] != WaitingRows::Changed) return Stored(row, column);
+  const auto at = std::lower_bound(waiting_->changed.begin(), waiting_->changed.end(), row);
+  return DecodeCell(waiting_->originals.At(std::size_t(at - waiting_->changed.begin()), column),
+                    columns_[size_t(column)]);
+}
+
 QVariant Rows::Value(RowId row, int column) const {
   const RowChange* change = Change(row);
-  const QVariant* given = change ? change->given.Find(column) : nullptr;
-  return given ? *given : Original(row, column);
+  if (const QVariant* given = change ? change->given.Find(column) : nullptr) return *given;
+  const QVariant* written = change ? change->written.Find(column) : nullptr;
+  return written ? *written : Stored(row, column);
 }
 
 QVariant Rows::Original(RowId row, int column) const {
   const RowChange* change = Change(row);
   const QVariant* written = change ? change->written.Find(column) : nullptr;
-  return written ? *written : Stored(row, column);
+  return written ? *written : StoredOriginal(row, column);
 }
 
 bool Rows::IsChanged(RowId row, int column) const {
   const RowChange* change = Change(row);
   const QVariant* given = change ? change->given.Find(column) : nullptr;
-  return given && *given != Original(row, column);
+  if (given) return *given != Original(row, column);
+  return waiting_ && StateOf(row) == RowChange::Modified && Stored(row, column) != StoredOriginal(row, column);
 }
 
 void Rows::SetState(RowId row, RowChange& change, RowChange::State state) {
@@ -134,8 +169,7 @@ void Rows::MarkWritten(RowId row) {
     SetState(row, change, RowChange::Gone);
     return;
   }
-  change.written.SetAll(change.given);
-  change.given.Clear();
+  change.written.TakeAll(change.given);
   SetState(row, change, RowChange::Clean);
 }
 
@@ -147,6 +181,14 @@ void Rows::Refresh(RowId row, const std::vector<QVariant>& values) {
   }
   change.given.Clear();
   SetState(row, change, RowChange::Clean);
+}
+
+std::vector<RowId> Rows::PendingRows() const {
+  std::vector<RowId> pending(pending_.begin(), pending_.end());
+  if (!waiting_) return pending;
+  for (RowId row = 0; row < StoredCount(); ++row)
+    if (waiting_->states[row] != WaitingRows::Clean) pending.push_back(row);
+  return pending;
 }
 
 bool Rows::IsPending(const RowChange& change) {

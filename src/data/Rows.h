@@ -22,7 +22,8 @@ class ColumnValues {
   /// nullptr for a column that has none.
   const QVariant* Find(int column) const;
   void Set(int column, const QVariant& value);
-  void SetAll(const ColumnValues& values);
+  /// Sets what the other has, which has nothing afterwards.
+  void TakeAll(ColumnValues& values);
   void Clear() { values_.clear(); }
 
  private:
@@ -52,6 +53,9 @@ class Rows {
   RowId EndId() const { return StoredCount() + added_; }
   /// False for rows deleted or taken back.
   bool IsLive(RowId row) const;
+  /// How a row stands against the database: as it is there, or waiting as changed, added or deleted; Gone for one that
+  /// is no more.
+  RowChange::State StateOf(RowId row) const;
   /// True while every id below EndId is live.
   bool AllLive() const { return dead_ == 0; }
 
@@ -79,15 +83,19 @@ class Rows {
 
   static bool IsPending(const RowChange& change);
   /// In ascending order.
-  std::vector<RowId> PendingRows() const { return {pending_.begin(), pending_.end()}; }
+  std::vector<RowId> PendingRows() const;
+  /// Whether the values of a row are those in the store: it was not edited since it was read.
+  bool IsAsRead(RowId row) const { return row < StoredCount() && !Change(row); }
 
  private:
   QVariant Stored(RowId row, int column) const;
+  QVariant StoredOriginal(RowId row, int column) const;
   void SetState(RowId row, RowChange& change, RowChange::State state);
   void NoteGiven(RowId row, const RowChange& change, int column);
 
   std::vector<ColumnInfo> columns_;
   std::unique_ptr<RowStore> store_;
+  std::unique_ptr<WaitingRows> waiting_;  ///< of a file
   std::unordered_map<RowId, RowChange> changes_;
   std::set<RowId> pending_;
   std::vector<std::vector<RowId>> given_;  ///< by column

@@ -13,13 +13,18 @@ TypeGroup GroupOfType(int adoType) {
     case AdoType::Decimal:
     case AdoType::TinyInt:
     case AdoType::UnsignedTinyInt:
+    case AdoType::UnsignedSmallInt:
+    case AdoType::UnsignedInt:
     case AdoType::BigInt:
+    case AdoType::UnsignedBigInt:
     case AdoType::Numeric:
+    case AdoType::VarNumeric:
       return TypeGroup::Number;
     case AdoType::Date:
     case AdoType::DbDate:
     case AdoType::DbTime:
     case AdoType::DbTimeStamp:
+    case AdoType::FileTime:
       return TypeGroup::Date;
     case AdoType::Binary:
     case AdoType::VarBinary:

@@ -5,7 +5,7 @@
 
 namespace folvane {
 
-/// The ADO type numbers that the drivers give to columns.
+/// The ADO type numbers that drivers and files give to columns.
 namespace AdoType {
 enum : int {
   SmallInt = 2,
@@ -14,11 +14,18 @@ enum : int {
   Double = 5,
   Currency = 6,
   Date = 7,
+  Error = 10,
   Boolean = 11,
+  Variant = 12,
   Decimal = 14,
   TinyInt = 16,
   UnsignedTinyInt = 17,
+  UnsignedSmallInt = 18,
+  UnsignedInt = 19,
   BigInt = 20,
+  UnsignedBigInt = 21,
+  FileTime = 64,
+  Guid = 72,
   Binary = 128,
   Char = 129,
   WChar = 130,
@@ -26,6 +33,8 @@ enum : int {
   DbDate = 133,
   DbTime = 134,
   DbTimeStamp = 135,
+  Chapter = 136,
+  VarNumeric = 139,
   VarChar = 200,
   LongVarChar = 201,
   VarWChar = 202,

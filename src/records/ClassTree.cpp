@@ -31,13 +31,15 @@ ClassTree::ClassTree(QTreeView& view, TableParameters& parameters, TableNodes ki
 
 void ClassTree::Build() {
   builder_.BuildRoot();
-  view_.expand(model_.IndexOf(kRoot));
+  Expand(kRoot);
   if (Count() == kRoot) hint_->ShowHint(u"还没有类目：请在 Design_ClassRelation 中登记类目。"_s);
 }
 
 void ClassTree::OpenClass(int node) {
-  if (builder_.OpenClass(node)) view_.expand(model_.IndexOf(node));
+  if (builder_.OpenClass(node)) Expand(node);
 }
+
+void ClassTree::Expand(int node) { view_.expand(model_.IndexOf(node)); }
 
 // The classes come before all tables.
 void ClassTree::AddAllTables() {
@@ -52,7 +54,7 @@ void ClassTree::AddTablesOfClass(const QString& classId) {
 
 void ClassTree::Select(int node) {
   for (int above = Node(node).parent; above != 0; above = Node(above).parent) {
-    if (above == kRoot || Node(above).key.startsWith(u'C')) view_.expand(model_.IndexOf(above));
+    if (above == kRoot || Node(above).key.startsWith(u'C')) Expand(above);
   }
   SelectShown(node);
 }

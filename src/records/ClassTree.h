@@ -27,6 +27,7 @@ class ClassTree {
   void OpenClass(int node);
   /// The same for all classes, without opening any.
   void AddAllTables();
+  void Expand(int node);
   /// Adds the tables of the class of that id, which need not be in the tree.
   void AddTablesOfClass(const QString& classId);
 

@@ -7,7 +7,7 @@ namespace folvane {
 namespace {
 
 constexpr int kMostNumbered = std::numeric_limits<qint16>::max();
-constexpr int kNumberTwips = 900;
+constexpr int kNumberTwips = 1500;  // box, icon and number
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-#include <QMenu>
-#include <gmock/gmock.h>
+#include <QThread>
+#include <QTimer>
 
 #include "archiving/FrmArchiveFixture.h"
 #include "shell/SharedState.h"
@@ -154,6 +154,58 @@ TEST_P(FrmArchiveTransferTest, ATableWithoutAFormatFailsInTheEngine) {
     EXPECT_TRUE(window.IsTicked(1));
   });
   EXPECT_EQ(StatusOf(1), u"需归档"_s);
+}
+
+TEST_P(FrmArchiveTransferTest, ALongTransferIsSeenAndTheKeyInTheStatusBarTakesEverythingBack) {
+  AddDocuments(6);
+  log_.reset();
+  bool seen = false;
+  InWindow([&](const ArchiveWindow& window) {
+    Click(window.Box(u"Check2"_s));
+    Click(window.Box(u"Check3"_s));
+    GiveYear(window);
+    auto& stop = window.Control(u"CmdStop"_s);
+    int originals = 0;
+    Connected()->OnStatement([&](const QString& statement) {
+      if (!statement.startsWith(u"Insert Into Original_Text"_s) || ++originals != 3) return;
+      QThread::msleep(80);  // long enough to be shown
+      QTimer::singleShot(0, &window.Window(), [&] {
+        seen = stop.isVisible() && window.Control(u"ProMain"_s).isVisible();
+        Click(stop);
+      });
+    });
+    window.Ok();
+    Connected()->OnStatement({});
+    EXPECT_TRUE(seen);
+    EXPECT_FALSE(stop.isVisible());
+    EXPECT_EQ(window.Notice(), u"已取消归档，所有记录保持原样"_s);
+    EXPECT_EQ(boxes_.Texts(), QStringList());
+    EXPECT_EQ(window.Numbers().last(), u"6"_s) << "the ticks stay";
+    EXPECT_FALSE(window.Box(u"Check3"_s).isChecked());
+  });
+  EXPECT_EQ(Archived(), QStringList());
+  EXPECT_EQ(StatusOf(6), u"需归档"_s);
+}
+
+TEST_P(FrmArchiveTransferTest, ClosingTheWindowInMidTransferTakesEverythingBackAndItStays) {
+  AddDocuments(4);
+  log_.reset();
+  InWindow([&](const ArchiveWindow& window) {
+    Click(window.Box(u"Check2"_s));
+    Click(window.Box(u"Check3"_s));
+    GiveYear(window);
+    int originals = 0;
+    Connected()->OnStatement([&](const QString& statement) {
+      if (!statement.startsWith(u"Insert Into Original_Text"_s) || ++originals != 2) return;
+      QThread::msleep(80);
+      QTimer::singleShot(0, &window.Window(), [&] { window.Window().close(); });
+    });
+    window.Ok();
+    Connected()->OnStatement({});
+    EXPECT_TRUE(window.Window().isVisible());
+    EXPECT_EQ(window.Notice(), u"已取消归档，所有记录保持原样"_s);
+  });
+  EXPECT_EQ(Archived(), QStringList());
 }
 
 }  // namespace folvane::test

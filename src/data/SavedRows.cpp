@@ -1,0 +1,71 @@
+#include "data/SavedRows.h"
+
+#include <QDateTime>
+
+namespace folvane {
+using namespace Qt::Literals::StringLiterals;
+
+SavedRows::SavedRows(const RecordsetState& state)
+    : state_(state), cells_(state.rows.Columns().size()), held_(state.rows.Columns().size()) {
+  if (!state.filter.isEmpty()) return;
+  for (const RowId row : state.rows.PendingRows())
+    if (state.rows.StateOf(row) == RowChange::Deleted) deleted_.push_back(row);
+}
+
+RowId SavedRows::At(qint64 index) const {
+  const auto ahead = qint64(deleted_.size());
+  return index < ahead ? deleted_[std::size_t(index)] : state_.view.At(index - ahead);
+}
+
+const std::vector<Cell>& SavedRows::Current(RowId row) {
+  if (state_.rows.IsAsRead(row)) {
+    state_.rows.Store().Read(row, cells_.data());
+    return cells_;
+  }
+  for (int i = 0; i < int(cells_.size()); ++i) cells_[std::size_t(i)] = Held(i, state_.rows.Value(row, i));
+  return cells_;
+}
+
+const std::vector<Cell>& SavedRows::Original(RowId row) {
+  if (state_.rows.IsAsRead(row) && state_.rows.StateOf(row) != RowChange::Modified) return Current(row);
+  for (int i = 0; i < int(cells_.size()); ++i) cells_[std::size_t(i)] = Held(i, state_.rows.Original(row, i));
+  return cells_;
+}
+
+Cell SavedRows::Held(int column, const QVariant& value) {
+  Cell cell;
+  QByteArray& held = held_[std::size_t(column)];
+  switch (value.typeId()) {
+    case QMetaType::UnknownType:
+      return cell;
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+    case QMetaType::Bool:
+      cell.kind = Cell::Integer;
+      cell.integer = value.toLongLong();
+      return cell;
+    case QMetaType::Double:
+      cell.kind = Cell::Real;
+      cell.real = value.toDouble();
+      return cell;
+    case QMetaType::QByteArray:
+      cell.kind = Cell::Bytes;
+      held = value.toByteArray();
+      break;
+    case QMetaType::QDateTime:
+      cell.kind = Cell::Text;
+      held = value.toDateTime().toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s).toUtf8();
+      break;
+    case QMetaType::QDate:
+      cell.kind = Cell::Text;
+      held = value.toDate().toString(u"yyyy-MM-dd"_s).toUtf8();
+      break;
+    default:
+      cell.kind = Cell::Text;
+      held = value.toString().toUtf8();
+  }
+  cell.bytes = held;
+  return cell;
+}
+
+}  // namespace folvane

@@ -1,0 +1,57 @@
+#include "data/persist/JsonSink.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "data/persist/JsonText.h"
+#include "data/persist/Utf16.h"
+
+namespace folvane {
+
+void JsonSink::Quoted(QByteArrayView text) {
+  json_.append('"');
+  json_.append(text);
+  json_.append('"');
+}
+
+/// The shortest number that reads as the same value; JSON has none for what is no number.
+template <typename Number>
+void JsonSink::Floating(Number value) {
+  if (std::isnan(value)) return Quoted("NaN");
+  if (std::isinf(value)) return Quoted(value < 0 ? "-Infinity" : "Infinity");
+  char digits[32];
+  const char* end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+  json_.append(digits, end - digits);
+}
+
+void JsonSink::Single(float value) { Floating(value); }
+void JsonSink::Double(double value) { Floating(value); }
+
+void JsonSink::Date(const PersistedMoment& value) {
+  json_.append('"');
+  value.AppendDate(json_);
+  json_.append('"');
+}
+
+void JsonSink::Time(const PersistedMoment& value) {
+  json_.append('"');
+  value.AppendTime(json_);
+  json_.append('"');
+}
+
+void JsonSink::Timestamp(const PersistedMoment& value) {
+  json_.append('"');
+  value.AppendDate(json_);
+  json_.append('T');
+  value.AppendTime(json_);
+  json_.append('"');
+}
+
+void JsonSink::NarrowText(QByteArrayView bytes) {
+  codePage_.Read(bytes, text_);
+  AppendJsonUtf8(json_, text_);
+}
+
+void JsonSink::WideText(QByteArrayView bytes) { AppendJsonText(json_, Utf16ToText(bytes)); }
+
+}  // namespace folvane
