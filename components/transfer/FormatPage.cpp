@@ -197,9 +197,14 @@ void FormatPage::ChangePart() {
   NumberPart& part = format_.parts[Part()];
   part.field = field_->currentData().toString();
   part.separator = separator_->text();
-  // A length that was no number stays for as long as nobody gives one.
-  if (part.length.toInt() != length_->value()) part.length = QString::number(length_->value());
   part.showsCode = showsCode_->isChecked();
+  Take();
+}
+
+// By itself: a width that no input can show stays for as long as nobody gives another one.
+void FormatPage::ChangeLength() {
+  if (!HasPart()) return;
+  format_.parts[Part()].length = QString::number(length_->value());
   Take();
 }
 

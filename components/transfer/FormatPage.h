@@ -63,6 +63,7 @@ class FormatPage : public QWidget {
   QStringList Samples();
 
   void ChangePart();
+  void ChangeLength();
   void ChangeNumber();
   void ChangeSample();
   void Take(const QString& word = {});

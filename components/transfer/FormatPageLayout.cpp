@@ -80,6 +80,8 @@ void FormatPage::NameInputs() {
   findings_->setObjectName(u"LblFindings"_s);
   for (QLabel* label : {example_, exampleFolder_, findings_}) label->setTextFormat(Qt::PlainText);
   for (QLabel* label : {example_, exampleFolder_}) label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  // A long number does not widen the window.
+  for (QLabel* label : {example_, exampleFolder_}) label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   findings_->setWordWrap(true);
   QFont big = example_->font();
   big.setPointSizeF(big.pointSizeF() * kExampleSize);
@@ -189,7 +191,7 @@ void FormatPage::ConnectInputs() {
   connect(parts_, &QTreeView::activated, this, [this] { field_->setFocus(); });
   connect(field_, &QComboBox::activated, this, guarded(&FormatPage::ChangePart));
   connect(separator_, &QLineEdit::textEdited, this, guarded(&FormatPage::ChangePart));
-  connect(length_, &QSpinBox::valueChanged, this, guarded(&FormatPage::ChangePart));
+  connect(length_, &QSpinBox::valueChanged, this, guarded(&FormatPage::ChangeLength));
   connect(showsCode_, &QCheckBox::clicked, this, guarded(&FormatPage::ChangePart));
   connect(sample_, &QLineEdit::textEdited, this, guarded(&FormatPage::ChangeSample));
   connect(store_, &QComboBox::activated, this, guarded(&FormatPage::ChangeNumber));

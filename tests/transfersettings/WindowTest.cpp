@@ -240,6 +240,22 @@ TEST_P(WindowTest, ANumberThatCannotBeComposedIsNoObstacle) {
   EXPECT_THAT(boxes_.Texts(), testing::IsEmpty());
 }
 
+TEST_P(WindowTest, AWidthThatCannotBeShownStaysUntilAnotherIsGiven) {
+  design_->Run(u"delete from ArchiveNo_Format where FieldName = 'ItemNo'"_s);
+  AddPart(u"Wenshu"_s, u"ItemNo"_s, u"件号"_s, u"40000"_s);
+  Open([this](QWidget& window) {
+    Find<QTabWidget>(window, u"TabSettings"_s).setCurrentIndex(1);
+    QAbstractItemView& parts = List(window, u"LvParts"_s);
+    parts.setCurrentIndex(parts.model()->index(2, 0));
+    EXPECT_THAT(Shown(window, u"LvParts"_s)[2].toStdString(), HasSubstr("宽度“40000”不是可用的数字"));
+    Retype(Find(window, u"TxtSeparator"_s), u"/"_s);
+    EXPECT_TRUE(Shown(window, u"LvParts"_s)[2].startsWith(u"3|件号 ItemNo|/|40000|"_s));
+    Find<QSpinBox>(window, u"SpnLength"_s).setValue(5);
+    Press(window, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(Parts(u"Wenshu"_s)[2], u"ItemNo|件号|/|显示名称|5|ArchNo|(无)"_s);
+  });
+}
+
 TEST_P(WindowTest, PartsAreAddedAndDeleted) {
   Open([this](QWidget& window) {
     Find<QTabWidget>(window, u"TabSettings"_s).setCurrentIndex(1);
