@@ -25,7 +25,9 @@ class Cells {
   ResultSet result_;
 };
 
-TableField* FindField(BusinessTable& table, const QString& name) {
+// Of a table that may be changed, or of one that may not.
+template <typename Table>
+auto FindField(Table& table, const QString& name) {
   const auto found = std::find_if(table.fields.begin(), table.fields.end(),
                                   [&](const TableField& field) { return IsSame(field.name, name); });
   return found == table.fields.end() ? nullptr : &*found;
@@ -39,9 +41,7 @@ bool IsTableName(const QString& name) {
 
 }  // namespace
 
-const TableField* BusinessTable::Find(const QString& field) const {
-  return FindField(const_cast<BusinessTable&>(*this), field);
-}
+const TableField* BusinessTable::Find(const QString& field) const { return FindField(*this, field); }
 
 bool BusinessTable::Has(const QString& field) const {
   const TableField* found = Find(field);

@@ -8,6 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int kUnlimited = 1 << 30;  // sizes of long columns lie above
 
+// Of columns, by their ADO types.
 enum class Kind { Text, Whole, Fraction, Date, Truth, Binary };
 
 Kind KindOf(int adoType) {

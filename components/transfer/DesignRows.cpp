@@ -106,6 +106,10 @@ QString RowChange::Condition(const Group& group) const {
   return u" Where "_s + groupColumn_ + (group.value.isValid() ? u" = "_s + Literal(group.value) : u" Is Null"_s);
 }
 
+bool RowChange::IsEmpty() const {
+  return std::none_of(groups_.begin(), groups_.end(), [](const Group& group) { return group.IsChanged(); });
+}
+
 void RowChange::Delete(Connection& connection) const {
   for (const Group& group : groups_) {
     if (!group.IsChanged() || group.IsOneRow() || group.before.empty()) continue;

@@ -45,6 +45,8 @@ class RowChange {
  public:
   RowChange(const DesignRows& before, const DesignRows& after, const QString& groupColumn);
 
+  /// Whether every group is as it was, in whatever order the groups stand.
+  bool IsEmpty() const;
   /// Takes away the groups that changed. @throws DataError Conflict where others are there than were read
   void Delete(Connection& connection) const;
   /// Updates single rows and writes the groups that were taken away, in order. @throws DataError

@@ -13,12 +13,21 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kShowsCode = u"显示代号"_s, kShowsName = u"显示名称"_s;
 
-// The texts of a column in the order of the rows of one table.
+// The fields of a table's parts in the order of the rows.
 QStringList OrderIn(const DesignRows& rows, const QString& table) {
   QStringList order;
   for (const QVariantList& row : rows.rows)
     if (IsSame(rows.Text(row, u"TableName"_s), table)) order << rows.Text(row, u"FieldName"_s);
   return order;
+}
+
+// A transfer has nothing but the order of the rows to know the order of the parts by.
+void RequireOrder(const DesignRows& meant, const DesignRows& written) {
+  QSet<QString> tables;
+  for (const QVariantList& row : meant.rows) tables << meant.Text(row, u"TableName"_s);
+  for (const QString& table : tables)
+    if (OrderIn(meant, table) != OrderIn(written, table))
+      throw DataError(DataErrorKind::Other, u"数据库没有保持表“%1”档号各段的次序，本次修改没有保存。"_s.arg(table));
 }
 
 QVariantList RowOf(const DesignRows& parts, const NumberFormat& format, const NumberPart& part) {
@@ -101,32 +110,33 @@ Settings SettingsStore::Save(Settings settings) {
   if (settings == before) return settings;
   GiveNumbers(settings);
   const Rows after = RowsOf(settings);
-  Transaction transaction(*connection_);
-  if (ReadRows() != read_)
-    throw DataError(DataErrorKind::Conflict,
-                    u"其他用户在此期间修改了归档设置，本次修改没有保存。请重新读取（F5）后再修改。"_s);
   const RowChange sets(read_.sets, after.sets, u"RecId"_s), links(read_.links, after.links, u"IniRecId"_s),
       parts(read_.parts, after.parts, u"TableName"_s);
+  Transaction transaction(*connection_);
+  RequireUnchanged();
   links.Delete(*connection_);
   sets.Delete(*connection_);
   parts.Delete(*connection_);
   sets.Write(*connection_);
   links.Write(*connection_);
   parts.Write(*connection_);
-  RequireOrder(after);
+  // Read while nobody else can change it, and before there is no way back.
+  Rows written = ReadRows();
+  RequireOrder(after.parts, written.parts);
   transaction.Commit();
-  read_ = ReadRows();
+  read_ = std::move(written);
   return Understand();
 }
 
-// A transfer has nothing but the order of the rows to know the order of the parts by.
-void SettingsStore::RequireOrder(const Rows& written) const {
-  const DesignRows there = ReadDesignRows(*connection_, u"ArchiveNo_Format"_s);
-  QSet<QString> tables;
-  for (const QVariantList& row : written.parts.rows) tables << written.parts.Text(row, u"TableName"_s);
-  for (const QString& table : tables)
-    if (OrderIn(there, table) != OrderIn(written.parts, table))
-      throw DataError(DataErrorKind::Other, u"数据库没有保持表“%1”档号各段的次序，本次修改没有保存。"_s.arg(table));
+void SettingsStore::RequireUnchanged() const {
+  // Whoever else saves at this moment waits for the other, and then sees what that has written.
+  connection_->Execute(u"Update DataTransfer_Ini Set SourceTbl = SourceTbl"_s);
+  const Rows now = ReadRows();
+  // Rows that are updated may stand elsewhere afterwards.
+  if (now.links == read_.links && now.parts == read_.parts && RowChange(read_.sets, now.sets, u"RecId"_s).IsEmpty())
+    return;
+  throw DataError(DataErrorKind::Conflict,
+                  u"其他用户在此期间修改了归档设置，本次修改没有保存。请重新读取（F5）后再修改。"_s);
 }
 
 void SettingsStore::GiveNumbers(Settings& settings) const {

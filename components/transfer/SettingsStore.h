@@ -23,7 +23,6 @@ class SettingsStore {
  private:
   struct Rows {
     DesignRows sets, links, parts;
-    bool operator==(const Rows&) const = default;
   };
 
   Rows ReadRows() const;
@@ -31,8 +30,8 @@ class SettingsStore {
   void ReadLinks(Settings& settings) const;
   void ReadParts(Settings& settings) const;
   Rows RowsOf(const Settings& settings) const;
+  void RequireUnchanged() const;
   void GiveNumbers(Settings& settings) const;
-  void RequireOrder(const Rows& written) const;
 
   std::shared_ptr<Connection> connection_;
   Rows read_;

@@ -70,7 +70,6 @@ TEST_P(CheckTest, AValueThatAColumnOfFractionsRefusesEndsTheTransfer) {
 }
 
 TEST_P(CheckTest, TypesAreToldInWords) {
-  Read();
   TransferSettings settings(Connected());
   const BusinessTable& table = settings.Tables().Get(u"Wenshu"_s);
   EXPECT_EQ(TypeInWords(*table.Find(u"amaintitle"_s)), u"文本 60"_s);
