@@ -68,6 +68,7 @@ void FormatPage::NameInputs() {
   length_->setRange(0, std::numeric_limits<qint16>::max());
   Name(*showsCode_, u"ChkShowCode"_s, u"显示代号"_s, u"写字典条目或全宗的代号，不写名称"_s);
   Name(*sample_, u"TxtSample"_s, u"示例值"_s, u"只用于下面的档号示例，不保存"_s);
+  sample_->setMinimumWidth(unit * 10);
   sample_->setMaximumWidth(unit * 24);
   Name(*store_, u"CmbStoreField"_s, u"档号字段"_s, u"档号存入哪个字段"_s);
   Name(*folder_, u"CmbFolderField"_s, u"案卷号字段"_s, u"没有末段的档号存入哪个字段"_s);

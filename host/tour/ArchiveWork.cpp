@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QItemSelectionModel>
 #include <QLabel>
+#include <QTabWidget>
 
 #include "host/tour/Hands.h"
 #include "host/tour/Sights.h"
@@ -13,7 +14,8 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QString kParameters = u"FrmArchivePara"_s, kVolumeTitle = u"FrmInAmain"_s, kArchive = u"FrmArchive"_s,
-              kMergedTable = u"FrmSelTbl"_s, kMerge = u"FrmSearchResult"_s, kQuery = u"frmSimFind"_s;
+              kMergedTable = u"FrmSelTbl"_s, kMerge = u"FrmSearchResult"_s, kQuery = u"frmSimFind"_s,
+              kSettings = u"FrmTransferSettings"_s;
 const QString kVolume = u"0188-2026-30-0902"_s;
 constexpr int kTicked = 40, kMerged = 3;
 constexpr QSize kArchiveSize(1180, 720);
@@ -73,8 +75,18 @@ void TickForty() {
 
 void PlanTransferFromWindow(Tour& tour) {
   tour.Step(u"open the archive window"_s, OnTop(kBrowser), [] { ChooseEntry(kBrowser, u"mnu_Manager4_Archive"_s); });
-  tour.Step(u"tick forty documents"_s, Shown(kArchive), [&tour] {
+  tour.Step(u"look at the settings of the transfer"_s, Shown(kArchive), [] {
     Window(kArchive).resize(kArchiveSize);
+    hands::ClickKey(Window(kArchive), u"tlb"_s, u"ArchiveSet"_s);
+  });
+  tour.Step(u"the fields, and the archive number"_s, Shown(kSettings), [&tour] {
+    tour.Picture(Window(kSettings), u"transfer-fields"_s);
+    In<QTabWidget>(kSettings, u"TabSettings"_s).setCurrentIndex(1);
+    tour.Picture(Window(kSettings), u"transfer-number"_s);
+    Window(kSettings).close();
+  });
+  tour.Step(u"tick forty documents"_s, OnTop(kArchive), [&tour] {
+    Window(kArchive).activateWindow();
     tour.Picture(Window(kArchive), u"archive"_s);
     TickForty();
     const QString last = Waiting().model()->index(kTicked - 1, 0).data().toString();

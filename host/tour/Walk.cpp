@@ -9,6 +9,7 @@
 #include "host/Appearance.h"
 #include "host/Entries.h"
 #include "host/tour/ArchiveWork.h"
+#include "host/tour/ExchangeWork.h"
 #include "host/tour/FlowWork.h"
 #include "host/tour/Hands.h"
 #include "host/tour/OriginalsWork.h"
@@ -177,7 +178,14 @@ void PlanWalk(Tour& tour) {
   PlanFlow(tour);
   PlanOriginals(tour);
   PlanArchiving(tour);
+  PlanSaving(tour);
   PlanLogOnAgain(tour);
+  PlanSecondDatabase(tour);
+  PlanLogOn(tour, 0, u"log-on-second"_s);
+  PlanFileOpen(tour);
+  PlanTaking(tour);
+  PlanLogOnAgain(tour);
+  PlanFirstDatabase(tour);
   PlanLogOn(tour, 2, u"log-on-limited"_s);
   PlanFileOpen(tour);
   PlanLimitedUser(tour, all);

@@ -60,7 +60,7 @@ std::vector<CommandKey> KeysOfArchive() {
 
 }  // namespace
 
-CommandDesign ArchiveCommandDesign() { return {u"tlb"_s, MenusOfArchive(), KeysOfArchive(), {}}; }
+CommandDesign ArchiveCommandDesign() { return {u"tlb"_s, MenusOfArchive(), KeysOfArchive()}; }
 
 ArchiveEnabling::ArchiveEnabling(const ArchiveView& view) {
   const auto enable = [](QHash<QString, bool>& commands, const QStringList& names, bool on) {

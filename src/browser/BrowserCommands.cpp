@@ -99,16 +99,9 @@ std::vector<CommandKey> Keys() {
   };
 }
 
-QSet<QString> Unavailable() {
-  return {
-      u"mnu_File2_Open"_s,
-      u"mnu_File5_Save"_s,
-  };
-}
-
 }  // namespace
 
-CommandDesign BrowserDesign() { return {u"tlb"_s, Menus(), Keys(), Unavailable()}; }
+CommandDesign BrowserDesign() { return {u"tlb"_s, Menus(), Keys()}; }
 
 BrowserCommands::BrowserCommands(QMainWindow& window, ListStatus& status)
     : status_(status), commands_(*new WindowCommands(window, BrowserDesign())) {
@@ -158,7 +151,7 @@ void BrowserCommands::OnKey(const QString& key, std::function<void()> handler) {
 void BrowserCommands::Enable(const BrowserEnabling& enabling) {
   for (auto entry = enabling.entries.begin(); entry != enabling.entries.end(); ++entry) {
     if (entry.key() == kArchiveToTarget) {
-      commands_.Enable(*archiveToTarget_, entry.value());
+      archiveToTarget_->setEnabled(entry.value());
     } else {
       commands_.EnableEntry(entry.key(), entry.value());
     }

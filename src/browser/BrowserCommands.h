@@ -16,8 +16,7 @@ namespace folvane {
 class ListStatus;
 struct BrowserEnabling;
 
-/// The menus of the record browser, the pop-up on the originals among them, and its toolbar. Commands whose subsystem
-/// does not exist yet are unavailable.
+/// The menus of the record browser, the pop-up on the originals among them, and its toolbar.
 CommandDesign BrowserDesign();
 
 /// The commands of the record browser. A new command clears the notice of the one before. An error of a toolbar key

@@ -12,6 +12,7 @@
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserEnabling.h"
 #include "browser/BulkCommands.h"
+#include "browser/ExchangeCommands.h"
 #include "browser/OriginalCommands.h"
 #include "browser/OriginalsView.h"
 #include "browser/RecordCommands.h"
@@ -65,6 +66,7 @@ FrmMain::FrmMain() {
   queryCommands_ = std::make_unique<QueryCommands>(*list_, parameters_, *limits_, *status_);
   originalCommands_ = std::make_unique<OriginalCommands>(*list_, *originals_, *status_);
   archiveCommands_ = std::make_unique<ArchiveCommands>(*list_, parameters_, *originals_, *status_);
+  exchangeCommands_ = std::make_unique<ExchangeCommands>(*list_, *status_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
@@ -128,6 +130,8 @@ void FrmMain::ConnectCommands() {
   commands_->OnEntry(u"mnu_File1_Add"_s, [this] { recordCommands_->Add(); });
   commands_->OnEntry(u"mnu_File4_Property"_s, [this] { recordCommands_->Change(); });
   commands_->OnEntry(u"mnu_File3_Del"_s, [this] { recordCommands_->Delete(); });
+  commands_->OnEntry(u"mnu_File2_Open"_s, [this] { exchangeCommands_->Open(); });
+  commands_->OnEntry(u"mnu_File5_Save"_s, [this] { exchangeCommands_->Save(); });
   commands_->OnEntry(u"mnu_Manager1_Distribute"_s, [this] { recordCommands_->HandToFlow(u"Distribute_File"_s); });
   commands_->OnEntry(u"mnu_Manager2_PassRead"_s, [this] { recordCommands_->HandToFlow(u"PassRead_File"_s); });
   commands_->OnEntry(u"mnu_Manager3_Transact"_s, [this] { recordCommands_->HandToFlow(u"Transact_File"_s); });

@@ -13,6 +13,7 @@ namespace folvane {
 class ArchiveCommands;
 class BrowserCommands;
 class BulkCommands;
+class ExchangeCommands;
 class FilterBar;
 class ListLimits;
 class ListStatus;
@@ -97,6 +98,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<QueryCommands> queryCommands_;
   std::unique_ptr<OriginalCommands> originalCommands_;
   std::unique_ptr<ArchiveCommands> archiveCommands_;
+  std::unique_ptr<ExchangeCommands> exchangeCommands_;
 };
 
 }  // namespace folvane
