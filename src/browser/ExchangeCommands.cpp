@@ -4,8 +4,8 @@
 #include <QWidget>
 
 #include "base/Surroundings.h"
-#include "browser/BrowserStatus.h"
 #include "browser/RecordImport.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"

@@ -5,13 +5,13 @@
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 class RecordList;
 
 /// The commands that exchange records with other installations by files.
 class ExchangeCommands {
  public:
-  ExchangeCommands(RecordList& list, BrowserStatus& status) : list_(list), status_(status) {}
+  ExchangeCommands(RecordList& list, ListStatus& status) : list_(list), status_(status) {}
 
   /// Saves the records in view to a file. An error ends it; the status line tells.
   void Save();
@@ -23,7 +23,7 @@ class ExchangeCommands {
   std::optional<qint64> Import(const QString& path);
 
   RecordList& list_;
-  BrowserStatus& status_;
+  ListStatus& status_;
 };
 
 }  // namespace folvane

@@ -4,30 +4,33 @@
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTreeView>
+#include <algorithm>
 
 #include <folvane/Icons.h>
 
 #include "browser/ArchiveCommands.h"
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserEnabling.h"
-#include "browser/BrowserStatus.h"
 #include "browser/BulkCommands.h"
 #include "browser/ExchangeCommands.h"
-#include "browser/FilterBar.h"
-#include "browser/ListLimits.h"
 #include "browser/OriginalCommands.h"
 #include "browser/OriginalsView.h"
-#include "browser/QueryCommands.h"
 #include "browser/RecordCommands.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
 #include "browser/TableNavigation.h"
+#include "bulk/FrmRecordMove.h"
+#include "query/QueryCommands.h"
+#include "records/FilterBar.h"
+#include "records/ListLimits.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "reports/ReportEntries.h"
 #include "reports/ReportSelection.h"
 #include "reports/RunReport.h"
 #include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
+#include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "shell/OpenHelp.h"
@@ -54,7 +57,9 @@ FrmMain::FrmMain() {
   LayOut();
   MakeList();
   MakeNavigation();
-  limits_ = std::make_unique<ListLimits>(*list_, parameters_, *tables_, *search_);
+  limits_ = std::make_unique<ListLimits>(*list_, parameters_, tables_->Tree());
+  limits_->SetCaptions([this](const QString& field) { return search_->CaptionOf(field); });
+  limits_->OfferAdding();
   related_ = std::make_unique<RelatedRecords>(*tables_, *list_, parameters_);
   recordCommands_ = std::make_unique<RecordCommands>(*list_, parameters_, *treeView_, *status_);
   bulkCommands_ = std::make_unique<BulkCommands>(*list_, parameters_, *status_);
@@ -117,8 +122,8 @@ void FrmMain::ConnectMoves() {
   commands_->OnEntry(u"mnu_Goto2_PPage"_s, [this] { list_->PreviousPage(); });
   commands_->OnEntry(u"mnu_Goto3_NPage"_s, [this] { list_->NextPage(); });
   commands_->OnEntry(u"mnu_Goto6_LPage"_s, [this] { list_->LastRecord(); });
-  commands_->OnEntry(u"mnu_Goto4_Location"_s, [this] { queryCommands_->GoToNumber(false); });
-  commands_->OnEntry(u"mnu_Goto4A_Location"_s, [this] { queryCommands_->GoToNumber(true); });
+  commands_->OnEntry(u"mnu_Goto4_Location"_s, [this] { GoToNumber(false); });
+  commands_->OnEntry(u"mnu_Goto4A_Location"_s, [this] { GoToNumber(true); });
 }
 
 void FrmMain::ConnectCommands() {
@@ -156,7 +161,15 @@ void FrmMain::ConnectOriginals() {
 
 void FrmMain::ConnectArchiving() {
   commands_->OnArchiveToTarget([this] { archiveCommands_->ToTarget(); });
+  commands_->OnArchiveWindow([this] { archiveCommands_->OpenWindow(); });
   commands_->OnEntry(u"mnuUnitRecord"_s, [this] { archiveCommands_->Merge(); });
+}
+
+void FrmMain::GoToNumber(bool byPage) {
+  const LoadedWindow<FrmRecordMove> window;
+  window->MoveType = byPage;
+  ShowModal(*window);
+  if (window->MoveNumber != 0) list_->GoToRecord(std::min<qint64>(window->MoveNumber, list_->RecordCount()));
 }
 
 void FrmMain::RunReport(const ReportRow& report) {
@@ -213,7 +226,7 @@ void FrmMain::TellShown() {
   search_->setEnabled(hasTable);
   search_->FollowFilter(list_->ShownFilter());
   originals_->setEnabled(hasTable && parameters_.Grants().lookFile);
-  listHint_->ShowHint(hasTable ? limits_->EmptyListHint() : tables_->ChoiceHint());
+  listHint_->ShowHint(hasTable ? limits_->EmptyListHint() : tables_->Tree().ChoiceHint());
   tables_->FollowFilter();
 }
 

@@ -12,11 +12,11 @@ namespace folvane {
 
 class ArchiveCommands;
 class BrowserCommands;
-class BrowserStatus;
 class BulkCommands;
 class ExchangeCommands;
 class FilterBar;
 class ListLimits;
+class ListStatus;
 class OriginalCommands;
 class OriginalsView;
 class QueryCommands;
@@ -54,7 +54,6 @@ class FrmMain : public QMainWindow {
   void LayOut();
   void AddTreeView();
   void AddListViews();
-  void AddParameterView();
   void MakeList();
   void MakeNavigation();
   void Connect();
@@ -72,6 +71,7 @@ class FrmMain : public QMainWindow {
   BrowserView View() const;
 
   void SortByColumn(int column);
+  void GoToNumber(bool byPage);
   void OpenRow();
   void RunReport(const ReportRow& report);
   void LiftFilter();
@@ -81,7 +81,7 @@ class FrmMain : public QMainWindow {
 
   TableParameters parameters_;
   std::unique_ptr<BrowserCommands> commands_;
-  BrowserStatus* status_;
+  ListStatus* status_;
   SearchBar* search_;
   FilterBar* filterBar_;
   QTreeView* treeView_;

@@ -185,7 +185,7 @@ void FrmInput::Archive() {
   order.destination = Selected(Parameter::Target);
   order.statement = lifecycle_->Records().Source();
   const QScopedValueRollback archiving(isArchiving_, true);
-  const ArchiveOutcome outcome = ArchiveRecords(order);
+  const ArchiveOutcome outcome = ArchiveRecords(order, nullptr);
   if (outcome.isRun) {
     if (outcome.count > 0) lifecycle_->MarkArchived();
     lifecycle_->EndCopyAll();

@@ -278,4 +278,31 @@ TEST_P(ArchiveCommandsTest, MergingMakesTheOthersPartOfTheSelectedRecord) {
   EXPECT_EQ(CountOf(u"不归档"_s), u"1"_s);
 }
 
+TEST_P(ArchiveCommandsTest, TheArchiveWindowOpensOnTheTableInViewAndTheListIsReadAgain) {
+  for (const QString& entry : {u"mnu_Manager4_Archive"_s, u"Archive(2)"_s}) {
+    InBrowser([&](const Browser& browser) {
+      Select(browser, 3, 3);
+      WithWindow(u"FrmArchive"_s, [&](QWidget& window) {
+        const RecordWindow archive(window, u"TvwFileClass"_s, u"lstData"_s);
+        EXPECT_EQ(archive.View(u"TvwFileClass"_s).currentIndex().data(Qt::UserRole), u"Lwdj"_s);
+        EXPECT_EQ(archive.Column(u"lstData"_s, 1).size(), 6);
+        design_->Run(u"insert into Lwdj (ArchiveID,RegID,Amaintitle) values ('99',7,'题名7')"_s);
+      });
+      browser.Entry(entry).trigger();
+      EXPECT_EQ(browser.Status(), u"当前记录：第1条/共7条"_s) << qPrintable(entry);
+      design_->Run(u"delete from Lwdj where RegID = 7"_s);
+    });
+  }
+}
+
+TEST_P(ArchiveCommandsTest, WithoutATableTheArchiveWindowOpensOnNone) {
+  InBrowser([&](const Browser& browser) {
+    browser.Choose(u"C2\\"_s);
+    WithWindow(u"FrmArchive"_s,
+               [&](QWidget& window) { EXPECT_EQ(Find<QTreeView>(window, u"lstData"_s).model()->rowCount(), 0); });
+    browser.Entry(u"Archive(2)"_s).trigger();
+    EXPECT_EQ(browser.List().model()->rowCount(), 0);
+  });
+}
+
 }  // namespace folvane::test
