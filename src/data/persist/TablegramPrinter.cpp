@@ -95,7 +95,7 @@ void TablegramPrinter::PrintField(std::size_t index, std::size_t at) {
   line_ += names.join(',') + R"(],"nullable":)" + JsonBool(column.flags & ColumnFlag::Nullable) + R"(,"visible":)" +
            JsonBool(column.visible) + R"(,"autoIncrement":)" + JsonBool(column.autoIncrement);
   AppendOrigin(column, set);
-  if (column.IsChapter()) AppendRelation(column, index);
+  if (column.IsChapter()) AppendRelation(column);
   EndLine();
 }
 
@@ -112,10 +112,8 @@ void TablegramPrinter::AppendOrigin(const ColumnDescriptor& column, const Tableg
 }
 
 /// The record set behind a chapter, and which of its columns equals which of the parent's.
-void TablegramPrinter::AppendRelation(const ColumnDescriptor& column, std::size_t index) {
-  for (std::size_t i = 0; i < head_.sets.size(); ++i)
-    if (head_.sets[i].parent == int(index) && head_.sets[i].parentColumn == column.ordinal - 1)
-      line_ += R"(,"child":)" + JsonNumber(qint64(i) + 1);
+void TablegramPrinter::AppendRelation(const ColumnDescriptor& column) {
+  line_ += R"(,"child":)" + JsonNumber(column.childSet + 1);
   QByteArrayList triples;
   const auto number = [&](qsizetype at) { return JsonNumber(qFromLittleEndian<quint32>(column.relation.data() + at)); };
   for (qsizetype at = 0; at + 12 <= column.relation.size(); at += 12)

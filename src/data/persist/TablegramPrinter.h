@@ -22,7 +22,7 @@ class TablegramPrinter {
  private:
   void PrintSet(std::size_t set);
   void PrintField(std::size_t set, std::size_t column);
-  void AppendRelation(const ColumnDescriptor& column, std::size_t set);
+  void AppendRelation(const ColumnDescriptor& column);
   void AppendOrigin(const ColumnDescriptor& column, const TablegramSet& set);
   void AppendValues(std::size_t set, const std::vector<TablegramCell>& cells);
   void EndLine();
