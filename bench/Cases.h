@@ -30,5 +30,6 @@ Cases BulkCases();
 Cases FlowCases();
 Cases OriginalsCases();
 Cases ArchiveCases();
+Cases FileCases();
 
 }  // namespace folvane::bench

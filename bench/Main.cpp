@@ -27,6 +27,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(FlowCases());
   cases.merge(OriginalsCases());
   cases.merge(ArchiveCases());
+  cases.merge(FileCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   Meter meter;
