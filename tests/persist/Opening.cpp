@@ -105,6 +105,59 @@ TEST_F(OpenedFiles, SaveAgainAsTheSameFile) {
   }
 }
 
+/// A file with one field of each type that has a size of its own.
+QByteArray EveryTypeFile() {
+  const std::tuple<int, quint32, const char*> types[]{{2, 2, "00 80"},
+                                                      {3, 4, "FE FF FF FF"},
+                                                      {4, 4, "CD CC CC 3D"},
+                                                      {5, 8, "9A 99 99 99 99 99 B9 3F"},
+                                                      {6, 8, "EC FF FF FF FF FF FF FF"},
+                                                      {7, 8, "00 00 00 00 00 00 F4 BF"},
+                                                      {10, 4, "05 40 00 80"},
+                                                      {11, 2, "FF FF"},
+                                                      {12, 16, "14 00 00 00 00 00 00 00 07 00 00 00 00 00 00 00"},
+                                                      {14, 16, "00 00 1C 80 FF FF FF FF FF FF FF FF FF FF FF FF"},
+                                                      {16, 1, "80"},
+                                                      {17, 1, "FF"},
+                                                      {18, 2, "FF FF"},
+                                                      {19, 4, "FF FF FF FF"},
+                                                      {20, 8, "00 00 00 00 00 00 00 80"},
+                                                      {21, 8, "FF FF FF FF FF FF FF FF"},
+                                                      {64, 8, "01 80 3E D5 DE B1 9D 01"},
+                                                      {72, 16, "67 45 23 01 AB 89 EF CD 01 23 45 67 89 AB CD EF"},
+                                                      {128, 4, "00 01 FE FF"},
+                                                      {129, 4, "B9 D8 41 20"},
+                                                      {130, 2, "73 51 20 00"},
+                                                      {133, 6, "D2 07 03 00 04 00"},
+                                                      {134, 6, "08 00 1E 00 05 00"},
+                                                      {135, 16, "D2 07 03 00 04 00 05 00 06 00 07 00 F0 CC 2A 1D"},
+                                                      {139, 19, "05 05 01 01 39 30"}};
+  QByteArray columns, values;
+  int count = 0;
+  for (const auto& [type, size, value] : types) {
+    columns += ColumnBytes({++count, u"f%1"_s.arg(type), type, size, 0x34});
+    values += Hex(value);
+  }
+  return FlatHead(count, 1) + columns + Hex("07 FF FF FF FF") + values + Hex("0F");
+}
+
+TEST_F(OpenedFiles, SaveEveryTypeAsItWas) {
+  Open(EveryTypeFile());
+  const QString again = folder_.filePath(u"again.Dat"_s);
+  records_.Save(again);
+  EXPECT_EQ(ReadFile(again).toHex(), EveryTypeFile().toHex());
+}
+
+TEST_F(OpenedFiles, SaveNumericsInTheirOwnScale) {
+  const QByteArray numbers = FlatHead(1, 2) + ColumnBytes({1, u"a"_s, 131, 19, 0x34, 18, 4}) +
+                             Hex("07 FF 12 04 01 40 E2 01 00 00 00 00 00 00 00 00 00 00 00 00 00"
+                                 "07 FF 12 04 00 01 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 0F");
+  Open(numbers);
+  const QString again = folder_.filePath(u"again.Dat"_s);
+  records_.Save(again);
+  EXPECT_EQ(ReadFile(again).toHex(), numbers.toHex());
+}
+
 TEST_F(OpenedFiles, LeaveOutHiddenFields) {
   QByteArray hidden = ColumnBytes({2, u"key"_s, 3, 4, 0x14});
   hidden.replace(hidden.size() - 2, 2, Hex("00 00"));

@@ -146,6 +146,7 @@ bool EncodeNumberValue(const Cell& cell, const ColumnDescriptor& column, QByteAr
     case AdoType::UnsignedSmallInt:
       return EncodeWhole<quint16>(cell, buffer);
     case AdoType::Integer:
+    case AdoType::Error:
       return EncodeWhole<qint32>(cell, buffer);
     case AdoType::UnsignedInt:
       return EncodeWhole<quint32>(cell, buffer);
