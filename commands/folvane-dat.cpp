@@ -3,13 +3,12 @@
 #include <QFile>
 #include <QStringList>
 #include <cstdio>
+#include <functional>
 
 #include <folvane/Version.h>
 
 #include "base/FileUpdate.h"
 #include "data/persist/TablegramFile.h"
-#include "data/persist/TablegramPrinter.h"
-#include "data/persist/TablegramWriter.h"
 
 namespace {
 
@@ -33,54 +32,42 @@ int TellUsage() {
   return WrongUsage;
 }
 
-/// The content of a file that is read to its end once, so that nothing comes out of a broken one.
+/// The content of a file, read to its end once, so that nothing comes out of a broken one.
 QByteArray ReadWhole(const QString& path) {
   QByteArray content = ReadTablegramFile(path);
-  TablegramReader reader(content);
-  TablegramRow row;
-  while (reader.Next(row)) {
-  }
+  CheckTablegram(content);
   return content;
 }
 
-int Show(const QString& path, CodePageReader codePage) {
+/// Reads a file and does something with its content.
+int With(const QString& path, const std::function<void(const QByteArray&)>& write) {
   QByteArray content;
   try {
     content = ReadWhole(path);
   } catch (const DataError& error) {
     return Fail(Unreadable, error);
   }
-  QFile out;
-  if (!out.open(stdout, QIODevice::WriteOnly)) return Unwritable;
-  TablegramReader reader(content);
-  TablegramPrinter printer(reader.Head(), codePage, out);
-  printer.PrintHead();
-  PersistedRecords records(reader);
-  PersistedRecord record;
-  while (records.Next(record) && out.error() == QFileDevice::NoError) printer.Print(record);
-  return out.flush() && out.error() == QFileDevice::NoError ? Done : Fail(Unwritable, FileError(out.errorString()));
-}
-
-int Copy(const QString& from, const QString& to) {
-  QByteArray content;
   try {
-    content = ReadWhole(from);
-  } catch (const DataError& error) {
-    return Fail(Unreadable, error);
-  }
-  try {
-    ReplaceFile(to, [&](QIODevice& file) {
-      TablegramReader reader(content);
-      TablegramWriter writer(file, reader.Head());
-      writer.WriteHead();
-      TablegramRow row;
-      while (reader.Next(row)) writer.WriteRow(row);
-      writer.WriteEnd();
-    });
+    write(content);
   } catch (const DataError& error) {
     return Fail(Unwritable, error);
   }
   return Done;
+}
+
+int Show(const QString& path, CodePageReader codePage) {
+  return With(path, [&](const QByteArray& content) {
+    QFile out;
+    if (!out.open(stdout, QIODevice::WriteOnly)) throw FileError(out.errorString());
+    PrintTablegram(content, codePage, out);
+    if (!out.flush()) throw FileError(out.errorString());
+  });
+}
+
+int Copy(const QString& from, const QString& to) {
+  return With(from, [&](const QByteArray& content) {
+    ReplaceFile(to, [&](QIODevice& file) { CopyTablegram(content, file); });
+  });
 }
 
 int ShowAs(const QStringList& arguments) {

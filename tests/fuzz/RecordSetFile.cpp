@@ -4,8 +4,7 @@
 
 #include "base/FileUpdate.h"
 #include "data/persist/RowLoader.h"
-#include "data/persist/TablegramPrinter.h"
-#include "data/persist/TablegramWriter.h"
+#include "data/persist/TablegramFile.h"
 
 namespace {
 
@@ -23,25 +22,10 @@ class Nowhere : public QIODevice {
 
 /// Read and written again, a file is itself.
 void Copy(const QByteArray& file) {
-  TablegramReader reader(file);
   QBuffer copy;
   copy.open(QIODevice::WriteOnly);
-  TablegramWriter writer(copy, reader.Head());
-  writer.WriteHead();
-  TablegramRow row;
-  while (reader.Next(row)) writer.WriteRow(row);
-  writer.WriteEnd();
+  CopyTablegram(file, copy);
   if (copy.data() != file) std::abort();
-}
-
-void Show(const QByteArray& file, CodePageReader& codePage) {
-  TablegramReader reader(file);
-  Nowhere out;
-  TablegramPrinter printer(reader.Head(), codePage, out);
-  printer.PrintHead();
-  PersistedRecords records(reader);
-  PersistedRecord record;
-  while (records.Next(record)) printer.Print(record);
 }
 
 }  // namespace
@@ -51,7 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const QByteArray file(reinterpret_cast<const char*>(data), qsizetype(size));
   try {
     Copy(file);
-    Show(file, codePage);
+    Nowhere out;
+    PrintTablegram(file, codePage, out);
     LoadTablegram(file, codePage);
   } catch (const FileError&) {
     // what is to happen to nearly all of them

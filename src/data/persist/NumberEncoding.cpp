@@ -77,12 +77,7 @@ std::optional<double> RealNumber(const Cell& cell) {
 /// Whether a single shows the number, as it is or as it is written.
 bool IsSingle(double number) {
   const auto single = float(number);
-  if (double(single) == number || std::isnan(number)) return true;
-  char digits[24];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), single).ptr;
-  double written = 0;
-  std::from_chars(digits, end, written);
-  return written == number;
+  return double(single) == number || std::isnan(number) || AsWritten(single) == number;
 }
 
 bool EncodeReal(const Cell& cell, int type, QByteArray& buffer) {

@@ -149,7 +149,7 @@ void TablegramPrinter::AppendValues(std::size_t set, const std::vector<Tablegram
 
 void TablegramPrinter::EndLine() {
   line_ += "}\n";
-  out_.write(line_);
+  if (out_.write(line_) != line_.size()) throw FileError(out_.errorString());
   line_.clear();
 }
 

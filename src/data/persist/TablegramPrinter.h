@@ -16,6 +16,7 @@ class TablegramPrinter {
  public:
   TablegramPrinter(const Tablegram& head, CodePageReader& codePage, QIODevice& out);
 
+  /// @throws FileError when the device takes no more, as does Print
   void PrintHead();
   void Print(const PersistedRecord& record);
 
