@@ -33,11 +33,20 @@ constexpr char kInsertOriginal[] =
     "INSERT INTO Original_Text (ID,Original_Name,Type,RecordID,Size,FileOrder,FilePath) VALUES (?,?,?,?,?,?,?)";
 constexpr char kMark[] = "UPDATE Incoming SET FileStatus=? WHERE ArchiveID=? AND FileStatus=?";
 
-QByteArray Key(qint64 row, const char* start) { return start + QByteArray::number(100'000'000 + row); }
+// Of twenty digits, as all keys of records and originals are.
+QByteArray Key(const char* start, qint64 row) {
+  return start + QByteArray::number(row).rightJustified(20 - qsizetype(qstrlen(start)), '0');
+}
+
+QByteArrayList IncomingRow(qint64 row) {
+  QByteArrayList values = SampleRow(row);
+  values[0] = Key("2003", row);
+  return values;
+}
 
 QByteArrayList OriginalRow(qint64 record, int order, const QByteArray& owner) {
   const QByteArray number = QByteArray::number(order);
-  return {Key(record, "5003") + number, "正文 " + number, ".tif", owner, "40960", number, "2003/07"};
+  return {Key("5003", 2 * record + order), "正文 " + number, ".tif", owner, "40960", number, "2003/07"};
 }
 
 /// A database of a kind with statements in its own words, some of them prepared.
@@ -140,7 +149,7 @@ std::shared_ptr<Connection> MakeArchive(Database& database, const Setting& setti
       database.Prepare(InsertText().replace("Records", "Incoming").replace(")", ",'需归档')"));
   const Database::Prepared original = database.Prepare(kInsertOriginal);
   for (qint64 row = 0; row < setting.rows; ++row) {
-    const QByteArrayList values = SampleRow(row);
+    const QByteArrayList values = IncomingRow(row);
     insert(values);
     for (const int order : {1, 2}) original(OriginalRow(row, order, values[0]));
   }
@@ -160,7 +169,7 @@ void TransferInto(Database& database, const Setting& setting, Meter& meter) {
   shared.ArchNoStoreField = u"ArchNo"_s;
   shared.ArchNoFolderField = u"(无)"_s;
   QStringList records;
-  for (qint64 row = 0; row < setting.rows; ++row) records << QString::fromUtf8(SampleRow(row)[0]);
+  for (qint64 row = 0; row < setting.rows; ++row) records << QString::fromUtf8(Key("2003", row));
   ArchiveTransfer transfer;
   meter.Start();
   transfer.DoFileArch({u"Incoming"_s, u"Archive"_s, u"Select * From Incoming"_s, true}, records, true);
@@ -173,8 +182,8 @@ void WriteInto(Database& database, const Setting& setting, Meter& meter) {
   const std::shared_ptr<Connection> connection = MakeArchive(database, setting);
   std::vector<QByteArrayList> records, originals, marks;
   for (qint64 row = 0; row < setting.rows; ++row) {
-    const QByteArrayList source = SampleRow(row);
-    const QByteArray key = Key(row, "20030715100");
+    const QByteArrayList source = IncomingRow(row);
+    const QByteArray key = Key("20030715", row);
     const QByteArray item = QByteArray::number(row + 1);
     records.push_back(
         QByteArrayList{key} + source.mid(1, kMapped) +

@@ -1,5 +1,6 @@
-// folvane-bench                              measures everything and prints the table
-// folvane-bench --case NAME ROWS DATABASE    measures one case in this process: milliseconds and MiB
+// folvane-bench [NAME]                       measures everything, or what begins with the name, and prints the table
+// folvane-bench --case NAME ROWS DATABASE    measures one case in this process: milliseconds and MiB; the SQLite file
+//                                            is made where there is none
 #include <QApplication>
 #include <QFile>
 #include <QProcess>
@@ -30,6 +31,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(FileCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
+  if (!QFile::exists(setting.database)) MakeSqliteTable(setting.database, setting.rows);
   Meter meter;
   found->second(setting, meter);
   QTextStream(stdout) << meter.Result().milliseconds << ' ' << meter.Result().mebibytes << Qt::endl;
@@ -47,7 +49,10 @@ Sample MeasureApart(const QString& name, qint64 rows, const QString& database) {
   return {figures.value(0).toDouble(), figures.value(1).toDouble()};
 }
 
-int MeasureAll() {
+int MeasureAll(const QString& start) {
+  std::vector<Comparison> wanted = Comparisons();
+  std::erase_if(wanted, [&](const Comparison& each) { return !each.subject.startsWith(start); });
+  if (wanted.empty()) qFatal("nothing is measured that begins with %s", qPrintable(start));
   const QTemporaryDir folder;
   for (const char* place : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) qputenv(place, folder.path().toUtf8());
   QTextStream out(stdout);
@@ -59,7 +64,7 @@ int MeasureAll() {
     }
     return MeasureApart(name, rows, database);
   };
-  for (const Comparison& comparison : Comparisons()) Compare(comparison, run, out);
+  for (const Comparison& comparison : wanted) Compare(comparison, run, out);
   return 0;
 }
 
@@ -75,5 +80,5 @@ int main(int argc, char** argv) {
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() == 5 && arguments[1] == u"--case"_s)
     return MeasureHere(arguments[2], {arguments[3].toLongLong(), arguments[4]});
-  return MeasureAll();
+  return MeasureAll(arguments.value(1));
 }

@@ -12,7 +12,6 @@ struct Entry {
   QString name;  ///< of the operation, and of the button
   QString icon, title, line;
   void (ClsFolvane::*open)();
-  bool provided = false;  ///< the library has the window; the others are shown as coming
 };
 
 const std::array<Entry, 6>& Entries();

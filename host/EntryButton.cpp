@@ -26,14 +26,7 @@ EntryButton::EntryButton(const QIcon& icon, const QString& title, const QString&
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-void EntryButton::Disable(const QString& reason) {
-  setEnabled(false);
-  setToolTip(reason);
-  setAccessibleDescription(line_ + u"（%1）"_s.arg(reason));
-  unsetCursor();
-}
-
-QString EntryButton::Corner() const { return isEnabled() ? shortcut().toString(QKeySequence::NativeText) : toolTip(); }
+QString EntryButton::Keys() const { return shortcut().toString(QKeySequence::NativeText); }
 
 QFont EntryButton::TitleFont() const {
   QFont large = font();
@@ -44,7 +37,7 @@ QFont EntryButton::TitleFont() const {
 
 QSize EntryButton::sizeHint() const {
   const QFontMetrics title(TitleFont());
-  const int texts = qMax(title.horizontalAdvance(text()) + fontMetrics().horizontalAdvance(Corner()) + kPadding,
+  const int texts = qMax(title.horizontalAdvance(text()) + fontMetrics().horizontalAdvance(Keys()) + kPadding,
                          fontMetrics().horizontalAdvance(line_));
   return {3 * kPadding + kCardPicture + texts, 2 * kPadding + title.height() + fontMetrics().lineSpacing() + 12};
 }
@@ -58,8 +51,7 @@ void EntryButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   DrawCard(painter);
-  const QIcon::Mode mode = isEnabled() ? QIcon::Normal : QIcon::Disabled;
-  icon().paint(&painter, kPadding, (height() - kCardPicture) / 2, kCardPicture, kCardPicture, Qt::AlignCenter, mode);
+  icon().paint(&painter, kPadding, (height() - kCardPicture) / 2, kCardPicture, kCardPicture);
   DrawTexts(painter);
 }
 
@@ -68,12 +60,12 @@ void EntryButton::DrawCard(QPainter& painter) const {
   QColor ground = palette().color(QPalette::Base);
   QColor edge = palette().color(QPalette::WindowText);
   edge.setAlphaF(0.16);
-  const bool hot = isEnabled() && (underMouse() || hasFocus());
+  const bool hot = underMouse() || hasFocus();
   const QRectF card = QRectF(rect()).adjusted(1, 1, -1, -1);
   painter.setPen(QPen(hot ? accent : edge, hot ? 1.5 : 1.0));
   painter.setBrush(ground);
   painter.drawRoundedRect(card, kRadius, kRadius);
-  if (!isEnabled() || !(underMouse() || isDown())) return;
+  if (!underMouse() && !isDown()) return;
   QColor wash = accent;
   wash.setAlphaF(isDown() ? 0.16 : 0.07);
   painter.setBrush(wash);
@@ -86,16 +78,15 @@ void EntryButton::DrawTexts(QPainter& painter) const {
   const int block = title.height() + 6 + fontMetrics().height();
   const QRect upper(left, (height() - block) / 2, width() - left - kPadding, title.height());
   const QRect lower(left, upper.bottom() + 7, upper.width(), fontMetrics().height());
-  const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
   painter.setFont(TitleFont());
-  painter.setPen(palette().color(group, QPalette::Text));
+  painter.setPen(palette().color(QPalette::Text));
   painter.drawText(upper, Qt::AlignLeft | Qt::AlignVCenter, text());
-  QColor soft = palette().color(group, QPalette::Text);
+  QColor soft = palette().color(QPalette::Text);
   soft.setAlphaF(0.62);
   painter.setFont(font());
   painter.setPen(soft);
   painter.drawText(lower, Qt::AlignLeft | Qt::AlignVCenter, line_);
-  painter.drawText(upper, Qt::AlignRight | Qt::AlignVCenter, Corner());
+  painter.drawText(upper, Qt::AlignRight | Qt::AlignVCenter, Keys());
 }
 
 }  // namespace folvane::host

@@ -4,15 +4,11 @@
 
 namespace folvane::host {
 
-/// A card to press: a picture, a title, a line that explains it and the keys that press it too. One that is not enabled
-/// says in place of the keys why not.
+/// A card to press: a picture, a title, a line that explains it and the keys that press it too.
 class EntryButton : public QAbstractButton {
  public:
   EntryButton(const QIcon& icon, const QString& title, const QString& line, const QKeySequence& keys,
               QWidget* parent = nullptr);
-
-  /// Takes the card out of use, for the reason given in a few words.
-  void Disable(const QString& reason);
 
   QSize sizeHint() const override;
 
@@ -22,7 +18,7 @@ class EntryButton : public QAbstractButton {
 
  private:
   QFont TitleFont() const;
-  QString Corner() const;
+  QString Keys() const;
   void DrawCard(QPainter& painter) const;
   void DrawTexts(QPainter& painter) const;
 

@@ -74,7 +74,6 @@ QLayout* StartWindow::Cards() {
     const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + index)));
     auto* button = new EntryButton(Icon(entry.icon), entry.title, entry.line, keys);
     button->setObjectName(entry.name);
-    if (!entry.provided) button->Disable(u"即将提供"_s);
     connect(button, &EntryButton::clicked, this, [this, &entry] { Open(entry); });
     grid->addWidget(button, index / 2, index % 2);
     ++index;

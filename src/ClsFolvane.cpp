@@ -4,6 +4,7 @@
 #include <folvane/ClsFolvane.h>
 #include <folvane/DataError.h>
 
+#include "archiving/FrmArchive.h"
 #include "base/IgnoreErrors.h"
 #include "browser/FrmMain.h"
 #include "data/Recordset.h"
@@ -13,10 +14,6 @@
 
 namespace folvane {
 namespace {
-
-[[noreturn]] void RefuseMissingWindow(const QString& window) {
-  throw DataError(DataErrorKind::Usage, QStringLiteral("本版本尚未提供“%1”窗口。").arg(window));
-}
 
 // Some statements compare the id with a number column and do not quote it; elsewhere it is compared as text.
 void RequireNumber(const QString& userId) {
@@ -89,7 +86,7 @@ void ClsFolvane::FileOpen() {
 
 void ClsFolvane::FileArchive() {
   Shared().UserId = userId_;
-  RunEntry([] { RefuseMissingWindow(QStringLiteral("文件归档")); });
+  RunEntry([] { ShowArchiveWindow({}); });
 }
 
 void ClsFolvane::DistributeFile() {

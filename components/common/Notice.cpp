@@ -11,10 +11,10 @@ namespace folvane::notices {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kYes = 6;
+constexpr int kCancel = 2, kYes = 6, kNo = 7;
 
 namespace Flag {
-constexpr int kYesNo = 4, kCritical = 16, kQuestion = 32, kWarning = 48, kInformation = 64;
+constexpr int kYesNoCancel = 3, kYesNo = 4, kCritical = 16, kQuestion = 32, kWarning = 48, kInformation = 64;
 }
 
 QMessageBox::Icon IconOf(int flags) {
@@ -38,15 +38,18 @@ int Show(const MessageRequest& request) {
   box.setDetailedText(request.details);
   box.setTextFormat(Qt::PlainText);
   box.setIcon(IconOf(request.flags));
-  if (!(request.flags & Flag::kYesNo)) {
+  const int keys = request.flags & 0xF;
+  if (keys != Flag::kYesNo && keys != Flag::kYesNoCancel) {
     box.addButton(u"确定"_s, QMessageBox::AcceptRole);
     box.exec();
     return 0;
   }
-  const QPushButton* yes = box.addButton(u"是(&Y)"_s, QMessageBox::YesRole);
-  box.addButton(u"否(&N)"_s, QMessageBox::NoRole);
+  const QAbstractButton* yes = box.addButton(u"是(&Y)"_s, QMessageBox::YesRole);
+  const QAbstractButton* no = box.addButton(u"否(&N)"_s, QMessageBox::NoRole);
+  if (keys == Flag::kYesNoCancel) box.setEscapeButton(box.addButton(u"取消(&C)"_s, QMessageBox::RejectRole));
   box.exec();
-  return box.clickedButton() == static_cast<const QAbstractButton*>(yes) ? kYes : 0;
+  if (box.clickedButton() == yes) return kYes;
+  return box.clickedButton() == no ? kNo : kCancel;
 }
 
 }  // namespace
@@ -61,6 +64,17 @@ void TellError(const std::exception& error) {
 
 bool Ask(const QString& question, const QString& title, int icon) {
   return Show({question, Flag::kYesNo | icon, title}) == kYes;
+}
+
+Choice AskThreeWays(const QString& question, const QString& title) {
+  switch (Show({question, Flag::kYesNoCancel | kQuestionIcon, title})) {
+    case kYes:
+      return Choice::Yes;
+    case kNo:
+      return Choice::No;
+    default:
+      return Choice::Cancel;
+  }
 }
 
 QString AskForPath(const QString& title, const QString& proposal, const QString& filter) {

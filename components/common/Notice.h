@@ -16,6 +16,10 @@ void TellError(const std::exception& error);
 /// Asks Yes or No.
 bool Ask(const QString& question, const QString& title = kNoticeTitle, int icon = kQuestionIcon);
 
+enum class Choice { Yes, No, Cancel };
+/// Asks Yes, No or Cancel; Escape is Cancel.
+Choice AskThreeWays(const QString& question, const QString& title = kNoticeTitle);
+
 /// Asks where to save a file; "" when cancelled. @param filter "text|pattern"
 QString AskForPath(const QString& title, const QString& proposal, const QString& filter);
 

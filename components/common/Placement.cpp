@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QScreen>
+#include <QSplitter>
 #include <QWidget>
 #include <functional>
 
@@ -64,6 +65,13 @@ void KeepWidths(QHeaderView& header) {
   const QByteArray kept = ReadKept(name);
   if (!kept.isEmpty()) header.restoreState(kept);
   new PlacementKeeper(*list.window(), [&header, name] { WriteKept(name, header.saveState()); });
+}
+
+void KeepSizes(QSplitter& splitter) {
+  const QString name = splitter.window()->objectName() + u'.' + splitter.objectName();
+  const QByteArray kept = ReadKept(name);
+  if (!kept.isEmpty()) splitter.restoreState(kept);
+  new PlacementKeeper(*splitter.window(), [&splitter, name] { WriteKept(name, splitter.saveState()); });
 }
 
 }  // namespace folvane

@@ -1,6 +1,7 @@
 #pragma once
 
 class QHeaderView;
+class QSplitter;
 class QWidget;
 
 namespace folvane {
@@ -11,5 +12,8 @@ void KeepPlacement(QWidget& window);
 
 /// The same for the widths of a list's columns, by the object names of its window and its own.
 void KeepWidths(QHeaderView& header);
+
+/// And for the parts that a splitter has divided its room into.
+void KeepSizes(QSplitter& splitter);
 
 }  // namespace folvane

@@ -9,7 +9,7 @@
 
 #include "components/common/Notice.h"
 #include "components/originals/OriginalNames.h"
-#include "components/originals/Pulse.h"
+#include "components/originals/WorkDialog.h"
 
 namespace folvane::originals {
 namespace {

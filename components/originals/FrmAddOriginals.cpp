@@ -1,18 +1,14 @@
 #include "components/originals/FrmAddOriginals.h"
 
-#include <QFontMetrics>
-#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QTimer>
 
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
-#include "components/common/Placement.h"
 #include "components/common/ToolKeys.h"
 #include "components/originals/FileList.h"
 #include "components/originals/OfferedFiles.h"
@@ -30,64 +26,21 @@ const QString kAddHint = u"可选择文件、拖放文件到列表中，或粘�
 }  // namespace
 
 FrmAddOriginals::FrmAddOriginals(QWidget* parent, RecordOriginals& originals)
-    : QDialog(parent),
+    : WorkDialog(parent, {u"frmAddOriginals"_s, u"添加原文"_s, u"addfile"_s, u"添加"_s, u"PrgAdd"_s}),
       queue_(originals),
-      list_(new FileList(this, {u"原文名称"_s, u"类型"_s, u"大小"_s, u"状态"_s})),
-      state_(new QLabel(this)),
-      progress_(new QProgressBar(this)) {
-  setObjectName(u"frmAddOriginals"_s);
-  setWindowTitle(u"添加原文"_s);
-  setWindowIcon(Icon(u"addfile"_s));
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
-  LayOut();
+      list_(new FileList(this, {u"原文名称"_s, u"类型"_s, u"大小"_s, u"状态"_s})) {
+  list_->setObjectName(u"LvFiles"_s);
+  list_->setAccessibleName(u"要添加的文件"_s);
   list_->onFiles = [this](const QMimeData& data) { Guarded([&] { Offer(FilesIn(data, images_.path())); }); };
   list_->onMove = [](const std::vector<int>&, int) {};
+  MakeKeys();
   connect(&list_->Items(), &QStandardItemModel::itemChanged, this, &FrmAddOriginals::Rename);
   connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FrmAddOriginals::Enable);
   TellState(kAddHint);
-  Enable();
-  KeepPlacement(*this);
-  KeepWidths(*list_->header());
+  LayOut(*list_, {120, 26}, {46, 10, 14}, {choose_, paste_, remove_}, {add_});
 }
 
-void FrmAddOriginals::LayOut() {
-  NameControls();
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(list_, 1);
-  column->addWidget(state_);
-  column->addWidget(progress_);
-  column->addWidget(NewKeys());
-  const QFontMetrics metrics(font());
-  const int unit = metrics.averageCharWidth();
-  resize(unit * 120, metrics.lineSpacing() * 26);
-  list_->setColumnWidth(kNameColumn, unit * 46);
-  list_->setColumnWidth(kTypeColumn, unit * 10);
-  list_->setColumnWidth(kSizeColumn, unit * 14);
-  const auto onKey = [this](const QKeySequence& keys, void (FrmAddOriginals::*handler)()) {
-    connect(new QShortcut(keys, list_, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-            [this, handler] {
-              if (!isWorking_) Guarded([&] { (this->*handler)(); });
-            });
-  };
-  onKey(QKeySequence::Delete, &FrmAddOriginals::Remove);
-  onKey(QKeySequence::Paste, &FrmAddOriginals::Paste);
-}
-
-void FrmAddOriginals::NameControls() {
-  list_->setObjectName(u"LvFiles"_s);
-  list_->setAccessibleName(u"要添加的文件"_s);
-  state_->setObjectName(u"LblState"_s);
-  state_->setTextFormat(Qt::PlainText);
-  state_->setWordWrap(true);
-  progress_->setObjectName(u"PrgAdd"_s);
-  progress_->setAccessibleName(u"添加进度"_s);
-  progress_->hide();
-}
-
-QWidget* FrmAddOriginals::NewKeys() {
-  auto* keys = new QWidget(this);
-  auto* row = new QHBoxLayout(keys);
-  row->setContentsMargins(0, 0, 0, 0);
+void FrmAddOriginals::MakeKeys() {
   choose_ = NewPushButton(this, {u"CmdChoose"_s, u"open"_s, u"选择文件(&F)..."_s, u"选择要添加的文件，可以多选"_s, {}},
                           [this] { Choose(); });
   paste_ = NewPushButton(this, {u"CmdPaste"_s, u"copyall"_s, u"粘贴(&P)"_s, u"粘贴剪贴板中的图像或文件 (Ctrl+V)"_s, {}},
@@ -96,16 +49,18 @@ QWidget* FrmAddOriginals::NewKeys() {
                           [this] { Remove(); });
   add_ = NewPushButton(this, {u"CmdAdd"_s, u"addfile"_s, u"开始添加(&A)"_s, u"将列表中的文件添加为原文"_s, {}},
                        [this] { Add(); });
-  stop_ = NewPushButton(this, {u"CmdStop"_s, u"cancel"_s, u"停止(&S)"_s, u"停止添加"_s, {}}, [this] { reject(); });
-  close_ = NewPushButton(this, {u"CmdClose"_s, u"exit"_s, u"关闭(&C)"_s, u"关闭窗口"_s, {}}, [this] { reject(); });
-  for (QPushButton* key : {choose_, paste_, remove_}) row->addWidget(key);
-  row->addStretch();
-  for (QPushButton* key : {add_, stop_, close_}) row->addWidget(key);
-  return keys;
+  const auto onKey = [this](const QKeySequence& keys, void (FrmAddOriginals::*handler)()) {
+    connect(new QShortcut(keys, list_, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+            [this, handler] {
+              if (!IsWorking()) Guarded([&] { (this->*handler)(); });
+            });
+  };
+  onKey(QKeySequence::Delete, &FrmAddOriginals::Remove);
+  onKey(QKeySequence::Paste, &FrmAddOriginals::Paste);
 }
 
 void FrmAddOriginals::Offer(const std::vector<FileToAdd>& files) {
-  if (isWorking_) return;
+  if (IsWorking()) return;
   for (const FileToAdd& file : files) queue_.Append(file);
   for (auto row = std::size_t(list_->Items().rowCount()); row < queue_.Files().size(); ++row) {
     auto* name = FixedCell(queue_.Files()[row].file.name);
@@ -158,16 +113,14 @@ void FrmAddOriginals::TellState(const QString& text) {
 }
 
 void FrmAddOriginals::Enable() {
+  WorkDialog::Enable();
   const bool hasPending = queue_.Pending() > 0;
-  for (QPushButton* key : {choose_, paste_}) key->setEnabled(!isWorking_);
-  remove_->setEnabled(!isWorking_ && !list_->SelectedRows().empty());
-  add_->setEnabled(!isWorking_ && hasPending);
+  for (QPushButton* key : {choose_, paste_}) key->setEnabled(!IsWorking());
+  remove_->setEnabled(!IsWorking() && !list_->SelectedRows().empty());
+  add_->setEnabled(!IsWorking() && hasPending);
   add_->setDefault(hasPending);
   choose_->setDefault(!hasPending);
-  list_->setEnabled(!isWorking_);
-  stop_->setVisible(isWorking_);
-  close_->setVisible(!isWorking_);
-  progress_->setVisible(isWorking_);
+  list_->setEnabled(!IsWorking());
 }
 
 void FrmAddOriginals::Choose() { Offer(ChooseFiles(this)); }
@@ -189,19 +142,11 @@ void FrmAddOriginals::Remove() {
   Enable();
 }
 
-// The events of the window are let through while a file is copied; all that can be done then is to stop.
 void FrmAddOriginals::Add() {
-  if (isWorking_ || queue_.Pending() == 0) return;
-  isStopped_ = false;
-  {
-    const QScopedValueRollback working(isWorking_, true);
-    Enable();
-    stop_->setFocus();
-    progress_->setRange(0, int(queue_.Files().size()) * 100);
-    queue_.Run([this](std::size_t index) { return ShowStep(index); });
-  }
+  if (IsWorking() || queue_.Pending() == 0) return;
+  progress_->setRange(0, int(queue_.Files().size()) * 100);
+  RunWork([this] { queue_.Run([this](std::size_t index) { return ShowStep(index); }); });
   TellState();
-  Enable();
   if (queue_.Pending() == 0) return accept();
   ShowFirstProblem();
 }
@@ -209,14 +154,13 @@ void FrmAddOriginals::Add() {
 bool FrmAddOriginals::ShowStep(std::size_t index) {
   const QueuedFile& queued = queue_.Files()[index];
   ShowRow(index);
-  if (!pulse_.IsDue()) return !isStopped_;
+  if (!IsDue()) return GoesOn();
   progress_->setValue(int(index) * 100 + (queued.step == AddStep::Adding ? queued.percent : 100));
   TellState(u"正在添加第 %1 个文件，共 %2 个：%3"_s.arg(index + 1)
                 .arg(queue_.Files().size())
                 .arg(queued.file.name + queued.file.type));
   list_->scrollTo(list_->Items().index(int(index), 0));
-  QCoreApplication::processEvents();
-  return !isStopped_;
+  return LetThrough();
 }
 
 void FrmAddOriginals::ShowFirstProblem() {
@@ -230,12 +174,8 @@ void FrmAddOriginals::ShowFirstProblem() {
 }
 
 void FrmAddOriginals::reject() {
-  if (isWorking_) {
-    isStopped_ = true;
-    return;
-  }
   const QString question = u"还有 %1 个文件没有添加，确定要关闭吗?"_s.arg(queue_.Pending());
-  if (queue_.Pending() == 0 || Ask(question, windowTitle(), kWarningIcon)) QDialog::reject();
+  if (IsWorking() || queue_.Pending() == 0 || Ask(question, windowTitle(), kWarningIcon)) WorkDialog::reject();
 }
 
 }  // namespace folvane::originals

@@ -1,14 +1,10 @@
 #pragma once
 
-#include <QDialog>
 #include <QTemporaryDir>
 
 #include "components/originals/AddQueue.h"
-#include "components/originals/Pulse.h"
+#include "components/originals/WorkDialog.h"
 
-class QLabel;
-class QProgressBar;
-class QPushButton;
 class QStandardItem;
 
 namespace folvane::originals {
@@ -16,7 +12,7 @@ namespace folvane::originals {
 class FileList;
 
 /// Gathers files that shall become originals of a record, has their names edited, and adds them.
-class FrmAddOriginals : public QDialog {
+class FrmAddOriginals : public WorkDialog {
  public:
   FrmAddOriginals(QWidget* parent, RecordOriginals& originals);
 
@@ -33,13 +29,11 @@ class FrmAddOriginals : public QDialog {
   void reject() override;
 
  private:
-  void LayOut();
-  void NameControls();
-  QWidget* NewKeys();
+  void MakeKeys();
   void ShowRow(std::size_t index);
   void Rename(QStandardItem* cell);
   void TellState(const QString& text = {});
-  void Enable();
+  void Enable() override;
 
   void Choose();
   void Paste();
@@ -50,13 +44,8 @@ class FrmAddOriginals : public QDialog {
 
   QTemporaryDir images_;  ///< that were pasted
   AddQueue queue_;
-  bool isWorking_ = false, isStopped_ = false;
-  Pulse pulse_;
   FileList* list_;
-  QLabel* state_;
-  QProgressBar* progress_;
-  QPushButton *choose_ = nullptr, *paste_ = nullptr, *remove_ = nullptr, *add_ = nullptr, *stop_ = nullptr,
-              *close_ = nullptr;
+  QPushButton *choose_ = nullptr, *paste_ = nullptr, *remove_ = nullptr, *add_ = nullptr;
 };
 
 }  // namespace folvane::originals

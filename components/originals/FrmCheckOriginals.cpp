@@ -1,14 +1,11 @@
 #include "components/originals/FrmCheckOriginals.h"
 
 #include <QClipboard>
-#include <QFontMetrics>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSaveFile>
-#include <QScopedValueRollback>
 #include <QStandardItemModel>
 #include <QTimer>
 #include <QTreeView>
@@ -18,7 +15,6 @@
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
-#include "components/common/Placement.h"
 #include "components/common/ToolKeys.h"
 #include "components/originals/FileList.h"
 
@@ -30,38 +26,17 @@ using namespace notices;
 }  // namespace
 
 FrmCheckOriginals::FrmCheckOriginals(QWidget* parent, RecordOriginals& originals)
-    : QDialog(parent),
+    : WorkDialog(parent, {u"frmCheckOriginals"_s, u"检查原文"_s, u"search"_s, u"检查"_s, u"PrgCheck"_s}),
       originals_(originals),
       items_(new QStandardItemModel(0, 5, this)),
-      list_(new QTreeView(this)),
-      state_(new QLabel(this)),
-      progress_(new QProgressBar(this)) {
-  setObjectName(u"frmCheckOriginals"_s);
-  setWindowTitle(u"检查原文"_s);
-  setWindowIcon(Icon(u"search"_s));
-  setWindowFlag(Qt::WindowMaximizeButtonHint);
-  LayOut();
-  Enable();
-  KeepPlacement(*this);
-  KeepWidths(*list_->header());
+      list_(new QTreeView(this)) {
+  MakeList();
+  MakeKeys();
+  LayOut(*list_, {140, 30}, {18, 44, 30, 14}, {run_, copy_, save_});
   QTimer::singleShot(0, this, [this] { Guarded([this] { Run(); }); });
 }
 
-void FrmCheckOriginals::LayOut() {
-  NameControls();
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(list_, 1);
-  column->addWidget(state_);
-  column->addWidget(progress_);
-  column->addWidget(NewKeys());
-  const QFontMetrics metrics(font());
-  const int unit = metrics.averageCharWidth();
-  resize(unit * 140, metrics.lineSpacing() * 30);
-  int width = 0;
-  for (const int units : {18, 44, 30, 14}) list_->setColumnWidth(width++, unit * units);
-}
-
-void FrmCheckOriginals::NameControls() {
+void FrmCheckOriginals::MakeList() {
   items_->setHorizontalHeaderLabels({u"问题"_s, u"存放位置"_s, u"原文名称"_s, u"大小"_s, u"所属记录"_s});
   list_->setObjectName(u"LvFindings"_s);
   list_->setAccessibleName(u"发现的问题"_s);
@@ -71,53 +46,35 @@ void FrmCheckOriginals::NameControls() {
   list_->setAllColumnsShowFocus(true);
   list_->setAlternatingRowColors(true);
   list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  state_->setObjectName(u"LblState"_s);
-  state_->setTextFormat(Qt::PlainText);
-  state_->setWordWrap(true);
-  progress_->setObjectName(u"PrgCheck"_s);
-  progress_->setAccessibleName(u"检查进度"_s);
 }
 
-QWidget* FrmCheckOriginals::NewKeys() {
-  auto* keys = new QWidget(this);
-  auto* row = new QHBoxLayout(keys);
-  row->setContentsMargins(0, 0, 0, 0);
+void FrmCheckOriginals::MakeKeys() {
   run_ = NewPushButton(this, {u"CmdRun"_s, u"refresh"_s, u"重新检查(&R)"_s, u"再检查一次"_s, {}}, [this] { Run(); });
   copy_ = NewPushButton(this, {u"CmdCopy"_s, u"copyall"_s, u"复制(&P)"_s, u"将检查结果复制到剪贴板"_s, {}},
                         [this] { Copy(); });
   save_ = NewPushButton(this, {u"CmdSave"_s, u"save"_s, u"保存(&V)..."_s, u"将检查结果保存为文本文件"_s, {}},
                         [this] { Save(); });
-  stop_ = NewPushButton(this, {u"CmdStop"_s, u"cancel"_s, u"停止(&S)"_s, u"停止检查"_s, {}}, [this] { reject(); });
-  close_ = NewPushButton(this, {u"CmdClose"_s, u"exit"_s, u"关闭(&C)"_s, u"关闭窗口"_s, {}}, [this] { reject(); });
-  for (QPushButton* key : {run_, copy_, save_}) row->addWidget(key);
-  row->addStretch();
-  for (QPushButton* key : {stop_, close_}) row->addWidget(key);
-  return keys;
 }
 
 void FrmCheckOriginals::Run() {
   findings_.reset();
-  isStopped_ = false;
   items_->removeRows(0, items_->rowCount());
   state_->setText(u"检查没有完成。"_s);
-  const auto whenDone = qScopeGuard([this] { Enable(); });
-  const QScopedValueRollback working(isWorking_, true);
-  Enable();
-  stop_->setFocus();
-  findings_ =
-      CheckStore(originals_.Database(), originals_.Store(),
-                 [this](const QString& step, qint64 done, qint64 total) { return ShowProgress(step, done, total); });
-  state_->setText(findings_ ? findings_->Summary() : u"检查已停止。"_s);
-  if (findings_) ShowFindings();
+  RunWork([this] {
+    findings_ =
+        CheckStore(originals_.Database(), originals_.Store(),
+                   [this](const QString& step, qint64 done, qint64 total) { return ShowProgress(step, done, total); });
+    state_->setText(findings_ ? findings_->Summary() : u"检查已停止。"_s);
+    if (findings_) ShowFindings();
+  });
 }
 
 bool FrmCheckOriginals::ShowProgress(const QString& step, qint64 done, qint64 total) {
-  if (!pulse_.IsDue()) return !isStopped_;
+  if (!IsDue()) return GoesOn();
   state_->setText(total < 0 ? u"%1：%2"_s.arg(step).arg(done) : u"%1：%2 / %3"_s.arg(step).arg(done).arg(total));
   progress_->setRange(0, total < 0 ? 0 : int(total));
   progress_->setValue(total < 0 ? 0 : int(done));
-  QCoreApplication::processEvents();
-  return !isStopped_;
+  return LetThrough();
 }
 
 void FrmCheckOriginals::ShowFindings() {
@@ -131,12 +88,10 @@ void FrmCheckOriginals::ShowFindings() {
 }
 
 void FrmCheckOriginals::Enable() {
-  run_->setEnabled(!isWorking_);
-  for (QPushButton* key : {copy_, save_}) key->setEnabled(!isWorking_ && findings_);
-  stop_->setVisible(isWorking_);
-  close_->setVisible(!isWorking_);
-  progress_->setVisible(isWorking_);
-  if (!isWorking_) close_->setFocus();
+  WorkDialog::Enable();
+  run_->setEnabled(!IsWorking());
+  for (QPushButton* key : {copy_, save_}) key->setEnabled(!IsWorking() && findings_);
+  if (!IsWorking()) close_->setFocus();
 }
 
 void FrmCheckOriginals::Copy() { QGuiApplication::clipboard()->setText(findings_->Text()); }
@@ -151,11 +106,6 @@ void FrmCheckOriginals::Save() {
     throw DataError(DataErrorKind::File,
                     u"文件 %1 无法写入：%2"_s.arg(QDir::toNativeSeparators(path), file.errorString()));
   state_->setText(u"%1\n已保存为 %2。"_s.arg(findings_->Summary(), QDir::toNativeSeparators(path)));
-}
-
-void FrmCheckOriginals::reject() {
-  if (!isWorking_) return QDialog::reject();
-  isStopped_ = true;
 }
 
 }  // namespace folvane::originals

@@ -4,7 +4,8 @@
 
 namespace folvane::host {
 
-/// Adds the steps of a transfer: three documents go into a new volume of the archive.
+/// Adds the steps of work with the archive: three documents go into a new volume from the browser, forty ticked ones
+/// from the archive window; the sums of that volume are looked at, and three documents merged into one.
 void PlanArchiving(Tour& tour);
 
 }  // namespace folvane::host

@@ -9,6 +9,7 @@
 #include "host/Appearance.h"
 #include "host/Entries.h"
 #include "host/tour/ArchiveWork.h"
+#include "host/tour/ExchangeWork.h"
 #include "host/tour/FlowWork.h"
 #include "host/tour/Hands.h"
 #include "host/tour/OriginalsWork.h"
@@ -147,16 +148,10 @@ void PlanUserWithoutRights(Tour& tour) {
   tour.Step(u"close the browser"_s, Shown(kBrowser), [] { Window(kBrowser).close(); });
 }
 
-// The other entries: the window of each that the library has; the cards of the rest are out of use.
+// The windows of the other entries.
 void PlanOtherEntries(Tour& tour) {
   for (const Entry& entry : Entries()) {
     if (entry.name == "FileOpen"_L1) continue;
-    if (!entry.provided) {
-      tour.Step(u"%1 is still to come"_s.arg(entry.title), Shown(kStart), [entry] {
-        Expect(!In<QWidget>(kStart, entry.name).isEnabled(), u"the card %1 is on"_s.arg(entry.name));
-      });
-      continue;
-    }
     const auto answer = [] {
       QWidget* window = QApplication::activeModalWidget();
       return window && window->isVisible() ? window : nullptr;
@@ -183,7 +178,14 @@ void PlanWalk(Tour& tour) {
   PlanFlow(tour);
   PlanOriginals(tour);
   PlanArchiving(tour);
+  PlanSaving(tour);
   PlanLogOnAgain(tour);
+  PlanSecondDatabase(tour);
+  PlanLogOn(tour, 0, u"log-on-second"_s);
+  PlanFileOpen(tour);
+  PlanTaking(tour);
+  PlanLogOnAgain(tour);
+  PlanFirstDatabase(tour);
   PlanLogOn(tour, 2, u"log-on-limited"_s);
   PlanFileOpen(tour);
   PlanLimitedUser(tour, all);

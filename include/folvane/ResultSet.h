@@ -21,6 +21,9 @@ class FOLVANE_EXPORT ResultSet {
   int ColumnCount() const;
   /// As the database spells it. @throws DataError Usage for a column that is not there
   QString ColumnName(int column) const;
+  int ColumnType(int column) const;  ///< ADO type number
+  /// As declared, for texts in bytes of the national code page; 2147483647 for a long column.
+  int ColumnSize(int column) const;
   /// The column of that name without regard to case, -1 when there is none.
   int Find(const QString& name) const;
   qint64 RowCount() const;

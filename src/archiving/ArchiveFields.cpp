@@ -5,6 +5,7 @@
 #include <QInputMethod>
 #include <QLabel>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 #include "archiving/ArchiveFormat.h"
 #include "archiving/DoArchiveLog.h"
@@ -31,8 +32,12 @@ bool TakesLastValue(int controlType) {
 
 ArchiveFields::ArchiveFields(QWidget* parent) : QScrollArea(parent) {
   auto* area = new QWidget(this);
-  grid_ = new QGridLayout(area);
+  auto* column = new QVBoxLayout(area);
+  column->setContentsMargins({});
+  grid_ = new QGridLayout;
   grid_->setColumnStretch(1, 1);
+  column->addLayout(grid_);
+  column->addStretch();
   setWidget(area);
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);

@@ -4,7 +4,6 @@
 #include <array>
 #include <map>
 
-#include "archiving/ArchiveNumber.h"
 #include "archiving/DoArchiveLog.h"
 #include "base/OuterBlanks.h"
 #include "base/TypedValues.h"
@@ -128,18 +127,25 @@ const ShownField* TakeArchiveValues(const ShownFields& entered, DoArchiveLog& lo
   return nullptr;
 }
 
-QString NumberBeginning(const ShownFields& entered, const QString& table) {
-  if (entered.empty() || std::any_of(entered.begin(), entered.end(), IsBlankParameter)) return {};
-  const NumberFormat format = SharedNumberFormat();
-  if (format.storeField.isEmpty()) return {};
-  QString number;
-  for (const NumberField& part : format.fixedFields) {
+bool HasBlankParameter(const ShownFields& entered) {
+  return std::any_of(entered.begin(), entered.end(), IsBlankParameter);
+}
+
+NumberFormat WithValues(NumberFormat format, const ShownFields& entered) {
+  for (NumberField& part : format.fixedFields) {
     const auto field = std::find_if(entered.begin(), entered.end(), [&](const ShownField& candidate) {
       return candidate.dataField.compare(part.name, Qt::CaseInsensitive) == 0;
     });
-    number += part.separator + ComposeNoPiece(part, field == entered.end() ? QString() : field->text, table);
+    part.value = field == entered.end() ? QString() : field->text;
   }
-  return WithoutFirstSeparator(number + format.itemField.separator);
+  return format;
+}
+
+QString NumberBeginning(const ShownFields& entered, const QString& table) {
+  if (entered.empty() || HasBlankParameter(entered)) return {};
+  const NumberFormat format = WithValues(SharedNumberFormat(), entered);
+  if (format.storeField.isEmpty()) return {};
+  return WithoutFirstSeparator(FixedPieces(format, table) + format.itemField.separator);
 }
 
 }  // namespace folvane

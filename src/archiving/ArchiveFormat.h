@@ -3,6 +3,7 @@
 #include <QString>
 #include <vector>
 
+#include "archiving/ArchiveNumber.h"
 #include "forms/EntryLayout.h"
 
 namespace folvane {
@@ -23,6 +24,11 @@ ArchiveFormat LoadArchiveFormat(const QString& table);
 /// at the first field that is blank; a date may be.
 /// @return that field, null when nothing was blank
 const ShownField* TakeArchiveValues(const ShownFields& entered, DoArchiveLog& log);
+
+/// Whether a field is blank that has to have a value.
+bool HasBlankParameter(const ShownFields& entered);
+/// The format with what is entered as the values of its fixed fields.
+NumberFormat WithValues(NumberFormat format, const ShownFields& entered);
 
 /// How the numbers of a table begin with what is entered, up to the item's own piece; "" while a field is blank, and
 /// where no number is composed. @throws DataError

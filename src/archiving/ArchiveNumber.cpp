@@ -62,4 +62,11 @@ QString ComposeNoPiece(const NumberField& field, const QString& value, const QSt
   return QString(std::max(0, field.length - ByteLength(piece)), u'0') + piece;
 }
 
+QString FixedPieces(const NumberFormat& format, const QString& table) {
+  QString number;
+  for (const NumberField& field : format.fixedFields)
+    number += field.separator + ComposeNoPiece(field, field.value, table);
+  return number;
+}
+
 }  // namespace folvane

@@ -3,17 +3,11 @@
 #include <QString>
 #include <vector>
 
+#include <folvane/ArchiveRules.h>
+
 #include "data/Recordset.h"
 
 namespace folvane {
-
-/// A field of an archive number.
-struct NumberField {
-  QString name, value;  ///< the value that the user gave; the last field has none
-  QString separator;    ///< in front of the field's piece
-  bool showCode = false;
-  qint16 length = 0;  ///< of the piece, in bytes of the national code page
-};
 
 /// How the archive number of a table is made up: of fixed fields, which one volume has in common, and of the running
 /// number of the item, which is the last one.
@@ -24,6 +18,8 @@ struct NumberFormat {
   QString folderField;  ///< the column that takes the number without its last piece; "(无)" for none
 
   bool HasFolder() const;
+  /// Whether the running number is a page number.
+  bool CountsPages() const { return itemField.name.compare(u"PageNo", Qt::CaseInsensitive) == 0; }
 };
 
 /// The format with the values that the window of the archive parameters left.
@@ -36,6 +32,9 @@ QString ScopeClauseOf(const NumberFormat& format);
 /// other value or the code of its dictionary entry, filled up with zeros.
 /// @param table whose dictionaries are asked @throws DataError
 QString ComposeNoPiece(const NumberField& field, const QString& value, const QString& table);
+
+/// The pieces of the fixed fields, each behind its separator. @throws DataError
+QString FixedPieces(const NumberFormat& format, const QString& table);
 
 /// The name of a fonds (kind 1), or of a class of the current fonds (kind 2); "" when there is none, and for any other
 /// kind. @throws DataError

@@ -1,20 +1,21 @@
 #pragma once
 
 #include <QString>
-#include <functional>
+#include <QStringList>
 
 class QAbstractItemView;
 
 namespace folvane {
 
-/// A transfer as the record browser and the entry window order it; originals go along.
+class ListStatus;
+
+/// A transfer as a window orders it.
 struct ArchiveOrder {
   QString source, destination;
   QString statement;                  ///< of the source rows
-  QAbstractItemView* list = nullptr;  ///< whose selected rows name the records; null for the current record
-  /// Runs the transfer, which is told how far it has come and answers whether to go on; null for one that shows
-  /// nothing.
-  std::function<bool(int done, int total)> progress = {};
+  QAbstractItemView* list = nullptr;  ///< whose selected rows name the records; null for the ticked or current ones
+  QStringList ticked = {};            ///< the keys of the ticked records in their order
+  bool withOriginals = true;
 };
 
 /// What came of it.
@@ -24,7 +25,12 @@ struct ArchiveOutcome {
   QString note;        ///< what the user should know besides, "" for nothing
 };
 
-/// Asks for the archive number's fields and transfers the records; how many were transferred is told. @throws DataError
-ArchiveOutcome ArchiveRecords(const ArchiveOrder& order);
+/// Transfers the records by the shared archive number; how many were transferred is told, of ticked ones the first
+/// number, too. @throws DataError
+/// @param status shows how far it has come and lets the user end it; null for a transfer that shows nothing
+ArchiveOutcome TransferRecords(const ArchiveOrder& order, ListStatus* status);
+
+/// The same after asking for the archive number's fields. @throws DataError
+ArchiveOutcome ArchiveRecords(const ArchiveOrder& order, ListStatus* status);
 
 }  // namespace folvane

@@ -114,7 +114,9 @@ void ArchiveTransfer::InputAmaintitle(const QString& objectTable, const QString&
 bool ArchiveTransfer::AreNumbersTaken(const RecordTransfer& transfer) const {
   GivenNumbers given{transfer.WrittenKeys(), transfer.Numbers(),          tables_->format.storeField, {},
                      firstCounter_,          tables_->ArchiveCounter - 1, tables_->formatScopeClause};
-  if (tables_->IsCounted()) given.counterField = tables_->sequenceField;
+  // The greatest of texts may be less than numbers that have long been given.
+  const bool isNumber = GroupOfType(tables_->destination[tables_->sequenceField].Type()) == TypeGroup::Number;
+  if (tables_->IsCounted() && isNumber) given.counterField = tables_->sequenceField;
   return taken_->AnyOf(given);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QGroupBox>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -55,8 +54,8 @@ void FrmSearchResult::Connect() {
   ConnectGuarded(ok_, &QPushButton::clicked, this, &FrmSearchResult::Merge);
   ConnectGuarded(exit_, &QPushButton::clicked, this, &QDialog::reject);
   ConnectGuarded(links_[0], &PageLink::Clicked, this, [this] { GoTo(1); });
-  ConnectGuarded(links_[1], &PageLink::Clicked, this, [this] { SendKey(Qt::Key_PageUp); });
-  ConnectGuarded(links_[2], &PageLink::Clicked, this, [this] { SendKey(Qt::Key_PageDown); });
+  ConnectGuarded(links_[1], &PageLink::Clicked, this, [this] { list_->SendKey(Qt::Key_PageUp); });
+  ConnectGuarded(links_[2], &PageLink::Clicked, this, [this] { list_->SendKey(Qt::Key_PageDown); });
   ConnectGuarded(links_[3], &PageLink::Clicked, this, [this] { GoTo(records_.IsOpen() ? records_.RecordCount() : 0); });
   ConnectGuarded(&model_, &QAbstractItemModel::dataChanged, this, [this] { ShowTicked(); });
 }
@@ -96,6 +95,7 @@ void FrmSearchResult::Search() {
   {
     const BusyPointer busy;
     found.Open(merge_->SearchStatement(Where), SharedConnection());
+    merge_->LeaveOutSurvivor(found);
   }
   records_ = std::move(found);
   model_.ClearRows();
@@ -150,7 +150,7 @@ bool FrmSearchResult::HandleKey(int key) {
   if (row == 0 || !records_.IsOpen()) return false;
   const bool extends = QGuiApplication::keyboardModifiers() & Qt::ShiftModifier;
   if (key == Qt::Key_Space) {
-    TickSelected();
+    list_->TickSelected();
     return true;
   }
   const int step = key == Qt::Key_PageUp || key == Qt::Key_PageDown ? kPageSize : 1;
@@ -164,24 +164,7 @@ bool FrmSearchResult::HandleKey(int key) {
   return true;
 }
 
-void FrmSearchResult::SendKey(Qt::Key key) {
-  list_->setFocus();
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier), release(QEvent::KeyRelease, key, Qt::NoModifier);
-  QCoreApplication::sendEvent(list_, &press);
-  QCoreApplication::sendEvent(list_, &release);
-}
-
 // Ticking.
-
-// All selected rows get what the current one has not.
-void FrmSearchResult::TickSelected() {
-  const QModelIndex current = list_->currentIndex().siblingAtColumn(0);
-  const bool ticks = current.data(Qt::CheckStateRole).toInt() != Qt::Checked;
-  QModelIndexList rows = list_->selectionModel()->selectedRows();
-  if (rows.isEmpty()) rows << current;
-  std::sort(rows.begin(), rows.end());
-  for (const QModelIndex& row : rows) model_.setData(row, ticks ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-}
 
 void FrmSearchResult::ShowTicked() {
   const bool hasRows = model_.Count() > 0;

@@ -53,8 +53,6 @@ class FrmSearchResult : public QDialog {
   void GoTo(qint64 row);
   void ShowRow(int row);
   bool HandleKey(int key);
-  void SendKey(Qt::Key key);
-  void TickSelected();
   void ShowTicked();
   QStringList TickedInOrder() const;
   void Merge();

@@ -40,6 +40,11 @@ QString RecordMerge::SearchStatement(const QString& where) const {
   return u"Select * From "_s + table_ + u" Where ArchiveID <> '"_s + target_ + u"' And "_s + where;
 }
 
+void RecordMerge::LeaveOutSurvivor(Recordset& found) const {
+  found.Find(u"ArchiveID = '"_s + target_ + u"'"_s);
+  if (!found.EOF_()) found.SetFilter(u"ArchiveID <> '"_s + target_ + u"'"_s);
+}
+
 void RecordMerge::Merge(const QStringList& keys, const Progress& progress) {
   for (const QString& key : keys) {
     progress(merged_, int(keys.size()));

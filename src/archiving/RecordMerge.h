@@ -7,6 +7,8 @@
 
 namespace folvane {
 
+class Recordset;
+
 /// Joins records that turned out to be one document to the one that stays. It gets their originals besides its own; the
 /// others are taken out of archiving, with a note, and nothing is deleted. There is no transaction: what was done
 /// before an error stays.
@@ -22,6 +24,8 @@ class RecordMerge {
   qint16 NextFileOrder() const { return nextFileOrder_; }
   /// The statement for the records of a condition, the one that stays left out.
   QString SearchStatement(const QString& where) const;
+  /// Hides the record that stays from what the statement found: an Or in the condition lets it in again.
+  void LeaveOutSurvivor(Recordset& found) const;
 
   /// Is told before each record how many of how many are done.
   using Progress = std::function<void(int done, int total)>;

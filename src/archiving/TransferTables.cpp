@@ -15,8 +15,9 @@ TransferTables::TransferTables(const TransferOrder& transfer) : order(transfer),
   source.Open(order.sourceStatement, SharedConnection());
   destination.Open(u"Select * From "_s + order.destinationTable + u" Where 1 = 2"_s, SharedConnection());
   FindFields();
-  FindFirstNumber();
-  if (IsCounted() && CountsPages() && hasDocOrder && hasQuantity) FindFirstPage();
+  ArchiveCounter = FirstCounter(destination, sequenceField, order.destinationTable, formatScopeClause);
+  if (IsCounted() && CountsPages() && hasDocOrder && hasQuantity)
+    PageCounter = FirstPage(order.destinationTable, formatScopeClause, ArchiveCounter);
 }
 
 void TransferTables::ReadFieldMap() {
@@ -37,35 +38,35 @@ void TransferTables::FindFields() {
   hasArchiveFlag = FieldExists(destination, u"ArchiveFlag"_s);
   hasDocOrder = FieldExists(destination, u"DocOrder"_s);
   hasQuantity = FieldExists(destination, u"Quantity"_s);
-  sequenceField = CountsPages() && hasDocOrder ? u"DocOrder"_s : format.itemField.name;
+  sequenceField = SequenceFieldOf(format, hasDocOrder);
   for (MappedField& mapped : ArchiveFieldMap) {
     mapped.sourceIndex = source.Fields().IndexOf(mapped.SourceField);
     mapped.destinationIndex = destination.Fields().IndexOf(mapped.DesField);
   }
 }
 
-void TransferTables::FindFirstNumber() {
-  if (!IsCountableFieldType(destination[sequenceField].Type())) return;
-  Recordset records;
-  records.Open(u"Select Max("_s + sequenceField + u") From "_s + order.destinationTable + formatScopeClause,
-               SharedConnection());
-  const Field greatest = records.Fields().Item(0);
-  ArchiveCounter = greatest.IsNull() ? 1 : CounterOf(NumberIn(greatest.Text()) + 1);
+QString SequenceFieldOf(const NumberFormat& format, bool hasDocOrder) {
+  return format.CountsPages() && hasDocOrder ? u"DocOrder"_s : format.itemField.name;
 }
 
-void TransferTables::FindFirstPage() {
+int FirstCounter(const Recordset& destination, const QString& field, const QString& table, const QString& scopeClause) {
+  if (!IsCountableFieldType(destination[field].Type())) return kNoCounter;
   Recordset records;
-  records.Open(u"Select PageNo,Quantity From "_s + order.destinationTable +
-                   (formatScopeClause.isEmpty() ? u" Where "_s : formatScopeClause + u" And "_s) + u"DocOrder = '"_s +
-                   QString::number(ArchiveCounter - 1) + u'\'',
+  records.Open(u"Select Max("_s + field + u") From "_s + table + scopeClause, SharedConnection());
+  const Field greatest = records.Fields().Item(0);
+  return greatest.IsNull() ? 1 : CounterOf(NumberIn(greatest.Text()) + 1);
+}
+
+int FirstPage(const QString& table, const QString& scopeClause, int counter) {
+  Recordset records;
+  records.Open(u"Select PageNo,Quantity From "_s + table +
+                   (scopeClause.isEmpty() ? u" Where "_s : scopeClause + u" And "_s) + u"DocOrder = '"_s +
+                   QString::number(counter - 1) + u'\'',
                SharedConnection());
-  if (records.EOF_() || IsBlank(records[u"PageNo"_s])) {
-    PageCounter = 1;
-    return;
-  }
+  if (records.EOF_() || IsBlank(records[u"PageNo"_s])) return 1;
   const Field quantity = records[u"Quantity"_s];
   const double pages = IsBlank(quantity) ? 1 : NumberIn(quantity.Text());
-  PageCounter = CounterOf(NumberIn(records[u"PageNo"_s].Text()) + pages);
+  return CounterOf(NumberIn(records[u"PageNo"_s].Text()) + pages);
 }
 
 }  // namespace folvane

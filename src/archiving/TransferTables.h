@@ -21,6 +21,16 @@ struct MappedField {
   int sourceIndex = -1, destinationIndex = -1;  ///< in the record sets; -1 for one that is not there
 };
 
+inline constexpr int kNoCounter = -1;
+
+/// The field that takes the counter of a number whose item is a page, or its item.
+QString SequenceFieldOf(const NumberFormat& format, bool hasDocOrder);
+/// The counter of the next record of the rows that are counted together; kNoCounter where the type of the field is not
+/// counted. @throws DataError
+int FirstCounter(const Recordset& destination, const QString& field, const QString& table, const QString& scopeClause);
+/// The first page of the record that has a counter. @throws DataError
+int FirstPage(const QString& table, const QString& scopeClause, int counter);
+
 /// What all records of a transfer share: the two tables, opened once, how their fields correspond, the flags that were
 /// found once, and the counters.
 struct TransferTables {
@@ -37,18 +47,15 @@ struct TransferTables {
   bool hasFileStatus;                                           ///< in the source
   QString sequenceField;                                        ///< takes the counter
 
-  int ArchiveCounter = -1;  ///< of the next record; -1 where none is kept
-  int PageCounter = -1;     ///< the next record's first page
+  int ArchiveCounter = kNoCounter;  ///< of the next record
+  int PageCounter = kNoCounter;     ///< the next record's first page
 
-  bool IsCounted() const { return ArchiveCounter != -1; }
-  /// Whether the running number is a page number.
-  bool CountsPages() const { return format.itemField.name.compare(u"PageNo", Qt::CaseInsensitive) == 0; }
+  bool IsCounted() const { return ArchiveCounter != kNoCounter; }
+  bool CountsPages() const { return format.CountsPages(); }
 
  private:
   void ReadFieldMap();
   void FindFields();
-  void FindFirstNumber();
-  void FindFirstPage();
 };
 
 /// A field by what is known of its place, else by its name. @throws DataError Usage when there is none of the name

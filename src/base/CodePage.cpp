@@ -192,6 +192,7 @@ void CodePageReader::Read(QByteArrayView bytes, QByteArray& utf8) {
 }
 
 QString LimitByteLength(const QString& text, int maximum) {
+  if (text.size() * 2 <= maximum) return text;
   const QByteArray bytes = ToCodePage(text);
   if (bytes.size() <= maximum) return text;
   qsizetype units = 0, sum = 0, lastUnits = 0;

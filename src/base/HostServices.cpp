@@ -8,9 +8,22 @@
 namespace folvane {
 namespace {
 
+// The zone is asked for once in a quarter of an hour, at whose ends alone it changes: each question looks at the disk.
+QDateTime LocalTime() {
+  constexpr qint64 kQuarter = 15 * 60 * 1000;
+  thread_local qint64 quarter = -1;
+  thread_local int offset = 0;
+  const qint64 moment = QDateTime::currentMSecsSinceEpoch();
+  if (moment / kQuarter != quarter) {
+    quarter = moment / kQuarter;
+    offset = QDateTime::fromMSecsSinceEpoch(moment).offsetFromUtc();
+  }
+  return QDateTime::fromMSecsSinceEpoch(moment, Qt::OffsetFromUTC, offset);
+}
+
 HostServices DefaultServices() {
   HostServices services;
-  services.now = [] { return QDateTime::currentDateTime(); };
+  services.now = LocalTime;
   services.random = [generator = std::make_shared<ClockSeededRandom>()] { return generator->Next(); };
   services.registry = std::make_shared<FileRegistryStore>(FileRegistryStore::UserPath());
   return services;

@@ -23,7 +23,8 @@ class ClockSeededRandom {
   double Draw();
   void ForgetOldDraws();
 
-  std::mt19937_64 generator_;
+  /// One of whose numbers costs next to nothing after a new seed: the multiplier of Knuth's MMIX.
+  std::linear_congruential_engine<std::uint64_t, 6364136223846793005, 1442695040888963407, 0> generator_;
   qint64 second_ = 0;
   std::unordered_set<int> drawn_, drawnBefore_;
 };

@@ -10,7 +10,7 @@ inline QString WithoutOuterBlanks(const QString& text) {
   qsizetype begin = 0, end = text.size();
   while (begin < end && text[begin] == u' ') ++begin;
   while (end > begin && text[end - 1] == u' ') --end;
-  return text.sliced(begin, end - begin);
+  return end - begin == text.size() ? text : text.sliced(begin, end - begin);
 }
 
 }  // namespace folvane

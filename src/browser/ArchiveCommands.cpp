@@ -1,17 +1,15 @@
 #include "browser/ArchiveCommands.h"
 
-#include <memory>
-
 #include "archiving/ArchiveRecords.h"
+#include "archiving/FrmArchive.h"
 #include "archiving/FrmSelTbl.h"
-#include "browser/BrowserStatus.h"
 #include "browser/OriginalsView.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "records/TableParameters.h"
 #include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
 #include "shell/TableFields.h"
-#include "widgets/LongWork.h"
 #include "widgets/RecordListView.h"
 
 namespace folvane {
@@ -30,22 +28,18 @@ void ArchiveCommands::ToTarget() {
   order.statement = list_.Records().Source();
   order.list = &list_.View();
   if (order.destination.isEmpty()) return status_.ShowNotice(u"该表没有设置归档的目标库"_s);
-  std::unique_ptr<LongWork> work;  // from the first record on: what is asked before takes its time
-  order.progress = [this, &work](int done, int total) {
-    if (!work) {
-      work = std::make_unique<LongWork>(*list_.View().window(), &status_.StopKey(),
-                                        [this](int at, int maximum) { status_.ShowWork(at, maximum); });
-    }
-    return work->GoOn(done, total);
-  };
-  const ArchiveOutcome outcome = ArchiveRecords(order);
-  work.reset();
+  const ArchiveOutcome outcome = ArchiveRecords(order, &status_);
   if (outcome.count > 0) {
     list_.Reload();
   } else if (outcome.isRun) {
     ShowMessage(u"您选择的文件不符合需要归档的条件！"_s);
   }
   status_.ShowNotice(outcome.note);
+}
+
+void ArchiveCommands::OpenWindow() {
+  ShowArchiveWindow(list_.Table());
+  if (!list_.Table().isEmpty()) list_.Reload();
 }
 
 void ArchiveCommands::Merge() {

@@ -5,7 +5,7 @@
 #include <QMenu>
 
 #include "browser/BrowserEnabling.h"
-#include "browser/BrowserStatus.h"
+#include "records/ListStatus.h"
 #include "shell/EventGuard.h"
 
 namespace folvane {
@@ -99,20 +99,11 @@ std::vector<CommandKey> Keys() {
   };
 }
 
-QSet<QString> Unavailable() {
-  return {
-      u"mnu_File2_Open"_s,
-      u"mnu_File5_Save"_s,
-      u"mnu_Manager4_Archive"_s,
-      u"Archive(2)"_s,
-  };
-}
-
 }  // namespace
 
-CommandDesign BrowserDesign() { return {u"tlb"_s, Menus(), Keys(), Unavailable()}; }
+CommandDesign BrowserDesign() { return {u"tlb"_s, Menus(), Keys()}; }
 
-BrowserCommands::BrowserCommands(QMainWindow& window, BrowserStatus& status)
+BrowserCommands::BrowserCommands(QMainWindow& window, ListStatus& status)
     : status_(status), commands_(*new WindowCommands(window, BrowserDesign())) {
   commands_.RunKeysThrough([&status](const WindowCommands::Work& work) { status.RunTrapped(work); });
   AddArchiveMenu();
@@ -123,7 +114,7 @@ void BrowserCommands::AddArchiveMenu() {
   menu.setObjectName(u"mnu_ArchiveKey"_s);
   archiveToTarget_ =
       commands_.AddEntry(menu, {kArchiveToTarget, u"归档到目标库(&T)"_s, {}, {}, u"将选中的文件归档到目标库"_s});
-  commands_.AddEntry(menu, {u"Archive(2)"_s, u"文件归档(&A)..."_s, {}, {}, u"打开文件归档"_s});
+  archiveWindow_ = commands_.AddEntry(menu, {u"Archive(2)"_s, u"文件归档(&A)..."_s, {}, {}, u"打开文件归档"_s});
 }
 
 void BrowserCommands::OnArchiveToTarget(std::function<void()> handler) {
@@ -133,6 +124,14 @@ void BrowserCommands::OnArchiveToTarget(std::function<void()> handler) {
   };
   ConnectGuarded(archiveToTarget_, &QAction::triggered, &commands_, run);
   commands_.OnKey(u"Archive"_s, run);
+}
+
+void BrowserCommands::OnArchiveWindow(std::function<void()> handler) {
+  ConnectGuarded(archiveWindow_, &QAction::triggered, &commands_, [this, handler] {
+    status_.ShowNotice({});
+    handler();
+  });
+  OnEntry(u"mnu_Manager4_Archive"_s, handler);
 }
 
 void BrowserCommands::OnEntry(const QString& entry, std::function<void()> handler) {
@@ -152,7 +151,7 @@ void BrowserCommands::OnKey(const QString& key, std::function<void()> handler) {
 void BrowserCommands::Enable(const BrowserEnabling& enabling) {
   for (auto entry = enabling.entries.begin(); entry != enabling.entries.end(); ++entry) {
     if (entry.key() == kArchiveToTarget) {
-      commands_.Enable(*archiveToTarget_, entry.value());
+      archiveToTarget_->setEnabled(entry.value());
     } else {
       commands_.EnableEntry(entry.key(), entry.value());
     }

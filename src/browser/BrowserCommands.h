@@ -13,18 +13,17 @@ class QMenu;
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 struct BrowserEnabling;
 
-/// The menus of the record browser, the pop-up on the originals among them, and its toolbar. Commands whose subsystem
-/// does not exist yet are unavailable.
+/// The menus of the record browser, the pop-up on the originals among them, and its toolbar.
 CommandDesign BrowserDesign();
 
 /// The commands of the record browser. A new command clears the notice of the one before. An error of a toolbar key
 /// ends it; the status line tells.
 class BrowserCommands {
  public:
-  BrowserCommands(QMainWindow& window, BrowserStatus& status);
+  BrowserCommands(QMainWindow& window, ListStatus& status);
 
   /// What a menu entry runs; the toolbar key that is its twin runs the same.
   void OnEntry(const QString& entry, std::function<void()> handler);
@@ -32,6 +31,8 @@ class BrowserCommands {
   void OnKey(const QString& key, std::function<void()> handler);
   /// What the toolbar key "Archive" runs, and the first entry of its menu.
   void OnArchiveToTarget(std::function<void()> handler);
+  /// What the second entry of that menu runs, and its twin among the flows.
+  void OnArchiveWindow(std::function<void()> handler);
   void BindShortcut(const QString& entry, QWidget& widget) { commands_.BindShortcut(entry, widget); }
   void Enable(const BrowserEnabling& enabling);
 
@@ -46,9 +47,9 @@ class BrowserCommands {
   void AddArchiveMenu();
   void ShowReport(QAction& entry, const ReportRow& report) const;
 
-  BrowserStatus& status_;
+  ListStatus& status_;
   WindowCommands& commands_;
-  QAction* archiveToTarget_ = nullptr;
+  QAction *archiveToTarget_ = nullptr, *archiveWindow_ = nullptr;
 };
 
 }  // namespace folvane

@@ -1,10 +1,10 @@
 #include "browser/BulkCommands.h"
 
-#include "browser/BrowserStatus.h"
 #include "bulk/FrmBactchUpdate.h"
 #include "originals/OriginalStore.h"
 #include "query/AskQuery.h"
 #include "query/ConditionText.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "shell/EventGuard.h"
 #include "shell/LoadedWindow.h"

@@ -4,14 +4,14 @@
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 class RecordList;
 class TableParameters;
 
 /// The commands that change many records of the table at once.
 class BulkCommands {
  public:
-  BulkCommands(RecordList& list, TableParameters& parameters, BrowserStatus& status)
+  BulkCommands(RecordList& list, TableParameters& parameters, ListStatus& status)
       : list_(list), parameters_(parameters), status_(status) {}
 
   /// Deletes the records of a compound query with their originals, whether the user may see them or not. Beside the
@@ -25,7 +25,7 @@ class BulkCommands {
 
   RecordList& list_;
   TableParameters& parameters_;
-  BrowserStatus& status_;
+  ListStatus& status_;
 };
 
 }  // namespace folvane

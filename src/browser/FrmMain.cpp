@@ -4,29 +4,33 @@
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTreeView>
+#include <algorithm>
 
 #include <folvane/Icons.h>
 
 #include "browser/ArchiveCommands.h"
 #include "browser/BrowserCommands.h"
 #include "browser/BrowserEnabling.h"
-#include "browser/BrowserStatus.h"
 #include "browser/BulkCommands.h"
-#include "browser/FilterBar.h"
-#include "browser/ListLimits.h"
+#include "browser/ExchangeCommands.h"
 #include "browser/OriginalCommands.h"
 #include "browser/OriginalsView.h"
-#include "browser/QueryCommands.h"
 #include "browser/RecordCommands.h"
 #include "browser/RelatedRecords.h"
 #include "browser/SearchBar.h"
 #include "browser/TableNavigation.h"
+#include "bulk/FrmRecordMove.h"
+#include "query/QueryCommands.h"
+#include "records/FilterBar.h"
+#include "records/ListLimits.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "reports/ReportEntries.h"
 #include "reports/ReportSelection.h"
 #include "reports/RunReport.h"
 #include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
+#include "shell/LoadedWindow.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "shell/OpenHelp.h"
@@ -53,13 +57,16 @@ FrmMain::FrmMain() {
   LayOut();
   MakeList();
   MakeNavigation();
-  limits_ = std::make_unique<ListLimits>(*list_, parameters_, *tables_, *search_);
+  limits_ = std::make_unique<ListLimits>(*list_, parameters_, tables_->Tree());
+  limits_->SetCaptions([this](const QString& field) { return search_->CaptionOf(field); });
+  limits_->OfferAdding();
   related_ = std::make_unique<RelatedRecords>(*tables_, *list_, parameters_);
   recordCommands_ = std::make_unique<RecordCommands>(*list_, parameters_, *treeView_, *status_);
   bulkCommands_ = std::make_unique<BulkCommands>(*list_, parameters_, *status_);
   queryCommands_ = std::make_unique<QueryCommands>(*list_, parameters_, *limits_, *status_);
   originalCommands_ = std::make_unique<OriginalCommands>(*list_, *originals_, *status_);
   archiveCommands_ = std::make_unique<ArchiveCommands>(*list_, parameters_, *originals_, *status_);
+  exchangeCommands_ = std::make_unique<ExchangeCommands>(*list_, *status_);
   Connect();
   status_->ShowUser(Shared().UserName);
   search_->setEnabled(false);
@@ -115,14 +122,16 @@ void FrmMain::ConnectMoves() {
   commands_->OnEntry(u"mnu_Goto2_PPage"_s, [this] { list_->PreviousPage(); });
   commands_->OnEntry(u"mnu_Goto3_NPage"_s, [this] { list_->NextPage(); });
   commands_->OnEntry(u"mnu_Goto6_LPage"_s, [this] { list_->LastRecord(); });
-  commands_->OnEntry(u"mnu_Goto4_Location"_s, [this] { queryCommands_->GoToNumber(false); });
-  commands_->OnEntry(u"mnu_Goto4A_Location"_s, [this] { queryCommands_->GoToNumber(true); });
+  commands_->OnEntry(u"mnu_Goto4_Location"_s, [this] { GoToNumber(false); });
+  commands_->OnEntry(u"mnu_Goto4A_Location"_s, [this] { GoToNumber(true); });
 }
 
 void FrmMain::ConnectCommands() {
   commands_->OnEntry(u"mnu_File1_Add"_s, [this] { recordCommands_->Add(); });
   commands_->OnEntry(u"mnu_File4_Property"_s, [this] { recordCommands_->Change(); });
   commands_->OnEntry(u"mnu_File3_Del"_s, [this] { recordCommands_->Delete(); });
+  commands_->OnEntry(u"mnu_File2_Open"_s, [this] { exchangeCommands_->Open(); });
+  commands_->OnEntry(u"mnu_File5_Save"_s, [this] { exchangeCommands_->Save(); });
   commands_->OnEntry(u"mnu_Manager1_Distribute"_s, [this] { recordCommands_->HandToFlow(u"Distribute_File"_s); });
   commands_->OnEntry(u"mnu_Manager2_PassRead"_s, [this] { recordCommands_->HandToFlow(u"PassRead_File"_s); });
   commands_->OnEntry(u"mnu_Manager3_Transact"_s, [this] { recordCommands_->HandToFlow(u"Transact_File"_s); });
@@ -152,7 +161,15 @@ void FrmMain::ConnectOriginals() {
 
 void FrmMain::ConnectArchiving() {
   commands_->OnArchiveToTarget([this] { archiveCommands_->ToTarget(); });
+  commands_->OnArchiveWindow([this] { archiveCommands_->OpenWindow(); });
   commands_->OnEntry(u"mnuUnitRecord"_s, [this] { archiveCommands_->Merge(); });
+}
+
+void FrmMain::GoToNumber(bool byPage) {
+  const LoadedWindow<FrmRecordMove> window;
+  window->MoveType = byPage;
+  ShowModal(*window);
+  if (window->MoveNumber != 0) list_->GoToRecord(std::min<qint64>(window->MoveNumber, list_->RecordCount()));
 }
 
 void FrmMain::RunReport(const ReportRow& report) {
@@ -209,7 +226,7 @@ void FrmMain::TellShown() {
   search_->setEnabled(hasTable);
   search_->FollowFilter(list_->ShownFilter());
   originals_->setEnabled(hasTable && parameters_.Grants().lookFile);
-  listHint_->ShowHint(hasTable ? limits_->EmptyListHint() : tables_->ChoiceHint());
+  listHint_->ShowHint(hasTable ? limits_->EmptyListHint() : tables_->Tree().ChoiceHint());
   tables_->FollowFilter();
 }
 

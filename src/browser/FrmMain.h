@@ -12,10 +12,11 @@ namespace folvane {
 
 class ArchiveCommands;
 class BrowserCommands;
-class BrowserStatus;
 class BulkCommands;
+class ExchangeCommands;
 class FilterBar;
 class ListLimits;
+class ListStatus;
 class OriginalCommands;
 class OriginalsView;
 class QueryCommands;
@@ -53,7 +54,6 @@ class FrmMain : public QMainWindow {
   void LayOut();
   void AddTreeView();
   void AddListViews();
-  void AddParameterView();
   void MakeList();
   void MakeNavigation();
   void Connect();
@@ -71,6 +71,7 @@ class FrmMain : public QMainWindow {
   BrowserView View() const;
 
   void SortByColumn(int column);
+  void GoToNumber(bool byPage);
   void OpenRow();
   void RunReport(const ReportRow& report);
   void LiftFilter();
@@ -80,7 +81,7 @@ class FrmMain : public QMainWindow {
 
   TableParameters parameters_;
   std::unique_ptr<BrowserCommands> commands_;
-  BrowserStatus* status_;
+  ListStatus* status_;
   SearchBar* search_;
   FilterBar* filterBar_;
   QTreeView* treeView_;
@@ -97,6 +98,7 @@ class FrmMain : public QMainWindow {
   std::unique_ptr<QueryCommands> queryCommands_;
   std::unique_ptr<OriginalCommands> originalCommands_;
   std::unique_ptr<ArchiveCommands> archiveCommands_;
+  std::unique_ptr<ExchangeCommands> exchangeCommands_;
 };
 
 }  // namespace folvane

@@ -4,11 +4,12 @@
 #include <QVBoxLayout>
 
 #include "browser/BrowserCommands.h"
-#include "browser/BrowserStatus.h"
-#include "browser/FilterBar.h"
 #include "browser/FrmMain.h"
 #include "browser/OriginalsView.h"
 #include "browser/SearchBar.h"
+#include "records/FilterBar.h"
+#include "records/ListStatus.h"
+#include "records/ParameterView.h"
 #include "widgets/KeptSizes.h"
 #include "widgets/RecordListView.h"
 #include "widgets/ViewHint.h"
@@ -24,7 +25,7 @@ const QString kRowSizes = u"FrmMain.Rows"_s;
 
 void FrmMain::LayOut() {
   resize(1180, 680);
-  status_ = new BrowserStatus(this);
+  status_ = new ListStatus(this);
   commands_ = std::make_unique<BrowserCommands>(*this, *status_);
   setStatusBar(status_);
   columns_ = new QSplitter(Qt::Horizontal, this);
@@ -32,7 +33,7 @@ void FrmMain::LayOut() {
   columns_->setChildrenCollapsible(false);
   AddTreeView();
   AddListViews();
-  AddParameterView();
+  AddParameterView(parameters_, *this);
   columns_->setStretchFactor(1, 1);
   setCentralWidget(columns_);
   RestoreSplitters();
@@ -41,10 +42,6 @@ void FrmMain::LayOut() {
 void FrmMain::AddTreeView() {
   treeView_ = new QTreeView(columns_);
   treeView_->setObjectName(u"TV_File"_s);
-  treeView_->setAccessibleName(u"类目树"_s);
-  treeView_->setHeaderHidden(true);
-  treeView_->setUniformRowHeights(true);
-  treeView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   treeView_->setMinimumWidth(140);
 }
 
@@ -66,18 +63,6 @@ void FrmMain::AddListViews() {
   column->addWidget(search_);
   column->addWidget(filterBar_);
   column->addWidget(rows_, 1);
-}
-
-// Nobody sees it: the parameters of the tables, for those who look for them by name.
-void FrmMain::AddParameterView() {
-  auto* view = new QTreeView(this);
-  view->setObjectName(u"LV_Para"_s);
-  view->hide();
-  view->setModel(&parameters_);
-  connect(&parameters_, &TableParameters::TagChanged, view,
-          [view](const QString& tag) { view->setProperty("Tag", tag); });
-  connect(&parameters_, &TableParameters::SelectedRowChanged, view,
-          [this, view](int row) { view->setCurrentIndex(row == 0 ? QModelIndex() : parameters_.index(row - 1, 0)); });
 }
 
 void FrmMain::RestoreSplitters() {

@@ -1,9 +1,9 @@
 #include "browser/OriginalCommands.h"
 
-#include "browser/BrowserStatus.h"
 #include "browser/OriginalsView.h"
 #include "originals/OriginalFileAction.h"
 #include "originals/OriginalStore.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "shell/Messages.h"
 #include "shell/SqlText.h"

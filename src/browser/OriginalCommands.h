@@ -5,14 +5,14 @@
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 class OriginalsView;
 class RecordList;
 
 /// The commands on the originals of the selected record. Without one they do nothing.
 class OriginalCommands {
  public:
-  OriginalCommands(RecordList& list, OriginalsView& originals, BrowserStatus& status)
+  OriginalCommands(RecordList& list, OriginalsView& originals, ListStatus& status)
       : list_(list), originals_(originals), status_(status) {}
 
   /// @param files what the user has dropped or pasted; none lets the component ask
@@ -31,7 +31,7 @@ class OriginalCommands {
 
   RecordList& list_;
   OriginalsView& originals_;
-  BrowserStatus& status_;
+  ListStatus& status_;
 };
 
 }  // namespace folvane

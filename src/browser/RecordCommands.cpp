@@ -3,11 +3,11 @@
 #include <QCoreApplication>
 #include <QTreeView>
 
-#include "browser/BrowserStatus.h"
 #include "bulk/FrmReplace.h"
 #include "entry/FrmInput.h"
 #include "flows/TransferIntoFlow.h"
 #include "originals/OriginalStore.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "records/RecordStatement.h"
 #include "records/TableParameters.h"

@@ -6,7 +6,7 @@ class QTreeView;
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 class RecordList;
 class TableParameters;
 
@@ -14,7 +14,7 @@ class TableParameters;
 class RecordCommands {
  public:
   /// @param tree its current node names the table in the entry window
-  RecordCommands(RecordList& list, TableParameters& parameters, const QTreeView& tree, BrowserStatus& status)
+  RecordCommands(RecordList& list, TableParameters& parameters, const QTreeView& tree, ListStatus& status)
       : list_(list), parameters_(parameters), tree_(tree), status_(status) {}
 
   void Add();
@@ -31,7 +31,7 @@ class RecordCommands {
   RecordList& list_;
   TableParameters& parameters_;
   const QTreeView& tree_;
-  BrowserStatus& status_;
+  ListStatus& status_;
 };
 
 }  // namespace folvane

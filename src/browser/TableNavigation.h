@@ -1,20 +1,16 @@
 #pragma once
 
 #include <QString>
-#include <exception>
 #include <functional>
 
-#include "records/ClassTreeBuilder.h"
-#include "records/ClassTreeModel.h"
+#include "records/ClassTree.h"
 
 class QTreeView;
 
 namespace folvane {
 
-class ChoiceRelay;
 class RecordList;
 class TableParameters;
-class ViewHint;
 
 /// The table that a window returns to at its next start, and the condition that its list had. Kept as one text: the
 /// table, and after the first comma the condition.
@@ -53,10 +49,7 @@ class TableNavigation {
 
   /// Whether the table in view hangs under another one.
   bool HasParentTable() const;
-  /// The caption of the table in view.
-  QString TableCaption() const;
-  /// What the user can choose next while no table is in view.
-  QString ChoiceHint() const;
+  const ClassTree& Tree() const { return tree_; }
 
  private:
   void OpenLastTable();
@@ -66,17 +59,12 @@ class TableNavigation {
   void OpenNode(int node);
   void OpenClass(int node);
   void ShowTable(int node);
-  void ShowFailure(const std::exception& error) const;
   int NodeOfTable() const;
 
-  QTreeView& view_;
   TableParameters& parameters_;
   RecordList& list_;
   Steps steps_;
-  ClassTreeModel tree_;
-  ClassTreeBuilder builder_;
-  ChoiceRelay* choice_;
-  ViewHint* hint_;
+  ClassTree tree_;
   QString chosenFilter_;  ///< the condition of the second-level node that was chosen last
 };
 

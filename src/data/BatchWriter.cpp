@@ -20,6 +20,8 @@ bool IsLong(const ColumnInfo& column) {
 
 bool IsInexact(const ColumnInfo& column) { return column.type == AdoType::Single || column.type == AdoType::Double; }
 
+constexpr std::size_t kUsualName = 16;  ///< bytes of a quoted name and its comma, for the room of a list
+
 // A moment is kept to the millisecond; whether one with a fraction of a second is that of the database is past telling.
 bool IsRounded(const QVariant& value) {
   return value.typeId() == QMetaType::QDateTime && value.toDateTime().time().msec() != 0;
@@ -40,7 +42,13 @@ BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& ro
   const TableInfo* table = name.isEmpty() ? nullptr : session_.Table(name);
   if (!table) throw DataError(DataErrorKind::Usage, u"该记录集不是由一个表直接读出的，不能写回数据库。"_s, source);
   table_ = std::make_shared<const TableInfo>(*table);
-  for (const ColumnInfo& column : rows.Columns()) tableColumn_.push_back(table_->IndexOf(column.name));
+  const NativeWords& words = session_.Words();
+  tableName_ = words.Quoted(table_->name);
+  for (const ColumnInfo& column : rows.Columns()) {
+    const int at = table_->IndexOf(column.name);
+    tableColumn_.push_back(at);
+    names_.push_back(at < 0 ? QByteArray() : words.Quoted(table_->columns[size_t(at)].name));
+  }
 
   for (const int keyColumn : table_->key) {
     const int column = rows.IndexOf(table_->columns[size_t(keyColumn)].name);
@@ -58,7 +66,8 @@ BatchWriter::BatchWriter(Connection& connection, const QString& source, Rows& ro
 }
 
 void BatchWriter::Write(const std::vector<RowId>& pending) {
-  for (const RowId row : pending) CheckLengths(row);
+  if (pending.size() > 1)
+    for (const RowId row : pending) CheckLengths(row);
   std::optional<Transaction> transaction;
   if (pending.size() > 1 && !connection_.InTransaction()) transaction.emplace(connection_);
   std::vector<Written> written;
@@ -122,7 +131,10 @@ QVariant BatchWriter::Parameter(const QVariant& value, Written& written, int at)
 
 void BatchWriter::Insert(Written& written) {
   NativeStatement statement;
+  statement.parameters.reserve(tableColumn_.size());
   QByteArray names, marks, given;
+  names.reserve(qsizetype(kUsualName * tableColumn_.size()));
+  marks.reserve(qsizetype(2 * tableColumn_.size()));
   std::vector<int> givenColumns;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     if (tableColumn_[i] < 0) continue;
@@ -130,11 +142,12 @@ void BatchWriter::Insert(Written& written) {
     const ColumnInfo& column = TableColumn(at);
     const QVariant value = rows_.Value(written.row, at);
     if (value.isValid()) {
-      names += (names.isEmpty() ? "" : ",") + Quoted(column.name);
+      if (!names.isEmpty()) names += ',';
+      names += Name(at);
       marks += marks.isEmpty() ? "?" : ",?";
       statement.parameters.push_back(Parameter(value, written, at));
     } else if (column.autoNumber) {
-      given += (given.isEmpty() ? "" : ",") + Quoted(column.name);
+      given += (given.isEmpty() ? "" : ",") + Name(at);
       givenColumns.push_back(at);
     }
   }
@@ -142,7 +155,7 @@ void BatchWriter::Insert(Written& written) {
   const auto output = [&](const QByteArray& word) {
     return given.isEmpty() || word.isEmpty() ? QByteArray() : word + given;
   };
-  statement.text = "INSERT INTO " + TableText();
+  statement.text = "INSERT INTO " + tableName_;
   if (!names.isEmpty()) statement.text += " (" + names + ")";
   statement.text += output(words.insertedAhead);
   statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
@@ -165,18 +178,18 @@ void BatchWriter::Update(Written& written) {
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     const int at = int(i);
     if (tableColumn_[i] < 0 || !rows_.IsChanged(row, at)) continue;
-    assignments += (assignments.isEmpty() ? "" : ",") + Quoted(TableColumn(at).name) + "=?";
+    assignments += (assignments.isEmpty() ? "" : ",") + Name(at) + "=?";
     statement.parameters.push_back(Parameter(rows_.Value(row, at), written, at));
   }
   if (assignments.isEmpty()) return;
-  statement.text = "UPDATE " + TableText() + " SET " + assignments;
+  statement.text = "UPDATE " + tableName_ + " SET " + assignments;
   AddCondition(statement, row, true);
   RunOnOneRow(statement);
 }
 
 void BatchWriter::Delete(RowId row) {
   NativeStatement statement;
-  statement.text = "DELETE FROM " + TableText();
+  statement.text = "DELETE FROM " + tableName_;
   AddCondition(statement, row, false);
   RunOnOneRow(statement);
 }
@@ -187,7 +200,7 @@ void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withC
     const QVariant value = rows_.Original(row, index);
     const ColumnInfo& column = rows_.Columns()[size_t(index)];
     condition += condition.isEmpty() ? " WHERE " : " AND ";
-    condition += Quoted(column.name);
+    condition += Name(index);
     condition += value.isValid() ? "=?" : " IS NULL";
     if (value.isValid()) statement.parameters.push_back(ForDriver(value, column));
   };
@@ -225,9 +238,9 @@ std::vector<QVariant> BatchWriter::Read(RowId row) {
   NativeStatement statement;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     statement.text += i ? "," : "SELECT ";
-    statement.text += tableColumn_[i] < 0 ? QByteArray("NULL") : Quoted(rows_.Columns()[i].name);
+    statement.text += tableColumn_[i] < 0 ? QByteArray("NULL") : names_[i];
   }
-  statement.text += " FROM " + TableText();
+  statement.text += " FROM " + tableName_;
   AddCondition(statement, row, false);
   const FetchedRows read = session_.FetchNative(statement);
   if (read.rows->RowCount() == 0)

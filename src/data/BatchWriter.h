@@ -38,15 +38,16 @@ class BatchWriter {
   QVariant Fitted(const QVariant& value, RowId row, int at) const;  ///< @throws DataError TooLong
   QVariant Parameter(const QVariant& value, Written& written, int at) const;
   const ColumnInfo& TableColumn(int at) const { return table_->columns[size_t(tableColumn_[size_t(at)])]; }
-  QByteArray Quoted(const QString& name) const { return session_.Words().Quoted(name); }
-  QByteArray TableText() const { return Quoted(table_->name); }
+  const QByteArray& Name(int at) const { return names_[size_t(at)]; }
 
   Connection& connection_;
   DatabaseSession& session_;
   Rows& rows_;
   std::shared_ptr<const TableInfo> table_;
-  std::vector<int> tableColumn_;  ///< by column of the record set; -1 for one that the table lacks
-  std::vector<int> key_;          ///< columns of the record set; all comparable ones when the table has no key
+  QByteArray tableName_;           ///< as statements write it
+  std::vector<int> tableColumn_;   ///< by column of the record set; -1 for one that the table lacks
+  std::vector<QByteArray> names_;  ///< of the table's columns as statements write them, by column of the record set
+  std::vector<int> key_;           ///< columns of the record set; all comparable ones when the table has no key
 };
 
 }  // namespace folvane

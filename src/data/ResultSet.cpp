@@ -35,6 +35,8 @@ ResultSet& ResultSet::operator=(ResultSet&& other) noexcept = default;
 
 int ResultSet::ColumnCount() const { return rows_->Fields().Count(); }
 QString ResultSet::ColumnName(int column) const { return rows_->Fields().Item(column).Name(); }
+int ResultSet::ColumnType(int column) const { return rows_->Fields().Item(column).Type(); }
+int ResultSet::ColumnSize(int column) const { return rows_->Fields().Item(column).DefinedSize(); }
 int ResultSet::Find(const QString& name) const { return rows_->Fields().IndexOf(name); }
 qint64 ResultSet::RowCount() const { return rows_->Count(); }
 QVariant ResultSet::Value(qint64 row, int column) const { return rows_->At(row, column).Value(); }

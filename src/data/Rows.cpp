@@ -27,8 +27,10 @@ void ColumnValues::Set(int column, const QVariant& value) {
   values_.emplace_back(column, value);
 }
 
-void ColumnValues::SetAll(const ColumnValues& values) {
+void ColumnValues::TakeAll(ColumnValues& values) {
+  if (values_.empty()) return values_.swap(values.values_);
   for (const auto& [column, value] : values.values_) Set(column, value);
+  values.values_.clear();
 }
 
 Rows::Rows(FetchedRows fetched)
@@ -40,8 +42,11 @@ Rows::Rows(FetchedRows fetched)
 }
 
 int Rows::IndexOf(const QString& column) const {
-  for (std::size_t i = 0; i < columns_.size(); ++i)
-    if (columns_[i].name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
+  // A text keeps its length when its case does not count, and most names differ there already.
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const QString& name = columns_[i].name;
+    if (name.size() == column.size() && name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
+  }
   return -1;
 }
 
@@ -164,8 +169,7 @@ void Rows::MarkWritten(RowId row) {
     SetState(row, change, RowChange::Gone);
     return;
   }
-  change.written.SetAll(change.given);
-  change.given.Clear();
+  change.written.TakeAll(change.given);
   SetState(row, change, RowChange::Clean);
 }
 

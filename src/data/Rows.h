@@ -22,7 +22,8 @@ class ColumnValues {
   /// nullptr for a column that has none.
   const QVariant* Find(int column) const;
   void Set(int column, const QVariant& value);
-  void SetAll(const ColumnValues& values);
+  /// Sets what the other has, which has nothing afterwards.
+  void TakeAll(ColumnValues& values);
   void Clear() { values_.clear(); }
 
  private:

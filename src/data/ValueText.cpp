@@ -123,7 +123,7 @@ QVariant FitToColumn(const QVariant& value, const ColumnInfo& column) {
       return date;
     }
     case TypeGroup::Text:
-      return ValueText(value);
+      return isText ? value : QVariant(ValueText(value));
     case TypeGroup::Binary:
       return value.typeId() == QMetaType::QByteArray ? value : QVariant(value.toString().toUtf8());
   }

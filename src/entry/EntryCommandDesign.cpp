@@ -82,7 +82,7 @@ std::vector<CommandKey> Keys() {
 
 }  // namespace
 
-CommandDesign EntryCommandDesign() { return {u"TlbCool"_s, Menus(), Keys(), {}}; }
+CommandDesign EntryCommandDesign() { return {u"TlbCool"_s, Menus(), Keys()}; }
 
 const std::vector<KeptMark>& KeptMarks() {
   static const std::vector<KeptMark> marks{{u"AutoSave"_s, u"AutoAddSaveFlags"_s},

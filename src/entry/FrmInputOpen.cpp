@@ -183,7 +183,7 @@ void FrmInput::Archive() {
   order.source = CurrTable;
   order.destination = Selected(Parameter::Target);
   order.statement = lifecycle_->Records().Source();
-  const ArchiveOutcome outcome = ArchiveRecords(order);
+  const ArchiveOutcome outcome = ArchiveRecords(order, nullptr);
   if (outcome.isRun) {
     if (outcome.count > 0) lifecycle_->MarkArchived();
     lifecycle_->EndCopyAll();

@@ -90,7 +90,7 @@ void ClassTreeBuilder::ReadTable(int parent, const QString& classId, const QStri
   parameters_.Set(row, Parameter::Node, QString::number(node));
   parameters_.Set(row, Parameter::Target, TargetOf(key));
   tree_.SetTag(node, row);
-  GroupTable(node);
+  if (kind_ == TableNodes::Grouped) GroupTable(node);
   if (const int above = parentTable.isEmpty() ? 0 : tree_.Node(parent).tag.toInt(); above != 0) {
     parameters_.Set(above, Parameter::Child, key);
     parameters_.Set(above, Parameter::ChildRelation, relation);
@@ -129,6 +129,12 @@ void ClassTreeBuilder::AddSecondLevelNodes(int parent, const QString& table, con
 QString ClassTreeBuilder::TargetOf(const QString& table) {
   transfers_.SetFilter(u"SourceTbl='"_s + table + u"'"_s);
   return transfers_.EOF_() ? QString() : transfers_[u"DesTbl"_s].Text();
+}
+
+void ClassTreeBuilder::ReadTargets() {
+  transfers_.Requery();
+  for (int row = 1; row <= parameters_.Count(); ++row)
+    parameters_.Set(row, Parameter::Target, TargetOf(parameters_.Table(row)));
 }
 
 QString TableOfNode(const ClassTreeNode& node) {

@@ -10,6 +10,9 @@
 
 namespace folvane {
 
+/// Whether a table's node has the nodes of its groups below it: its years, its document words.
+enum class TableNodes { Plain, Grouped };
+
 /// Builds the class tree from the design tables: classes at once, the tables of a class when it is first opened. Each
 /// table node gets a row of the parameter list with the rights, the order and the archive target read for it.
 ///
@@ -18,7 +21,8 @@ namespace folvane {
 /// class.
 class ClassTreeBuilder {
  public:
-  ClassTreeBuilder(ClassTreeModel& tree, TableParameters& parameters) : tree_(tree), parameters_(parameters) {}
+  ClassTreeBuilder(ClassTreeModel& tree, TableParameters& parameters, TableNodes kind = TableNodes::Grouped)
+      : tree_(tree), parameters_(parameters), kind_(kind) {}
 
   /// Starts over: the root and all classes.
   void BuildRoot();
@@ -32,6 +36,8 @@ class ClassTreeBuilder {
   bool LacksTables(int node) const { return unfinished_.contains(node); }
   /// Adds second-level nodes when the table's grouping field asks for them; the node's image becomes "Cent1".
   void GroupTable(int node);
+  /// Reads the archive targets of all tables again.
+  void ReadTargets();
   /// Closes the record set that the targets of the tables are looked up in.
   void Close() { transfers_.Close(); }
 
@@ -45,6 +51,7 @@ class ClassTreeBuilder {
 
   ClassTreeModel& tree_;
   TableParameters& parameters_;
+  TableNodes kind_;
   Recordset transfers_;
   QSet<int> unfinished_;  ///< nodes whose tables could not be read to the end
 };

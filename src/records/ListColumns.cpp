@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QHeaderView>
+#include <QStyle>
 #include <QTreeView>
 #include <algorithm>
 
@@ -57,12 +58,21 @@ int ColumnWidths::DesignedWidth(int twips) const {
   return twips <= kHiddenTwips ? 1 : std::max(TwipScale(list_).ToPixels(twips), kNarrowest);
 }
 
+// A box before the first cell takes no room from what the design has for its text.
+int ColumnWidths::BoxRoom(size_t column) const {
+  if (column != 0 || !model_.IsTickable() || model_.Columns()[0].key.isEmpty()) return 0;
+  const QStyle& style = *list_.style();
+  return style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &list_) +
+         2 * (style.pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list_) + 1);
+}
+
 void ColumnWidths::Show(const QString& table) {
   const QHash<QString, int> kept = ReadWidths(table);
   const std::vector<ListColumn>& columns = model_.Columns();
   QHeaderView& header = *list_.header();
   for (size_t at = 0; at < columns.size(); ++at) {
-    header.resizeSection(int(at), kept.value(columns[at].key.toUpper(), DesignedWidth(columns[at].width)));
+    const int width = kept.value(columns[at].key.toUpper(), DesignedWidth(columns[at].width));
+    header.resizeSection(int(at), width + BoxRoom(at));
   }
   const int last = int(columns.size()) - 1;
   header.setSectionResizeMode(QHeaderView::Interactive);
@@ -76,7 +86,7 @@ void ColumnWidths::Keep() {
   const std::vector<ListColumn>& columns = model_.Columns();
   QHash<QString, int> widths;
   for (size_t at = 0; at + 1 < columns.size(); ++at) {
-    const int width = list_.header()->sectionSize(int(at));
+    const int width = list_.header()->sectionSize(int(at)) - BoxRoom(at);
     if (width != DesignedWidth(columns[at].width)) widths.insert(columns[at].key.toUpper(), width);
   }
   if (widths != ReadWidths(table_)) SaveWidths(table_, widths);

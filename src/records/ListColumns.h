@@ -25,6 +25,7 @@ class ColumnWidths {
 
  private:
   int DesignedWidth(int twips) const;
+  int BoxRoom(size_t column) const;
 
   QTreeView& list_;
   const RecordListModel& model_;

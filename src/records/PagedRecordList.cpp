@@ -58,7 +58,8 @@ bool PagedRecordList::AddRow(SearchDirection direction) {
 
 ListRow PagedRecordList::ReadRow() const {
   ListRow row;
-  for (const ListColumn& column : list_.Columns()) row.cells.append(records_[column.key].Text());
+  for (const ListColumn& column : list_.Columns())
+    row.cells.append(column.key.isEmpty() ? QString() : records_[column.key].Text());
   row.icon = IconOfRow(row.cells.value(kIconColumn), HasOriginals(records_[u"ArchiveID"_s].Text()));
   return row;
 }

@@ -9,6 +9,7 @@
 #include "records/ListOrder.h"
 #include "records/RecordStatement.h"
 #include "records/TableParameters.h"
+#include "shell/EventGuard.h"
 #include "shell/SharedState.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/ChoiceRelay.h"
@@ -29,6 +30,21 @@ RecordList::RecordList(RecordListView& view, Recordset& records, TableParameters
   view_.setModel(&model_);
   choice_ = new ChoiceRelay(&view_, [this](const QModelIndex& index) { ChooseRow(index.row() + 1); });
   view_.SetKeyHandler([this](int key) { return HandleKey(key); });
+}
+
+void RecordList::NumberTicks() {
+  model_.NumberTicks();
+  ConnectGuarded(&model_, &QAbstractItemModel::dataChanged, &view_,
+                 [this](const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+                   FollowTick(first, last, roles);
+                 });
+}
+
+// Several rows that are ticked by one key stay selected.
+void RecordList::FollowTick(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+  if (!roles.contains(Qt::CheckStateRole)) return;
+  if (first == last && !view_.selectionModel()->isRowSelected(first.row())) SelectRow(first.row() + 1);
+  news_.ticked();
 }
 
 void RecordList::Clear() {
@@ -74,6 +90,7 @@ void RecordList::OpenInOrder(const QString& order) {
 
 void RecordList::Opened() {
   const int row = parameters_.SelectedRow();
+  if (news_.opened) news_.opened(records_);
   state_ = ListRecords::Opened;
   shownFilter_ = parameters_.Selected(Parameter::Filter);
   taken_.insert(row, shownFilter_);
@@ -138,7 +155,7 @@ void RecordList::ShowInOrder(const QString& order) {
 }
 
 void RecordList::SortByColumn(int column) {
-  if (model_.Count() == 0) return;
+  if (model_.Count() == 0 || model_.Columns().at(size_t(column)).key.isEmpty()) return;
   const BusyPointer busy;
   const QString key = SelectedKey();
   const QString before = parameters_.Selected(Parameter::Order);
@@ -219,6 +236,10 @@ bool RecordList::HandleKey(int key) {
   if (row == 0 || !records_.IsOpen()) return false;
   if (key == Qt::Key_Return || key == Qt::Key_Enter) {
     news_.entered();
+    return true;
+  }
+  if (key == Qt::Key_Space && model_.IsTickable()) {
+    view_.TickSelected();
     return true;
   }
   const int step = key == Qt::Key_PageUp || key == Qt::Key_PageDown ? kPageSize : 1;

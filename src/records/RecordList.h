@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <algorithm>
 #include <functional>
 
 #include "data/Recordset.h"
@@ -31,9 +32,12 @@ class RecordList {
     std::function<void()> entered = {};  ///< the Enter key was pressed on a row
     PagedRecordList::Progress progress = {};
     PagedRecordList::Failure failure = {};
+    /// Records are open and none is shown yet: may set a filter on them. May be empty.
+    std::function<void(Recordset&)> opened = {};
+    std::function<void()> ticked = {};  ///< other rows are ticked; called where ticks are numbered
   };
 
-  /// Gives the view its model. Every function of the news is called.
+  /// Gives the view its model. Every function of the news is called unless it says otherwise.
   RecordList(RecordListView& view, Recordset& records, TableParameters& parameters, News news);
 
   /// Leaves the table: columns and rows go, and their widths are kept.
@@ -64,6 +68,8 @@ class RecordList {
   void GoToRecord(qint64 position);
   void NextPage();
   void PreviousPage();
+  void NextRecord() { GoToRecord(records_.AbsolutePosition() + 1); }
+  void PreviousRecord() { GoToRecord(std::max<qint64>(records_.AbsolutePosition() - 1, 1)); }
   void FirstRecord() { GoToRecord(1); }
   void LastRecord() { GoToRecord(RecordCount()); }
 
@@ -82,6 +88,13 @@ class RecordList {
   /// Gives the rows boxes to tick, which Rows() tells. A tick stays while the user moves in the list; it goes when the
   /// records are opened or read again.
   void SetTickable(bool tickable) { model_.SetTickable(tickable); }
+  /// The same with a column that numbers the ticks. A row that is ticked becomes the current one.
+  void NumberTicks();
+  const QStringList& Ticked() const { return model_.Ticked(); }
+  bool HasTicks() const { return !model_.Ticked().isEmpty(); }
+  void TickLoaded() { model_.TickLoaded(); }
+  void ClearTicks() { model_.ClearTicks(); }
+  bool HasFieldColumns() const { return model_.HasFieldColumns(); }
   /// The key of the current row's record, "" when there is none.
   QString SelectedKey() const;
   /// Has the current row show whether its record has originals.
@@ -98,6 +111,7 @@ class RecordList {
   void ShowAt(const QString& key);
   void SelectRow(int row);
   void ChooseRow(int row);
+  void FollowTick(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
   bool HandleKey(int key);
 
   RecordListView& view_;

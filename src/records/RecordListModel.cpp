@@ -1,8 +1,15 @@
 #include "records/RecordListModel.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace folvane {
+namespace {
+
+constexpr int kMostNumbered = std::numeric_limits<qint16>::max();
+constexpr int kNumberTwips = 1500;  // box, icon and number
+
+}  // namespace
 
 int IconOfRow(const QString& seventhCell, bool hasOriginals) {
   if (seventhCell.trimmed().isEmpty()) return hasOriginals ? RowIcon::EmptyWithOriginals : RowIcon::Empty;
@@ -14,6 +21,8 @@ void RecordListModel::SetColumns(std::vector<ListColumn> columns) {
   rows_.clear();
   ticked_.clear();
   columns_ = std::move(columns);
+  if (ticks_ == Ticks::Numbered && !columns_.empty())
+    columns_.insert(columns_.begin(), {QString(), QStringLiteral("序号"), kNumberTwips, QString()});
   endResetModel();
 }
 
@@ -55,31 +64,59 @@ QString RecordListModel::KeyOf(int row) const {
   return row >= 0 && row < Count() && !Row(row).cells.isEmpty() ? Row(row).cells.last() : QString();
 }
 
-void RecordListModel::SetTickable(bool tickable) {
+void RecordListModel::SetTickable(bool tickable) { SetTicks(tickable ? Ticks::Boxes : Ticks::None); }
+
+void RecordListModel::NumberTicks() { SetTicks(Ticks::Numbered); }
+
+void RecordListModel::SetTicks(Ticks ticks) {
   beginResetModel();
-  tickable_ = tickable;
+  ticks_ = ticks;
   ticked_.clear();
   endResetModel();
 }
 
+// The numbers behind a tick that goes move up.
+void RecordListModel::SetTicked(QStringList keys) {
+  ticked_ = std::move(keys);
+  if (Count() > 0) Q_EMIT dataChanged(index(0, 0), index(Count() - 1, 0), {Qt::CheckStateRole, Qt::DisplayRole});
+}
+
+void RecordListModel::TickLoaded() {
+  QStringList keys;
+  for (int row = 0; row < Count() && (ticks_ != Ticks::Numbered || row < kMostNumbered); ++row) keys << KeyOf(row);
+  SetTicked(std::move(keys));
+}
+
 void RecordListModel::ClearTicks() {
-  if (ticked_.isEmpty()) return;
-  ticked_.clear();
-  if (Count() > 0) Q_EMIT dataChanged(index(0, 0), index(Count() - 1, 0), {Qt::CheckStateRole});
+  if (!ticked_.isEmpty()) SetTicked({});
 }
 
 bool RecordListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::CheckStateRole || !(flags(index) & Qt::ItemIsUserCheckable)) return false;
   const QString key = KeyOf(index.row());
-  ticked_.removeOne(key);
-  if (value.toInt() == Qt::Checked) ticked_.append(key);
-  Q_EMIT dataChanged(index, index, {Qt::CheckStateRole});
+  const qsizetype at = ticked_.indexOf(key);
+  const bool ticks = value.toInt() == Qt::Checked;
+  if (ticks == (at >= 0)) return true;
+  if (ticks) {
+    if (ticks_ == Ticks::Numbered && ticked_.size() >= kMostNumbered) return false;
+    ticked_.append(key);
+  } else {
+    ticked_.removeAt(at);
+    if (ticks_ == Ticks::Numbered)
+      Q_EMIT dataChanged(this->index(0, 0), this->index(Count() - 1, 0), {Qt::DisplayRole});
+  }
+  Q_EMIT dataChanged(index, index, {Qt::CheckStateRole, Qt::DisplayRole});
   return true;
+}
+
+QString RecordListModel::TickNumber(int row) const {
+  const qsizetype at = ticked_.indexOf(KeyOf(row));
+  return at < 0 ? QString() : QString::number(at + 1);
 }
 
 Qt::ItemFlags RecordListModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
-  return tickable_ && index.isValid() && index.column() == 0 ? usual | Qt::ItemIsUserCheckable : usual;
+  return IsTickable() && index.isValid() && index.column() == 0 ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
 int RecordListModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : Count(); }
@@ -93,6 +130,7 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const {
   const ListRow& row = Row(index.row());
   switch (role) {
     case Qt::DisplayRole:
+      if (ticks_ == Ticks::Numbered && index.column() == 0) return TickNumber(index.row());
       return row.cells.value(index.column());
     case Qt::DecorationRole:
       return index.column() == 0 && decoration_ ? decoration_(row.icon) : QVariant();

@@ -9,7 +9,7 @@
 
 namespace folvane {
 
-/// A column of a record list; its key is the field it shows.
+/// A column of a record list; its key is the field it shows, "" for the column of the tick numbers.
 struct ListColumn {
   QString key, caption;
   int width = 0;  ///< in twips, as the design gives it
@@ -58,8 +58,16 @@ class RecordListModel : public QAbstractTableModel {
 
   /// Whether rows have a box to tick, before their first cell; they have none unless told so.
   void SetTickable(bool tickable);
+  /// Gives the rows a box to tick and a first column of their own, which numbers the ticked ones in the order of their
+  /// ticks. No more than the numbers reach to can be ticked.
+  void NumberTicks();
+  bool IsTickable() const { return ticks_ != Ticks::None; }
+  /// Whether there is a column for anything but the tick numbers and the record's key.
+  bool HasFieldColumns() const { return columns_.size() > (ticks_ == Ticks::Numbered ? 2 : 1); }
   /// The keys of the ticked records in the order in which they were ticked, whether their rows are loaded or not.
   const QStringList& Ticked() const { return ticked_; }
+  /// Ticks the loaded rows from the top, and no others.
+  void TickLoaded();
   void ClearTicks();
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -70,10 +78,16 @@ class RecordListModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  enum class Ticks { None, Boxes, Numbered };
+
+  void SetTicks(Ticks ticks);
+  void SetTicked(QStringList keys);
+  QString TickNumber(int row) const;
+
   std::vector<ListColumn> columns_;
   std::deque<ListRow> rows_;
   std::function<QVariant(int)> decoration_;
-  bool tickable_ = false;
+  Ticks ticks_ = Ticks::None;
   QStringList ticked_;
 };
 

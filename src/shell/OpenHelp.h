@@ -1,13 +1,4 @@
 #pragma once
 
-#include <QString>
-
-class QWidget;
-
-namespace folvane {
-
-/// Shows a topic of help.chm in the program's directory or, where there is none, of the one that was installed with the
-/// library; says that the file is missing when neither is there. Errors are not passed on.
-void OpenHelp(QWidget* window, const QString& topic);
-
-}  // namespace folvane
+// Public for the sake of components, whose windows have help topics as well.
+#include <folvane/Help.h>

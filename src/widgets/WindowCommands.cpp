@@ -54,11 +54,10 @@ void WindowCommands::AddMenu(QMainWindow& window, const CommandMenu& design) {
   if (!design.popsUp) window.menuBar()->addMenu(menu);
 }
 
-QAction* WindowCommands::AddEntry(QMenu& menu, const CommandEntry& entry) const {
+QAction* WindowCommands::AddEntry(QMenu& menu, const CommandEntry& entry) {
   QAction* action = NewAction(menu, entry.name, entry.caption, entry.icon, entry.shortcut, entry.tip);
   action->setCheckable(entry.hasMark);
   menu.addAction(action);
-  Enable(*action, true);
   return action;
 }
 
@@ -71,11 +70,6 @@ void WindowCommands::AddKey(const CommandKey& key) {
   action->setCheckable(key.hasMark);
   toolbar_->addAction(action);
   keys_.insert(key.name, action);
-  Enable(*action, true);
-}
-
-void WindowCommands::Enable(QAction& action, bool on) const {
-  action.setEnabled(on && !design_.unavailable.contains(action.objectName()));
 }
 
 void WindowCommands::OnEntry(const QString& entry, std::function<void()> handler) {

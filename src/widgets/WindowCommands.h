@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QKeySequence>
 #include <QObject>
-#include <QSet>
 #include <QString>
 #include <functional>
 #include <vector>
@@ -40,7 +39,6 @@ struct CommandDesign {
   QString toolbar;
   std::vector<CommandMenu> menus;
   std::vector<CommandKey> keys;
-  QSet<QString> unavailable;  ///< shown, and never enabled
 };
 
 /// The menus and the toolbar of a window, made from their design. Entries and keys are actions by name, with the menu
@@ -59,8 +57,8 @@ class WindowCommands : public QObject {
   void RunKeysThrough(std::function<void(const Work&)> runner) { runKey_ = std::move(runner); }
 
   bool IsEntryEnabled(const QString& entry) const { return entries_.value(entry)->isEnabled(); }
-  void EnableEntry(const QString& entry, bool on) { Enable(*entries_.value(entry), on); }
-  void EnableKey(const QString& key, bool on) { Enable(*keys_.value(key), on); }
+  void EnableEntry(const QString& entry, bool on) { entries_.value(entry)->setEnabled(on); }
+  void EnableKey(const QString& key, bool on) { keys_.value(key)->setEnabled(on); }
 
   /// Has the shortcut of an entry work only while that widget has the focus.
   void BindShortcut(const QString& entry, QWidget& widget);
@@ -74,9 +72,8 @@ class WindowCommands : public QObject {
   QMenu& Menu(const QString& name) const;
   /// The menu that drops down from a key, or beside a key that can be pressed; made on the first call.
   QMenu& KeyMenu(const QString& key, bool beside = false);
-  /// Adds an entry to a menu that is not of the design throughout, disabled where it is unavailable.
-  QAction* AddEntry(QMenu& menu, const CommandEntry& entry) const;
-  void Enable(QAction& action, bool on) const;
+  /// Adds an entry to a menu that is not of the design throughout.
+  static QAction* AddEntry(QMenu& menu, const CommandEntry& entry);
 
  private:
   void AddMenu(QMainWindow& window, const CommandMenu& menu);

@@ -25,9 +25,9 @@ void WindowStatus::ShowUser(const QString& name) { user_->setText(u"登录用户
 void WindowStatus::ShowRecords(const QString& text) { records_->setText(text); }
 
 // The panel is one line; whoever needs the rest of a long text has it in the tip.
-void WindowStatus::ShowNotice(const QString& text) {
+void WindowStatus::ShowNotice(const QString& text, const QString& details) {
   notice_->setText(text.simplified());
-  notice_->setToolTip(text);
+  notice_->setToolTip(details.isEmpty() ? text : text + u'\n' + details);
   notice_->repaint();
 }
 

@@ -15,8 +15,8 @@ class WindowStatus : public QStatusBar {
   void ShowUser(const QString& name);
   /// Where the window stands in its records.
   void ShowRecords(const QString& text);
-  /// What a command is about to do, has done or could not do; "" takes it away.
-  void ShowNotice(const QString& text);
+  /// What a command is about to do, has done or could not do; "" takes it away. The details stand in its tip alone.
+  void ShowNotice(const QString& text, const QString& details = {});
   /// Runs a command whose errors end it without a message box: the notice tells what could not be done.
   void RunTrapped(const std::function<void()>& command);
   /// Tells what a command could not do.

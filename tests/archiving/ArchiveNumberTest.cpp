@@ -2,6 +2,7 @@
 
 #include "archiving/ArchiveNumber.h"
 #include "archiving/TransferFixture.h"
+#include "base/CodePage.h"
 #include "shell/RegistryValues.h"
 
 namespace folvane::test {
@@ -84,6 +85,22 @@ TEST_P(NumberPieceTest, NamesOfCodesAreThoseOfFondsAndOfClassesInTheCurrentFonds
   EXPECT_EQ(LookupCodeName(3, u"A"_s), QString());  // which elsewhere is the code of a retention period
   EXPECT_EQ(LookupCodeName(0, u"12"_s), QString());
   EXPECT_EQ(log_->Take(), QStringList());
+}
+
+TEST_P(NumberPieceTest, AComposedNumberIsNeverLongerThanItsFieldsSay) {
+  const auto compose = [](const QString& first, const QString& second) {
+    const std::vector<NumberField> fields{{u"DocYear"_s, u"永久卷"_s, first, false, 4},
+                                          {u"ItemNo"_s, u"7"_s, second, false, 3}};
+    const QString number = ComposeArchiveNumber(fields, u"Wenshu"_s);
+    EXPECT_EQ(ByteLength(number), ArchiveNumberLength(fields));
+    return number;
+  };
+  EXPECT_EQ(compose(u"-"_s, u"·"_s), u"永久·007"_s);
+  EXPECT_EQ(compose(u"第"_s, u"--"_s), u"永久--007"_s);
+  EXPECT_EQ(compose(u"[]"_s, QString()), u"]永久007"_s);
+  EXPECT_EQ(ArchiveNumberLength({}), 0);
+  EXPECT_EQ(ComposeArchiveNumber({}, u"Wenshu"_s), QString());
+  EXPECT_EQ(ComposeArchiveNumber({{u"ItemNo"_s, u"7"_s, QString(), false, 3}}, u"Wenshu"_s), u"07"_s);
 }
 
 TEST_P(NumberPieceTest, ScopeClauseIsOfTheFixedFields) {

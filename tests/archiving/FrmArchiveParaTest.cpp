@@ -195,6 +195,8 @@ TEST_P(FrmArchiveParaTest, TypingIsCutToTheLimitInBytes) {
   Field(u"FileYear"_s, u"年度"_s, 1, {u"文本型"_s, u"5"_s, {}});
   Part(u"FondsNo"_s);
   Field(u"FondsNo"_s, u"全宗号"_s, 6, {u"文本型"_s, u"3"_s, {}});
+  Part(u"AecNo"_s);
+  Field(u"AecNo"_s, u"分类号"_s, 7, {u"文本型"_s, u"2"_s, {}});
   Part(u"ItemNo"_s);
   InWindow([&](QWidget& window) {
     auto& text = Find<QLineEdit>(window, u"Txt(1)"_s);
@@ -203,6 +205,8 @@ TEST_P(FrmArchiveParaTest, TypingIsCutToTheLimitInBytes) {
     EXPECT_EQ(text.cursorPosition(), 2) << "the caret is at the end";
     Retype(Find<QWidget>(window, u"F_FondsNo(1)"_s), u"J0123"_s);
     EXPECT_EQ(TextIn(window, u"F_FondsNo(1)"_s), u"J01"_s);
+    Retype(Find<QWidget>(window, u"F_Aec(1)"_s), u"A1B"_s);
+    EXPECT_EQ(TextIn(window, u"F_Aec(1)"_s), u"A1"_s);
   });
 }
 

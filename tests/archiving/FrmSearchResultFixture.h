@@ -4,6 +4,7 @@
 
 #include "archiving/FrmSearchResult.h"
 #include "archiving/MergeFixture.h"
+#include "query/frmSimFind.h"
 #include "shell/LoadedWindow.h"
 #include "support/WindowDriver.h"
 
@@ -52,6 +53,13 @@ class FrmSearchResultTest : public MergeTest {
       if (text.isEmpty()) return query.close(), void();
       Retype(Find<QWidget>(query, u"F_Sim(1)"_s), text);
       Click(Find<QWidget>(query, u"CmdOK"_s));
+    });
+    Click(Find<QWidget>(window, u"CmdSearch"_s));
+  }
+  static void SearchByCondition(QWidget& window, const QString& condition) {
+    WithWindow(u"frmSimFind"_s, [&](QWidget& query) {
+      static_cast<frmSimFind&>(query).ReturnSql = condition;
+      query.hide();
     });
     Click(Find<QWidget>(window, u"CmdSearch"_s));
   }

@@ -43,6 +43,28 @@ TEST_P(FrmSearchResultTest, SearchingShowsTheFirstPageWithoutTheSurvivor) {
   });
 }
 
+TEST_P(FrmSearchResultTest, AConditionWithAnOrDoesNotFindTheSurvivorEither) {
+  InWindow([&](QWidget& window) {
+    SearchByCondition(window, u"RegID = 1 Or RegID = 2"_s);
+    EXPECT_EQ(Loaded(window), 1);
+    EXPECT_EQ(Cell(window, 1).siblingAtColumn(4).data(), Key(2));
+    EXPECT_EQ(PageText(window), u"当前记录位置在：第 1 页, 共 1 页"_s);
+  });
+}
+
+TEST_P(FrmSearchResultTest, SearchingAgainPutsOtherRowsInPlaceAndForgetsTheTicks) {
+  InWindow([&](QWidget& window) {
+    SearchAll(window);
+    Tick(window, 1);
+    Search(window, u"题名70"_s);
+    EXPECT_EQ(Loaded(window), 1);
+    EXPECT_FALSE(IsTicked(window, 1));
+    EXPECT_EQ(PageText(window), u"当前记录位置在：第 1 页, 共 1 页"_s);
+    Ok(window);
+  });
+  EXPECT_EQ(design_->Value(u"select count(*) from Lwdj where FileStatus='不归档'"_s), u"0"_s);
+}
+
 TEST_P(FrmSearchResultTest, AQueryLeftWithoutAConditionEndsThere) {
   InWindow([&](QWidget& window) {
     Search(window, {});

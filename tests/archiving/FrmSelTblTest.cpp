@@ -68,6 +68,17 @@ TEST_P(FrmSelTblTest, ChoosingATableGoesOnWithItsRecordsAndCloses) {
   EXPECT_EQ(outcome, u"已将 1 份记录合并一件"_s);
 }
 
+TEST_P(FrmSelTblTest, TheFirstEntryDoesNothing) {
+  InChoice([&](QWidget& window) {
+    {
+      const QSignalBlocker silence(Tables(window));
+      Tables(window).setCurrentIndex(1);
+    }
+    Tables(window).setCurrentIndex(0);
+    EXPECT_TRUE(window.isVisible());
+  });
+}
+
 TEST_P(FrmSelTblTest, TheWayOutClosesIt) {
   InChoice([&](QWidget& window) {
     Tables(window).setCurrentIndex(Tables(window).count() - 1);

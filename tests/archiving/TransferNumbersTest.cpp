@@ -87,6 +87,27 @@ TEST_P(TransferNumbersTest, PagesBeginAnewBehindARecordWithoutPage) {
   EXPECT_EQ(Rows(u"select DocOrder,PageNo from Wenshu where Amaintitle='题名1'"_s), QStringList({u"5|1"_s}));
 }
 
+TEST_P(TransferNumbersTest, TheNameOfThePageIsKnownInAnyCase) {
+  AddColumn(u"Wenshu"_s, u"DocOrder integer"_s);
+  SetFormat({{u"FondsNo"_s, u"123"_s, u"-"_s, true, 4}, {u"pageno"_s, QString(), u"-"_s, false, 3}}, u"ArchNo"_s);
+  AddDocument(1, u"题名1"_s, u"2002-01-01"_s, u"3"_s);
+  AddDocument(2, u"题名2"_s, u"2002-01-01"_s, u"1"_s);
+  EXPECT_EQ(Transfer(2).SucceedCount(), 2);
+  EXPECT_EQ(Archived(u"DocOrder,PageNo,ArchNo"_s), QStringList({u"1|1|123-001"_s, u"2|4|123-004"_s}));
+}
+
+TEST_P(TransferNumbersTest, WithoutQuantityTheOrderIsCountedAndThePageLeft) {
+  design_->Run(u"delete from Design_TableRelation"_s);
+  AddColumn(u"Wenshu"_s, u"DocOrder integer"_s);
+  design_->Run(u"alter table Wenshu drop column Quantity"_s);
+  Unmap();
+  Map(u"Amaintitle"_s, u"Amaintitle"_s);
+  SetPageFormat();
+  AddDocuments(2);
+  EXPECT_EQ(Transfer(2).SucceedCount(), 2);
+  EXPECT_EQ(Archived(u"DocOrder,PageNo,ArchNo"_s), QStringList({u"1|<null>|123-000"_s, u"2|<null>|123-000"_s}));
+}
+
 TEST_P(TransferNumbersTest, WithoutOrderThePageItselfIsCountedByOne) {
   SetPageFormat();
   AddDocument(1, u"题名1"_s, u"2002-01-01"_s, u"3"_s);
@@ -121,7 +142,7 @@ TEST_P(TransferNumbersTest, FormatsOfSeveralFieldsAndSeparators) {
   AddDictionary(u"Term"_s, u"永久"_s, u"1"_s);
   const NumberField fonds{u"FondsNo"_s, u"123"_s, u"-"_s, true, 4}, year{u"DocYear"_s, u"2002"_s, u"·"_s, false, 4},
       term{u"Term"_s, u"永久"_s, u"、"_s, true, 2}, dept{u"Dept"_s, u"办公室"_s, QString(), false, 8},
-      item{u"ItemNo"_s, QString(), u"-"_s, false, 3};
+      item{u"ItemNo"_s, QString(), u"-"_s, false, 3}, twice{u"FondsNo"_s, u"123"_s, u"--"_s, true, 4};
   struct Case {
     std::vector<NumberField> fields;
     QString number, folder;
@@ -133,6 +154,8 @@ TEST_P(TransferNumbersTest, FormatsOfSeveralFieldsAndSeparators) {
       {{fonds, year, term, item}, u"123·2002、01-001"_s, u"123·2002、01"_s},
       {{fonds, year, term, dept, item}, u"123·2002、0100办公室-001"_s, u"123·2002、0100办公室"_s},
       {{dept, item}, u"0办公室-001"_s, u"0办公室"_s},  // no separator: the first character is lost
+      {{twice, item}, u"-123-001"_s, u"-123"_s},       // of a longer one the first character alone
+      {{item}, u"001"_s, QString()},
   };
   AddDocuments(1);
   for (const Case& each : cases) {
@@ -191,6 +214,38 @@ TEST_P(TransferNumbersTest, APageBeyondSixteenBitsRollsBackAndIsTold) {
   EXPECT_EQ(Transfer(1).SucceedCount(), 0);
   EXPECT_TRUE(boxes_.Last().text.contains(u"溢出"_s));
   EXPECT_EQ(Everything(), before);
+}
+
+TEST_P(TransferNumbersTest, APageBeyondSixteenBitsBeforeTheTransactionReachesTheCaller) {
+  AddColumn(u"Wenshu"_s, u"DocOrder integer"_s);
+  SetPageFormat();
+  AddArchived(u"FondsNo,DocOrder,PageNo,Quantity"_s, {u"123"_s, u"4"_s, u"32767"_s, u"1"_s});
+  AddDocuments(1);
+  EXPECT_THROW(Transfer(1), DataError);
+  EXPECT_EQ(boxes_.Requests().size(), 0u);
+  EXPECT_FALSE(Connected()->InTransaction());
+}
+
+// The greatest of texts is not the greatest number, and the numbers begin again: that is how such a field is counted.
+TEST_P(TransferNumbersTest, ALongTextIsCountedAsTextsCompare) {
+  AddColumn(u"Wenshu"_s, u"Memo text"_s);
+  SetFormat({{u"FondsNo"_s, u"123"_s, u"-"_s, true, 4}, {u"Memo"_s, QString(), u"-"_s, false, 3}}, u"ArchNo"_s);
+  AddArchived(u"FondsNo,Memo"_s, {u"123"_s, u"9"_s});
+  AddArchived(u"FondsNo,Memo"_s, {u"123"_s, u"10"_s});
+  AddDocuments(2);
+  EXPECT_EQ(Transfer(2).SucceedCount(), 2);
+  EXPECT_EQ(boxes_.Texts(), QStringList());
+  EXPECT_EQ(Rows(u"select Memo,ArchNo from Wenshu where Amaintitle like '题名%' order by Amaintitle"_s),
+            QStringList({u"10|123-010"_s, u"11|123-011"_s}));
+}
+
+TEST_P(TransferNumbersTest, AParameterWithAnApostropheReachesTheCallerAsAnErrorAndChangesNothing) {
+  SetFormat({{u"FondsNo"_s, u"1'3"_s, u"-"_s, true, 4}, {u"ItemNo"_s, QString(), u"-"_s, false, 3}}, u"ArchNo"_s);
+  AddDocuments(1);
+  const QStringList before = Everything();
+  EXPECT_THROW(Transfer(1), DataError);
+  EXPECT_EQ(Everything(), before);
+  EXPECT_FALSE(Connected()->InTransaction());
 }
 
 TEST_P(TransferNumbersTest, AMappedValueTakesThePlaceOfTheCounter) {

@@ -74,6 +74,12 @@ TEST_P(TransferScopeTest, AFieldOfNeitherIsEmpty) {
   EXPECT_TRUE(RightsStatements().last().startsWith(u"If Not ('' = '办公室')"_s));
 }
 
+TEST_P(TransferScopeTest, FieldsAreKnownByTheirExactNames) {
+  Limit(u"DOCYEAR = ''"_s, {u"DOCYEAR"_s});
+  EXPECT_EQ(Transfer(1).SucceedCount(), 1);
+  EXPECT_TRUE(RightsStatements().last().startsWith(u"If Not ('' = '')"_s));
+}
+
 TEST_P(TransferScopeTest, AnItemFieldIsNotOfTheNumbersValues) {
   Limit(u"ItemNo = ''"_s, {u"ItemNo"_s});
   Shared().ArchNoFieldValue.last() = u"5"_s;

@@ -1,6 +1,8 @@
 #include <QCoreApplication>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <stdexcept>
+#include <thread>
 
 #include "base/IgnoreErrors.h"
 #include "base/Surroundings.h"
@@ -29,6 +31,20 @@ TEST(ProgramDirectory, OfTwoSpellingsTheExactOneIsTaken) {
   directory.Write(u"HELP.CHM"_s, "x");
   directory.Write(u"help.chm"_s, "x");
   EXPECT_EQ(ProgramFile(u"help.chm"_s), directory.Path(u"help.chm"_s));
+}
+
+TEST(Clock, TellsTheTimeOfTheZone) {
+  const bool hadZone = qEnvironmentVariableIsSet("TZ");
+  const QByteArray zone = qgetenv("TZ");
+  qputenv("TZ", "CST-8");
+  std::thread([] {  // each thread asks for the zone by itself
+    const QDateTime now = Services().now();
+    EXPECT_EQ(now.date(), now.toUTC().addSecs(8 * 3600).date());
+    EXPECT_EQ(now.time(), now.toUTC().addSecs(8 * 3600).time());
+    EXPECT_LT(std::abs(now.secsTo(QDateTime::currentDateTimeUtc())), 60);
+  })
+      .join();
+  hadZone ? qputenv("TZ", zone) : qunsetenv("TZ");
 }
 
 TEST(IgnoreErrors, AnswersWhetherTheStepWentThrough) {

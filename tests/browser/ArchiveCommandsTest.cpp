@@ -36,6 +36,16 @@ class ArchiveCommandsTest : public BrowserTest {
                       u"TableName,FieldName,ListSeparator,ShowMode,Lengh,StoreField,FolderNoField"_s,
                       {u"Wsda"_s, field, u"-"_s, u"显示名称"_s, u"4"_s, u"ArchiveNo"_s, u"(无)"_s});
   }
+  /// Makes volumes of a year above the archive.
+  void AddVolumes() {
+    design_->AddTable(u"Anjuan"_s, u"案卷"_s, 2,
+                      {{u"Amaintitle"_s, u"题名"_s, u"文本型"_s},
+                       {u"FileYear"_s, u"年度"_s, u"文本型"_s},
+                       {u"Quantity"_s, u"件数"_s, u"数值型"_s}});
+    design_->Run(u"update Design_TableRelation set Table_Parent='Anjuan' where TableName='Wsda'"_s);
+    design_->Run(u"alter table Wsda add column Quantity integer default 1"_s);
+    design_->Run(u"alter table Wsda add column CreatedDate varchar(10)"_s);
+  }
   static QAction& ToTarget(const Browser& browser) { return browser.Entry(u"Archive(1)"_s); }
   /// Selects the rows from one to another.
   static void Select(const Browser& browser, int first, int last) {
@@ -182,6 +192,46 @@ TEST_P(ArchiveCommandsTest, ALongTransferIsSeenInTheStatusBarAndTheKeyThereTakes
   EXPECT_EQ(CountOf(u"需归档"_s), u"6"_s);
 }
 
+TEST_P(ArchiveCommandsTest, ClosingTheBrowserInMidTransferTakesEverythingBackAndTheBrowserStays) {
+  log_.reset();
+  InBrowser([&](const Browser& browser) {
+    browser.List().selectAll();
+    GiveYear();
+    int originals = 0;
+    Connected()->OnStatement([&](const QString& statement) {
+      if (!statement.startsWith(u"Insert Into Original_Text"_s) || ++originals != 3) return;
+      QThread::msleep(80);
+      QTimer::singleShot(0, &browser.Window(), [&] { browser.Window().close(); });
+    });
+    ToTarget(browser).trigger();
+    Connected()->OnStatement({});
+    EXPECT_TRUE(browser.Window().isVisible());
+    EXPECT_EQ(browser.Notice(), u"已取消归档，所有记录保持原样"_s);
+    EXPECT_FALSE(Connected()->InTransaction());
+  });
+  EXPECT_EQ(Archived(), QStringList());
+  EXPECT_EQ(CountOf(u"需归档"_s), u"6"_s);
+}
+
+TEST_P(ArchiveCommandsTest, ClosingTheBrowserOverTheTitleOfAVolumeEndsTheTransferWithoutATitle) {
+  AddVolumes();
+  InBrowser([&](const Browser& browser) {
+    Select(browser, 1, 2);
+    GiveYear();
+    WithWindow(u"FrmInAmain"_s, [&](QWidget& title) {
+      browser.Window().close();
+      EXPECT_FALSE(title.isVisible());
+    });
+    ToTarget(browser).trigger();
+    EXPECT_FALSE(browser.Window().isVisible());
+    EXPECT_EQ(boxes_.Texts(), QStringList{u"成功归档2份记录！"_s});
+    EXPECT_FALSE(Connected()->InTransaction());
+  });
+  EXPECT_EQ(Archived(), (QStringList{u"题名6 2002-0001"_s, u"题名5 2002-0002"_s}));
+  EXPECT_EQ(design_->Value(u"select Amaintitle from Anjuan"_s), QString());
+  EXPECT_EQ(design_->Value(u"select Quantity from Anjuan"_s), u"2"_s);
+}
+
 TEST_P(ArchiveCommandsTest, MergingNeedsARecordThatStays) {
   InBrowser([&](const Browser& browser) {
     browser.List().selectionModel()->clear();
@@ -226,6 +276,33 @@ TEST_P(ArchiveCommandsTest, MergingMakesTheOthersPartOfTheSelectedRecord) {
     EXPECT_EQ(browser.Column(u"LVFile"_s), QStringList{u"乙<合并件>"_s});
   });
   EXPECT_EQ(CountOf(u"不归档"_s), u"1"_s);
+}
+
+TEST_P(ArchiveCommandsTest, TheArchiveWindowOpensOnTheTableInViewAndTheListIsReadAgain) {
+  for (const QString& entry : {u"mnu_Manager4_Archive"_s, u"Archive(2)"_s}) {
+    InBrowser([&](const Browser& browser) {
+      Select(browser, 3, 3);
+      WithWindow(u"FrmArchive"_s, [&](QWidget& window) {
+        const RecordWindow archive(window, u"TvwFileClass"_s, u"lstData"_s);
+        EXPECT_EQ(archive.View(u"TvwFileClass"_s).currentIndex().data(Qt::UserRole), u"Lwdj"_s);
+        EXPECT_EQ(archive.Column(u"lstData"_s, 1).size(), 6);
+        design_->Run(u"insert into Lwdj (ArchiveID,RegID,Amaintitle) values ('99',7,'题名7')"_s);
+      });
+      browser.Entry(entry).trigger();
+      EXPECT_EQ(browser.Status(), u"当前记录：第1条/共7条"_s) << qPrintable(entry);
+      design_->Run(u"delete from Lwdj where RegID = 7"_s);
+    });
+  }
+}
+
+TEST_P(ArchiveCommandsTest, WithoutATableTheArchiveWindowOpensOnNone) {
+  InBrowser([&](const Browser& browser) {
+    browser.Choose(u"C2\\"_s);
+    WithWindow(u"FrmArchive"_s,
+               [&](QWidget& window) { EXPECT_EQ(Find<QTreeView>(window, u"lstData"_s).model()->rowCount(), 0); });
+    browser.Entry(u"Archive(2)"_s).trigger();
+    EXPECT_EQ(browser.List().model()->rowCount(), 0);
+  });
 }
 
 }  // namespace folvane::test

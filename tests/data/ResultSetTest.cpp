@@ -21,6 +21,17 @@ TEST_P(ResultSetTest, ColumnsAreFoundByNameInAnyCase) {
   EXPECT_EQ(files.Find(QStringLiteral("nothing")), -1);
 }
 
+TEST_P(ResultSetTest, ColumnsTellTheirTypeAndLength) {
+  Database().Native(QStringLiteral("create table kinds (name varchar(60), pages integer, day date, memo text)"));
+  const ResultSet kinds(*Connected(), QStringLiteral("Select * From kinds"));
+  EXPECT_EQ(kinds.ColumnType(0), 200);
+  EXPECT_EQ(kinds.ColumnSize(0), 60);
+  EXPECT_EQ(kinds.ColumnType(1), 3);
+  EXPECT_EQ(kinds.ColumnType(2), 133);
+  EXPECT_EQ(kinds.ColumnSize(3), 2147483647);
+  EXPECT_EQ(FailureOf([&] { kinds.ColumnType(4); }).Kind(), DataErrorKind::Usage);
+}
+
 TEST_P(ResultSetTest, RowsAreReadInAnyOrder) {
   const ResultSet files = Files();
   EXPECT_EQ(files.RowCount(), 5);

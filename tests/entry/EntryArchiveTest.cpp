@@ -111,6 +111,31 @@ TEST_P(EntryArchiveTest, ARecordThatIsNotToBeArchivedStaysAsItIsAndTheStatusBarS
   EXPECT_EQ(Value(u"select count(*) from Wsda"_s), u"0"_s);
 }
 
+TEST_P(EntryArchiveTest, ARecordOfATableWithoutStatusIsTransferredAndStaysAsItIs) {
+  Run(u"alter table Lwdj drop column FileStatus"_s);
+  Run(u"delete from DynamicWindows where FieldName='FileStatus'"_s);
+  Run(u"delete from SaveControls where DataField='FileStatus'"_s);
+  InWindow([&](const Input& input) {
+    GiveYearAndArchive(input);
+    EXPECT_EQ(boxes_.Texts(), QStringList{u"成功归档1份记录！"_s});
+    EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
+  });
+  EXPECT_EQ(Value(u"select ArchiveNo from Wsda"_s), u"2002-0001"_s);
+}
+
+TEST_P(EntryArchiveTest, OriginalsGoAlongAndTheSourceIsAskedByTheTextOfTheRecordsInView) {
+  Run(u"insert into Original_Text (ID,Original_Name,RecordID,FileOrder) values ('91','正文','"_s + Key(1) + u"',1)"_s);
+  InWindow([&](const Input& input) {
+    const QString source = Shared().CurrentRecords.Source();
+    QStringList statements;
+    Connected()->OnStatement([&](const QString& statement) { statements << statement; });
+    GiveYearAndArchive(input);
+    Connected()->OnStatement({});
+    EXPECT_EQ(statements.count(source), 1);
+  });
+  EXPECT_EQ(Value(u"select count(*) from Original_Text where ID='91'"_s), u"2"_s);
+}
+
 TEST_P(EntryArchiveTest, AMarkThatIsRefusedIsToldAndNothingWaits) {
   Refuse(u"Lwdj"_s, u"update"_s, u"new.FileStatus = '已归档'"_s);
   InWindow([&](const Input& input) {

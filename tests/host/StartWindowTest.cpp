@@ -36,35 +36,10 @@ TEST_P(StartWindowTest, EveryCardAndItsKeysOpenTheEntryOfTheName) {
     const Entry& entry = host::Entries()[place];
     Click(Find(window, entry.name));
     Press(window, Qt::Key(Qt::Key_1 + int(place)), Qt::ControlModifier);
-    if (!entry.provided) continue;
     expected << entry.name << entry.name;
     WaitUntil([&] { return opened.size() == expected.size(); });  // a key shows the card pressed for a moment first
   }
   EXPECT_EQ(opened, expected);
-}
-
-TEST_P(StartWindowTest, ACardWhoseWindowIsStillToComeIsOutOfUseAndSaysSo) {
-  const Session session = LogOn();
-  const StartWindow window(session, [](const Entry&) {});
-  for (const Entry& entry : host::Entries()) {
-    const auto& card = Find<QAbstractButton>(window, entry.name);
-    EXPECT_EQ(card.isEnabled(), entry.provided) << entry.name.toStdString();
-    EXPECT_EQ(card.toolTip(), entry.provided ? QString() : u"即将提供"_s);
-    EXPECT_EQ(card.accessibleDescription().contains(u"即将提供"_s), !entry.provided);
-  }
-}
-
-TEST_P(StartWindowTest, TheCardsInUseAreThoseOfTheWindowsThatTheLibraryHas) {
-  Session session = LogOn();
-  for (const Entry& entry : host::Entries()) {
-    if (entry.provided) continue;
-    try {
-      (session.Library().*entry.open)();
-      ADD_FAILURE() << "it opens: " << entry.name.toStdString();
-    } catch (const DataError& error) {
-      EXPECT_TRUE(error.Message().contains(u"尚未提供"_s)) << error.what();
-    }
-  }
 }
 
 TEST_P(StartWindowTest, EveryControlHasANameForScreenReaders) {

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDir>
+#include <QPointer>
 #include <stdexcept>
 
 #include <folvane/Catalogue.h>
@@ -133,6 +134,19 @@ TEST_P(ClsFolvaneTest, FileArchiveSharesTheIdAndLaterFlowWindowsSeeIt) {
   folvane_.GetUser(u"12"_s);
   IgnoreErrors([&] { folvane_.DistributeFile(); });
   EXPECT_EQ(Shared().UserId, u"12"_s);
+}
+
+TEST_P(ClsFolvaneTest, FileArchiveOpensTheArchiveWindowWithoutATableAndUnloadsIt) {
+  CreateTables(*Connected());
+  folvane_.Connection(Connected());
+  QPointer<QWidget> opened;
+  test::WithWindow(u"FrmArchive"_s, [&](QWidget& window) {
+    opened = &window;
+    EXPECT_EQ(window.windowTitle(), u"文件归档"_s);
+    EXPECT_EQ(test::TextIn(window, u"TreeHint"_s), u"还没有类目：请在 Design_ClassRelation 中登记类目。"_s);
+  });
+  folvane_.FileArchive();
+  EXPECT_TRUE(opened.isNull());
 }
 
 TEST_P(ClsFolvaneTest, TheFlowEntriesOpenTheirWindows) {

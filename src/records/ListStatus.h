@@ -7,10 +7,10 @@ class QToolButton;
 
 namespace folvane {
 
-/// The status bar of the record browser, with the progress of a filling list.
-class BrowserStatus : public WindowStatus {
+/// The status bar of a window with a record list, with the progress of a filling list and of long work.
+class ListStatus : public WindowStatus {
  public:
-  explicit BrowserStatus(QWidget* parent = nullptr);
+  explicit ListStatus(QWidget* parent = nullptr);
 
   void ShowNothing();
   void ShowNoRecords();

@@ -1,4 +1,4 @@
-#include "browser/FilterBar.h"
+#include "records/FilterBar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -42,9 +42,9 @@ FilterBar::FilterBar(QWidget* parent)
   Clear();
 }
 
-void FilterBar::ShowLimits(const QString& filter, const QString& rights) {
+void FilterBar::ShowLimits(const QString& filter, const QString& rights, const QString& all) {
   const bool limited = !filter.isEmpty() || !rights.isEmpty();
-  note_->setText(limited ? u"当前显示："_s : u"当前显示：全部记录"_s);
+  note_->setText(u"当前显示："_s + (limited ? QString() : all));
   QString shown = fontMetrics().elidedText(filter, Qt::ElideRight, kLongest);
   lift_->setText(shown.replace(u'&', u"&&"_s) + u"  ✕"_s);
   lift_->setAccessibleName(u"取消限制："_s + filter);

@@ -2,16 +2,16 @@
 
 namespace folvane {
 
-class BrowserStatus;
+class ListStatus;
 class ListLimits;
 class RecordList;
 class TableParameters;
 struct AskedQuery;
 
-/// The commands that say which records the list shows and in what order, and those that go to one of them by number.
+/// The commands that say which records a list shows and in what order.
 class QueryCommands {
  public:
-  QueryCommands(RecordList& list, TableParameters& parameters, ListLimits& limits, BrowserStatus& status)
+  QueryCommands(RecordList& list, TableParameters& parameters, ListLimits& limits, ListStatus& status)
       : list_(list), parameters_(parameters), limits_(limits), status_(status) {}
 
   void SimpleQuery();
@@ -21,8 +21,6 @@ class QueryCommands {
   void Sort();
   /// Chooses the fields by which the class tree groups the tables.
   void SetBrowseOrder();
-  /// Asks for the number of a record, or of a page, and goes there.
-  void GoToNumber(bool byPage);
 
  private:
   void Show(const AskedQuery& query);
@@ -30,7 +28,7 @@ class QueryCommands {
   RecordList& list_;
   TableParameters& parameters_;
   ListLimits& limits_;
-  BrowserStatus& status_;
+  ListStatus& status_;
 };
 
 }  // namespace folvane

@@ -1,30 +1,16 @@
-#include "browser/QueryCommands.h"
+#include "query/QueryCommands.h"
 
-#include <algorithm>
-
-#include "browser/BrowserStatus.h"
-#include "browser/ListLimits.h"
-#include "bulk/FrmRecordMove.h"
 #include "query/AskQuery.h"
 #include "query/ConditionText.h"
 #include "query/FrmReadOrder.h"
+#include "records/ListLimits.h"
+#include "records/ListStatus.h"
 #include "records/RecordList.h"
 #include "records/TableParameters.h"
 #include "shell/LoadedWindow.h"
-#include "shell/ModalWindow.h"
 
 namespace folvane {
-namespace {
 using namespace Qt::Literals::StringLiterals;
-
-int AskNumber(bool ofPage) {
-  const LoadedWindow<FrmRecordMove> window;
-  window->MoveType = ofPage;
-  ShowModal(*window);
-  return window->MoveNumber;
-}
-
-}  // namespace
 
 void QueryCommands::SimpleQuery() {
   if (list_.Table().isEmpty()) return;
@@ -66,11 +52,6 @@ void QueryCommands::SetBrowseOrder() {
   const LoadedWindow<FrmReadOrder> window;
   window->vsFlag = 1;
   window->Open();
-}
-
-void QueryCommands::GoToNumber(bool byPage) {
-  const int number = AskNumber(byPage);
-  if (number != 0) list_.GoToRecord(std::min<qint64>(number, list_.RecordCount()));
 }
 
 }  // namespace folvane

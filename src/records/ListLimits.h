@@ -2,20 +2,25 @@
 
 #include <QHash>
 #include <QString>
+#include <exception>
+#include <functional>
 
 namespace folvane {
 
+class ClassTree;
 class RecordList;
-class SearchBar;
-class TableNavigation;
 class TableParameters;
 
 /// Says in words what limits the record list, and why it is empty.
 class ListLimits {
  public:
-  ListLimits(const RecordList& list, const TableParameters& parameters, const TableNavigation& tables,
-             const SearchBar& search)
-      : list_(list), parameters_(parameters), tables_(tables), search_(search) {}
+  ListLimits(const RecordList& list, const TableParameters& parameters, const ClassTree& tree)
+      : list_(list), parameters_(parameters), tree_(tree) {}
+
+  /// Gives captions to fields that are no columns of the list; "" leaves a field its own name.
+  void SetCaptions(std::function<QString(const QString& field)> captionOf) { captionOf_ = std::move(captionOf); }
+  /// Has an empty list say how to add a record, to those who may.
+  void OfferAdding() { offersAdding_ = true; }
 
   /// Keeps the words of a condition that cannot be told from its text.
   void KeepWords(const QString& filter, const QString& words) { words_.insert(filter, words); }
@@ -37,9 +42,13 @@ class ListLimits {
 
   const RecordList& list_;
   const TableParameters& parameters_;
-  const TableNavigation& tables_;
-  const SearchBar& search_;
+  const ClassTree& tree_;
+  std::function<QString(const QString&)> captionOf_;
+  bool offersAdding_ = false;
   QHash<QString, QString> words_;  ///< by condition
 };
+
+/// Tells that the records of the table in view could not be opened, and how to lift the condition that was refused.
+void ShowOpeningFailure(const RecordList& list, const std::exception& error);
 
 }  // namespace folvane

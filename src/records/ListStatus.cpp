@@ -1,4 +1,4 @@
-#include "browser/BrowserStatus.h"
+#include "records/ListStatus.h"
 
 #include <QProgressBar>
 #include <QToolButton>
@@ -12,7 +12,7 @@ constexpr int kBehindNotice = 2;  // the place of the progress among the panels
 
 }  // namespace
 
-BrowserStatus::BrowserStatus(QWidget* parent)
+ListStatus::ListStatus(QWidget* parent)
     : WindowStatus(parent), progress_(new QProgressBar(this)), stop_(new QToolButton(this)) {
   progress_->setObjectName(u"ProMain"_s);
   progress_->setMaximumWidth(kProgressWidth);
@@ -27,34 +27,34 @@ BrowserStatus::BrowserStatus(QWidget* parent)
   SetStarted(false);
 }
 
-void BrowserStatus::ShowNothing() { ShowRecords({}); }
+void ListStatus::ShowNothing() { ShowRecords({}); }
 
-void BrowserStatus::ShowNoRecords() { ShowRecords(u"当前无记录"_s); }
+void ListStatus::ShowNoRecords() { ShowRecords(u"当前无记录"_s); }
 
-void BrowserStatus::ShowPosition(qint64 position, qint64 count) {
+void ListStatus::ShowPosition(qint64 position, qint64 count) {
   ShowRecords(u"当前记录：第%1条/共%2条"_s.arg(position).arg(count));
 }
 
-void BrowserStatus::ShowDeleted(qint64 records, const QString& left) {
+void ListStatus::ShowDeleted(qint64 records, const QString& left) {
   const QString deleted = u"已删除 %1 条记录"_s.arg(records);
   ShowNotice(left.isEmpty() ? deleted : deleted + u"；"_s + left);
 }
 
-void BrowserStatus::ShowProgress(int done, int maximum) {
+void ListStatus::ShowProgress(int done, int maximum) {
   progress_->setMaximum(maximum);
   progress_->setVisible(done >= 0);
   if (done >= 0) progress_->setValue(done);
 }
 
-void BrowserStatus::ShowWork(int done, int maximum) {
+void ListStatus::ShowWork(int done, int maximum) {
   ShowProgress(done, maximum);
   stop_->setVisible(done >= 0);
 }
 
-QWidget& BrowserStatus::StopKey() const { return *stop_; }
+QWidget& ListStatus::StopKey() const { return *stop_; }
 
-bool BrowserStatus::IsStarted() const { return progress_->property("Tag").toString() == u"1"_s; }
+bool ListStatus::IsStarted() const { return progress_->property("Tag").toString() == u"1"_s; }
 
-void BrowserStatus::SetStarted(bool started) { progress_->setProperty("Tag", started ? u"1"_s : u"0"_s); }
+void ListStatus::SetStarted(bool started) { progress_->setProperty("Tag", started ? u"1"_s : u"0"_s); }
 
 }  // namespace folvane

@@ -16,7 +16,8 @@ class FilterBar : public QWidget {
 
   /// @param filter kind and words of the condition in force, "" for none
   /// @param rights the rights that limit the list in words, "" where they do not
-  void ShowLimits(const QString& filter, const QString& rights);
+  /// @param all    what the list shows without any limit
+  void ShowLimits(const QString& filter, const QString& rights, const QString& all = QStringLiteral("全部记录"));
   /// Shows nothing, for no table is in view.
   void Clear();
   /// What a press of the lifting key runs.

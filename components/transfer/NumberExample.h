@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringList>
+
+#include "components/transfer/BusinessTables.h"
+#include "components/transfer/Settings.h"
+
+namespace folvane {
+class Connection;
+}
+
+namespace folvane::transfer {
+
+/// The most bytes of the national code page that the first parts of a number take together.
+int LengthOf(const NumberFormat& format, std::size_t parts);
+
+/// A value that a part of a number might have: an entry of its dictionary, the first fonds or class, this year; 1 for
+/// the running number and where nothing better is known. @throws DataError
+QString SampleValue(Connection& connection, const NumberFormat& format, std::size_t part, BusinessTables& tables);
+
+/// The number that these values make, as a transfer composes it; without a folder's last part where that is asked for.
+/// @throws DataError
+QString ExampleNumber(const NumberFormat& format, const QStringList& values);
+QString ExampleFolder(const NumberFormat& format, const QStringList& values);
+
+}  // namespace folvane::transfer

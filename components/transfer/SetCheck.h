@@ -1,0 +1,15 @@
+#pragma once
+
+#include "components/transfer/BusinessTables.h"
+#include "components/transfer/Finding.h"
+#include "components/transfer/Settings.h"
+
+namespace folvane::transfer {
+
+/// What is wrong with a field of a set, counted from 0. @throws DataError
+Findings CheckLink(const Settings& settings, const TransferSet& set, std::size_t link, BusinessTables& tables);
+
+/// What is wrong with a set as such, and how many of its fields have something wrong. @throws DataError
+Findings CheckSet(const Settings& settings, std::size_t set, BusinessTables& tables);
+
+}  // namespace folvane::transfer
