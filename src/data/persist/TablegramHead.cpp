@@ -129,6 +129,8 @@ ColumnDescriptor ReadColumn(ByteCursor& cursor, bool ofChild) {
 }
 
 void ReadColumns(ByteCursor& cursor, TablegramSet& set, bool ofChild) {
+  constexpr std::size_t kShortestColumn = 30;
+  set.columns.reserve(std::min(std::size_t(set.totalColumns), cursor.Left() / kShortestColumn));
   while (cursor.Left() && cursor.Peek() == TablegramToken::Column) {
     const std::size_t offset = cursor.Offset();
     const ColumnDescriptor& column = set.columns.emplace_back(ReadColumn(cursor, ofChild));
