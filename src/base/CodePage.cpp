@@ -76,7 +76,9 @@ Encoded Encode(const QString& text) {
 }
 
 bool IsAscii(QByteArrayView bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; });
+  uchar all = 0;
+  for (const char c : bytes) all |= uchar(c);
+  return all < 0x80;
 }
 
 // In the code page a byte from 0x81 on begins a character of two bytes.
@@ -97,9 +99,8 @@ bool FitsByteLength(const QString& text, int maximum) {
 }
 
 QString FromCodePage(QByteArrayView bytes) {
-  QByteArray utf8;
-  CodePageReader(kNationalCodePage).Read(bytes, utf8);
-  return QString::fromUtf8(utf8);
+  QByteArray buffer;
+  return QString::fromUtf8(CodePageReader(kNationalCodePage).Read(bytes, buffer));
 }
 
 bool Utf8ToCodePage(QByteArrayView utf8, QByteArray& bytes) {
@@ -185,10 +186,10 @@ CodePageReader::CodePageReader(int number) {
 CodePageReader::~CodePageReader() = default;
 CodePageReader::CodePageReader(CodePageReader&&) noexcept = default;
 
-void CodePageReader::Read(QByteArrayView bytes, QByteArray& utf8) {
-  if (!IsAscii(bytes)) return impl_->Read(bytes, utf8);
-  utf8.resize(bytes.size());
-  std::copy(bytes.begin(), bytes.end(), utf8.begin());
+QByteArrayView CodePageReader::Read(QByteArrayView bytes, QByteArray& buffer) {
+  if (IsAscii(bytes)) return bytes;
+  impl_->Read(bytes, buffer);
+  return buffer;
 }
 
 QString LimitByteLength(const QString& text, int maximum) {

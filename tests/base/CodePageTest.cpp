@@ -49,9 +49,8 @@ TEST(CodePage, Utf8IsTurnedIntoBytesOrRefused) {
 
 TEST(CodePageReader, ReadsTheCodePagesOfOtherCountries) {
   const auto read = [](int number, QByteArrayView bytes) {
-    QByteArray utf8;
-    CodePageReader(number).Read(bytes, utf8);
-    return QString::fromUtf8(utf8);
+    QByteArray buffer;
+    return QString::fromUtf8(CodePageReader(number).Read(bytes, buffer));
   };
   EXPECT_EQ(read(1252, "\xE4\x80\x81"), u"ä€\u0081"_s);
   EXPECT_EQ(read(949, "\xC7\xD1\x31"), u"한1"_s);

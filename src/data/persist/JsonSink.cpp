@@ -40,10 +40,7 @@ void JsonSink::Timestamp(const PersistedMoment& value) {
   json_.append('"');
 }
 
-void JsonSink::NarrowText(QByteArrayView bytes) {
-  codePage_.Read(bytes, text_);
-  AppendJsonUtf8(json_, text_);
-}
+void JsonSink::NarrowText(QByteArrayView bytes) { AppendJsonUtf8(json_, codePage_.Read(bytes, text_)); }
 
 void JsonSink::WideText(QByteArrayView bytes) { AppendJsonText(json_, Utf16ToText(bytes)); }
 

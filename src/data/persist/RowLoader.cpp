@@ -47,10 +47,7 @@ class StoreSink : public ValueSink {
     Text(text_);
   }
   void Guid(QByteArrayView text) override { Text(text); }
-  void NarrowText(QByteArrayView bytes) override {
-    codePage_.Read(bytes, text_);
-    Text(text_);
-  }
+  void NarrowText(QByteArrayView bytes) override { Text(codePage_.Read(bytes, text_)); }
   void WideText(QByteArrayView bytes) override {
     Utf16ToUtf8(bytes, text_);
     Text(text_);
