@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <gmock/gmock.h>
 
 #include "base/FileUpdate.h"
@@ -100,6 +101,16 @@ TEST_P(SavedFiles, KeepChangesThatWait) {
   opened->MoveLast();
   EXPECT_FALSE((*opened)[u"code"_s].OriginalValue().isValid());
   EXPECT_EQ(records->PendingCount(), 3) << "saving has changed the record set";
+}
+
+TEST_P(SavedFiles, KeepFractionsOfASecondOfARowThatWasChanged) {
+  Database().Native(u"CREATE TABLE moments (id integer PRIMARY KEY, moment timestamp, remark varchar(20))"_s);
+  Database().Native(u"INSERT INTO moments VALUES (1, '2002-03-04 05:06:07.891234', 'a')"_s);
+  const auto records = Open(u"Select * From moments"_s);
+  (*records)[u"remark"_s].SetValue(u"b"_s);
+  Saved(*records);
+  const quint32 nanoseconds = qToLittleEndian(quint32(891'234'000));
+  EXPECT_TRUE(ReadFile(Path()).contains(QByteArrayView(reinterpret_cast<const char*>(&nanoseconds), 4)));
 }
 
 TEST_P(SavedFiles, AreTheSameWhenSavedAgain) {
