@@ -31,5 +31,6 @@ Cases FlowCases();
 Cases OriginalsCases();
 Cases ArchiveCases();
 Cases ExchangeCases();
+Cases FileCases();
 
 }  // namespace folvane::bench

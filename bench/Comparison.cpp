@@ -69,6 +69,18 @@ std::vector<Comparison> Comparisons() {
                  {{u"insert-bytes"_s, u"prepared statement, bytes bound as they lie"_s, 1.3},
                   {u"insert-texts"_s, u"prepared statement, texts of Qt bound"_s},
                   {u"insert-literals-raw"_s, u"the same texts given to sqlite3_exec"_s}}});
+  for (const qint64 rows : {100'000, 1'000'000}) {
+    all.push_back({u"The rows of a record set saved to a file"_s,
+                   rows,
+                   u"dat-save"_s,
+                   u"Recordset::Save"_s,
+                   {{u"csv-write"_s, u"QTextStream, comma-separated"_s, 1.0}}});
+    all.push_back({u"A record set opened from a file"_s,
+                   rows,
+                   u"dat-open"_s,
+                   u"Recordset::OpenFile"_s,
+                   {{u"csv-read"_s, u"QTextStream, comma-separated"_s, 1.0}}});
+  }
   all.push_back({u"The entry window: opened with 40 fields"_s,
                  1'000,
                  u"entry-open"_s,

@@ -29,6 +29,7 @@ int MeasureHere(const QString& name, const Setting& setting) {
   cases.merge(OriginalsCases());
   cases.merge(ArchiveCases());
   cases.merge(ExchangeCases());
+  cases.merge(FileCases());
   const auto found = cases.find(name);
   if (found == cases.end()) qFatal("there is no case %s", qPrintable(name));
   if (!QFile::exists(setting.database)) MakeSqliteTable(setting.database, setting.rows);

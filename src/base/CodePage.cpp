@@ -1,49 +1,16 @@
 #include "base/CodePage.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <iconv.h>
-#include <stdexcept>
-#include <string>
+#include <optional>
 
 #include <folvane/DataError.h>
+
+#include "base/GbkTable.h"
+#include "base/IconvConverter.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-constexpr char kCodePage[] = "GBK";
-constexpr const char* kUtf16 = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? "UTF-16LE" : "UTF-16BE";
-
-/// One direction of the conversion. Whatever has no counterpart is replaced and passed over.
-class Converter {
- public:
-  Converter(const std::string& to, const std::string& from) : handle_(iconv_open(to.c_str(), from.c_str())) {
-    if (handle_ == iconv_t(-1)) throw std::runtime_error("iconv offers no conversion from " + from);
-  }
-  ~Converter() { iconv_close(handle_); }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  /// Reads all of `in` and writes to `out`, which has room for the worst case. `replace` is given the position where
-  /// reading stopped, writes a stand-in and says how many bytes of the input it stands for.
-  template <typename Replace>
-  qsizetype Convert(const char* in, std::size_t left, char* out, std::size_t room, Replace replace) {
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    char* source = const_cast<char*>(in);  // iconv's signature; it does not write there
-    char* target = out;
-    while (left > 0 && iconv(handle_, &source, &left, &target, &room) == std::size_t(-1)) {
-      const std::size_t skipped = std::min(left, replace(source, target, room));
-      source += skipped;
-      left -= skipped;
-    }
-    iconv(handle_, nullptr, nullptr, &target, &room);  // a letter that waits for an accent
-    return target - out;
-  }
-
- private:
-  iconv_t handle_;
-};
 
 // The number of UTF-16 units of the character at the position.
 int UnitsAt(const QString& text, qsizetype at) {
@@ -51,34 +18,67 @@ int UnitsAt(const QString& text, qsizetype at) {
   return pair ? 2 : 1;
 }
 
+char* PutBytes(char* at, quint16 bytes) {
+  *at++ = char(bytes >> 8);
+  *at++ = char(bytes);
+  return at;
+}
+
+/// Appends a character beyond ASCII, of one UTF-16 unit.
+char* PutUtf8(char* at, char16_t unit) {
+  if (unit < 0x800) {
+    *at++ = char(0xc0 | unit >> 6);
+  } else {
+    *at++ = char(0xe0 | unit >> 12);
+    *at++ = char(0x80 | (unit >> 6 & 0x3f));
+  }
+  *at++ = char(0x80 | (unit & 0x3f));
+  return at;
+}
+
+/// Reads a character beyond ASCII in UTF-8; 0 for one of more than one UTF-16 unit, and for what is none.
+char16_t TakeUnit(const char*& at, const char* end) {
+  const auto lead = uchar(*at);
+  const int more = lead >= 0xc2 && lead < 0xe0 ? 1 : lead >= 0xe0 && lead < 0xf0 ? 2 : 0;
+  if (more == 0 || end - at <= more) return 0;
+  unsigned unit = lead & (more == 1 ? 0x1f : 0x0f);
+  for (int i = 1; i <= more; ++i) {
+    if ((uchar(at[i]) & 0xc0) != 0x80) return 0;
+    unit = unit << 6 | (uchar(at[i]) & 0x3f);
+  }
+  at += more + 1;
+  return char16_t(unit);
+}
+
 struct Encoded {
   QByteArray bytes;
   bool exact = true;
 };
 
-bool IsAscii(const QString& text) {
-  return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
-}
-
 Encoded Encode(const QString& text) {
-  if (IsAscii(text)) return {text.toLatin1()};
-  thread_local Converter converter(kCodePage, kUtf16);
+  const GbkTable& table = GbkTable::Get();
   Encoded result;
   result.bytes.resize(text.size() * 2);
-  const auto* begin = reinterpret_cast<const char*>(text.utf16());
-  const auto replace = [&](const char* at, char*& target, std::size_t& room) {
-    result.exact = false;
-    *target++ = '?';
-    --room;
-    return std::size_t(UnitsAt(text, (at - begin) / 2)) * 2;
-  };
-  result.bytes.resize(converter.Convert(begin, std::size_t(text.size()) * 2, result.bytes.data(),
-                                        std::size_t(result.bytes.size()), replace));
+  char* at = result.bytes.data();
+  for (qsizetype i = 0; i < text.size(); i += UnitsAt(text, i)) {
+    const char16_t unit = text[i].unicode();
+    if (unit < 0x80) {
+      *at++ = char(unit);
+    } else if (const quint16 bytes = table.Encode(unit)) {
+      at = PutBytes(at, bytes);
+    } else {
+      *at++ = '?';
+      result.exact = false;
+    }
+  }
+  result.bytes.resize(at - result.bytes.constData());
   return result;
 }
 
 bool IsAscii(QByteArrayView bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; });
+  uchar all = 0;
+  for (const char c : bytes) all |= uchar(c);
+  return all < 0x80;
 }
 
 // In the code page a byte from 0x81 on begins a character of two bytes.
@@ -99,67 +99,80 @@ bool FitsByteLength(const QString& text, int maximum) {
 }
 
 QString FromCodePage(QByteArrayView bytes) {
-  thread_local Converter converter(kUtf16, kCodePage);
-  QString text(bytes.size(), Qt::Uninitialized);
-  auto* out = reinterpret_cast<char*>(text.data());
-  const auto replace = [](const char*, char*& target, std::size_t& room) {
-    const char16_t stand = QChar::ReplacementCharacter;
-    memcpy(target, &stand, sizeof stand);
-    target += sizeof stand;
-    room -= sizeof stand;
-    return std::size_t(1);
-  };
-  text.resize(converter.Convert(bytes.data(), std::size_t(bytes.size()), out, std::size_t(text.size()) * 2, replace) /
-              2);
-  return text;
+  QByteArray buffer;
+  return QString::fromUtf8(CodePageReader(kNationalCodePage).Read(bytes, buffer));
 }
 
 bool Utf8ToCodePage(QByteArrayView utf8, QByteArray& bytes) {
-  thread_local Converter converter(kCodePage, "UTF-8");
+  const GbkTable& table = GbkTable::Get();
   bytes.resize(utf8.size());
-  if (IsAscii(utf8)) {
-    std::copy(utf8.begin(), utf8.end(), bytes.begin());
-    return true;
+  char* out = bytes.data();
+  const char* at = utf8.begin();
+  while (at < utf8.end()) {
+    if (uchar(*at) < 0x80) {
+      *out++ = *at++;
+      continue;
+    }
+    const char16_t unit = TakeUnit(at, utf8.end());
+    const quint16 pair = unit < 0x80 ? quint16(0) : table.Encode(unit);
+    if (!pair) return false;
+    out = PutBytes(out, pair);
   }
-  bool exact = true;
-  const auto giveUp = [&](const char* at, char*&, std::size_t&) {
-    exact = false;
-    return std::size_t(utf8.end() - at);
-  };
-  bytes.resize(
-      converter.Convert(utf8.data(), std::size_t(utf8.size()), bytes.data(), std::size_t(bytes.size()), giveUp));
-  return exact;
+  bytes.resize(out - bytes.constData());
+  return true;
 }
 
 class CodePageReader::Impl {
  public:
-  explicit Impl(int number)
-      : number_(number), converter_("UTF-8", number == 65001 ? "UTF-8" : "CP" + std::to_string(number)) {}
+  explicit Impl(int number) : number_(number) {
+    if (number != kNationalCodePage)
+      converter_.emplace("UTF-8", number == kUtf8 ? "UTF-8" : "CP" + std::to_string(number));
+  }
 
   void Read(QByteArrayView bytes, QByteArray& utf8) {
     utf8.resize(bytes.size() * kMostOfByte + kMostWaiting);
-    const auto replace = [this](const char* at, char*& target, std::size_t& room) {
-      const QByteArray stand = QString(StandIn(uchar(*at))).toUtf8();
-      target = std::copy(stand.begin(), stand.end(), target);
-      room -= std::size_t(stand.size());
-      return std::size_t(1);
-    };
-    utf8.resize(
-        converter_.Convert(bytes.data(), std::size_t(bytes.size()), utf8.data(), std::size_t(utf8.size()), replace));
+    utf8.resize(converter_ ? Convert(bytes, utf8.data(), std::size_t(utf8.size())) : ReadGbk(bytes, utf8.data()));
   }
 
  private:
   static constexpr int kMostOfByte = 3, kMostWaiting = 8;
+  static constexpr int kUtf8 = 65001;
 
-  /// What Windows reads of a byte that the converter does not know.
-  QChar StandIn(uchar byte) const {
-    if (number_ == kNationalCodePage && byte == 0x80) return QChar(0x20ac);
+  qsizetype Convert(QByteArrayView bytes, char* out, std::size_t room) {
+    const auto replace = [this](const char* at, char*& target, std::size_t& left) {
+      const char* before = target;
+      target = PutUtf8(target, StandIn(uchar(*at)));
+      left -= std::size_t(target - before);
+      return std::size_t(1);
+    };
+    return qsizetype(converter_->Convert(bytes.data(), std::size_t(bytes.size()), out, room, replace));
+  }
+
+  qsizetype ReadGbk(QByteArrayView bytes, char* out) const {
+    const GbkTable& table = GbkTable::Get();
+    const char* begin = out;
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+      const auto byte = uchar(bytes[i]);
+      if (byte < 0x80) {
+        *out++ = char(byte);
+        continue;
+      }
+      const char16_t unit = i + 1 < bytes.size() ? table.Decode(byte, uchar(bytes[i + 1])) : char16_t(0);
+      if (unit) ++i;
+      out = PutUtf8(out, unit ? unit : StandIn(byte));
+    }
+    return out - begin;
+  }
+
+  /// What Windows reads of a byte that begins no character.
+  char16_t StandIn(uchar byte) const {
+    if (number_ == kNationalCodePage && byte == 0x80) return u'€';
     const bool singleByte = number_ == 874 || (number_ >= 1250 && number_ <= 1258);
-    return singleByte && byte < 0xa0 ? QChar(byte) : QChar(QChar::ReplacementCharacter);
+    return singleByte && byte < 0xa0 ? char16_t(byte) : char16_t(QChar::ReplacementCharacter);
   }
 
   int number_;
-  Converter converter_;
+  std::optional<IconvConverter> converter_;  ///< of all but the national code page
 };
 
 CodePageReader::CodePageReader(int number) {
@@ -173,10 +186,10 @@ CodePageReader::CodePageReader(int number) {
 CodePageReader::~CodePageReader() = default;
 CodePageReader::CodePageReader(CodePageReader&&) noexcept = default;
 
-void CodePageReader::Read(QByteArrayView bytes, QByteArray& utf8) {
-  if (!IsAscii(bytes)) return impl_->Read(bytes, utf8);
-  utf8.resize(bytes.size());
-  std::copy(bytes.begin(), bytes.end(), utf8.begin());
+QByteArrayView CodePageReader::Read(QByteArrayView bytes, QByteArray& buffer) {
+  if (IsAscii(bytes)) return bytes;
+  impl_->Read(bytes, buffer);
+  return buffer;
 }
 
 QString LimitByteLength(const QString& text, int maximum) {

@@ -41,8 +41,9 @@ class CodePageReader {
   ~CodePageReader();
   CodePageReader(CodePageReader&&) noexcept;
 
-  /// Puts a text into a buffer as UTF-8, in place of what is there; a byte that begins no character becomes U+FFFD.
-  void Read(QByteArrayView bytes, QByteArray& utf8);
+  /// The text in UTF-8: the bytes themselves where they are ASCII, else what is put into the buffer. A byte that begins
+  /// no character becomes U+FFFD.
+  QByteArrayView Read(QByteArrayView bytes, QByteArray& buffer);
 
  private:
   class Impl;

@@ -78,13 +78,29 @@ QVariant Rows::Stored(RowId row, int column) const {
   return DecodeCell(store_->At(row, column), columns_[size_t(column)]);
 }
 
+/// Whether a file brought the row with a change.
+bool Rows::CameChanged(RowId row) const {
+  return waiting_ && row < StoredCount() && waiting_->states[row] == WaitingRows::Changed;
+}
+
+std::size_t Rows::IndexOfOriginal(RowId row) const {
+  const auto& changed = waiting_->changed;
+  return std::size_t(std::lower_bound(changed.begin(), changed.end(), row) - changed.begin());
+}
+
 QVariant Rows::StoredOriginal(RowId row, int column) const {
-  if (!waiting_ || row >= StoredCount()) return Stored(row, column);
-  if (waiting_->states[row] == WaitingRows::Added) return {};
-  if (waiting_->states[row] != WaitingRows::Changed) return Stored(row, column);
-  const auto at = std::lower_bound(waiting_->changed.begin(), waiting_->changed.end(), row);
-  return DecodeCell(waiting_->originals.At(std::size_t(at - waiting_->changed.begin()), column),
-                    columns_[size_t(column)]);
+  if (CameChanged(row))
+    return DecodeCell(waiting_->originals.At(IndexOfOriginal(row), column), columns_[size_t(column)]);
+  const bool cameAdded = waiting_ && row < StoredCount() && waiting_->states[row] == WaitingRows::Added;
+  return cameAdded ? QVariant() : Stored(row, column);
+}
+
+void Rows::ReadStored(RowId row, Cell* cells) const {
+  row < StoredCount() ? store_->Read(row, cells) : void(std::fill_n(cells, columns_.size(), Cell()));
+}
+
+void Rows::ReadStoredOriginal(RowId row, Cell* cells) const {
+  CameChanged(row) ? waiting_->originals.Read(IndexOfOriginal(row), cells) : ReadStored(row, cells);
 }
 
 QVariant Rows::Value(RowId row, int column) const {

@@ -85,12 +85,16 @@ class Rows {
   static bool IsPending(const RowChange& change);
   /// In ascending order.
   std::vector<RowId> PendingRows() const;
-  /// Whether the values of a row are those in the store: it was not edited since it was read.
-  bool IsAsRead(RowId row) const { return row < StoredCount() && !Change(row); }
+  /// Reads the values of a row as they were read, or those before the change that a file brought along; all null for a
+  /// row that was added since.
+  void ReadStored(RowId row, Cell* cells) const;
+  void ReadStoredOriginal(RowId row, Cell* cells) const;
 
  private:
   QVariant Stored(RowId row, int column) const;
   QVariant StoredOriginal(RowId row, int column) const;
+  bool CameChanged(RowId row) const;
+  std::size_t IndexOfOriginal(RowId row) const;
   void SetState(RowId row, RowChange& change, RowChange::State state);
   void NoteGiven(RowId row, const RowChange& change, int column);
 

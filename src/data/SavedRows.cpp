@@ -18,18 +18,24 @@ RowId SavedRows::At(qint64 index) const {
 }
 
 const std::vector<Cell>& SavedRows::Current(RowId row) {
-  if (state_.rows.IsAsRead(row)) {
-    state_.rows.Store().Read(row, cells_.data());
-    return cells_;
+  state_.rows.ReadStored(row, cells_.data());
+  if (const RowChange* change = state_.rows.Change(row)) {
+    Lay(change->written);
+    Lay(change->given);
   }
-  for (int i = 0; i < int(cells_.size()); ++i) cells_[std::size_t(i)] = Held(i, state_.rows.Value(row, i));
   return cells_;
 }
 
 const std::vector<Cell>& SavedRows::Original(RowId row) {
-  if (state_.rows.IsAsRead(row) && state_.rows.StateOf(row) != RowChange::Modified) return Current(row);
-  for (int i = 0; i < int(cells_.size()); ++i) cells_[std::size_t(i)] = Held(i, state_.rows.Original(row, i));
+  state_.rows.ReadStoredOriginal(row, cells_.data());
+  if (const RowChange* change = state_.rows.Change(row)) Lay(change->written);
   return cells_;
+}
+
+/// Puts values in place of those that were read. What was read stays as exact as it is.
+void SavedRows::Lay(const ColumnValues& values) {
+  for (std::size_t i = 0; i < cells_.size(); ++i)
+    if (const QVariant* value = values.Find(int(i))) cells_[i] = Held(int(i), *value);
 }
 
 Cell SavedRows::Held(int column, const QVariant& value) {

@@ -22,6 +22,7 @@ class SavedRows {
   const std::vector<Cell>& Original(RowId row);
 
  private:
+  void Lay(const ColumnValues& values);
   Cell Held(int column, const QVariant& value);
 
   const RecordsetState& state_;

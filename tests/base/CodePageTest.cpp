@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <folvane/DataError.h>
+
 #include "base/CodePage.h"
 #include "support/QtPrinting.h"
 
@@ -33,6 +35,31 @@ TEST(CodePage, ACharacterOfTwoUnitsBecomesOneQuestionMark) {
 TEST(CodePage, HalfACharacterIsReadAsAReplacement) {
   EXPECT_EQ(FromCodePage("\xCE\xC4\xBC"), u"文\uFFFD"_s);
   EXPECT_EQ(FromCodePage(""), QString());
+}
+
+TEST(CodePage, AByteOfEightyIsTheEuroSignAsOnWindows) { EXPECT_EQ(FromCodePage("\x80\xff"), u"€\uFFFD"_s); }
+
+TEST(CodePage, Utf8IsTurnedIntoBytesOrRefused) {
+  QByteArray bytes;
+  EXPECT_TRUE(Utf8ToCodePage("A文①", bytes));
+  EXPECT_EQ(bytes, ToCodePage(u"A文①"_s));
+  for (const char* refused : {"ñ", "文\U0001F600", "\xE6\x96", "\xED\xA0\x80", "\xC0\x80", "\xFF"})
+    EXPECT_FALSE(Utf8ToCodePage(refused, bytes)) << refused;
+}
+
+TEST(CodePageReader, ReadsTheCodePagesOfOtherCountries) {
+  const auto read = [](int number, QByteArrayView bytes) {
+    QByteArray buffer;
+    return QString::fromUtf8(CodePageReader(number).Read(bytes, buffer));
+  };
+  EXPECT_EQ(read(1252, "\xE4\x80\x81"), u"ä€\u0081"_s);
+  EXPECT_EQ(read(949, "\xC7\xD1\x31"), u"한1"_s);
+  EXPECT_EQ(read(932, "\x82\xA0\xB1"), u"あｱ"_s);
+  EXPECT_EQ(read(950, "\xA4\xA4\xFF"), u"中\uFFFD"_s);
+  EXPECT_EQ(read(1258, "e\xEC"), u"é"_s);
+  EXPECT_EQ(read(65001, "\xE6\x96\x87\xE6"), u"文\uFFFD"_s);
+  EXPECT_EQ(read(936, "plain"), u"plain"_s);
+  EXPECT_THROW(CodePageReader(12345), DataError);
 }
 
 TEST(FitsByteLength, CountsAsByteLengthDoes) {

@@ -57,6 +57,13 @@ class Includes(unittest.TestCase):
         tree = Tree({"host/A.cpp": '#include "shell/B.h"\n', "src/shell/B.h": ""})
         self.assertIn("host may not know shell", tree.run("includes")[1])
 
+    def test_commands_know_the_data_layer_and_nothing_above(self):
+        tree = Tree({"commands/A.cpp": '#include "shell/B.h"\n#include "data/C.h"\n', "src/shell/B.h": "",
+                     "src/data/C.h": ""})
+        told = tree.run("includes")[1]
+        self.assertIn("commands may not know shell", told)
+        self.assertNotIn("data", told)
+
     def test_a_folder_without_a_place_fails(self):
         self.assertIn("has no place in the order", Tree({"src/attic/A.h": ""}).run("includes")[1])
 

@@ -40,6 +40,20 @@ if(NOT told MATCHES " ${version}\n")
   message(FATAL_ERROR "the demo host says it is ${told}")
 endif()
 
+# The installed command reads a record set in a file, and says how it ends.
+foreach(arguments IN ITEMS --version "copy;${samples}/flat_Integer_states.adtg;${work}/copied.Dat")
+  run(${offscreen} ${prefix}/bin/folvane-dat ${arguments})
+endforeach()
+run(${CMAKE_COMMAND} -E compare_files ${samples}/flat_Integer_states.adtg ${work}/copied.Dat)
+execute_process(COMMAND ${offscreen} ${prefix}/bin/folvane-dat show ${prefix}/bin/folvane-dat
+                OUTPUT_VARIABLE told RESULT_VARIABLE outcome ERROR_QUIET)
+if(NOT outcome EQUAL 1 OR told)
+  message(FATAL_ERROR "what is no record set is shown with ${outcome}: ${told}")
+endif()
+if(NOT EXISTS ${prefix}/share/man/man1/folvane-dat.1)
+  message(FATAL_ERROR "the manual of folvane-dat is not installed")
+endif()
+
 # A host that looks closely.
 file(COPY ${tests}/consumer DESTINATION ${work})
 build_host(${work}/consumer)

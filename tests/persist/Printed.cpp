@@ -4,21 +4,16 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "data/persist/TablegramPrinter.h"
+#include "data/persist/TablegramFile.h"
 
 namespace folvane::test {
 using namespace Qt::Literals::StringLiterals;
 
 QByteArrayList PrintedLines(const QByteArray& file, int codePage) {
-  TablegramReader reader(file);
   CodePageReader texts(codePage);
   QBuffer out;
   out.open(QIODevice::WriteOnly);
-  TablegramPrinter printer(reader.Head(), texts, out);
-  printer.PrintHead();
-  PersistedRecords records(reader);
-  PersistedRecord record;
-  while (records.Next(record)) printer.Print(record);
+  PrintTablegram(file, texts, out);
   QByteArrayList lines = out.data().split('\n');
   lines.removeLast();
   return lines;

@@ -4,8 +4,7 @@
 #include <QDir>
 #include <QtEndian>
 
-#include "data/persist/TablegramReader.h"
-#include "data/persist/TablegramWriter.h"
+#include "data/persist/TablegramFile.h"
 #include "data/persist/Utf16.h"
 
 namespace folvane::test {
@@ -66,14 +65,9 @@ QByteArray TextsFile() {
 }
 
 QByteArray Copied(const QByteArray& file) {
-  TablegramReader reader(file);
   QBuffer copy;
   copy.open(QIODevice::WriteOnly);
-  TablegramWriter writer(copy, reader.Head());
-  writer.WriteHead();
-  TablegramRow row;
-  while (reader.Next(row)) writer.WriteRow(row);
-  writer.WriteEnd();
+  CopyTablegram(file, copy);
   return copy.data();
 }
 

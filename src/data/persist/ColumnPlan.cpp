@@ -10,6 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr quint16 kTrue = 0xffff;
 constexpr QByteArrayView kHandlerClass("\xB6\x92\xF2\x3F\x04\xB2\xCF\x11\x8D\x23\x00\xAA\x00\x5F\xFE\x58", 16);
 constexpr QByteArrayView kResultId("\xD2\xAD\x63\xF6\x02\xEB\xCF\x11\xB0\xE3\x00\xAA\x00\x3F\x00\x0F", 16);
 
@@ -86,6 +87,7 @@ ColumnDescriptor DescribeForFile(const ColumnInfo& info, int ordinal) {
   column.name = info.name;
   column.type = quint16(StoredType(info.type));
   column.flags = ColumnFlag::Write;
+  if (info.autoNumber) column.autoIncrement = kTrue;
   if (info.nullable) column.flags |= ColumnFlag::Nullable;
   if (!CountsLength(column.type)) {
     column.maxLength = SizeOfType(info.type);

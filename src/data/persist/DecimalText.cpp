@@ -63,6 +63,14 @@ QByteArray DecimalText(bool negative, QByteArrayView magnitude, int scale, Trail
   return digits.insert(digits.size() - scale, '.');
 }
 
+double AsWritten(float value) {
+  char digits[24];
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+  double same = value;
+  std::from_chars(digits, end, same);
+  return same;
+}
+
 std::optional<DecimalParts> DecimalParts::Read(QByteArrayView text) {
   DecimalParts parts;
   const char* at = text.begin();

@@ -14,6 +14,9 @@ enum class TrailingZeros { Keep, Drop };
 /// of 38 digits needs are told by an exponent.
 QByteArray DecimalText(bool negative, QByteArrayView magnitude, int scale, TrailingZeros zeros);
 
+/// The double that reads as a single does: 0.1 and not 0.100000001490116.
+double AsWritten(float value);
+
 /// A decimal number taken apart: ±digits / 10^scale. An exponent is worked in.
 struct DecimalParts {
   bool negative = false;

@@ -1,6 +1,7 @@
 #include "data/persist/JsonText.h"
 
 #include <QString>
+#include <charconv>
 
 namespace folvane {
 
@@ -35,29 +36,45 @@ void AppendAscii(QByteArray& json, char c) {
   }
 }
 
+void AppendEscaped(QByteArray& json, QByteArrayView utf8) {
+  for (const char c : utf8) uchar(c) < 0x80 ? AppendAscii(json, c) : void(json.append(c));
+}
+
 }  // namespace
 
 void AppendJsonText(QByteArray& json, QStringView text) {
   json.append('"');
+  qsizetype begin = 0;  // of what is still to be appended
   for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text[i];
-    if (c.unicode() < 0x80) {
-      AppendAscii(json, char(c.unicode()));
-    } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
-      json.append(text.sliced(i++, 2).toUtf8());
-    } else if (c.isSurrogate()) {
-      AppendEscape(json, c.unicode());
-    } else {
-      json.append(text.sliced(i, 1).toUtf8());
+    if (!text[i].isSurrogate()) continue;
+    if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+      ++i;
+      continue;
     }
+    AppendEscaped(json, text.sliced(begin, i - begin).toUtf8());
+    AppendEscape(json, text[i].unicode());
+    begin = i + 1;
   }
+  AppendEscaped(json, text.sliced(begin).toUtf8());
   json.append('"');
 }
 
 void AppendJsonUtf8(QByteArray& json, QByteArrayView utf8) {
   json.append('"');
-  for (const char c : utf8) uchar(c) < 0x80 ? AppendAscii(json, c) : void(json.append(c));
+  AppendEscaped(json, utf8);
   json.append('"');
+}
+
+void AppendJsonWord(QByteArray& json, QByteArrayView word) {
+  json.append('"');
+  json.append(word);
+  json.append('"');
+}
+
+void AppendJsonNumber(QByteArray& json, qint64 number) {
+  char digits[24];
+  const char* end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+  json.append(digits, end - digits);
 }
 
 }  // namespace folvane

@@ -77,12 +77,7 @@ std::optional<double> RealNumber(const Cell& cell) {
 /// Whether a single shows the number, as it is or as it is written.
 bool IsSingle(double number) {
   const auto single = float(number);
-  if (double(single) == number || std::isnan(number)) return true;
-  char digits[24];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), single).ptr;
-  double written = 0;
-  std::from_chars(digits, end, written);
-  return written == number;
+  return double(single) == number || std::isnan(number) || AsWritten(single) == number;
 }
 
 bool EncodeReal(const Cell& cell, int type, QByteArray& buffer) {
@@ -146,6 +141,7 @@ bool EncodeNumberValue(const Cell& cell, const ColumnDescriptor& column, QByteAr
     case AdoType::UnsignedSmallInt:
       return EncodeWhole<quint16>(cell, buffer);
     case AdoType::Integer:
+    case AdoType::Error:
       return EncodeWhole<qint32>(cell, buffer);
     case AdoType::UnsignedInt:
       return EncodeWhole<quint32>(cell, buffer);

@@ -1,8 +1,8 @@
 #include "data/persist/RowLoader.h"
 
-#include <charconv>
 #include <limits>
 
+#include "data/persist/DecimalText.h"
 #include "data/persist/PersistedRecords.h"
 #include "data/persist/Utf16.h"
 #include "data/persist/ValueDecoder.h"
@@ -47,10 +47,7 @@ class StoreSink : public ValueSink {
     Text(text_);
   }
   void Guid(QByteArrayView text) override { Text(text); }
-  void NarrowText(QByteArrayView bytes) override {
-    codePage_.Read(bytes, text_);
-    Text(text_);
-  }
+  void NarrowText(QByteArrayView bytes) override { Text(codePage_.Read(bytes, text_)); }
   void WideText(QByteArrayView bytes) override {
     Utf16ToUtf8(bytes, text_);
     Text(text_);
@@ -59,15 +56,6 @@ class StoreSink : public ValueSink {
 
  private:
   void Text(QByteArrayView utf8) { rows_->AddText(utf8.data(), std::size_t(utf8.size())); }
-
-  /// The double that reads as the single does: 0.1 and not 0.100000001490116.
-  static double AsWritten(float value) {
-    char digits[24];
-    const auto end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
-    double same = value;
-    std::from_chars(digits, end, same);
-    return same;
-  }
 
   CodePageReader& codePage_;
   RowStore* rows_ = nullptr;

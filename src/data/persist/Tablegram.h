@@ -107,6 +107,7 @@ struct ColumnDescriptor {
   QByteArrayView afterAutoIncrement;  ///< case sensitive to octet length
   quint16 visible = 0xffff;           ///< 0 for what the engine added for itself
   quint32 child = 0;                  ///< in a child record set its number
+  int childSet = -1;                  ///< of a chapter: index of the record set behind it
   QByteArrayView relation;            ///< of a chapter: triples of parent column, child column and kind, 4 bytes each
   QByteArrayView relationEnd;
   QByteArrayView calculation;

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 
 #include "base/FileUpdate.h"
+#include "data/persist/TablegramPrinter.h"
+#include "data/persist/TablegramWriter.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
@@ -16,6 +18,31 @@ QByteArray ReadTablegramFile(const QString& path) {
   QByteArray content = ReadFile(path);
   if (content.isEmpty()) throw FileError(u"文件 %1 是空的。"_s.arg(name));
   return content;
+}
+
+void CheckTablegram(QByteArrayView content) {
+  TablegramReader reader(content);
+  TablegramRow row;
+  while (reader.Next(row)) {
+  }
+}
+
+void CopyTablegram(QByteArrayView content, QIODevice& out) {
+  TablegramReader reader(content);
+  TablegramWriter writer(out, reader.Head());
+  writer.WriteHead();
+  TablegramRow row;
+  while (reader.Next(row)) writer.WriteRow(row);
+  writer.WriteEnd();
+}
+
+void PrintTablegram(QByteArrayView content, CodePageReader& codePage, QIODevice& out) {
+  TablegramReader reader(content);
+  TablegramPrinter printer(reader.Head(), codePage, out);
+  printer.PrintHead();
+  PersistedRecords records(reader);
+  PersistedRecord record;
+  while (records.Next(record)) printer.Print(record);
 }
 
 }  // namespace folvane

@@ -129,6 +129,8 @@ ColumnDescriptor ReadColumn(ByteCursor& cursor, bool ofChild) {
 }
 
 void ReadColumns(ByteCursor& cursor, TablegramSet& set, bool ofChild) {
+  constexpr std::size_t kShortestColumn = 30;
+  set.columns.reserve(std::min(std::size_t(set.totalColumns), cursor.Left() / kShortestColumn));
   while (cursor.Left() && cursor.Peek() == TablegramToken::Column) {
     const std::size_t offset = cursor.Offset();
     const ColumnDescriptor& column = set.columns.emplace_back(ReadColumn(cursor, ofChild));
@@ -145,14 +147,12 @@ void ReadColumns(ByteCursor& cursor, TablegramSet& set, bool ofChild) {
 /// Finds out whose chapters the record sets are: each set is followed by those of its chapters, from left to right.
 class Chapters {
  public:
-  void Place(TablegramSet& set, std::size_t offset) {
-    if (first_) {
-      first_ = false;
-      return;
-    }
+  void Place(std::vector<TablegramSet>& sets, TablegramSet& set, std::size_t offset) {
+    if (sets.empty()) return;
     if (open_.empty()) throw BrokenTablegram(offset, u"子记录集不属于任何字段。"_s);
     set.parent = open_.back().set;
     set.parentColumn = open_.back().column;
+    sets[std::size_t(set.parent)].columns[std::size_t(set.parentColumn)].childSet = int(sets.size());
     open_.pop_back();
   }
   void Add(const TablegramSet& set, int index) {
@@ -165,7 +165,6 @@ class Chapters {
   struct Chapter {
     int set, column;
   };
-  bool first_ = true;
   std::vector<Chapter> open_;  ///< that wait for their record sets, the next one last
 };
 
@@ -179,7 +178,7 @@ Tablegram ReadTablegramHead(ByteCursor& cursor) {
   do {
     const std::size_t offset = cursor.Offset();
     TablegramSet set;
-    chapters.Place(set, offset);
+    chapters.Place(head.sets, set, offset);
     ReadResult(cursor, set);
     ExpectToken(cursor, TablegramToken::Context, u"记录集环境"_s);
     set.contextProperties = cursor.Frame().TakeRest();

@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <QtEndian>
+#include <algorithm>
 
 #include "data/persist/JsonSink.h"
 #include "data/persist/JsonText.h"
@@ -11,16 +12,6 @@ namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QByteArray JsonNumber(qint64 number) { return QByteArray::number(number); }
-
-QByteArray JsonBool(bool value) { return value ? QByteArrayLiteral("true") : QByteArrayLiteral("false"); }
-
-QByteArray JsonString(const QString& text) {
-  QByteArray json;
-  AppendJsonText(json, text);
-  return json;
-}
 
 /// The names of the fields, each once: of several fields of one name the further ones are called c and the number of
 /// the field from 0, as ADO calls them in its XML.
@@ -35,7 +26,7 @@ std::vector<QByteArray> KeysOf(const TablegramSet& set) {
       while (names.contains(key) || taken.contains(key)) key += u'_';
     }
     taken.insert(key);
-    keys.push_back(JsonString(key));
+    AppendJsonText(keys.emplace_back(), key);
   }
   return keys;
 }
@@ -70,13 +61,16 @@ void TablegramPrinter::PrintHead() {
 
 void TablegramPrinter::PrintSet(std::size_t index) {
   const TablegramSet& set = head_.sets[index];
-  line_ += R"({"kind":"recordset","recordset":)" + JsonNumber(qint64(index) + 1);
+  line_.Begin();
+  line_.Word("kind", "recordset");
+  line_.Number("recordset", qint64(index) + 1);
   if (set.parent >= 0) {
-    const ColumnDescriptor& chapter = head_.sets[std::size_t(set.parent)].columns[std::size_t(set.parentColumn)];
-    line_ += R"(,"parent":)" + JsonNumber(set.parent + 1) + R"(,"chapter":)" + JsonString(chapter.name);
+    line_.Number("parent", set.parent + 1);
+    line_.Text("chapter", head_.sets[std::size_t(set.parent)].columns[std::size_t(set.parentColumn)].name);
   }
-  line_ += R"(,"fields":)" + JsonNumber(set.totalColumns) + R"(,"visibleFields":)" + JsonNumber(set.visibleColumns) +
-           R"(,"rows":)" + JsonNumber(set.rowCount);
+  line_.Number("fields", set.totalColumns);
+  line_.Number("visibleFields", set.visibleColumns);
+  line_.Number("rows", set.rowCount);
   EndLine();
 }
 
@@ -84,75 +78,90 @@ void TablegramPrinter::PrintField(std::size_t index, std::size_t at) {
   const TablegramSet& set = head_.sets[index];
   const ColumnDescriptor& column = set.columns[at];
   const int type = AdoTypeOf(column);
-  line_ += R"({"kind":"field","recordset":)" + JsonNumber(qint64(index) + 1) + R"(,"ordinal":)" +
-           JsonNumber(column.ordinal) + R"(,"name":)" + JsonString(column.name) + R"(,"key":)" + keys_[index][at] +
-           R"(,"type":)" + JsonNumber(type) + R"(,"typeName":")" + AdoTypeName(type).toByteArray() +
-           R"(","storedType":)" + JsonNumber(column.type) + R"(,"size":)" + JsonNumber(column.maxLength) +
-           R"(,"precision":)" + JsonNumber(column.precision) + R"(,"scale":)" + JsonNumber(column.scale) +
-           R"(,"flags":)" + JsonNumber(column.flags) + R"(,"flagNames":[)";
-  QByteArrayList names;
-  for (const QByteArrayView name : ColumnFlagNames(column.flags)) names << '"' + name.toByteArray() + '"';
-  line_ += names.join(',') + R"(],"nullable":)" + JsonBool(column.flags & ColumnFlag::Nullable) + R"(,"visible":)" +
-           JsonBool(column.visible) + R"(,"autoIncrement":)" + JsonBool(column.autoIncrement);
+  line_.Begin();
+  line_.Word("kind", "field");
+  line_.Number("recordset", qint64(index) + 1);
+  line_.Number("ordinal", column.ordinal);
+  line_.Text("name", column.name);
+  line_.Value("key").append(keys_[index][at]);
+  line_.Number("type", type);
+  line_.Word("typeName", AdoTypeName(type));
+  line_.Number("storedType", column.type);
+  line_.Number("size", column.maxLength);
+  line_.Number("precision", column.precision);
+  line_.Number("scale", column.scale);
+  AppendFlags(column.flags);
+  line_.Bool("nullable", column.flags & ColumnFlag::Nullable);
+  line_.Bool("visible", column.visible);
+  line_.Bool("autoIncrement", column.autoIncrement);
   AppendOrigin(column, set);
-  if (column.IsChapter()) AppendRelation(column, index);
+  if (column.IsChapter()) AppendRelation(column);
   EndLine();
+}
+
+void TablegramPrinter::AppendFlags(quint32 flags) {
+  line_.Number("flags", flags);
+  QByteArray& names = line_.Value("flagNames").append('[');
+  for (const QByteArrayView name : ColumnFlagNames(flags)) {
+    if (!names.endsWith('[')) names.append(',');
+    AppendJsonWord(names, name);
+  }
+  names.append(']');
 }
 
 /// Where in a database the column comes from.
 void TablegramPrinter::AppendOrigin(const ColumnDescriptor& column, const TablegramSet& set) {
-  const auto add = [&](quint32 part, const char* key, const QString& text) {
-    if (column.presence & part) line_ += QByteArray(",\"") + key + "\":" + JsonString(text);
-  };
-  add(ColumnPart::Catalog, "baseCatalog", column.catalog);
-  add(ColumnPart::Schema, "baseSchema", column.schema);
-  for (const TableDescriptor& table : set.tables)
-    if (table.ordinal == column.table) add(ColumnPart::Table, "baseTable", table.updateName);
-  add(ColumnPart::TableColumnName, "baseColumn", column.tableColumnName);
+  if (column.presence & ColumnPart::Catalog) line_.Text("baseCatalog", column.catalog);
+  if (column.presence & ColumnPart::Schema) line_.Text("baseSchema", column.schema);
+  const auto table = std::find_if(set.tables.begin(), set.tables.end(),
+                                  [&](const TableDescriptor& one) { return one.ordinal == column.table; });
+  if ((column.presence & ColumnPart::Table) && table != set.tables.end()) line_.Text("baseTable", table->updateName);
+  if (column.presence & ColumnPart::TableColumnName) line_.Text("baseColumn", column.tableColumnName);
 }
 
 /// The record set behind a chapter, and which of its columns equals which of the parent's.
-void TablegramPrinter::AppendRelation(const ColumnDescriptor& column, std::size_t index) {
-  for (std::size_t i = 0; i < head_.sets.size(); ++i)
-    if (head_.sets[i].parent == int(index) && head_.sets[i].parentColumn == column.ordinal - 1)
-      line_ += R"(,"child":)" + JsonNumber(qint64(i) + 1);
-  QByteArrayList triples;
-  const auto number = [&](qsizetype at) { return JsonNumber(qFromLittleEndian<quint32>(column.relation.data() + at)); };
-  for (qsizetype at = 0; at + 12 <= column.relation.size(); at += 12)
-    triples << '[' + number(at) + ',' + number(at + 4) + ',' + number(at + 8) + ']';
-  line_ += R"(,"relation":[)" + triples.join(',') + ']';
+void TablegramPrinter::AppendRelation(const ColumnDescriptor& column) {
+  constexpr qsizetype kNumber = sizeof(quint32), kTriple = 3 * kNumber;
+  line_.Number("child", column.childSet + 1);
+  QByteArray& triples = line_.Value("relation").append('[');
+  for (qsizetype at = 0; at + kTriple <= column.relation.size(); at += kTriple) {
+    if (at) triples.append(',');
+    for (qsizetype part = 0; part < kTriple; part += kNumber) {
+      triples.append(part ? ',' : '[');
+      AppendJsonNumber(triples, qFromLittleEndian<quint32>(column.relation.data() + at + part));
+    }
+    triples.append(']');
+  }
+  triples.append(']');
 }
 
 void TablegramPrinter::Print(const PersistedRecord& record) {
   const auto set = std::size_t(record.set);
-  line_ += R"({"kind":"row","recordset":)" + JsonNumber(record.set + 1) + R"(,"status":")";
-  line_ += StateName(record.state);
-  line_ += R"(","values":)";
-  AppendValues(set, record.cells);
-  if (record.state == PersistedRecord::Changed) {
-    line_ += R"(,"original":)";
-    AppendValues(set, record.original);
-  }
+  line_.Begin();
+  line_.Word("kind", "row");
+  line_.Number("recordset", record.set + 1);
+  line_.Word("status", StateName(record.state));
+  AppendValues("values", set, record.cells);
+  if (record.state == PersistedRecord::Changed) AppendValues("original", set, record.original);
   EndLine();
 }
 
-void TablegramPrinter::AppendValues(std::size_t set, const std::vector<TablegramCell>& cells) {
-  JsonSink sink(line_, codePage_);
-  line_ += '{';
+void TablegramPrinter::AppendValues(QByteArrayView key, std::size_t set, const std::vector<TablegramCell>& cells) {
+  QByteArray& json = line_.Value(key);
+  JsonSink sink(json, codePage_);
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (i) line_ += ',';
-    line_ += keys_[set][i];
-    line_ += ':';
+    json.append(i ? ',' : '{');
+    json.append(keys_[set][i]);
+    json.append(':');
     cells[i].state == TablegramCell::Value ? DecodeValue(head_.sets[set].columns[i], cells[i].bytes, sink)
                                            : sink.Empty();
   }
-  line_ += '}';
+  json.append('}');
 }
 
 void TablegramPrinter::EndLine() {
-  line_ += "}\n";
-  out_.write(line_);
-  line_.clear();
+  const QByteArray& line = line_.End();
+  if (out_.write(line) != line.size()) throw FileError(out_.errorString());
 }
 
 }  // namespace folvane

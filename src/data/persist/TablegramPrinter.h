@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/CodePage.h"
+#include "data/persist/JsonLine.h"
 #include "data/persist/PersistedRecords.h"
 #include "data/persist/Tablegram.h"
 
@@ -16,22 +17,24 @@ class TablegramPrinter {
  public:
   TablegramPrinter(const Tablegram& head, CodePageReader& codePage, QIODevice& out);
 
+  /// @throws FileError when the device takes no more, as does Print
   void PrintHead();
   void Print(const PersistedRecord& record);
 
  private:
   void PrintSet(std::size_t set);
   void PrintField(std::size_t set, std::size_t column);
-  void AppendRelation(const ColumnDescriptor& column, std::size_t set);
+  void AppendRelation(const ColumnDescriptor& column);
   void AppendOrigin(const ColumnDescriptor& column, const TablegramSet& set);
-  void AppendValues(std::size_t set, const std::vector<TablegramCell>& cells);
+  void AppendFlags(quint32 flags);
+  void AppendValues(QByteArrayView key, std::size_t set, const std::vector<TablegramCell>& cells);
   void EndLine();
 
   const Tablegram& head_;
   CodePageReader& codePage_;
   QIODevice& out_;
   std::vector<std::vector<QByteArray>> keys_;  ///< of the values in a row, by set and column, as JSON
-  QByteArray line_;
+  JsonLine line_;
 };
 
 }  // namespace folvane

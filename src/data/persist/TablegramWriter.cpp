@@ -1,6 +1,7 @@
 #include "data/persist/TablegramWriter.h"
 
 #include <QtEndian>
+#include <algorithm>
 
 #include "base/FileUpdate.h"
 
@@ -72,8 +73,7 @@ void PutAssigned(char*& at, const TablegramRow& row) {
 
 }  // namespace
 
-TablegramWriter::TablegramWriter(QIODevice& device, const Tablegram& head)
-    : device_(device), head_(head), buffer_(qsizetype(kBuffer), Qt::Uninitialized) {}
+TablegramWriter::TablegramWriter(QIODevice& device, const Tablegram& head) : device_(device), head_(head) {}
 
 void TablegramWriter::WriteHead() {
   const QByteArray head = EncodeTablegramHead(head_);
@@ -115,8 +115,9 @@ std::size_t TablegramWriter::RoomFor(const TablegramRow& row) const {
 }
 
 char* TablegramWriter::Reserve(std::size_t size) {
-  if (std::size_t(buffer_.size()) - used_ < size) Flush();
-  if (std::size_t(buffer_.size()) < size) buffer_.resize(qsizetype(size));
+  if (used_ + size > kBuffer) Flush();
+  const std::size_t needed = used_ + size, room = std::size_t(buffer_.size());
+  if (room < needed) buffer_.resize(qsizetype(std::max(needed, std::min(room * 2, kBuffer))));
   return buffer_.data() + used_;
 }
 

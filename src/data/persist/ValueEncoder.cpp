@@ -90,14 +90,15 @@ bool ValueEncoder::EncodeBytes(const Cell& cell, QByteArrayView& bytes) {
   return fixed ? quint64(bytes.size()) == column_.maxLength : quint64(bytes.size()) <= column_.maxLength;
 }
 
-/// Whether what the buffer holds is short enough; a field of fixed length is filled up with blanks.
+/// Whether what the buffer holds is short enough; in a field of fixed length blanks fill it up, or go where the
+/// database counts its length in characters and not in bytes.
 bool ValueEncoder::Fit(QByteArrayView& bytes, QByteArrayView blank) {
   const quint64 most = quint64(column_.maxLength) * quint64(blank.size());
-  if (quint64(bytes.size()) > most) return false;
-  if (!(column_.flags & ColumnFlag::Fixed)) return true;
+  if (!(column_.flags & ColumnFlag::Fixed)) return quint64(bytes.size()) <= most;
+  while (quint64(buffer_.size()) > most && buffer_.endsWith(blank)) buffer_.chop(blank.size());
   while (quint64(buffer_.size()) < most) buffer_.append(blank);
   bytes = buffer_;
-  return true;
+  return quint64(bytes.size()) == most;
 }
 
 /// Numbers only, each as the type that holds it.
