@@ -43,11 +43,10 @@ RecordImport::RecordImport(QString table, Recordset& records) : table_(std::move
 std::optional<qint64> RecordImport::Run(const QString& path, const Progress& progress) {
   file_.OpenFile(path);
   FindWays();
-  ReturnTo before(records_);
+  const ReturnTo before(records_);
   try {
     if (AddAll(progress)) {
       records_.UpdateBatch(AffectKind::AllChapters);
-      before.Stay();
       return added_.size();
     }
   } catch (const std::exception&) {

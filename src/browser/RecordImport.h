@@ -20,8 +20,8 @@ class RecordImport {
   /// @param records of the table, open for writing
   RecordImport(QString table, Recordset& records);
 
-  /// Reads the file and writes what it adds. Whatever happens, no changes wait in the records afterwards, and where
-  /// nothing was added they stand where they stood.
+  /// Reads the file and writes what it adds. Whatever happens, no changes wait in the records afterwards, and they
+  /// stand where they stood.
   /// @return how many records were added, none when the progress ended it
   /// @throws DataError for a file that cannot be read or that has no keys, and for a value or a row that is refused
   std::optional<qint64> Run(const QString& path, const Progress& progress);
