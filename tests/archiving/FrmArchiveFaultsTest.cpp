@@ -99,15 +99,15 @@ TEST_P(FrmArchiveFaultsTest, WhatWasTransferredIsNotListedWhereTheRestCannotBeRe
     window.Tick(2);
     GiveYear(window);
     bool isDone = false;
-      Services().messageBox = [&](const MessageRequest& box) {
-        if (box.text.startsWith(u"成功归档1份记录！"_s)) isDone = true;
-        return 1;
-      };
-      Connected()->OnStatement([&](const QString& statement) {
-        if (isDone) throw DataError(DataErrorKind::Locked, u"表被其他用户锁定"_s, statement, u"5"_s);
-      });
-      window.Ok();
-      Connected()->OnStatement({});
+    Services().messageBox = [&](const MessageRequest& box) {
+      if (box.text.startsWith(u"成功归档1份记录！"_s)) isDone = true;
+      return 1;
+    };
+    Connected()->OnStatement([&](const QString& statement) {
+      if (isDone) throw DataError(DataErrorKind::Locked, u"表被其他用户锁定"_s, statement, u"5"_s);
+    });
+    window.Ok();
+    Connected()->OnStatement({});
     EXPECT_EQ(window.Rows(), 0);
     EXPECT_EQ(window.Status(), u"当前无记录"_s);
     EXPECT_EQ(window.Text(u"LblTicked"_s), QString());
