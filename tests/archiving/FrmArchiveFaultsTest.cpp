@@ -130,6 +130,19 @@ TEST_P(FrmArchiveFaultsTest, AFormatThatCannotBeReadToItsEndArchivesNothing) {
   EXPECT_EQ(Archived(), QStringList());
 }
 
+TEST_P(FrmArchiveFaultsTest, ThePanelGoesOnWhereTheDialogCouldNotBeOpened) {
+  InWindow([&](const ArchiveWindow& window) {
+    window.Tick(1);
+    GiveYear(window);
+    {
+      const LockedStatement format(*Connected(), 1);
+      window.Entry(u"mnuArchive"_s).trigger();
+    }
+    window.Ok();
+    EXPECT_EQ(boxes_.Last().text, u"成功归档1份记录！起始件档号为：2002-0001"_s);
+  });
+}
+
 TEST_P(FrmArchiveFaultsTest, WhileATransferAsksTheForecastLeavesTheDatabaseAlone) {
   design_->Insert(u"DataTransfer_Details"_s, u"IniRecId,SourceField,DesField,SourceChn"_s,
                   {u"1"_s, u"Amaintitle"_s, u"ItemNo"_s, u"题名"_s});  // a text into a number
