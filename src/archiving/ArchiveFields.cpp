@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "archiving/ArchiveFormat.h"
+#include "archiving/ArchiveNumber.h"
 #include "archiving/DoArchiveLog.h"
 #include "forms/LengthGuard.h"
 #include "shell/EventGuard.h"
@@ -101,6 +102,8 @@ bool ArchiveFields::Read() {
   QGuiApplication::inputMethod()->commit();
   for (const auto& field : fields_) field->Commit();
   const ShownFields shown = Shown();
+  // The format is shared, and lost where another window could not read it.
+  if (!shown.empty() && SharedNumberFormat().itemField.name.isEmpty()) LoadArchiveFormat(table_);
   DoArchiveLog log(table_);
   log.MakeFile();
   const ShownField* blank = TakeArchiveValues(shown, log);

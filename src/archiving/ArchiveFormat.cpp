@@ -89,10 +89,7 @@ bool IsBlankParameter(const ShownField& field) {
   }
 }
 
-}  // namespace
-
-ArchiveFormat LoadArchiveFormat(const QString& table) {
-  ForgetFormat();
+ArchiveFormat ReadFormat(const QString& table) {
   Recordset controls, parts;
   controls.Open(FieldsStatement(table), SharedConnection());
   parts.Open(u"Select * from ArchiveNo_Format Where TableName='"_s + table + u"'"_s, SharedConnection(),
@@ -113,6 +110,19 @@ ArchiveFormat LoadArchiveFormat(const QString& table) {
     row.control.index = ++counts[row.control.type];
   }
   return format;
+}
+
+}  // namespace
+
+// By a part of a format records would be archived without a number.
+ArchiveFormat LoadArchiveFormat(const QString& table) {
+  ForgetFormat();
+  try {
+    return ReadFormat(table);
+  } catch (const std::exception&) {
+    ForgetFormat();
+    throw;
+  }
 }
 
 const ShownField* TakeArchiveValues(const ShownFields& entered, DoArchiveLog& log) {

@@ -173,12 +173,18 @@ void FrmArchive::ShowTable(int node) {
     const BusyPointer busy;
     ShowTableOf(node);
   } catch (const std::exception& error) {
-    if (list_->State() == ListRecords::NotOpened) tableInView_.clear();
+    if (list_->State() == ListRecords::NotOpened) {
+      tableInView_.clear();
+      list_->ForgetTable();
+      status_->ShowNothing();
+    }
     TellShown();
+    TellTicked();
     ShowOpeningFailure(*list_, error);
     return;
   }
   TellShown();
+  TellTicked();
 }
 
 void FrmArchive::ShowTableOf(int node) {
@@ -211,7 +217,6 @@ void FrmArchive::LoadFields() {
 }
 
 void FrmArchive::ShowRow() {
-  if (!list_->HasTicks()) tickAll_->setChecked(false);
   const ArchiveView view = View();
   Enable(ArchiveEnabling(view));
   if (!view.hasRows) status_->ShowNoRecords();
@@ -240,7 +245,8 @@ QString FrmArchive::EmptyListHint() const {
     return isTable ? u"按回车键或双击“%1”以打开它。"_s.arg(tree_->Node(node).text) : tree_->ChoiceHint();
   }
   const QString hint = limits_->EmptyListHint();
-  if (hint.isEmpty() || !ShowsWaiting() || parameters_.Selected(Parameter::RowLimit) == u"1 = 2"_s) return hint;
+  if (hint.isEmpty() || !ShowsWaiting() || list_->RecordCount() > 0) return hint;  // what keeps them from being shown
+  if (parameters_.Selected(Parameter::RowLimit) == u"1 = 2"_s) return hint;
   return u"没有需要归档的文件：这里只列出归档状态为“需归档”的文件。"_s +
          (list_->ShownFilter().isEmpty() ? QString() : u"\n按 F5 取消查询条件。"_s);
 }

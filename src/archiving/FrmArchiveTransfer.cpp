@@ -31,6 +31,7 @@ void FrmArchive::TickAll(bool on) {
 }
 
 void FrmArchive::TellTicked() {
+  if (!list_->HasTicks()) tickAll_->setChecked(false);
   const qsizetype count = list_->Ticked().size();
   const int loaded = list_->Rows().Count();
   QString text;
@@ -45,7 +46,8 @@ void FrmArchive::TellTicked() {
 
 void FrmArchive::TellForecast() {
   const QString target = Target();
-  if (list_->Table().isEmpty()) return forecast_->clear();
+  if (SharedConnection()->InTransaction()) return forecastDue_->start();  // a transfer that asks; its rows count later
+  if (list_->State() != ListRecords::Opened) return forecast_->clear();
   if (target.isEmpty()) return forecast_->setText(u"该表没有设置归档的目标库，请用“归档设置”登记"_s);
   QString text;
   IgnoreErrors([&] { text = ForecastText(target, fields_->Shown(), int(list_->Ticked().size())); });
@@ -93,6 +95,7 @@ void FrmArchive::Transfer() {
   order.withOriginals = takeOriginals_->isChecked();
   const ArchiveOutcome outcome = TransferRecords(order, status_);
   if (outcome.count > 0) {
+    list_->ShowNone();  // what has gone is not shown either when the rest cannot be read
     list_->Reload();
   } else if (outcome.isRun) {
     ShowMessage(

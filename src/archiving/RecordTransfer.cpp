@@ -12,6 +12,7 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -77,7 +78,7 @@ RecordResult RecordTransfer::Transfer(const QString& archiveId) {
 
 bool RecordTransfer::IsToBeTransferred(const QString& archiveId) {
   Recordset& source = tables_.source;
-  source.SetFilter(u"ArchiveID = '"_s + archiveId + u'\'');
+  source.SetFilter(u"ArchiveID = '"_s + EscapeSql(archiveId) + u'\'');
   if (tables_.hasFileStatus && (source.EOF_() || source[u"FileStatus"_s].Text() != kToBeArchived)) return false;
   return CheckUserScope(tables_) && !source.EOF_();
 }
@@ -153,7 +154,7 @@ void RecordTransfer::CopyOriginals(const QString& archiveId) {
   SharedConnection()->Execute(
       u"Insert Into Original_Text(ID,Original_Name,Type,RecordID,Size,FileOrder,FilePath) "
       "(Select ID,Original_Name,Type,'"_s +
-      key_ + u"',Size,FileOrder,FilePath From Original_Text Where RecordID = '"_s + archiveId + u"')"_s);
+      key_ + u"',Size,FileOrder,FilePath From Original_Text Where RecordID = '"_s + EscapeSql(archiveId) + u"')"_s);
 }
 
 }  // namespace folvane

@@ -72,11 +72,12 @@ void RecordList::OpenRecords() {
   if (records_.IsOpen()) records_.Close();
   try {
     Open(records_, parameters_.Selected(Parameter::Order));
+    Opened();
   } catch (const std::exception&) {
+    if (records_.IsOpen()) records_.Close();
     Refused();
     throw;
   }
-  Opened();
 }
 
 // The records in view stay open until the statement in the new order has succeeded.
@@ -132,6 +133,7 @@ void RecordList::ShowFromStart() {
 }
 
 void RecordList::ShowNone() {
+  model_.ClearTicks();
   model_.ClearRows();
   news_.chosen();
 }

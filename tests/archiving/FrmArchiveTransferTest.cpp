@@ -109,6 +109,27 @@ TEST_P(FrmArchiveTransferTest, OriginalsAreTakenWhereTheBoxSaysSo) {
   });
 }
 
+TEST_P(FrmArchiveTransferTest, KeysAreTakenAsTheyStand) {
+  const QStringList keys{QString(), u"%_[x]"_s, u"a'b"_s, u"k\"7 "_s, u"钥匙😀"_s};
+  for (const QString& key : keys) {
+    design_->Insert(u"Lwdj"_s, u"ArchiveID,RegID,Amaintitle,FileStatus"_s,
+                    {key, QString::number(keys.indexOf(key)), u"“"_s + key + u"”"_s, u"需归档"_s});
+    design_->AddOriginal(key, u"1"_s, u"正文"_s, 1);
+  }
+  InWindow([&](const ArchiveWindow& window) {
+    window.ClickColumn(1);
+    Click(window.Box(u"Check2"_s));
+    Click(window.Box(u"Check3"_s));
+    GiveYear(window);
+    window.Ok();
+    EXPECT_EQ(boxes_.Texts(), QStringList{u"成功归档5份记录！起始件档号为：2002-0001"_s});
+    EXPECT_EQ(window.Rows(), 0);
+  });
+  EXPECT_EQ(Archived(), (QStringList{u"“” 2002-0001"_s, u"“%_[x]” 2002-0002"_s, u"“a'b” 2002-0003"_s,
+                                     u"“k\"7 ” 2002-0004"_s, u"“钥匙😀” 2002-0005"_s}));
+  EXPECT_EQ(design_->Value(u"select count(*) from Original_Text"_s), u"10"_s);
+}
+
 TEST_P(FrmArchiveTransferTest, TicksThatTheListHasLetGoOfGoAlong) {
   AddDocuments(100);
   InWindow([&](const ArchiveWindow& window) {

@@ -164,6 +164,26 @@ TEST_P(ExchangeCommandsTest, ARefusedRecordLeavesTheTableAsItWasAndTheDetailsInT
   EXPECT_EQ(Count(), u"12"_s);
 }
 
+TEST_P(ExchangeCommandsTest, WhereTheListCannotBeReadAgainTheRecordOfItsRowIsStillTheCurrentOne) {
+  WriteFile(20);
+  files_.Answer(Path());
+  log_.reset();
+  InBrowser([&](const Browser& browser) {
+    browser.PressInList(Qt::Key_Down);
+    {
+      const LockedStatement reading(*Connected(), 21);  // behind those that look for the twenty keys
+      OpenEntry(browser).trigger();
+      EXPECT_TRUE(reading.WasRun());
+    }
+    EXPECT_EQ(boxes_.Texts(), QStringList{u"导入完成，成功导入8条数据！"_s});
+    EXPECT_THAT(browser.Notice().toStdString(), StartsWith(u"未能完成："_s.toStdString()));
+    EXPECT_EQ(browser.Row(), 2);
+    EXPECT_EQ(Shared().CurrentRecords[u"ArchiveID"_s].Text(), DesignedDatabase::Key(11));
+    browser.Key(u"Refresh"_s).trigger();
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共20条"_s);
+  });
+}
+
 TEST_P(ExchangeCommandsTest, ALongImportIsSeenInTheStatusBarAndTheKeyThereEndsIt) {
   WriteFile(20);
   files_.Answer(Path());

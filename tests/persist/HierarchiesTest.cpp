@@ -1,11 +1,10 @@
-#include "persist/Hierarchies.h"
-
 #include <QJsonArray>
 #include <QtEndian>
 #include <gmock/gmock.h>
 
 #include "base/FileUpdate.h"
 #include "data/persist/RowLoader.h"
+#include "persist/Hierarchies.h"
 #include "persist/Printed.h"
 #include "persist/Tablegrams.h"
 
