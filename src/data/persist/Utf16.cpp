@@ -7,14 +7,14 @@ namespace folvane {
 
 QString Utf16ToText(QByteArrayView bytes) {
   QString text(bytes.size() / 2, Qt::Uninitialized);
-  qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
+  if (!text.isEmpty()) qFromLittleEndian<char16_t>(bytes.data(), text.size(), text.data());
   return text;
 }
 
 void AppendUtf16(QByteArray& bytes, QStringView text) {
   const qsizetype before = bytes.size();
   bytes.resize(before + text.size() * 2);
-  qToLittleEndian<char16_t>(text.utf16(), text.size(), bytes.data() + before);
+  if (!text.isEmpty()) qToLittleEndian<char16_t>(text.utf16(), text.size(), bytes.data() + before);
 }
 
 void Utf16ToUtf8(QByteArrayView bytes, QByteArray& utf8) {
