@@ -84,17 +84,8 @@ class SqliteFile : public Database {
 class PostgresServer : public Database {
  public:
   PostgresServer() {
-    SQLHENV environment = SQL_NULL_HENV;
-    SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
-    SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-    SQLAllocHandle(SQL_HANDLE_DBC, environment, &handle_);
-    QByteArray text = qgetenv("FOLVANE_TEST_PG");
-    if (!SQL_SUCCEEDED(SQLDriverConnect(handle_, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS, nullptr, 0,
-                                        nullptr, SQL_DRIVER_NOPROMPT)))
-      qFatal("no PostgreSQL server: run through scripts/with-postgres");
     Run("DROP SCHEMA IF EXISTS Archiving CASCADE");
     Run("CREATE SCHEMA Archiving");
-    Run("SET search_path TO Archiving, public");
   }
   std::shared_ptr<Connection> Adopt() override { return AdoptOdbc(handle_); }
   void Run(const QByteArray& statement) override {
@@ -126,7 +117,7 @@ class PostgresServer : public Database {
     SQLAllocHandle(SQL_HANDLE_STMT, handle_, &handle);
     return handle;
   }
-  SQLHDBC handle_ = SQL_NULL_HDBC;
+  SQLHDBC handle_ = ConnectOdbc("Archiving");
 };
 
 /// Incoming records that wait to be archived, with their originals, and the archive that takes them.

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <folvane/OdbcConnection.h>
 #include <folvane/SqliteConnection.h>
 
 #include "bench/Cases.h"
@@ -49,11 +50,18 @@ void Describe(folvane::Connection& connection) {
   transaction.Commit();
 }
 
+std::shared_ptr<folvane::Connection> OnSqlite(const Setting& setting) {
+  return AdoptSqlite(OpenSqlite(setting.database));
+}
+
+std::shared_ptr<folvane::Connection> OnPostgres(const Setting& setting) {
+  return AdoptOdbc(ConnectOdbc(SchemaOf(setting.rows).toUtf8()));
+}
+
 /// A browser on the screen with its tree open.
 class OpenBrowser {
  public:
-  explicit OpenBrowser(const Setting& setting) {
-    const std::shared_ptr<folvane::Connection> connection = AdoptSqlite(OpenSqlite(setting.database));
+  explicit OpenBrowser(const std::shared_ptr<folvane::Connection>& connection) {
     Describe(*connection);
     Shared().Connection = connection;
     Shared().UserId = u"1"_s;
@@ -108,24 +116,48 @@ class OpenBrowser {
   FrmMain window_;
 };
 
+template <auto Connect>
 void ChooseTable(const Setting& setting, Meter& meter) {
-  OpenBrowser browser(setting);
+  OpenBrowser browser(Connect(setting));
   meter.Start();
   browser.ChooseTable(setting);
   meter.Stop();
 }
 
+/// Goes to a page, and before that, unmeasured, to others.
+void GoToPage(OpenBrowser& browser, const Setting& setting, Meter& meter, const QStringList& ahead,
+              const QString& entry) {
+  browser.ChooseTable(setting);
+  for (const QString& before : ahead) browser.Command(before);
+  const qint64 position = Shared().CurrentRecords.AbsolutePosition();
+  meter.Start();
+  browser.Command(entry);
+  meter.Stop();
+  if (Shared().CurrentRecords.AbsolutePosition() == position) qFatal("the page was not reached");
+}
+
+template <auto Connect>
 void GoToLastPage(const Setting& setting, Meter& meter) {
-  OpenBrowser browser(setting);
-  browser.ChooseTable(setting);
-  meter.Start();
-  browser.Command(u"mnu_Goto6_LPage"_s);
-  meter.Stop();
-  if (Shared().CurrentRecords.AbsolutePosition() < setting.rows - 100) qFatal("the last page was not reached");
+  OpenBrowser browser(Connect(setting));
+  GoToPage(browser, setting, meter, {}, u"mnu_Goto6_LPage"_s);
 }
 
+template <auto Connect>
+void GoToFirstPage(const Setting& setting, Meter& meter) {
+  OpenBrowser browser(Connect(setting));
+  GoToPage(browser, setting, meter, {u"mnu_Goto6_LPage"_s}, u"mnu_Goto5_FPage"_s);
+}
+
+template <auto Connect>
+void GoToNextPage(const Setting& setting, Meter& meter) {
+  const QString next = u"mnu_Goto3_NPage"_s;
+  OpenBrowser browser(Connect(setting));
+  GoToPage(browser, setting, meter, {next, next}, next);
+}
+
+template <auto Connect>
 void SortColumn(const Setting& setting, Meter& meter) {
-  OpenBrowser browser(setting);
+  OpenBrowser browser(Connect(setting));
   browser.ChooseTable(setting);
   const QString order = Shared().CurrentRecords.Source();
   meter.Start();
@@ -136,8 +168,9 @@ void SortColumn(const Setting& setting, Meter& meter) {
 
 const QString kSought = u"00999"_s;
 
+template <auto Connect>
 void QuickSearch(const Setting& setting, Meter& meter) {
-  OpenBrowser browser(setting);
+  OpenBrowser browser(Connect(setting));
   browser.ChooseTable(setting);
   browser.AskFor(u"Title"_s, u"包含"_s, kSought);
   meter.Start();
@@ -149,20 +182,32 @@ void QuickSearch(const Setting& setting, Meter& meter) {
 
 void SearchRaw(const Setting& setting, Meter& meter) {
   const QString query = u"SELECT * FROM Records WHERE Title LIKE '%%1%' ORDER BY ArchiveID"_s.arg(kSought);
-  ReadAllRaw(setting, query.toUtf8().constData(), meter);
+  StepThrough(setting, query.toUtf8().constData(), meter);
 }
 
-/// What SQLite itself takes for the rows of the sorted column.
-void SortRaw(const Setting& setting, Meter& meter) {
-  ReadAllRaw(setting, "SELECT * FROM Records ORDER BY Title", meter);
+/// What SQLite itself takes for the keys in the order of the column.
+void SortKeysRaw(const Setting& setting, Meter& meter) {
+  StepThrough(setting, "SELECT ArchiveID FROM Records ORDER BY Title", meter);
 }
 
 }  // namespace
 
 Cases BrowserCases() {
   return {
-      {u"browser-choose"_s, ChooseTable}, {u"browser-last"_s, GoToLastPage}, {u"browser-sort"_s, SortColumn},
-      {u"browser-search"_s, QuickSearch}, {u"search-raw"_s, SearchRaw},      {u"sort-raw"_s, SortRaw},
+      {u"browser-choose"_s, ChooseTable<OnSqlite>},
+      {u"browser-choose-odbc"_s, ChooseTable<OnPostgres>},
+      {u"browser-last"_s, GoToLastPage<OnSqlite>},
+      {u"browser-last-odbc"_s, GoToLastPage<OnPostgres>},
+      {u"browser-first"_s, GoToFirstPage<OnSqlite>},
+      {u"browser-first-odbc"_s, GoToFirstPage<OnPostgres>},
+      {u"browser-next"_s, GoToNextPage<OnSqlite>},
+      {u"browser-next-odbc"_s, GoToNextPage<OnPostgres>},
+      {u"browser-sort"_s, SortColumn<OnSqlite>},
+      {u"browser-sort-odbc"_s, SortColumn<OnPostgres>},
+      {u"browser-search"_s, QuickSearch<OnSqlite>},
+      {u"browser-search-odbc"_s, QuickSearch<OnPostgres>},
+      {u"search-raw"_s, SearchRaw},
+      {u"sort-keys-raw"_s, SortKeysRaw},
   };
 }
 

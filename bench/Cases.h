@@ -18,6 +18,9 @@ struct Setting {
 using Case = std::function<void(const Setting&, Meter&)>;
 using Cases = std::map<QString, Case>;
 
+/// Steps through the rows of a query and takes their values, and keeps nothing.
+void StepThrough(const Setting& setting, const char* query, Meter& meter);
+
 /// Reads the rows of a query as a careful program without a record set would: the bytes of all columns into chunks.
 void ReadAllRaw(const Setting& setting, const char* query, Meter& meter);
 

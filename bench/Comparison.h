@@ -22,6 +22,9 @@ struct Comparison {
   qint64 rows;
   QString subject, words;
   std::vector<Rival> rivals;
+  /// The most that the subject itself is to take; 0 for none.
+  double millisecondsAim = 0;
+  double bytesARowAim = 0;
 };
 
 /// Everything that is measured, in the order of the report.

@@ -1,5 +1,7 @@
 // folvane-bench [NAME]                       measures everything, or what begins with the name, and prints the table
-// folvane-bench --case NAME ROWS DATABASE    measures one case in this process: milliseconds and MiB; the SQLite file
+// folvane-bench --drawing FILE               draws what a table costs until its first page stands, over its rows, as
+// SVG folvane-bench --case NAME ROWS DATABASE    measures one case in this process: milliseconds and MiB; the SQLite
+// file
 //                                            is made where there is none
 #include <QApplication>
 #include <QFile>
@@ -11,6 +13,7 @@
 
 #include "bench/Cases.h"
 #include "bench/Comparison.h"
+#include "bench/Drawing.h"
 #include "bench/SampleTable.h"
 
 namespace {
@@ -50,22 +53,32 @@ Sample MeasureApart(const QString& name, qint64 rows, const QString& database) {
   return {figures.value(0).toDouble(), figures.value(1).toDouble()};
 }
 
-int MeasureAll(const QString& start) {
+/// Measures cases over tables that it makes as they are needed.
+class Measuring {
+ public:
+  Measuring() {
+    for (const char* place : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) qputenv(place, folder_.path().toUtf8());
+  }
+
+  Sample operator()(const QString& name, qint64 rows) const {
+    const QString database = folder_.filePath(u"%1.db"_s.arg(rows));
+    if (!QFile::exists(database)) {
+      MakeSqliteTable(database, rows);
+      if (rows >= 10'000) MakePostgresTable(rows);
+    }
+    return MeasureApart(name, rows, database);
+  }
+
+ private:
+  QTemporaryDir folder_;
+};
+
+int MeasureAll(const QString& start, const Measuring& measure) {
   std::vector<Comparison> wanted = Comparisons();
   std::erase_if(wanted, [&](const Comparison& each) { return !each.subject.startsWith(start); });
   if (wanted.empty()) qFatal("nothing is measured that begins with %s", qPrintable(start));
-  const QTemporaryDir folder;
-  for (const char* place : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) qputenv(place, folder.path().toUtf8());
   QTextStream out(stdout);
-  const auto run = [&](const QString& name, qint64 rows) {
-    const QString database = folder.filePath(u"%1.db"_s.arg(rows));
-    if (!QFile::exists(database)) {
-      MakeSqliteTable(database, rows);
-      if (rows == 100'000) MakePostgresTable(rows);
-    }
-    return MeasureApart(name, rows, database);
-  };
-  for (const Comparison& comparison : wanted) Compare(comparison, run, out);
+  for (const Comparison& comparison : wanted) Compare(comparison, std::cref(measure), out);
   return 0;
 }
 
@@ -81,5 +94,7 @@ int main(int argc, char** argv) {
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() == 5 && arguments[1] == u"--case"_s)
     return MeasureHere(arguments[2], {arguments[3].toLongLong(), arguments[4]});
-  return MeasureAll(arguments.value(1));
+  const Measuring measure;
+  if (arguments.size() == 3 && arguments[1] == u"--drawing"_s) return DrawGrowth(arguments[2], std::cref(measure));
+  return MeasureAll(arguments.value(1), measure);
 }

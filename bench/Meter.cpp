@@ -20,8 +20,10 @@ void Meter::Start() {
   timer_.start();
 }
 
-void Meter::Stop() {
-  sample_.milliseconds = double(timer_.nsecsElapsed()) / 1e6;
+void Meter::Stop() { StopAfter(1); }
+
+void Meter::StopAfter(int steps) {
+  sample_.milliseconds = double(timer_.nsecsElapsed()) / 1e6 / steps;
   sample_.mebibytes = double(ResidentBytes() - residentAtStart_) / (1 << 20);
 }
 

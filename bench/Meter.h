@@ -16,6 +16,8 @@ class Meter {
  public:
   void Start();
   void Stop();
+  /// The same for one of so many equal steps.
+  void StopAfter(int steps);
   const Sample& Result() const { return sample_; }
 
  private:

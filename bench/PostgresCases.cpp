@@ -1,7 +1,4 @@
 // A whole table from PostgreSQL, against the server's own client writing it out.
-#include <sql.h>
-#include <sqlext.h>
-
 #include <folvane/OdbcConnection.h>
 
 #include "bench/Cases.h"
@@ -13,16 +10,7 @@ namespace folvane::bench {
 namespace {
 
 void ReadOverOdbc(const Setting& setting, Meter& meter) {
-  SQLHENV environment = SQL_NULL_HENV;
-  SQLHDBC handle = SQL_NULL_HDBC;
-  SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
-  SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-  SQLAllocHandle(SQL_HANDLE_DBC, environment, &handle);
-  QByteArray text = qgetenv("FOLVANE_TEST_PG");
-  if (!SQL_SUCCEEDED(SQLDriverConnect(handle, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS, nullptr, 0,
-                                      nullptr, SQL_DRIVER_NOPROMPT)))
-    qFatal("no PostgreSQL server: run through scripts/with-postgres");
-  const std::shared_ptr<Connection> connection = AdoptOdbc(handle);
+  const std::shared_ptr<Connection> connection = AdoptOdbc(ConnectOdbc(SchemaOf(setting.rows).toUtf8()));
   Recordset records;
   meter.Start();
   records.Open(QStringLiteral("Select * From Records Order By ArchiveID"), connection);
@@ -30,16 +18,36 @@ void ReadOverOdbc(const Setting& setting, Meter& meter) {
   if (records.RecordCount() != setting.rows) qFatal("the record set has %lld rows", records.RecordCount());
 }
 
-void CopyOut(const Setting&, Meter& meter) {
+void CopyOut(const Setting& setting, Meter& meter, const char* query) {
   meter.Start();
-  RunPsql(QStringLiteral("COPY (SELECT * FROM Records ORDER BY ArchiveID) TO STDOUT"));
+  RunPsql(SchemaOf(setting.rows), QStringLiteral("COPY (%1) TO STDOUT").arg(QLatin1String(query)));
   meter.Stop();
+}
+
+void CopyRows(const Setting& setting, Meter& meter) {
+  CopyOut(setting, meter, "SELECT * FROM Records ORDER BY ArchiveID");
+}
+
+void CopyKeys(const Setting& setting, Meter& meter) {
+  CopyOut(setting, meter, "SELECT ArchiveID FROM Records ORDER BY ArchiveID");
+}
+
+void CopySortedKeys(const Setting& setting, Meter& meter) {
+  CopyOut(setting, meter, "SELECT ArchiveID FROM Records ORDER BY Title COLLATE \"C\"");
+}
+
+void CopyFoundKeys(const Setting& setting, Meter& meter) {
+  CopyOut(setting, meter, "SELECT ArchiveID FROM Records WHERE Title ILIKE '%00999%' ORDER BY ArchiveID");
 }
 
 }  // namespace
 
 Cases PostgresCases() {
-  return {{QStringLiteral("odbc-recordset"), ReadOverOdbc}, {QStringLiteral("psql-copy"), CopyOut}};
+  return {{QStringLiteral("odbc-recordset"), ReadOverOdbc},
+          {QStringLiteral("psql-copy"), CopyRows},
+          {QStringLiteral("psql-keys"), CopyKeys},
+          {QStringLiteral("psql-keys-sorted"), CopySortedKeys},
+          {QStringLiteral("psql-keys-found"), CopyFoundKeys}};
 }
 
 }  // namespace folvane::bench

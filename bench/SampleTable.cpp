@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <memory>
+#include <sql.h>
+#include <sqlext.h>
 #include <sqlite3.h>
 
 namespace folvane::bench {
@@ -96,11 +98,35 @@ void MakeSqliteTable(const QString& path, qint64 rows) {
   sqlite3_close(database);
 }
 
-void RunPsql(const QString& command, const QByteArray& input) {
+QString SchemaOf(qint64 rows) { return QStringLiteral("rows%1").arg(rows); }
+
+void* ConnectOdbc(const QByteArray& schema) {
+  SQLHENV environment = SQL_NULL_HENV;
+  SQLHDBC connection = SQL_NULL_HDBC;
+  SQLHSTMT statement = SQL_NULL_HSTMT;
+  SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment);
+  SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+  SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
+  QByteArray text = qgetenv("FOLVANE_TEST_PG");
+  if (!SQL_SUCCEEDED(SQLDriverConnect(connection, nullptr, reinterpret_cast<SQLCHAR*>(text.data()), SQL_NTS, nullptr, 0,
+                                      nullptr, SQL_DRIVER_NOPROMPT)))
+    Fail("no PostgreSQL server: run through scripts/with-postgres");
+  SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement);
+  QByteArray path = "SET search_path TO " + schema + ", public";
+  if (!SQL_SUCCEEDED(SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(path.data()), SQL_NTS)))
+    Fail("PostgreSQL refused the schema");
+  SQLFreeHandle(SQL_HANDLE_STMT, statement);
+  return connection;
+}
+
+void RunPsql(const QString& schema, const QString& command, const QByteArray& input) {
   static const QRegularExpression port(QStringLiteral("Port=(\\d+)"));
   QProcess psql;
   psql.setStandardOutputFile(QProcess::nullDevice());
   psql.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("PGOPTIONS"), QStringLiteral("-c search_path=%1,public").arg(schema));
+  psql.setProcessEnvironment(environment);
   psql.start(
       QStringLiteral("psql"),
       {QStringLiteral("--no-psqlrc"), QStringLiteral("--quiet"), QStringLiteral("-h"), QStringLiteral("127.0.0.1"),
@@ -114,10 +140,11 @@ void RunPsql(const QString& command, const QByteArray& input) {
 void MakePostgresTable(qint64 rows) {
   QByteArray text;
   for (qint64 i = 0; i < rows; ++i) text += SampleRow(i).join('\t') + '\n';
-  RunPsql(QStringLiteral("DROP TABLE IF EXISTS Records"));
-  RunPsql(QString::fromUtf8(CreateTableText()));
-  RunPsql(QStringLiteral("COPY Records FROM STDIN"), text);
-  RunPsql(QStringLiteral("ANALYZE Records"));
+  const QString schema = SchemaOf(rows);
+  RunPsql(schema, QStringLiteral("CREATE SCHEMA %1").arg(schema));
+  RunPsql(schema, QString::fromUtf8(CreateTableText()));
+  RunPsql(schema, QStringLiteral("COPY Records FROM STDIN"), text);
+  RunPsql(schema, QStringLiteral("VACUUM ANALYZE Records"));
 }
 
 }  // namespace folvane::bench

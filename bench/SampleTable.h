@@ -5,6 +5,10 @@
 
 struct sqlite3;
 
+namespace folvane {
+class Connection;
+}
+
 namespace folvane::bench {
 
 /// The table that everything is measured on: 20 columns, about 335 bytes a row, keyed by ArchiveID.
@@ -16,11 +20,15 @@ QByteArray InsertText();
 
 /// Makes the file with that many rows.
 void MakeSqliteTable(const QString& path, qint64 rows);
-/// Makes the table with that many rows on the server of FOLVANE_TEST_PG, in place of one that is there.
+/// Makes the table with that many rows on the server of FOLVANE_TEST_PG, in a schema of its own.
 void MakePostgresTable(qint64 rows);
+/// The schema of the table with that many rows.
+QString SchemaOf(qint64 rows);
 
-/// Runs a file or an input through psql on that server; gives what came out of it to nobody.
-void RunPsql(const QString& command, const QByteArray& input = {});
+/// Runs a command in a schema, or an input through it, by psql on that server; gives what comes out of it to nobody.
+void RunPsql(const QString& schema, const QString& command, const QByteArray& input = {});
+/// Connects to that server, with this schema ahead of others. @return the ODBC connection handle
+void* ConnectOdbc(const QByteArray& schema);
 
 /// Opens a file of SQLite or ends the process.
 sqlite3* OpenSqlite(const QString& path);

@@ -114,13 +114,11 @@ QByteArray IndexKeyOf(const Cell& cell, TypeGroup group) {
   return group == TypeGroup::Number ? NumberKey(value.toDouble()) : FoldText(ValueText(value));
 }
 
-bool Criteria::Holds(const Rows& rows, RowId row) const {
-  for (const std::vector<Condition>& conditions : alternatives_) {
-    bool all = true;
-    for (const Condition& condition : conditions) all = all && condition.Holds(rows.Value(row, condition.Column()));
-    if (all) return true;
-  }
-  return false;
+std::vector<int> Criteria::Columns() const {
+  std::vector<int> columns;
+  for (const std::vector<Condition>& conditions : alternatives_)
+    for (const Condition& condition : conditions) columns.push_back(condition.Column());
+  return columns;
 }
 
 const Condition* Criteria::Single() const {

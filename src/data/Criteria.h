@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -43,7 +44,16 @@ class Criteria {
   /// @throws DataError Usage for a text that cannot be read or an unknown field
   static Criteria Parse(const QString& text, const Rows& rows);
 
-  bool Holds(const Rows& rows, RowId row) const;
+  /// @param valueOf gives the value of a column
+  template <typename ValueOf>
+  bool Holds(ValueOf valueOf) const {
+    return std::any_of(alternatives_.begin(), alternatives_.end(), [&](const std::vector<Condition>& all) {
+      return std::all_of(all.begin(), all.end(),
+                         [&](const Condition& condition) { return condition.Holds(valueOf(condition.Column())); });
+    });
+  }
+  /// The columns that the conditions are over.
+  std::vector<int> Columns() const;
   /// The condition that a single text such as Find's consists of, nullptr when it holds more.
   const Condition* Single() const;
   /// An equality that every row that meets the text must meet, nullptr when there is none.

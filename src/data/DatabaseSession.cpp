@@ -3,6 +3,7 @@
 #include <folvane/DataError.h>
 
 #include "data/Recordset.h"
+#include "data/RowReading.h"
 #include "data/TableCatalogue.h"
 #include "data/dialect/Translator.h"
 #include "data/drivers/Driver.h"
@@ -38,6 +39,8 @@ class DriverSession final : public DatabaseSession {
   void OnStatement(std::function<void(const QString&)> observer) override { observer_ = std::move(observer); }
 
   FetchedRows Fetch(const QString& statement, TextOrder order) override;
+  OpenedRows Open(const QString& statement, TextOrder order) override;
+  FetchedRows FetchUntold(const QString& statement, TextOrder order) override;
   const TableInfo* Table(const QString& name) override { return tables_.Find(name); }
   void RefreshSchema() override;
   QString BaseTable(const QString& statement) override { return translator_->BaseTable(statement); }
@@ -56,6 +59,7 @@ class DriverSession final : public DatabaseSession {
   std::unique_ptr<Driver> driver_;
   TableCatalogue tables_;
   std::unique_ptr<Translator> translator_, pinyinTranslator_;
+  RowReading reading_{*this};
   std::function<void(const QString&)> observer_;
   bool inTransaction_ = false;
   bool owesRollback_ = false;  ///< the handle is still inside a transaction that is over
@@ -96,16 +100,24 @@ qint64 DriverSession::Execute(const QString& statement) {
 }
 
 FetchedRows DriverSession::Fetch(const QString& statement, TextOrder order) {
-  return Run(statement, [&](Driver& driver) {
-    const Plan plan = TranslatorFor(order).Translate(statement);
-    return RowsOf(Chosen(plan, driver), driver);
-  });
+  return Run(statement, [&](Driver&) { return FetchUntold(statement, order); });
+}
+
+OpenedRows DriverSession::Open(const QString& statement, TextOrder order) {
+  return Run(statement, [&](Driver&) { return reading_.Read(statement, order); });
+}
+
+FetchedRows DriverSession::FetchUntold(const QString& statement, TextOrder order) {
+  Driver& driver = NativeDriver();
+  const Plan plan = TranslatorFor(order).Translate(statement);
+  return RowsOf(Chosen(plan, driver), driver);
 }
 
 void DriverSession::RefreshSchema() {
   translator_->Forget();
   if (pinyinTranslator_) pinyinTranslator_->Forget();
   tables_.Forget();
+  reading_.Forget();
 }
 
 void DriverSession::BeginTrans() {

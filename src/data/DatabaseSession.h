@@ -32,6 +32,9 @@ class DatabaseSession {
 
   /// Runs a statement that gives rows and keeps them all. @throws DataError
   virtual FetchedRows Fetch(const QString& statement, TextOrder order) = 0;
+  /// The same for rows to work on, of which a large table's are read when they are looked at. They ask this session for
+  /// as long as they are kept. @throws DataError
+  virtual OpenedRows Open(const QString& statement, TextOrder order) = 0;
   /// The columns and the key of a table, nullptr when the database has no such table. Kept until RefreshSchema.
   virtual const TableInfo* Table(const QString& name) = 0;
   /// Forgets what is known of the tables; called when a statement fails over a table or a column.
@@ -39,7 +42,11 @@ class DatabaseSession {
   /// The table that a statement of the form Select ... From t ... reads alone; "" for joins and anything else.
   virtual QString BaseTable(const QString& statement) = 0;
 
-  // Past the translation and the observer.
+  // Past the observer.
+
+  virtual FetchedRows FetchUntold(const QString& statement, TextOrder order) = 0;  ///< @throws DataError
+
+  // Past the translation as well.
 
   virtual const NativeWords& Words() const = 0;
   /// Runs a statement without rows; gives the number of changed rows, -1 when unknown. @throws DataError

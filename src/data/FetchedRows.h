@@ -23,4 +23,15 @@ struct FetchedRows {
   std::unique_ptr<WaitingRows> waiting = nullptr;  ///< where some row waits
 };
 
+/// What a record set opens: a whole result, or one whose rows are read when they are looked at.
+struct OpenedRows {
+  OpenedRows() = default;
+  OpenedRows(FetchedRows fetched)  // NOLINT(google-explicit-constructor): the one is the other
+      : columns(std::move(fetched.columns)), rows(std::move(fetched.rows)), waiting(std::move(fetched.waiting)) {}
+
+  std::vector<ColumnInfo> columns;
+  std::unique_ptr<StoredRows> rows;
+  std::unique_ptr<WaitingRows> waiting;
+};
+
 }  // namespace folvane

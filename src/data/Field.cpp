@@ -11,9 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 const QString& Field::Name() const { return state_->rows.Columns()[size_t(column_)].name; }
 int Field::Type() const { return state_->rows.Columns()[size_t(column_)].type; }
 int Field::DefinedSize() const { return state_->rows.Columns()[size_t(column_)].definedSize; }
-QVariant Field::Value() const { return state_->rows.Value(state_->CurrentRow(), column_); }
+QVariant Field::Value() const { return state_->rows.Value(state_->SeenRow(column_), column_); }
 QString Field::Text() const { return ValueText(Value()); }
-QVariant Field::OriginalValue() const { return state_->rows.Original(state_->CurrentRow(), column_); }
+QVariant Field::OriginalValue() const { return state_->rows.Original(state_->SeenRow(column_), column_); }
 
 void Field::SetValue(const QVariant& value) {
   const QVariant fitted = FitToColumn(value, state_->rows.Columns()[size_t(column_)]);

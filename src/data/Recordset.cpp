@@ -30,8 +30,8 @@ void Recordset::Open(const QString& source, std::shared_ptr<Connection> connecti
                      CursorLocation) {
   if (state_) throw DataError(DataErrorKind::Usage, u"记录集已经打开。"_s, source);
   if (!connection) throw DataError(DataErrorKind::Usage, u"没有数据库连接。"_s, source);
-  FetchedRows fetched = DatabaseSession::Of(*connection).Fetch(source, textOrder_);
-  state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(fetched));
+  OpenedRows opened = DatabaseSession::Of(*connection).Open(source, textOrder_);
+  state_ = std::make_unique<RecordsetState>(source, std::move(connection), lock, std::move(opened));
 }
 
 void Recordset::OpenFile(const QString& path, int codePage) {
@@ -82,7 +82,7 @@ void Recordset::SetAbsolutePosition(qint64 position) {
   state.GoTo(position - 1);
 }
 
-qint64 Recordset::Bookmark() const { return qint64(Opened(state_).CurrentRow()) + 1; }
+qint64 Recordset::Bookmark() const { return qint64(Opened(state_).LivingRow()) + 1; }
 
 void Recordset::SetBookmark(qint64 bookmark) {
   RecordsetState& state = Opened(state_);
@@ -102,32 +102,32 @@ void RequireRows(const RecordsetState& state) {
 void Recordset::MoveFirst() {
   RecordsetState& state = Opened(state_);
   RequireRows(state);
-  state.GoFirst();
+  state.Walk([&] { state.GoFirst(); }, 1);
 }
 
 void Recordset::MoveLast() {
   RecordsetState& state = Opened(state_);
   RequireRows(state);
-  state.view.Count() ? state.GoTo(state.view.Count() - 1) : state.GoEnd();
+  state.Walk([&] { state.GoLast(); }, -1);
 }
 
 void Recordset::MoveNext() {
   RecordsetState& state = Opened(state_);
   if (EOF_()) throw DataError(DataErrorKind::Usage, u"已在最后一条记录之后，不能再向后移动。"_s);
-  state.Step(1);
+  state.Walk([&] { state.Step(1); }, 1);
 }
 
 void Recordset::MovePrevious() {
   RecordsetState& state = Opened(state_);
   if (BOF()) throw DataError(DataErrorKind::Usage, u"已在第一条记录之前，不能再向前移动。"_s);
-  state.Step(-1);
+  state.Walk([&] { state.Step(-1); }, -1);
 }
 
 void Recordset::Move(qint64 count, MoveFrom from) {
   RecordsetState& state = Opened(state_);
   if (from != MoveFrom::Current) {
     RequireRows(state);
-    from == MoveFrom::First ? MoveFirst() : MoveLast();
+    from == MoveFrom::First ? state.GoFirst() : state.GoLast();
   }
   if ((count > 0 && EOF_()) || (count < 0 && BOF()))
     throw DataError(DataErrorKind::Usage, u"没有当前记录，不能移动。"_s);
@@ -186,12 +186,16 @@ QString Recordset::TextAt(qint64 position, int field) const {
   const RecordsetState& state = Opened(state_);
   if (position < 1 || position > state.view.Count())
     throw DataError(DataErrorKind::Usage, QStringLiteral("记录集中没有第 %1 条记录。").arg(position));
-  return ValueText(state.rows.Value(state.view.At(position - 1), field));
+  try {
+    return ValueText(state.rows.Value(state.SeenRow(position - 1, field), field));
+  } catch (const DataError&) {
+    return {};
+  }
 }
 
 EditModeKind Recordset::EditMode() const {
   const RecordsetState& state = Opened(state_);
-  if (state.cursorState_ == CursorState::Hole) return EditModeKind::Delete;
+  if (state.cursorState_ == CursorState::Hole || state.IsOnGoneRow()) return EditModeKind::Delete;
   if (!state.edit) return EditModeKind::None;
   return state.edit->adding ? EditModeKind::Add : EditModeKind::InProgress;
 }
@@ -251,8 +255,8 @@ void Recordset::Requery() {
   RecordsetState& state = Opened(state_);
   if (state.edit) throw DataError(DataErrorKind::Usage, u"当前记录正在编辑，请先保存或取消。"_s);
   state.RequireConnection();
-  FetchedRows fetched = DatabaseSession::Of(*state.connection).Fetch(state.source, textOrder_);
-  auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(fetched));
+  OpenedRows opened = DatabaseSession::Of(*state.connection).Open(state.source, textOrder_);
+  auto fresh = std::make_unique<RecordsetState>(state.source, state.connection, state.lock, std::move(opened));
   fresh->filter = state.filter;
   fresh->sort = state.sort;
   fresh->Reshow();
@@ -265,7 +269,7 @@ void Recordset::Resync(AffectKind affect) {
   state.RequireConnection();
   std::vector<RowId> wanted;
   if (affect == AffectKind::Current) {
-    wanted.push_back(state.CurrentRow());
+    wanted.push_back(state.LivingRow());
   } else {
     for (qint64 p = 0; p < state.view.Count(); ++p) wanted.push_back(state.view.At(p));
   }

@@ -9,9 +9,8 @@
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
-RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock,
-                               FetchedRows fetched)
-    : source(std::move(source)), connection(std::move(connection)), lock(lock), rows(std::move(fetched)) {
+RecordsetState::RecordsetState(QString source, std::shared_ptr<Connection> connection, LockType lock, OpenedRows opened)
+    : source(std::move(source)), connection(std::move(connection)), lock(lock), rows(std::move(opened)) {
   view.Show(std::nullopt);
   GoFirst();
 }
@@ -23,6 +22,37 @@ RowId RecordsetState::CurrentRow() const {
   throw DataError(DataErrorKind::Usage, cursorState_ == CursorState::Hole
                                             ? u"当前记录已被删除。"_s
                                             : u"没有当前记录：位置在第一条记录之前或最后一条记录之后。"_s);
+}
+
+RowId RecordsetState::SeenRow(qint64 position, int column) const {
+  const RowId row = view.At(position);
+  if (!rows.IsAtHand(row, column)) Bring(position);
+  return row;
+}
+
+// Who goes on from page to page is likely to go further, and gets longer ones.
+void RecordsetState::Bring(qint64 position) const {
+  constexpr qint64 kUsual = 64, kMost = 1024;
+  const bool goesOn = position == page_.end, goesBack = position == page_.begin - 1;
+  const qint64 size = goesOn || goesBack ? std::min(page_.size * 2, kMost) : kUsual;
+  const qint64 begin = std::max<qint64>(goesOn ? position : goesBack ? position - size + 1 : position - size / 2, 0);
+  const qint64 end = std::min(begin + size, view.Count());
+  rows.Load(view.Between(begin, end));
+  page_ = {begin, end, size};
+}
+
+RowId RecordsetState::LivingRow() const {
+  const RowId row = CurrentRow();
+  if (!rows.IsRead(row)) Bring(position_);
+  if (!IsOnGoneRow()) return row;
+  throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户删除。"_s, source);
+}
+
+void RecordsetState::PassGone(int step) {
+  for (; HasRow(); Step(step)) {
+    if (!rows.IsRead(CurrentRow())) Bring(position_);
+    if (!IsOnGoneRow()) return;
+  }
 }
 
 void RecordsetState::GoTo(qint64 position) {
@@ -71,43 +101,71 @@ const ColumnIndex& RecordsetState::IndexOf(int column) {
 
 // The index knows the rows as they were read: those with another value since are left to a look at each.
 qint64 RecordsetState::Find(const Condition& condition, qint64 from, SearchDirection direction) {
+  constexpr qint64 kNear = 64;
+  const int column = condition.Column();
   const bool forward = direction == SearchDirection::Forward;
-  const auto holdsAt = [&](RowId row) { return condition.Holds(rows.Value(row, condition.Column())); };
+  const auto holdsAt = [&](RowId row) { return condition.Holds(rows.Value(row, column)); };
   const auto key = condition.IndexKey();
-  if (!key) {
-    for (qint64 p = from; p >= 0 && p < view.Count(); p += forward ? 1 : -1)
-      if (holdsAt(view.At(p))) return p;
-    return -1;
-  }
+  // Most of what is sought by key is near, and making an index costs more than a look at some rows.
+  qint64 near = !key ? view.Count() : indexes_.contains(column) ? 0 : kNear;
+  qint64 p = from;
+  for (; near-- > 0 && p >= 0 && p < view.Count() && rows.IsAtHand(view.At(p), column); p += forward ? 1 : -1)
+    if (holdsAt(view.At(p))) return p;
+  if (p < 0 || p >= view.Count()) return -1;
+
   qint64 best = -1;
+  const auto isNearer = [&](RowId row) {
+    const qint64 at = view.PositionOf(row);
+    if (at < 0 || (forward ? at < p : at > p)) return false;
+    return best < 0 || (forward ? at < best : at > best);
+  };
+  if (!key) {
+    rows.Each({column}, [&](RowId row, auto valueOf) {
+      if (isNearer(row) && condition.Holds(valueOf(column))) best = view.PositionOf(row);
+    });
+    return best;
+  }
   const auto consider = [&](RowId row) {
-    const qint64 p = view.PositionOf(row);
-    if (p < 0 || (forward ? p < from : p > from)) return false;
-    if (best >= 0 && (forward ? p >= best : p <= best)) return false;
-    if (!rows.IsLive(row) || !holdsAt(row)) return false;
-    best = p;
+    if (!isNearer(row) || !rows.IsLive(row) || !holdsAt(row)) return false;
+    best = view.PositionOf(row);
     // In the order read the first hit forwards is the nearest.
     return forward && !view.List();
   };
-  IndexOf(condition.Column()).Each(*key, consider);
-  for (const RowId row : rows.GivenIn(condition.Column())) consider(row);
+  IndexOf(column).Each(*key, consider);
+  for (const RowId row : rows.GivenIn(column)) consider(row);
   return best;
 }
 
-std::vector<RowId> RecordsetState::RowsMeeting(const Criteria& criteria) {
-  std::vector<RowId> meeting;
-  const auto consider = [&](RowId row) {
-    if (rows.IsLive(row) && criteria.Holds(rows, row)) meeting.push_back(row);
+/// The rows that may meet a condition that an index serves, ascending.
+std::vector<RowId> RecordsetState::AnchoredRows(const Condition& anchor) {
+  std::vector<RowId> found = rows.GivenIn(anchor.Column());
+  IndexOf(anchor.Column()).Each(*anchor.IndexKey(), [&](RowId row) {
+    found.push_back(row);
     return false;
-  };
+  });
+  std::sort(found.begin(), found.end());
+  found.erase(std::unique(found.begin(), found.end()), found.end());
+  return found;
+}
+
+std::vector<RowId> RecordsetState::RowsMeeting(const Criteria& criteria) {
+  // Of a column that many rows share the values are read, not the rows.
+  constexpr std::size_t kFew = 1000;
+  std::vector<RowId> meeting;
   if (const Condition* anchor = criteria.Anchor()) {
-    IndexOf(anchor->Column()).Each(*anchor->IndexKey(), consider);
-    for (const RowId row : rows.GivenIn(anchor->Column())) consider(row);
-    std::sort(meeting.begin(), meeting.end());
-    meeting.erase(std::unique(meeting.begin(), meeting.end()), meeting.end());
-    return meeting;
+    const std::vector<RowId> found = AnchoredRows(*anchor);
+    if (rows.Store().IsWhole() || found.size() <= kFew) {
+      rows.Load(found);
+      for (const RowId row : found)
+        if (rows.IsLive(row) && criteria.Holds([&](int column) { return rows.Value(row, column); }))
+          meeting.push_back(row);
+      return meeting;
+    }
   }
-  for (RowId row = 0; row < rows.EndId(); ++row) consider(row);
+  rows.Each(criteria.Columns(), [&](RowId row, auto valueOf) {
+    if (criteria.Holds(valueOf)) meeting.push_back(row);
+  });
+  std::sort(meeting.begin(), meeting.end());
   return meeting;
 }
 
@@ -135,7 +193,7 @@ void RecordsetState::RequireConnection() const {
 
 void RecordsetState::BeginEdit() {
   RequireWritable();
-  const RowId row = CurrentRow();
+  const RowId row = LivingRow();
   if (!edit) edit = Edit{row, false, rows.Snapshot(row)};
 }
 
@@ -177,7 +235,7 @@ void RecordsetState::AddRow() {
 
 void RecordsetState::DeleteCurrentRow() {
   RequireWritable();
-  const RowId row = CurrentRow();
+  const RowId row = LivingRow();
   if (edit && edit->adding) {
     DropEdit();
     return;

@@ -34,6 +34,14 @@ constexpr char kBytesMark = 1;
 
 }  // namespace
 
+void StoredRows::EachCell(const std::vector<int>& columns, const Visit& visit) const {
+  std::vector<Cell> cells(columns.size());
+  for (std::size_t row = 0; row < RowCount(); ++row) {
+    for (std::size_t i = 0; i < columns.size(); ++i) cells[i] = At(row, columns[i]);
+    visit(RowId(row), cells.data());
+  }
+}
+
 QVariant Cell::ToVariant() const {
   switch (kind) {
     case Null:
@@ -57,13 +65,22 @@ char* RowStore::Reserve(std::size_t length) {
   const std::size_t needed = begun + length;
   // A long row gets room to double in, and short ones the common chunk.
   const std::size_t size = needed > kChunkSize / 2 ? std::max(kChunkSize, needed * 2) : kChunkSize;
-  chunks_.push_back(std::unique_ptr<char[]>(new char[size]));
-  char* chunk = chunks_.back().get();
+  char* chunk = NewChunk(size);
   if (begun) std::memcpy(chunk, rowStart_, begun);
   rowStart_ = chunk;
   next_ = chunk + begun;
   end_ = chunk + size;
   return next_;
+}
+
+char* RowStore::NewChunk(std::size_t size) {
+  if (chunks_.size() >= mostChunks_) {
+    if (!file_) file_ = std::make_unique<ChunkFile>(mostChunks_);
+    // Where the disk is full, memory has to do.
+    if (char* chunk = file_->Add(size)) return chunk;
+  }
+  chunks_.push_back(std::unique_ptr<char[]>(new char[size]));
+  return chunks_.back().get();
 }
 
 void RowStore::Tag(std::uint64_t header, std::size_t length, const void* payload) {

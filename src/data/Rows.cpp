@@ -1,9 +1,5 @@
 #include "data/Rows.h"
 
-#include <algorithm>
-
-#include "data/ValueText.h"
-
 namespace folvane {
 
 namespace {
@@ -33,21 +29,12 @@ void ColumnValues::TakeAll(ColumnValues& values) {
   values.values_.clear();
 }
 
-Rows::Rows(FetchedRows fetched)
-    : columns_(std::move(fetched.columns)),
-      store_(std::move(fetched.rows)),
-      waiting_(std::move(fetched.waiting)),
+Rows::Rows(OpenedRows opened)
+    : columns_(std::move(opened.columns)),
+      store_(std::move(opened.rows)),
+      waiting_(std::move(opened.waiting)),
       given_(columns_.size()) {
   if (waiting_) dead_ = RowId(std::count(waiting_->states.begin(), waiting_->states.end(), WaitingRows::Deleted));
-}
-
-int Rows::IndexOf(const QString& column) const {
-  // A text keeps its length when its case does not count, and most names differ there already.
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const QString& name = columns_[i].name;
-    if (name.size() == column.size() && name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
-  }
-  return -1;
 }
 
 const RowChange* Rows::Change(RowId row) const {
@@ -58,7 +45,9 @@ const RowChange* Rows::Change(RowId row) const {
 
 RowChange::State Rows::StateOf(RowId row) const {
   if (const RowChange* change = Change(row)) return change->state;
-  if (!waiting_ || row >= StoredCount()) return RowChange::Clean;
+  if (row >= StoredCount()) return RowChange::Clean;
+  if (store_->IsGone(row)) return RowChange::Gone;
+  if (!waiting_) return RowChange::Clean;
   switch (waiting_->states[row]) {
     case WaitingRows::Changed:
       return RowChange::Modified;
@@ -93,6 +82,13 @@ QVariant Rows::StoredOriginal(RowId row, int column) const {
     return DecodeCell(waiting_->originals.At(IndexOfOriginal(row), column), columns_[size_t(column)]);
   const bool cameAdded = waiting_ && row < StoredCount() && waiting_->states[row] == WaitingRows::Added;
   return cameAdded ? QVariant() : Stored(row, column);
+}
+
+void Rows::Load(const std::vector<RowId>& rows) const {
+  if (store_->IsWhole()) return;
+  std::vector<RowId> stored = rows;
+  std::erase_if(stored, [this](RowId row) { return row >= StoredCount(); });
+  store_->Load(stored);
 }
 
 void Rows::ReadStored(RowId row, Cell* cells) const {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QVariant>
-#include <cstdint>
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <set>
@@ -10,11 +10,9 @@
 #include <vector>
 
 #include "data/FetchedRows.h"
+#include "data/ValueText.h"
 
 namespace folvane {
-
-/// Names a row for as long as its rows are kept: the rows read count from 0, added ones follow.
-using RowId = std::uint32_t;
 
 /// Values of some columns of a row.
 class ColumnValues {
@@ -43,11 +41,11 @@ struct RowChange {
 /// The rows of a record set: those read, as the store holds them, under the changes made since.
 class Rows {
  public:
-  explicit Rows(FetchedRows fetched);
+  explicit Rows(OpenedRows opened);
 
   const std::vector<ColumnInfo>& Columns() const { return columns_; }
-  int IndexOf(const QString& column) const;
-  const RowStore& Store() const { return *store_; }
+  int IndexOf(const QString& column) const { return IndexOfColumn(columns_, column); }
+  const StoredRows& Store() const { return *store_; }
 
   RowId StoredCount() const { return RowId(store_->RowCount()); }
   /// One past the last id in use.
@@ -58,7 +56,17 @@ class Rows {
   /// is no more.
   RowChange::State StateOf(RowId row) const;
   /// True while every id below EndId is live.
-  bool AllLive() const { return dead_ == 0; }
+  bool AllLive() const { return dead_ == 0 && store_->GoneCount() == 0; }
+
+  bool IsRead(RowId row) const { return row >= StoredCount() || store_->IsRead(row); }
+  /// Whether a value is known without asking the database, which the functions below do otherwise.
+  bool IsAtHand(RowId row, int column) const { return row >= StoredCount() || store_->IsAtHand(row, column); }
+  /// Reads those of the rows together that were not read yet. @throws DataError
+  void Load(const std::vector<RowId>& rows) const;
+  /// Calls visit(row, valueOf) for all live rows, in any order; valueOf(column) is the value of one of these columns,
+  /// which is all that is read of rows that were not read yet. @throws DataError
+  template <typename Visit>
+  void Each(const std::vector<int>& columns, Visit visit) const;
 
   QVariant Value(RowId row, int column) const;
   /// As the database has it; invalid for a row that it does not have.
@@ -99,7 +107,7 @@ class Rows {
   void NoteGiven(RowId row, const RowChange& change, int column);
 
   std::vector<ColumnInfo> columns_;
-  std::unique_ptr<RowStore> store_;
+  std::unique_ptr<StoredRows> store_;
   std::unique_ptr<WaitingRows> waiting_;  ///< of a file
   std::unordered_map<RowId, RowChange> changes_;
   std::set<RowId> pending_;
@@ -107,5 +115,24 @@ class Rows {
   RowId added_ = 0;
   RowId dead_ = 0;
 };
+
+template <typename Visit>
+void Rows::Each(const std::vector<int>& columns, Visit visit) const {
+  const auto visitNow = [&](RowId row) {
+    if (IsLive(row)) visit(row, [&](int column) { return Value(row, column); });
+  };
+  RowId from = 0;
+  if (!store_->IsWhole()) {
+    store_->EachCell(columns, [&](RowId row, const Cell* cells) {
+      if (Change(row)) return visitNow(row);
+      visit(row, [&](int column) {
+        const auto place = std::find(columns.begin(), columns.end(), column) - columns.begin();
+        return DecodeCell(cells[place], columns_[std::size_t(column)]);
+      });
+    });
+    from = StoredCount();
+  }
+  for (RowId row = from; row < EndId(); ++row) visitNow(row);
+}
 
 }  // namespace folvane

@@ -1,20 +1,34 @@
 #include "data/SavedRows.h"
 
 #include <QDateTime>
+#include <algorithm>
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 SavedRows::SavedRows(const RecordsetState& state)
     : state_(state), cells_(state.rows.Columns().size()), held_(state.rows.Columns().size()) {
+  LoadAll();
   if (!state.filter.isEmpty()) return;
   for (const RowId row : state.rows.PendingRows())
     if (state.rows.StateOf(row) == RowChange::Deleted) deleted_.push_back(row);
 }
 
+void SavedRows::LoadAll() {
+  if (state_.rows.Store().IsWhole()) return;
+  constexpr qint64 kTogether = 1000;
+  const qint64 count = state_.view.Count();
+  for (qint64 at = 0; at < count; at += kTogether)
+    state_.rows.Load(state_.view.Between(at, std::min(at + kTogether, count)));
+  if (state_.rows.AllLive()) return;
+  present_ = state_.view.Between(0, count);
+  std::erase_if(*present_, [this](RowId row) { return !state_.rows.IsLive(row); });
+}
+
 RowId SavedRows::At(qint64 index) const {
   const auto ahead = qint64(deleted_.size());
-  return index < ahead ? deleted_[std::size_t(index)] : state_.view.At(index - ahead);
+  if (index < ahead) return deleted_[std::size_t(index)];
+  return present_ ? (*present_)[std::size_t(index - ahead)] : state_.view.At(index - ahead);
 }
 
 const std::vector<Cell>& SavedRows::Current(RowId row) {

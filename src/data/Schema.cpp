@@ -35,9 +35,12 @@ TypeGroup GroupOfType(int adoType) {
   }
 }
 
-int TableInfo::IndexOf(const QString& column) const {
-  for (std::size_t i = 0; i < columns.size(); ++i)
-    if (columns[i].name.compare(column, Qt::CaseInsensitive) == 0) return int(i);
+int IndexOfColumn(const std::vector<ColumnInfo>& columns, const QString& name) {
+  // A text keeps its length when its case does not count, and most names differ there already.
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const QString& column = columns[i].name;
+    if (column.size() == name.size() && column.compare(name, Qt::CaseInsensitive) == 0) return int(i);
+  }
   return -1;
 }
 

@@ -58,14 +58,16 @@ struct ColumnInfo {
   bool autoNumber = false;  ///< the database gives the value of a new row
 };
 
+/// The column of that name without regard to case, -1 when there is none.
+int IndexOfColumn(const std::vector<ColumnInfo>& columns, const QString& name);
+
 /// One table of the database.
 struct TableInfo {
   QString name;  ///< as the database spells it
   std::vector<ColumnInfo> columns;
   std::vector<int> key;  ///< indexes of the primary key's columns, or of a unique index; empty when none
 
-  /// The column of that name without regard to case, -1 when there is none.
-  int IndexOf(const QString& column) const;
+  int IndexOf(const QString& column) const { return IndexOfColumn(columns, column); }
 };
 
 }  // namespace folvane

@@ -17,6 +17,12 @@ qint64 View::Count() const { return list_ ? qint64(list_->size()) : qint64(rows_
 
 RowId View::At(qint64 position) const { return list_ ? (*list_)[size_t(position)] : RowId(position); }
 
+std::vector<RowId> View::Between(qint64 begin, qint64 end) const {
+  std::vector<RowId> rows;
+  for (qint64 position = begin; position < end; ++position) rows.push_back(At(position));
+  return rows;
+}
+
 qint64 View::PositionOf(RowId row) const {
   if (!list_) return row < rows_.EndId() ? row : -1;
   if (positions_.empty() && !list_->empty()) {
@@ -93,27 +99,55 @@ std::vector<SortColumn> ReadOrder(const Rows& rows, const QString& order) {
   return columns;
 }
 
+// Few rows are read, of many the columns.
+template <typename Visit>
+void EachListed(const Rows& rows, const std::vector<RowId>& list, const std::vector<int>& columns, Visit visit) {
+  constexpr std::size_t kFewParts = 8;
+  if (rows.Store().IsWhole() || list.size() < rows.EndId() / kFewParts) {
+    rows.Load(list);
+    for (const RowId row : list)
+      if (rows.IsLive(row)) visit(row, [&](int column) { return rows.Value(row, column); });
+    return;
+  }
+  std::vector<bool> isListed(rows.EndId());
+  for (const RowId row : list) isListed[row] = true;
+  rows.Each(columns, [&](RowId row, auto valueOf) {
+    if (isListed[row]) visit(row, valueOf);
+  });
+}
+
 }  // namespace
 
 void SortRows(const Rows& rows, const QString& order, std::vector<RowId>& list) {
   const std::vector<SortColumn> columns = ReadOrder(rows, order);
-  std::vector<std::vector<SortKey>> keys(columns.size());
-  for (std::size_t k = 0; k < columns.size(); ++k) {
-    const TypeGroup group = GroupOfType(rows.Columns()[size_t(columns[k].column)].type);
-    keys[k].reserve(list.size());
-    for (const RowId row : list) keys[k].emplace_back(rows.Value(row, columns[k].column), group);
+  std::vector<int> read;
+  std::vector<TypeGroup> groups;
+  for (const SortColumn& by : columns) {
+    read.push_back(by.column);
+    groups.push_back(GroupOfType(rows.Columns()[size_t(by.column)].type));
   }
-  std::vector<std::size_t> indexes(list.size());
+  std::vector<RowId> sorted;
+  std::vector<SortKey> keys;  // of one row after the other
+  sorted.reserve(list.size());
+  keys.reserve(list.size() * columns.size());
+  const auto add = [&](RowId row, auto valueOf) {
+    sorted.push_back(row);
+    for (std::size_t k = 0; k < read.size(); ++k) keys.emplace_back(valueOf(read[k]), groups[k]);
+  };
+  EachListed(rows, list, read, add);
+
+  std::vector<std::size_t> indexes(sorted.size());
   std::iota(indexes.begin(), indexes.end(), std::size_t(0));
-  std::stable_sort(indexes.begin(), indexes.end(), [&](std::size_t a, std::size_t b) {
+  std::sort(indexes.begin(), indexes.end(), [&](std::size_t a, std::size_t b) {
+    const SortKey* const keysOfA = &keys[a * columns.size()];
+    const SortKey* const keysOfB = &keys[b * columns.size()];
     for (std::size_t k = 0; k < columns.size(); ++k)
-      if (const int sign = keys[k][a].Compare(keys[k][b]); sign != 0)
+      if (const int sign = keysOfA[k].Compare(keysOfB[k]); sign != 0)
         return columns[k].descending ? sign > 0 : sign < 0;
-    return false;
+    return sorted[a] < sorted[b];
   });
-  std::vector<RowId> sorted(list.size());
-  for (std::size_t i = 0; i < indexes.size(); ++i) sorted[i] = list[indexes[i]];
-  list = std::move(sorted);
+  list.clear();
+  for (const std::size_t index : indexes) list.push_back(sorted[index]);
 }
 
 }  // namespace folvane

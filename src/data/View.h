@@ -16,6 +16,8 @@ class View {
 
   qint64 Count() const;
   RowId At(qint64 position) const;
+  /// The rows at the positions from the first to the one before the last.
+  std::vector<RowId> Between(qint64 begin, qint64 end) const;
   /// -1 when the row is not shown.
   qint64 PositionOf(RowId row) const;
 
@@ -31,7 +33,8 @@ class View {
   mutable std::vector<qint64> positions_;  ///< by row, made when first asked for; empty when stale
 };
 
-/// The rows in the order of "field [Asc|Desc], ..."; rows that compare equal keep their order.
+/// Puts rows, which are given ascending, into the order of "field [Asc|Desc], ...". Rows that compare equal keep their
+/// order, and those that are gone drop out.
 /// @throws DataError Usage for an unknown field or a text that cannot be read
 void SortRows(const Rows& rows, const QString& order, std::vector<RowId>& list);
 

@@ -1,5 +1,6 @@
 #include "data/DataSuite.h"
 
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace folvane::test {
@@ -46,6 +47,17 @@ std::unique_ptr<Recordset> DataSuite::Open(const QString& source, LockType lock)
 
 QString DataSuite::Stored(int id, const QString& column) {
   return Database().Value(u"SELECT %1 FROM files WHERE id = %2"_s.arg(column).arg(id));
+}
+
+void DataSuite::TakeDatabaseAway() {
+  if (!OnSqlite()) {
+    const NativeResult session = QueryNative(*Connected(), "SELECT pg_backend_pid()");
+    Meanwhile(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(session.rows[0][0].toLongLong()));
+    return;
+  }
+  QFile file(Database().Rows(u"PRAGMA database_list"_s)[0][2]);
+  ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+  file.write(QByteArray(int(file.size()), 'x'));
 }
 
 QStringList Texts(Recordset& records, const QString& field) {

@@ -7,6 +7,7 @@
 
 #include "data/DatabaseSession.h"
 #include "data/Recordset.h"
+#include "data/RowReading.h"
 #include "data/RowStore.h"
 #include "data/drivers/Driver.h"
 #include "support/TestDatabase.h"
@@ -33,11 +34,24 @@ NativeResult QueryNative(Connection& connection, const QByteArray& text, std::ve
 ///      5  a-003  年度总结           25     2003-01-01  乙
 void MakeFiles(TestDatabase& database, const QString& table = QStringLiteral("files"));
 
+/// Has every table be read as a large one is, by keys and as rows are looked at, for the time of a test.
+class EveryTableLarge {
+ public:
+  EveryTableLarge() : before_(RowReading::Border()) { RowReading::Border() = {0, 0}; }
+  ~EveryTableLarge() { RowReading::Border() = before_; }
+  EveryTableLarge(const EveryTableLarge&) = delete;
+  EveryTableLarge& operator=(const EveryTableLarge&) = delete;
+
+ private:
+  ReadingBorder before_;
+};
+
 /// Runs on each database over the table of five files.
 class DataSuite : public OnEachDatabase {
  protected:
   void SetUp() override {
     OnEachDatabase::SetUp();
+    if (qEnvironmentVariableIsSet("FOLVANE_TEST_BY_KEYS")) byKeys_.emplace();
     MakeFiles(Database());
   }
 
@@ -47,6 +61,11 @@ class DataSuite : public OnEachDatabase {
   QString Stored(int id, const QString& column);
   /// What a second user does meanwhile.
   void Meanwhile(const QString& sql) { Database().Native(sql); }
+  /// The server ends the session, or the file turns into something that is no database.
+  void TakeDatabaseAway();
+
+ private:
+  std::optional<EveryTableLarge> byKeys_;
 };
 
 /// The texts of a field in all rows of a record set, in the order it shows them.

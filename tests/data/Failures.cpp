@@ -1,4 +1,3 @@
-#include <QFile>
 #include <gtest/gtest.h>
 
 #include "data/DataSuite.h"
@@ -24,17 +23,6 @@ class Failures : public DataSuite {
   }
   void LetFilesGo() { Meanwhile(u"ROLLBACK"_s); }
 
-  /// The server ends the session, or the file turns into something that is no database.
-  void TakeDatabaseAway() {
-    if (!OnSqlite()) {
-      const NativeResult session = QueryNative(*Connected(), "SELECT pg_backend_pid()");
-      Meanwhile(u"SELECT pg_terminate_backend(%1, 5000)"_s.arg(session.rows[0][0].toLongLong()));
-      return;
-    }
-    QFile file(Database().Rows(u"PRAGMA database_list"_s)[0][2]);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.write(QByteArray(int(file.size()), 'x'));
-  }
   DataErrorKind KindOf(const std::function<void()>& work) { return FailureOf(work).Kind(); }
 };
 FOLVANE_ON_EACH_DATABASE(Failures);

@@ -1,6 +1,7 @@
 #include "data/drivers/odbc/OdbcDriver.h"
 
 #include <array>
+#include <malloc.h>
 #include <sqlext.h>
 
 #include <folvane/OdbcConnection.h>
@@ -19,6 +20,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kMostPreparedOdbc = 64;
+constexpr std::size_t kManyRows = 50'000;
 // The width with which PostgreSQL's ODBC driver describes a varchar without a length.
 constexpr int kWidthOfNoLength = 255;
 
@@ -104,6 +106,13 @@ qint64 OdbcDriver::Execute(const NativeStatement& native) {
 }
 
 void OdbcDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows) {
+  const std::size_t before = rows.RowCount();
+  Read(native, columns, rows);
+  // The driver has held the whole result, most of it in small pieces, which the heap would keep.
+  if (rows.RowCount() - before > kManyRows) malloc_trim(0);
+}
+
+void OdbcDriver::Read(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows) {
   Run([&] {
     OdbcStatement statement(connection_);
     statement.ExecuteDirect(native);

@@ -34,6 +34,7 @@ class OdbcDriver final : public Driver {
  private:
   template <typename Work>
   auto Run(Work work);
+  void Read(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows);
   OdbcStatement& Prepared(const QByteArray& text);
   void ExecuteOnce(const char* text);
   void FindWidths(OdbcStatement& statement, std::vector<OdbcColumn>& columns);
