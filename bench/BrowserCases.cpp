@@ -65,6 +65,7 @@ class OpenBrowser {
     Describe(*connection);
     Shared().Connection = connection;
     Shared().UserId = u"1"_s;
+    List().viewport()->installEventFilter(&paint_);
     window_.show();
     window_.Start();
     Settle();
@@ -109,10 +110,21 @@ class OpenBrowser {
   }
 
  private:
+  /// Until the list has been painted as it is now: once, as on a screen.
   void Settle() {
     QApplication::processEvents();
-    window_.repaint();
+    if (!std::exchange(paint_.seen, false)) window_.repaint();
+    paint_.seen = false;
   }
+
+  struct PaintWatch : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      seen = seen || event->type() == QEvent::Paint;
+      return false;
+    }
+    bool seen = false;
+  };
+  PaintWatch paint_;
   FrmMain window_;
 };
 

@@ -85,7 +85,7 @@ int DrawGrowth(const QString& path, const std::function<Sample(const QString&, q
                  .arg(best, 0, 'f', 1);
     }
     out << u"<polyline points=\"%1\" fill=\"none\" stroke=\"%2\" stroke-width=\"2\"/>\n"_s.arg(points.join(u' '),
-                                                                                             line.colour);
+                                                                                               line.colour);
     PutText(out, X(kMostRows) + 10, last + 4, line.words, u"start"_s, line.colour);
   }
   out << "</svg>\n";

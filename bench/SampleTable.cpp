@@ -141,6 +141,7 @@ void MakePostgresTable(qint64 rows) {
   QByteArray text;
   for (qint64 i = 0; i < rows; ++i) text += SampleRow(i).join('\t') + '\n';
   const QString schema = SchemaOf(rows);
+  RunPsql(schema, QStringLiteral("DROP SCHEMA IF EXISTS %1 CASCADE").arg(schema));
   RunPsql(schema, QStringLiteral("CREATE SCHEMA %1").arg(schema));
   RunPsql(schema, QString::fromUtf8(CreateTableText()));
   RunPsql(schema, QStringLiteral("COPY Records FROM STDIN"), text);

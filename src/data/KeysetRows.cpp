@@ -8,6 +8,7 @@
 #include "data/DatabaseSession.h"
 #include "data/KeyIndex.h"
 #include "data/Recordset.h"
+#include "data/TextFold.h"
 #include "data/drivers/Driver.h"
 
 namespace folvane {
@@ -19,10 +20,45 @@ constexpr std::size_t kMostMarkers = 1000;  // of one statement; some servers ta
 constexpr std::size_t kFirstRows = 64;
 constexpr std::size_t kChunksInMemory = 8;
 
+/// Looks through keys once for whether rows can be read again by them, and what else they are like.
+class KeyCheck {
+ public:
+  bool CanReadBy(const RowStore& keys) {
+    std::vector<Cell> cells(size_t(keys.ColumnCount()));
+    isOne_ = cells.size() == 1;
+    for (std::size_t row = 0; row < keys.RowCount(); ++row) {
+      keys.Read(row, cells.data());
+      for (const Cell& cell : cells)
+        if (cell.kind != Cell::Integer && (cell.kind != Cell::Text || !LookAt(cell.bytes))) return false;
+    }
+    return true;
+  }
+
+  /// Keys differ byte for byte, and folding takes nothing away where all are of one case and none ends with a blank.
+  bool AreDistinct() const { return isOne_ && !endsWithBlank_ && !(hasCapitals_ && hasSmall_); }
+
+ private:
+  bool LookAt(QByteArrayView text) {
+    constexpr std::uint64_t kHigh = 0x8080808080808080u, kCase = 0x2020202020202020u;
+    std::uint64_t high = 0;
+    endsWithBlank_ = endsWithBlank_ || text.endsWith(' ');
+    ByEight(text, [&](std::uint64_t eight) {
+      high |= eight & kHigh;
+      const std::uint64_t capitals = FoldEight(eight) ^ eight, big = eight & ~kCase;
+      hasCapitals_ = hasCapitals_ || capitals != 0;
+      hasSmall_ = hasSmall_ || ((FoldEight(big) ^ big) & ~capitals) != 0;
+      return true;
+    });
+    return high == 0 || text.isValidUtf8();
+  }
+
+  bool isOne_ = false, endsWithBlank_ = false, hasCapitals_ = false, hasSmall_ = false;
+};
+
 }  // namespace
 
 KeysetRows::KeysetRows(DatabaseSession& session, KeysetStatement statement, const TableInfo& table,
-                       std::unique_ptr<RowStore> keys)
+                       std::unique_ptr<RowStore> keys, bool areDistinct)
     : session_(session),
       statement_(std::move(statement)),
       tableName_(session.Words().Quoted(table.name)),
@@ -30,6 +66,7 @@ KeysetRows::KeysetRows(DatabaseSession& session, KeysetStatement statement, cons
       keys_(std::move(keys)),
       places_(keys_->RowCount(), kUnread) {
   read_.LimitMemory(kChunksInMemory);
+  distinctKeys_ = areDistinct;
   for (const int column : table.key) {
     keyColumns_ << table.columns[size_t(column)].name;
     keyNames_.push_back(session.Words().Quoted(keyColumns_.last()));
@@ -40,7 +77,10 @@ KeysetRows::~KeysetRows() = default;
 
 OpenedRows KeysetRows::Open(DatabaseSession& session, KeysetStatement statement, const TableInfo& table,
                             std::unique_ptr<RowStore> keys) {
-  std::unique_ptr<KeysetRows> rows(new KeysetRows(session, std::move(statement), table, std::move(keys)));
+  KeyCheck check;
+  if (!check.CanReadBy(*keys)) return {};
+  std::unique_ptr<KeysetRows> rows(
+      new KeysetRows(session, std::move(statement), table, std::move(keys), check.AreDistinct()));
   std::vector<RowId> first(std::min(rows->RowCount(), kFirstRows));
   std::iota(first.begin(), first.end(), RowId(0));
   OpenedRows opened;
@@ -66,22 +106,13 @@ void KeysetRows::TakeColumns(const std::vector<ColumnInfo>& columns) {
   }
 }
 
-bool KeysetRows::IsReadable(const RowStore& keys) {
-  std::vector<Cell> cells(size_t(keys.ColumnCount()));
-  for (std::size_t row = 0; row < keys.RowCount(); ++row) {
-    keys.Read(row, cells.data());
-    for (const Cell& cell : cells)
-      if (cell.kind != Cell::Integer && (cell.kind != Cell::Text || !cell.bytes.isValidUtf8())) return false;
-  }
-  return true;
-}
-
 int KeysetRows::KeyPlace(int column) const { return keyPlaces_[size_t(column)]; }
 
 Cell KeysetRows::At(std::size_t row, int column) const {
-  if (const int place = KeyPlace(column); place >= 0) return keys_->At(row, place);
-  if (!IsRead(RowId(row))) Load({RowId(row)});
-  return IsGone(RowId(row)) ? Cell() : read_.At(places_[row], column);
+  const int place = KeyPlace(column);
+  if (!IsRead(RowId(row)) && place < 0) Load({RowId(row)});
+  if (IsRead(RowId(row)) && !IsGone(RowId(row))) return read_.At(places_[row], column);
+  return place >= 0 ? keys_->At(row, place) : Cell();
 }
 
 void KeysetRows::Read(std::size_t row, Cell* cells) const {
@@ -107,6 +138,14 @@ void KeysetRows::Load(const std::vector<RowId>& rows) const {
     if (together.size() == most) load();
   }
   load();
+}
+
+bool KeysetRows::Rewrite(RowId row, const Cell* cells) {
+  if (!IsRead(row) || IsGone(row)) return false;
+  for (int column = 0; column < read_.ColumnCount(); ++column) read_.Add(cells[column]);
+  read_.EndRow();
+  places_[row] = std::uint32_t(read_.RowCount() - 1);
+  return true;
 }
 
 NativeStatement KeysetRows::StatementFor(const std::vector<RowId>& rows) const {

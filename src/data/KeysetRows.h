@@ -18,13 +18,12 @@ class KeyIndex;
 /// temporary file.
 class KeysetRows final : public StoredRows {
  public:
-  /// Reads the first rows, which tell the columns as well.
+  /// Reads the first rows, which tell the columns as well. There are none where rows cannot be read again by the keys,
+  /// value for value.
   /// @param keys the values of the table's key columns, row by row; there is at least one row
   /// @throws DataError
   static OpenedRows Open(DatabaseSession& session, KeysetStatement statement, const TableInfo& table,
                          std::unique_ptr<RowStore> keys);
-  /// Whether rows can be read again by such a key, value for value.
-  static bool IsReadable(const RowStore& keys);
   ~KeysetRows() override;
 
   std::size_t RowCount() const override { return keys_->RowCount(); }
@@ -34,16 +33,18 @@ class KeysetRows final : public StoredRows {
   bool IsWhole() const override { return false; }
   bool IsRead(RowId row) const override { return places_[row] != kUnread; }
   bool IsAtHand(RowId row, int column) const override { return IsRead(row) || KeyPlace(column) >= 0; }
+  bool AreDistinct(int column) const override { return distinctKeys_ && KeyPlace(column) >= 0; }
   bool IsGone(RowId row) const override { return places_[row] == kGone; }
   std::size_t GoneCount() const override { return gone_; }
   void Load(const std::vector<RowId>& rows) const override;
+  bool Rewrite(RowId row, const Cell* cells) override;
   void EachCell(const std::vector<int>& columns, const Visit& visit) const override;
 
  private:
   static constexpr std::uint32_t kUnread = 0xffffffff, kGone = 0xfffffffe;
 
   KeysetRows(DatabaseSession& session, KeysetStatement statement, const TableInfo& table,
-             std::unique_ptr<RowStore> keys);
+             std::unique_ptr<RowStore> keys, bool areDistinct);
   int KeyPlace(int column) const;
   NativeStatement StatementFor(const std::vector<RowId>& rows) const;
   void Fetch(const std::vector<RowId>& rows, std::vector<ColumnInfo>& columns) const;
@@ -62,6 +63,7 @@ class KeysetRows final : public StoredRows {
   std::vector<int> keyPlaces_;  ///< by column: its place in the key, -1 for others
   std::vector<int> keyAt_;      ///< by place in the key: the column
   std::unique_ptr<RowStore> keys_;
+  bool distinctKeys_ = false;  ///< of one column, and even where case and trailing blanks do not count
 
   // What was read so far.
   mutable RowStore read_;

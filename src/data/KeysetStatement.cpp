@@ -73,7 +73,9 @@ QString KeysetStatement::Selecting(const QString& what, qsizetype end) const {
   return text_.first(starAt_) + what + text_.sliced(starAt_ + 1, end - starAt_ - 1);
 }
 
-QString KeysetStatement::OfColumns(const QStringList& columns) const { return Selecting(Listed(columns), text_.size()); }
+QString KeysetStatement::OfColumns(const QStringList& columns) const {
+  return Selecting(Listed(columns), text_.size());
+}
 
 QString KeysetStatement::OfColumnsUnordered(const QStringList& columns) const {
   return Selecting(Listed(columns), orderAt_);

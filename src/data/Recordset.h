@@ -72,9 +72,13 @@ class FieldList {
   RecordsetState* state_;
 };
 
-/// The result of a statement, held whole on the client and edited there, as ADO's client-side record set is: a
-/// position, bookmarks, filter, sort and find; changes that wait in the row until they are written with the original
-/// values as their condition.
+/// The result of a statement, held on the client and edited there, as ADO's client-side record set is: a position,
+/// bookmarks, filter, sort and find; changes that wait in the row until they are written with the original values as
+/// their condition.
+///
+/// Of a large table a row is read when it is looked at for the first time, and stays as it was then: looking may end in
+/// an error of the database. A row that is gone by then keeps its place and its key; its EditMode is Delete, steps pass
+/// over it, and whatever would work on it ends in a Conflict.
 ///
 /// Rows count from 1. Without a row under the position BOF or EOF is true, and reading a field is an error. After a
 /// failed operation the record set stands where it stood and pending changes are kept.
@@ -118,7 +122,7 @@ class Recordset {
   qint64 AbsolutePosition() const;
   void SetAbsolutePosition(qint64 position);
   /// Names the current row for as long as the record set is open, whatever filter and sort say; 1 for the first row
-  /// read.
+  /// read. @throws DataError Conflict for a row that is gone
   qint64 Bookmark() const;
   void SetBookmark(qint64 bookmark);
 
@@ -143,7 +147,8 @@ class Recordset {
   FieldList Fields() const;
   Field operator[](const QString& name) const { return Fields().Item(name); }
 
-  /// The text of a field in the row at a position, from 1, without moving there. @throws DataError Usage
+  /// The text of a field in the row at a position, from 1, without moving there, for showing it: "" where the row
+  /// cannot be read just now. @throws DataError Usage
   QString TextAt(qint64 position, int field) const;
 
   EditModeKind EditMode() const;

@@ -59,9 +59,9 @@ OpenedRows RowReading::Read(const QString& statement, TextOrder order) {
     if (qint64(few.rows->RowCount()) <= border.result) return few;
   }
   FetchedRows keys = session_.FetchUntold(form->OfColumns(KeyColumns(table)), order);
-  if (keys.rows->RowCount() == 0 || !KeysetRows::IsReadable(*keys.rows))
-    return session_.FetchUntold(statement, order);
-  return KeysetRows::Open(session_, *form, table, std::move(keys.rows));
+  OpenedRows opened;
+  if (keys.rows->RowCount() > 0) opened = KeysetRows::Open(session_, *form, table, std::move(keys.rows));
+  return opened.rows ? std::move(opened) : session_.FetchUntold(statement, order);
 }
 
 FetchedRows RowReading::ReadWhole(const QString& statement, TextOrder order, const TableInfo& table) {

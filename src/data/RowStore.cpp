@@ -106,6 +106,21 @@ void RowStore::AddBytes(const char* bytes, std::size_t length) {
   next_ = at + length;
 }
 
+void RowStore::Add(const Cell& cell) {
+  switch (cell.kind) {
+    case Cell::Null:
+      return AddNull();
+    case Cell::Integer:
+      return AddInteger(cell.integer);
+    case Cell::Real:
+      return AddReal(cell.real);
+    case Cell::Text:
+      return AddText(cell.bytes.data(), std::size_t(cell.bytes.size()));
+    case Cell::Bytes:
+      return AddBytes(cell.bytes.data(), std::size_t(cell.bytes.size()));
+  }
+}
+
 void RowStore::EndRow() {
   if (!rowStart_) rowStart_ = Reserve(0 + kMaxHeader);
   const std::size_t slot = rowCount_ % kPageRows;

@@ -28,6 +28,7 @@ class RowStore final : public StoredRows {
   void AddReal(double value) { Tag((std::uint64_t(sizeof value) << 2) | 2, sizeof value, &value); }
   void AddText(const char* utf8, std::size_t length) { Tag((std::uint64_t(length) << 2) | 3, length, utf8); }
   void AddBytes(const char* bytes, std::size_t length);
+  void Add(const Cell& cell);
   void EndRow();
   /// Takes back the values of a row that is not ended.
   void DropBegunRow() { next_ = rowStart_; }

@@ -185,6 +185,18 @@ void Rows::MarkWritten(RowId row) {
   }
   change.written.TakeAll(change.given);
   SetState(row, change, RowChange::Clean);
+  // A walk that writes to all rows of a large table is not to keep them all.
+  if (KeepInStore(row, change.written)) changes_.erase(row);
+}
+
+bool Rows::KeepInStore(RowId row, const ColumnValues& written) {
+  if (row >= StoredCount() || store_->IsWhole()) return false;
+  std::vector<Cell> cells(columns_.size());
+  std::vector<QByteArray> held(columns_.size());
+  store_->Read(row, cells.data());
+  for (std::size_t i = 0; i < cells.size(); ++i)
+    if (const QVariant* value = written.Find(int(i))) cells[i] = CellOf(*value, held[i]);
+  return store_->Rewrite(row, cells.data());
 }
 
 void Rows::Refresh(RowId row, const std::vector<QVariant>& values) {

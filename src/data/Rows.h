@@ -105,6 +105,7 @@ class Rows {
   std::size_t IndexOfOriginal(RowId row) const;
   void SetState(RowId row, RowChange& change, RowChange::State state);
   void NoteGiven(RowId row, const RowChange& change, int column);
+  bool KeepInStore(RowId row, const ColumnValues& written);
 
   std::vector<ColumnInfo> columns_;
   std::unique_ptr<StoredRows> store_;

@@ -1,10 +1,8 @@
 #include "data/SavedRows.h"
 
-#include <QDateTime>
 #include <algorithm>
 
 namespace folvane {
-using namespace Qt::Literals::StringLiterals;
 
 SavedRows::SavedRows(const RecordsetState& state)
     : state_(state), cells_(state.rows.Columns().size()), held_(state.rows.Columns().size()) {
@@ -49,43 +47,7 @@ const std::vector<Cell>& SavedRows::Original(RowId row) {
 /// Puts values in place of those that were read. What was read stays as exact as it is.
 void SavedRows::Lay(const ColumnValues& values) {
   for (std::size_t i = 0; i < cells_.size(); ++i)
-    if (const QVariant* value = values.Find(int(i))) cells_[i] = Held(int(i), *value);
-}
-
-Cell SavedRows::Held(int column, const QVariant& value) {
-  Cell cell;
-  QByteArray& held = held_[std::size_t(column)];
-  switch (value.typeId()) {
-    case QMetaType::UnknownType:
-      return cell;
-    case QMetaType::LongLong:
-    case QMetaType::Int:
-    case QMetaType::Bool:
-      cell.kind = Cell::Integer;
-      cell.integer = value.toLongLong();
-      return cell;
-    case QMetaType::Double:
-      cell.kind = Cell::Real;
-      cell.real = value.toDouble();
-      return cell;
-    case QMetaType::QByteArray:
-      cell.kind = Cell::Bytes;
-      held = value.toByteArray();
-      break;
-    case QMetaType::QDateTime:
-      cell.kind = Cell::Text;
-      held = value.toDateTime().toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s).toUtf8();
-      break;
-    case QMetaType::QDate:
-      cell.kind = Cell::Text;
-      held = value.toDate().toString(u"yyyy-MM-dd"_s).toUtf8();
-      break;
-    default:
-      cell.kind = Cell::Text;
-      held = value.toString().toUtf8();
-  }
-  cell.bytes = held;
-  return cell;
+    if (const QVariant* value = values.Find(int(i))) cells_[i] = CellOf(*value, held_[i]);
 }
 
 }  // namespace folvane

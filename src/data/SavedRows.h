@@ -26,7 +26,6 @@ class SavedRows {
  private:
   void LoadAll();
   void Lay(const ColumnValues& values);
-  Cell Held(int column, const QVariant& value);
 
   const RecordsetState& state_;
   std::vector<RowId> deleted_;

@@ -41,11 +41,16 @@ class StoredRows {
   virtual bool IsRead(RowId) const { return true; }
   /// Whether a value is known without asking the database: that of a key is, even of a row that was not read yet.
   virtual bool IsAtHand(RowId, int /*column*/) const { return true; }
+  /// Whether no two rows have values in a column that compare equal, as far as that is known without a look at all.
+  virtual bool AreDistinct(int /*column*/) const { return false; }
   /// Whether a row was no longer there when it was to be read.
   virtual bool IsGone(RowId) const { return false; }
   virtual std::size_t GoneCount() const { return 0; }
   /// Reads those of the rows that were not read yet, together. @throws DataError
   virtual void Load(const std::vector<RowId>&) const {}
+
+  /// Has a row's cells be others from now on, where rows are kept one by one. @return whether they are
+  virtual bool Rewrite(RowId, const Cell*) { return false; }
 
   /// Calls visit with every row that is not gone and its cells of these columns, in any order. Of rows that were not
   /// read yet no more than the columns is read, and not kept. @throws DataError

@@ -103,6 +103,41 @@ QVariant DecodeCell(const Cell& cell, const ColumnInfo& column) {
   return {};
 }
 
+Cell CellOf(const QVariant& value, QByteArray& held) {
+  Cell cell;
+  switch (value.typeId()) {
+    case QMetaType::UnknownType:
+      return cell;
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+    case QMetaType::Bool:
+      cell.kind = Cell::Integer;
+      cell.integer = value.toLongLong();
+      return cell;
+    case QMetaType::Double:
+      cell.kind = Cell::Real;
+      cell.real = value.toDouble();
+      return cell;
+    case QMetaType::QByteArray:
+      cell.kind = Cell::Bytes;
+      held = value.toByteArray();
+      break;
+    case QMetaType::QDateTime:
+      cell.kind = Cell::Text;
+      held = value.toDateTime().toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s).toUtf8();
+      break;
+    case QMetaType::QDate:
+      cell.kind = Cell::Text;
+      held = value.toDate().toString(u"yyyy-MM-dd"_s).toUtf8();
+      break;
+    default:
+      cell.kind = Cell::Text;
+      held = value.toString().toUtf8();
+  }
+  cell.bytes = held;
+  return cell;
+}
+
 QVariant FitToColumn(const QVariant& value, const ColumnInfo& column) {
   if (!value.isValid() || value.isNull()) return {};
   const TypeGroup group = GroupOfType(column.type);

@@ -15,6 +15,10 @@ QString ValueText(const QVariant& value);
 /// says, and stays text where it cannot.
 QVariant DecodeCell(const Cell& cell, const ColumnInfo& column);
 
+/// A value as a cell.
+/// @param held keeps the bytes of one that has any, for as long as the cell is used
+Cell CellOf(const QVariant& value, QByteArray& held);
+
 /// A value as the column would hold it. Empty text is null for a number or a date.
 /// @throws DataError Conversion
 QVariant FitToColumn(const QVariant& value, const ColumnInfo& column);

@@ -165,6 +165,37 @@ TEST_P(Keysets, TakeTheValuesThatWereLookedAtForTheConflict) {
   EXPECT_EQ((*records)[u"note"_s].Text(), u"n500"_s);
 }
 
+TEST_P(Keysets, TakeWhatAWalkHasWrittenForWhatWasRead) {
+  const auto records = Open();
+  for (; !records->EOF_(); records->MoveNext()) {
+    (*records)[u"note"_s].SetValue(u"mine "_s + (*records)[u"id"_s].Text());
+    records->Update();
+    if (records->PendingCount() == 100) records->UpdateBatch();
+  }
+  EXPECT_EQ(Database().Value(u"SELECT count(*) FROM papers WHERE note = 'mine ' || id"_s), u"1000"_s);
+  EXPECT_EQ(At(*records, 500, u"note"_s), u"mine 500"_s);
+  EXPECT_EQ((*records)[u"note"_s].OriginalValue().toString(), u"mine 500"_s);
+  records->Find(u"note = 'mine 900'"_s);
+  EXPECT_EQ(records->AbsolutePosition(), 900);
+  Meanwhile(u"UPDATE papers SET note = 'theirs' WHERE id = 900"_s);
+  (*records)[u"note"_s].SetValue(u"mine again"_s);
+  EXPECT_EQ(FailureOf([&] { records->UpdateBatch(); }).Kind(), DataErrorKind::Conflict);
+}
+
+TEST_P(Keysets, KnowARowByTheKeyThatItWasGiven) {
+  const auto records = Open();
+  records->SetAbsolutePosition(500);
+  (*records)[u"id"_s].SetValue(5000);
+  records->UpdateBatch();
+  EXPECT_EQ((*records)[u"id"_s].Text(), u"5000"_s);
+  records->MoveFirst();
+  records->Find(u"id = 5000"_s);
+  EXPECT_EQ(records->AbsolutePosition(), 500);
+  (*records)[u"note"_s].SetValue(u"mine"_s);
+  records->UpdateBatch();
+  EXPECT_EQ(Stored(5000, u"note"_s), u"mine"_s);
+}
+
 TEST_P(Keysets, HaveKeysOfSeveralColumns) {
   Meanwhile(u"CREATE TABLE lines (sheet varchar(10), line integer, words varchar(20), PRIMARY KEY (sheet, line))"_s);
   Meanwhile(u"INSERT INTO lines SELECT number, 1, 'a' || id FROM papers"_s);

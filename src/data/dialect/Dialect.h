@@ -43,6 +43,7 @@ struct Dialect {
 
   // Texts compare without regard to ASCII case and trailing blanks.
   const char* folded;       ///< a text as it is told apart from others
+  const char* sortedBy;     ///< the same for Order By, made once a row
   const char* compareText;  ///< two texts that are not folded yet
   bool foldsLiterals;       ///< a literal is compared as Transform::Folded
   const char* compareUnknown;

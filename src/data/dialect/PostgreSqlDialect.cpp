@@ -24,6 +24,7 @@ const Dialect kPostgreSqlDialect{
     .integerToBit = "($1 <> 0)",
 
     .folded = "lower(rtrim($1) COLLATE \"C\")",
+    .sortedBy = "lower(rtrim($1) COLLATE \"C\")",
     .compareText = "($1 $o $2)",
     .foldsLiterals = true,
     .compareUnknown = "($1 $o $2)",

@@ -23,6 +23,7 @@ const Dialect kSqliteDialect{
     .integerToBit = "",
 
     .folded = "$1 COLLATE FOLVANE",
+    .sortedBy = "folvane_folded($1)",
     .compareText = "($1 COLLATE FOLVANE $o $2)",
     .foldsLiterals = false,
     .compareUnknown = "($1 COLLATE FOLVANE $o $2)",

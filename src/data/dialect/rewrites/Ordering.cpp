@@ -27,10 +27,11 @@ ExpressionPtr Ordinal(const Expression& value) {
 
 // Where rows are told apart by the very values that they are ordered by, their comparison's own order has to do.
 ExpressionPtr Ordered(const ExpressionPtr& value, const Query& query, RewriteContext& context) {
-  const ExpressionPtr folded = Fold(value, context);
-  if (context.OrderCollation().isEmpty() || query.distinct || query.next) return folded;
+  if (query.distinct || query.next) return Fold(value, context);
+  if (context.OrderCollation().isEmpty())
+    return query.groupBy.empty() ? Native(context.Dialect().sortedBy, {value}, ValueType::Text) : Fold(value, context);
   const QByteArray form = "$1 COLLATE \"" + context.OrderCollation() + '"';
-  return Native(form.constData(), {folded}, ValueType::Text);
+  return Native(form.constData(), {Fold(value, context)}, ValueType::Text);
 }
 
 void Order(OrderTerm& item, const Query& query, RewriteContext& context) {

@@ -2,6 +2,7 @@
 
 #include <QCollator>
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <sqlite3.h>
 
@@ -14,11 +15,23 @@ namespace folvane {
 
 namespace {
 
+// How many bytes two texts have alike from a place on, at least. Titles begin alike over many, which are passed over
+// eight at a time.
+qsizetype AlikeFrom(qsizetype at, qsizetype end, const char* a, const char* b) {
+  for (; at + 8 <= end; at += 8) {
+    std::uint64_t x = 0, y = 0;
+    std::memcpy(&x, a + at, sizeof x);
+    std::memcpy(&y, b + at, sizeof y);
+    if (x != y) break;
+  }
+  return at;
+}
+
 int Collate(void*, int lengthA, const void* a, int lengthB, const void* b) {
   const QByteArrayView left = WithoutTrailingBlanks({static_cast<const char*>(a), lengthA});
   const QByteArrayView right = WithoutTrailingBlanks({static_cast<const char*>(b), lengthB});
   const qsizetype common = std::min(left.size(), right.size());
-  for (qsizetype i = 0; i < common; ++i) {
+  for (qsizetype i = AlikeFrom(0, common, left.data(), right.data()); i < common; ++i) {
     const auto x = uchar(FoldAscii(left[i])), y = uchar(FoldAscii(right[i]));
     if (x != y) return x < y ? -1 : 1;
   }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "data/TextFold.h"
 #include "data/dialect/TextValues.h"
 #include "data/drivers/sqlite/LikeMatcher.h"
 #include "data/drivers/sqlite/SqliteFunctionTools.h"
@@ -25,6 +26,18 @@ void Like(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   std::unique_ptr<LikeMatcher> own;
   sqlite3_result_int(context, MatcherOf(context, count, values, own)->Matches(Utf8Of(values[1])));
+}
+
+// The text that equal ones have in common, for an order that compares bytes. What is no text stays what it is.
+void Folded(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) != SQLITE_TEXT) return sqlite3_result_value(context, values[0]);
+  const QByteArrayView text = Utf8Of(values[0]);
+  if (IsFolded(text)) return sqlite3_result_value(context, values[0]);
+  const QByteArrayView kept = WithoutTrailingBlanks(text);
+  auto* folded = static_cast<char*>(sqlite3_malloc64(sqlite3_uint64(kept.size()) + 1));
+  if (!folded) return sqlite3_result_error_nomem(context);
+  std::transform(kept.begin(), kept.end(), folded, FoldAscii);
+  sqlite3_result_text64(context, folded, sqlite3_uint64(kept.size()), sqlite3_free, SQLITE_UTF8);
 }
 
 void Right(sqlite3_context* context, int count, sqlite3_value** values) {
@@ -90,6 +103,7 @@ void AddTextFunctions(SqliteFunctionList& list) {
   list.Add("folvane_like", 3, Like);
   list.Add("folvane_right", 2, Right);
   list.Add("folvane_substring", 3, SubString);
+  list.Add("folvane_folded", 1, Folded);
   list.Add("folvane_charindex", 3, CharIndex);
   list.Add("folvane_replace", 3, Replace);
   list.Add("folvane_replicate", 2, Replicate);
