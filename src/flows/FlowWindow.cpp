@@ -4,7 +4,6 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QScopeGuard>
 #include <QTableView>
 
 #include "flows/FlowCommands.h"
@@ -132,8 +131,7 @@ void FlowWindow::AddDetail() {
   FlowDetailDialog dialog(sheets_);
   dialog.StartNew(sheets_.NextDetailSerial());
   ShowModal(dialog);
-  const auto show = qScopeGuard([this] { ShowCurrentHead(); });
-  sheets_.TakeAddedDetail();
+  ThenShowHead([this] { sheets_.TakeAddedDetail(); });
 }
 
 void FlowWindow::ModifyCurrent() {
@@ -224,8 +222,7 @@ void FlowWindow::RunRoute(void (FlowRoute::*operation)()) {
                    },
                    [](const QString& text) { ShowMessage(text, MessageFlag::Warning, kSystemTitle); }});
   // An operation that is refused may have read what another user has made of the head.
-  const auto show = qScopeGuard([this] { ShowCurrentHead(); });
-  (route.*operation)();
+  ThenShowHead([&] { (route.*operation)(); });
 }
 
 void FlowWindow::Choise() {

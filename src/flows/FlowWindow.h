@@ -75,6 +75,8 @@ class FlowWindow : public QMainWindow {
   void ShowDetails();
   /// Shows the values of the current head anew, with its details and commands.
   void ShowCurrentHead();
+  /// Does something with the current head and shows it as it is then.
+  void ThenShowHead(const std::function<void()>& work);
   void ShowRoute();
   void ShowPosition();
   bool Confirm(const QString& question) const;

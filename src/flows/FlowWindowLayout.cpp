@@ -7,6 +7,7 @@
 
 #include <folvane/Icons.h>
 
+#include "base/IgnoreErrors.h"
 #include "flows/FlowCommands.h"
 #include "flows/FlowWindow.h"
 #include "flows/RouteNodes.h"
@@ -202,6 +203,17 @@ void FlowWindow::ShowCurrentHead() {
   headModel_.TellChanged(int(sheets_.Heads().AbsolutePosition()) - 1);
   RefreshFlowCommandsOfHead();
   ShowRoute();
+}
+
+// What the work threw is told before what keeps the head from being shown.
+void FlowWindow::ThenShowHead(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const std::exception&) {
+    IgnoreErrors([this] { ShowCurrentHead(); });
+    throw;
+  }
+  ShowCurrentHead();
 }
 
 // The route of the current head as a line of steps; the one where it stands is marked.

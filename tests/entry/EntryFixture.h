@@ -57,7 +57,7 @@ class EntryTest : public OnEachDatabase {
   /// All records of Lwdj in the shared record set.
   Recordset& OpenRecords() {
     if (Shared().CurrentRecords.IsOpen()) Shared().CurrentRecords.Close();
-    Shared().CurrentRecords.Open(u"Select * From Lwdj Order By ArchiveID"_s, Connected());
+    Shared().CurrentRecords.Open(u"Select * From Lwdj Order By ArchiveID"_s, Shared().Connection);
     statements_.clear();
     return Shared().CurrentRecords;
   }

@@ -62,6 +62,23 @@ TEST_P(SheetCommandsTest, AHeadThatAnotherUserChangesMeanwhileIsToldAndShown) {
   });
 }
 
+TEST_P(SheetCommandsTest, WhereAnAddedDetailCannotBeShownTheStatusLineTells) {
+  AddHeads(Circulation(), 1);
+  log_.reset();
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    Click(*Details(window).viewport());
+    std::optional<LockedStatement> locked;
+    WithWindow(u"frmPassEdit"_s, [&](QWidget& dialog) {
+      locked.emplace(*Connected(), 4);  // behind the detail and the new status of its head: the route
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+    });
+    Key(window, u"NEW"_s).trigger();
+    EXPECT_TRUE(locked->WasRun());
+    EXPECT_TRUE(Notice(window).startsWith(u"未能完成："_s)) << Notice(window).toStdString();
+  });
+  EXPECT_EQ(HeadText(Circulation(), K(1), u"PassRead_Status"_s), u"已传阅"_s);
+}
+
 TEST_P(SheetCommandsTest, ASerialThatIsTakenOrBlankIsRefused) {
   AddHeads(Circulation(), 1);
   AddDetail(Circulation(), K(1), 1, u"a"_s);
