@@ -170,6 +170,7 @@ void FrmInput::ManageOriginals() {
 // The flow may have changed the record's state: it is read again and shown anew.
 void FrmInput::HandToFlow(const QString& flowTable) {
   if (!IsSaved() || !HasRecord() || !TransferRecord(CurrTable, lifecycle_->CurrentKey(), flowTable)) return;
+  if (!lifecycle_) return;  // closed by a program, with the flow's window
   Recordset& records = lifecycle_->Records();
   records.Resync();
   records.MoveNext();

@@ -55,6 +55,21 @@ TEST_P(HandedOverTest, SendsItsRecordIntoAFlowAndShowsWhatThatChanged) {
   EXPECT_EQ(Database().Value(u"select MainTitle from PassRead_File"_s), u"改过"_s);
 }
 
+TEST_P(HandedOverTest, MayBeClosedTogetherWithTheFlowThatItsRecordWasSentInto) {
+  AddRecords(1);
+  MessageBoxes boxes;
+  InWindow([&](const Input& input) {
+    boxes.Answer(Answer::Ok).Answer(Answer::Ok);
+    WithWindow(u"frmPassFile"_s, [&](QWidget& flow) {
+      flow.close();
+      EXPECT_TRUE(input.Window().close());
+    });
+    input.Do(u"mnuPassRead"_s);
+    EXPECT_FALSE(input.Window().isVisible());
+  });
+  EXPECT_EQ(Database().Value(u"select count(*) from PassRead_File"_s), u"1"_s);
+}
+
 TEST_P(HandedOverTest, SendsNothingIntoAFlowThatIsNotSaved) {
   AddRecords(1);
   Design({u"Amaintitle"_s, u"题名"_s});

@@ -26,6 +26,15 @@ using WindowSteps = std::function<void(QWidget& window)>;
 /// and end every open window.
 void WithWindow(const QString& name, WindowSteps steps);
 
+/// For as long as it lives windows may stand open without having been announced: the test drives them by itself.
+class DrivenByTest {
+ public:
+  DrivenByTest();
+  ~DrivenByTest();
+  DrivenByTest(const DrivenByTest&) = delete;
+  DrivenByTest& operator=(const DrivenByTest&) = delete;
+};
+
 /// The descendant of that object name. @throws std::runtime_error naming it when there is none
 template <typename T = QWidget>
 T& Find(const QObject& window, const QString& name);
