@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 char32_t Folded(char32_t sign) { return sign >= U'A' && sign <= U'Z' ? sign + 32 : sign; }
 
-bool IsRegexSign(char32_t sign) { return sign < 0x80 && u"\\^$.|?*+()[]{}-"_s.contains(QChar(char16_t(sign))); }
+bool IsRegexSign(char32_t sign) { return sign < 0x80 && u"\\^$.|?*+()[]{}-=:"_s.contains(QChar(char16_t(sign))); }
 
 void AppendRegexSign(QString& regex, char32_t sign) {
   if (IsRegexSign(sign)) regex += u'\\';

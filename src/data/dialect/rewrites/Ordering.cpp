@@ -1,10 +1,13 @@
 // Order By: texts without regard to case, nulls before everything else.
 
+#include <algorithm>
+
 #include "data/dialect/rewrites/Coercion.h"
 
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The item of the select list that an ordinal or an alias means; nullptr for any other expression.
 const SelectItem* ItemOf(const Expression& value, const Query& query, bool* isOrdinal, RewriteContext& context) {
@@ -33,15 +36,23 @@ ExpressionPtr Ordered(const ExpressionPtr& value, const Query& query, RewriteCon
   return Native(form.constData(), {folded}, ValueType::Text);
 }
 
+// Where a join keeps rows that have no partner, the other table's columns are null whatever they are declared as.
+bool HasOuterJoin(const Query& query) {
+  return std::any_of(query.tables.begin(), query.tables.end(), [](const TableReference& table) {
+    return table.join.contains("LEFT"_L1) || table.join.contains("RIGHT"_L1) || table.join.contains("FULL"_L1);
+  });
+}
+
 void Order(OrderTerm& item, const Query& query, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
   bool isOrdinal = false;
   const SelectItem* selected = ItemOf(*item.value, query, &isOrdinal, context);
   const ExpressionPtr shown = selected ? selected->value : item.value;
-  const bool neverNull = shown->kind == Expression::Name && shown->column && (shown->isKey || !shown->column->nullable);
+  const bool neverNull = shown->kind == Expression::Name && shown->column && !HasOuterJoin(query) &&
+                         (shown->isKey || !shown->column->nullable);
   if (!neverNull) item.nulls = item.descending ? dialect.nullsLast : dialect.nullsFirst;
-  if (shown->type != ValueType::Text || shown->isKey) {
-    // Neither needs folding, and a key's own order is that of its index.
+  if (shown->type != ValueType::Text || shown->isKey || (selected && IsTextLiteral(*shown))) {
+    // None of them needs folding, and a key's own order is that of its index.
     if (isOrdinal) item.value = Ordinal(*item.value);
     return;
   }
