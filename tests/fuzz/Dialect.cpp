@@ -55,6 +55,7 @@ void RequireOneStatement(const QByteArray& text) {
 }
 
 void Prepare(const QByteArray& text) {
+  if (text.contains('\0')) return;  // a name that SQLite will not read to its end
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
   if (sqlite3_prepare_v2(Database(), text.constData(), int(text.size()), &statement, &rest) == SQLITE_OK) {

@@ -1,13 +1,14 @@
 // A target of libFuzzer: any bytes are read as a profile; a value that is written into it is read again, and what was
 // there beside it stays.
-#include "base/ProfileFile.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <cstdlib>
 
 #include <folvane/DataError.h>
+
+#include "base/CodePage.h"
+#include "base/ProfileFile.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Put(path, content);
   for (const auto encoding : {ProfileFile::Encoding::CodePage, ProfileFile::Encoding::Utf8}) {
     const ProfileFile profile(path, encoding);
-    if (profile.Read(u"RegFormula"_s, u"Lwdj"_s, u"fallback"_s, 5).size() > 4) std::abort();
+    if (ByteLength(profile.Read(u"RegFormula"_s, u"Lwdj"_s, u"fallback"_s, 5)) > 4) std::abort();
     profile.Read(u"YearFormula"_s, u"Fwdj"_s, {});
   }
   if (size % 16 != 0) return 0;

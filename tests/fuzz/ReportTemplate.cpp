@@ -28,7 +28,8 @@ std::shared_ptr<Connection> Database() {
                "ChnFieldName text,ColumnWidth integer,OrderNo integer);CREATE TABLE Report_Index (Report_ID text,"
                "Report_Name text);CREATE TABLE Files (ArchiveID text PRIMARY KEY,RegID integer,Title text,Year text);",
                nullptr, nullptr, nullptr);
-  for (const char* row : {"'1',1,'<script src=x>{{#ROWS}}{{Title}}','2002'", "'2',2,NULL,'2002'", "'3',3,'a\nb','2003'"})
+  for (const char* row :
+       {"'1',1,'<script src=x>{{#ROWS}}{{Title}}','2002'", "'2',2,NULL,'2002'", "'3',3,'a\nb','2003'"})
     sqlite3_exec(handle, (QByteArray("INSERT INTO Files VALUES (") + row + ')').constData(), nullptr, nullptr, nullptr);
   return AdoptSqlite(handle);
 }
