@@ -70,12 +70,15 @@ Change Maker::MakeInsert(Table& table) {
           }};
 }
 
+// SQLite lets the queries of an update see the rows that it has updated: they read another table.
 Change Maker::MakeUpdate(Table& table) {
+  spared_ = &table;
   scope_.push_back({table.name, table.columns, 0, true});
   const Condition where = MakeCondition(2);
   QStringList texts;
   std::vector<std::pair<std::size_t, Term>> terms;
-  for (std::size_t column = 1 + std::size_t(Below(2)); column < table.columns.size(); column += 1 + std::size_t(Below(3))) {
+  for (std::size_t column = 1 + std::size_t(Below(2)); column < table.columns.size();
+       column += 1 + std::size_t(Below(3))) {
     terms.emplace_back(column, Fitting(table.columns[column], 2));
     texts << table.columns[column].name + u"="_s + terms.back().second.text;
   }

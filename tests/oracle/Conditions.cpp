@@ -36,9 +36,8 @@ Condition Maker::MakeCondition(int depth) {
   if (OneIn(4)) return Negated({u"("_s + one.text + u")"_s, one.of});
   const Condition other = MakeCondition(depth - 1);
   const bool both = OneIn(2);
-  return {u"("_s + one.text + (both ? u" And "_s : u" or "_s) + other.text + u")"_s, [=](const Env& env) {
-            return both ? And(one.of(env), other.of(env)) : Or(one.of(env), other.of(env));
-          }};
+  return {u"("_s + one.text + (both ? u" And "_s : u" or "_s) + other.text + u")"_s,
+          [=](const Env& env) { return both ? And(one.of(env), other.of(env)) : Or(one.of(env), other.of(env)); }};
 }
 
 Condition Maker::MakePredicate(int depth) {

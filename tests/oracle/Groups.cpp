@@ -46,7 +46,8 @@ std::vector<std::vector<Env>> Grouped(const std::vector<Env>& rows, const std::v
   for (const Env& row : rows) {
     std::vector<Value> key;
     for (const Term& term : keys) key.push_back(term.of(row));
-    auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& known) { return IsSameKey(known.first, key); });
+    auto group =
+        std::find_if(groups.begin(), groups.end(), [&](const auto& known) { return IsSameKey(known.first, key); });
     if (group == groups.end()) group = groups.insert(groups.end(), {key, {}});
     group->second.push_back(row);
   }
@@ -58,7 +59,7 @@ std::vector<std::vector<Env>> Grouped(const std::vector<Env>& rows, const std::v
 }  // namespace
 
 std::function<Value(const std::vector<Env>&)> Maker::MakeAggregateTerm(int depth, QString& text, Type& type,
-                                                                         bool& chooses) {
+                                                                       bool& chooses) {
   const int kind = Below(7);
   type = kind <= 2 ? Type::Integer : kind <= 4 ? (OneIn(2) ? Type::Integer : Type::Decimal) : Type(Below(4));
   if (kind == 0) {
@@ -96,10 +97,11 @@ Query Maker::MakeAggregate(int depth) {
     const Table* table = &OneOf(tables_);
     const QString rest = u"' As Result,Count(1)as T From "_s + table->name;
     return {u"If Not ("_s + condition.text + u") Select 'False"_s + rest + u" Else Select 'True"_s + rest,
-            {{u"Result"_s, Type::Text}, {u"T"_s, Type::Integer}}, [=](const Env&) {
+            {{u"Result"_s, Type::Text}, {u"T"_s, Type::Integer}},
+            [=](const Env&) {
               const QString result = condition.of({}) == Truth(false) ? u"False"_s : u"True"_s;
-              const auto row = std::make_shared<std::vector<Value>>(
-                  std::vector<Value>{result, double(table->records.size())});
+              const auto row =
+                  std::make_shared<std::vector<Value>>(std::vector<Value>{result, double(table->records.size())});
               return std::vector<Record>{row};
             }};
   }

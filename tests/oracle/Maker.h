@@ -136,6 +136,7 @@ class Maker {
   std::mt19937_64 random_;
   std::vector<Table>& tables_;
   std::vector<Source> scope_;
+  const Table* spared_ = nullptr;  ///< read by no query of the statement
   int aliases_ = 0;
 };
 

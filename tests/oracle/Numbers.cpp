@@ -22,8 +22,7 @@ Term OfNumber(const QString& before, const Term& inner, const QString& behind, s
 }
 
 Term OfTwo(const Term& left, const QString& op, const Term& right, std::function<double(double, double)> function) {
-  return {u"("_s + left.text + op + right.text + u")"_s, std::max(left.type, right.type),
-          [=](const Env& env) -> Value {
+  return {u"("_s + left.text + op + right.text + u")"_s, std::max(left.type, right.type), [=](const Env& env) -> Value {
             const Value a = left.of(env), b = right.of(env);
             return IsNull(a) || IsNull(b) ? Value() : function(Number(a), Number(b));
           }};
@@ -138,9 +137,10 @@ Term Maker::MakeDecimal(int depth) {
 }
 
 QDateTime Maker::AnyMoment() {
-  static const std::vector<QDateTime> moments{
-      MomentOf(2002, 3, 4),   MomentOf(2002, 3, 4, 10, 20, 30), MomentOf(2002, 12, 31), MomentOf(1999, 2, 28, 23, 59, 59),
-      MomentOf(2004, 2, 29),  MomentOf(2003, 1, 5),             MomentOf(2002, 1, 31),  MomentOf(2003, 1, 1, 0, 0, 1)};
+  static const std::vector<QDateTime> moments{MomentOf(2002, 3, 4),   MomentOf(2002, 3, 4, 10, 20, 30),
+                                              MomentOf(2002, 12, 31), MomentOf(1999, 2, 28, 23, 59, 59),
+                                              MomentOf(2004, 2, 29),  MomentOf(2003, 1, 5),
+                                              MomentOf(2002, 1, 31),  MomentOf(2003, 1, 1, 0, 0, 1)};
   return OneOf(moments);
 }
 

@@ -1,5 +1,5 @@
-// Statements made by chance mean the same on each database and to a plain evaluator. FOLVANE_ORACLE_COUNT tells how many,
-// FOLVANE_ORACLE_SEED which, FOLVANE_ORACLE_FIRST where among them to begin.
+// Statements made by chance mean the same on each database and to a plain evaluator. FOLVANE_ORACLE_COUNT tells how
+// many, FOLVANE_ORACLE_SEED which, FOLVANE_ORACLE_FIRST where among them to begin.
 #include <gtest/gtest.h>
 
 #include <folvane/DataError.h>
@@ -28,7 +28,9 @@ std::vector<Table> Tables() {
             {u"day"_s, Type::Date},
             {u"moment"_s, Type::Date}},
            {}},
-          {u"Sheets"_s, {{u"id"_s, Type::Integer}, {u"t"_s, Type::Text}, {u"n"_s, Type::Integer}, {u"day"_s, Type::Date}}, {}}};
+          {u"Sheets"_s,
+           {{u"id"_s, Type::Integer}, {u"t"_s, Type::Text}, {u"n"_s, Type::Integer}, {u"day"_s, Type::Date}},
+           {}}};
 }
 
 QString Told(const Value& value, Type type, bool folds) {
@@ -50,8 +52,9 @@ class Oracle : public testing::Test {
       side.database = TestDatabase::Create(kind);
       side.connection = side.database->Connect();
       const QString moment = side.database->Kind() == "SQLite" ? u"datetime"_s : u"timestamp"_s;
-      side.database->Native(u"CREATE TABLE Files (id integer PRIMARY KEY, t varchar(20), c varchar(10), n integer, "
-                            "d numeric(9,2), day date, moment %1)"_s.arg(moment));
+      side.database->Native(
+          u"CREATE TABLE Files (id integer PRIMARY KEY, t varchar(20), c varchar(10), n integer, "
+          "d numeric(9,2), day date, moment %1)"_s.arg(moment));
       side.database->Native(u"CREATE TABLE Sheets (id integer PRIMARY KEY, t varchar(20), n integer, day date)"_s);
     }
   }
@@ -135,7 +138,8 @@ class Oracle : public testing::Test {
     if (++disagreements_ > kMostTold) return;
     QString tables;
     for (const Table& table : tables_) tables += u"\n  "_s + table.name + u": "_s + Rows(table).join(u' ');
-    ADD_FAILURE() << "FOLVANE_ORACLE_SEED=" << seed_ << " FOLVANE_ORACLE_FIRST=" << number << " FOLVANE_ORACLE_COUNT=1\n"
+    ADD_FAILURE() << "FOLVANE_ORACLE_SEED=" << seed_ << " FOLVANE_ORACLE_FIRST=" << number
+                  << " FOLVANE_ORACLE_COUNT=1\n"
                   << statement.toStdString() << tables.toStdString() << "\nexpected:\n"
                   << answers[0].toStdString() << "\nSQLite:\n"
                   << answers[1].toStdString() << "\nPostgreSQL:\n"
@@ -181,7 +185,8 @@ TEST_F(Oracle, StatementsMeanTheSameOnEachDatabaseAndToAPlainEvaluator) {
   const std::uint64_t count = NumberIn("FOLVANE_ORACLE_COUNT", 1000), first = NumberIn("FOLVANE_ORACLE_FIRST", 0);
   std::uint64_t filled = ~std::uint64_t(0);
   for (std::uint64_t number = first; number < first + count; ++number) {
-    if (const std::uint64_t block = number / kStatementsPerTables; block != filled) Fill(seed_ * 1'000'003 + (filled = block));
+    if (const std::uint64_t block = number / kStatementsPerTables; block != filled)
+      Fill(seed_ * 1'000'003 + (filled = block));
     Maker maker(seed_ * 7'777'777 + number, tables_);
     number % 4 == 3 ? CompareChange(number, maker) : CompareQuery(number, maker);
   }

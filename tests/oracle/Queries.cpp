@@ -83,6 +83,7 @@ Maker::From Maker::AddSource(int depth) {
             }};
   }
   const Table* table = &OneOf(tables_);
+  if (table == spared_) table = table == &tables_.front() ? &tables_.back() : &tables_.front();
   scope_.push_back({alias, table->columns, frame, true});
   return {table->name + (OneIn(2) ? u" "_s : u" As "_s) + alias, [table](const Env& env) {
             std::vector<Env> all;
@@ -97,7 +98,8 @@ Maker::From Maker::MakeFrom(int depth) {
   const From second = AddSource(depth);
   static const std::vector<QString> joins{u","_s, u" Inner Join "_s, u" Left Join "_s, u" Right Outer Join "_s};
   const QString join = OneOf(joins);
-  const bool isPlain = join == ","_L1, keepsLeft = join.startsWith(" Left"_L1), keepsRight = join.startsWith(" Right"_L1);
+  const bool isPlain = join == ","_L1, keepsLeft = join.startsWith(" Left"_L1),
+             keepsRight = join.startsWith(" Right"_L1);
   const Condition on = isPlain ? Condition{QString(), [](const Env&) { return Truth(true); }} : MakeCondition(1);
   return {first.text + join + second.text + (isPlain ? QString() : u" On "_s + on.text), [=](const Env& env) {
             std::vector<Env> all;

@@ -24,9 +24,8 @@ Term Maker::ColumnTerm(const Source& source, std::size_t column) {
   const Column& info = source.columns[column];
   const bool alone = scope_.size() == 1 && OneIn(2);
   const QString name = OneIn(6) ? u"["_s + info.name + u"]"_s : OneIn(4) ? info.name.toUpper() : info.name;
-  return {alone ? name : source.name + u"."_s + name, info.type, [frame = source.frame, column](const Env& env) {
-            return env[frame] ? (*env[frame])[column] : Value();
-          }};
+  return {alone ? name : source.name + u"."_s + name, info.type,
+          [frame = source.frame, column](const Env& env) { return env[frame] ? (*env[frame])[column] : Value(); }};
 }
 
 std::optional<Term> Maker::FindColumn(Type type, bool digits) {
@@ -65,7 +64,8 @@ Term Maker::Choose(Type type, int depth) {
               }};
     case 1: {
       const Term third = MakeTerm(type, depth);
-      return {u"Coalesce("_s + one.text + u","_s + other.text + u","_s + third.text + u")"_s, type, [=](const Env& env) {
+      return {u"Coalesce("_s + one.text + u","_s + other.text + u","_s + third.text + u")"_s, type,
+              [=](const Env& env) {
                 for (const Term* term : {&one, &other})
                   if (const Value value = term->of(env); !IsNull(value)) return value;
                 return third.of(env);
@@ -78,8 +78,8 @@ Term Maker::Choose(Type type, int depth) {
               }};
     case 3: {
       const Term subject = MakeTerm(Type::Integer, depth), wanted = NumberLiteral(Type::Integer);
-      return {u"Case "_s + subject.text + u" When "_s + wanted.text + u" Then "_s + one.text + u" Else "_s + other.text +
-                  u" End"_s,
+      return {u"Case "_s + subject.text + u" When "_s + wanted.text + u" Then "_s + one.text + u" Else "_s +
+                  other.text + u" End"_s,
               type, [=](const Env& env) {
                 const Value a = subject.of(env);
                 return !IsNull(a) && Compare(a, wanted.of(env)) == 0 ? one.of(env) : other.of(env);
@@ -88,8 +88,8 @@ Term Maker::Choose(Type type, int depth) {
     default: {
       const Condition condition = MakeCondition(depth);
       const bool hasElse = OneIn(2);
-      return {u"Case When "_s + condition.text + u" Then "_s + one.text + (hasElse ? u" Else "_s + other.text : QString()) +
-                  u" End"_s,
+      return {u"Case When "_s + condition.text + u" Then "_s + one.text +
+                  (hasElse ? u" Else "_s + other.text : QString()) + u" End"_s,
               type, [=](const Env& env) {
                 if (condition.of(env).value_or(false)) return one.of(env);
                 return hasElse ? other.of(env) : Value();

@@ -21,10 +21,10 @@ Term OfText(const QString& before, const Term& inner, const QString& behind, Tex
 }  // namespace
 
 QString Maker::AnyText() {
-  static const std::vector<QString> texts{u""_s,     u"a"_s,    u"A"_s,   u"ab"_s,   u"AB "_s,  u"abc"_s,  u"b"_s,
-                                          u" "_s,    u"a b"_s,  u"%"_s,   u"_"_s,    u"a%"_s,   u"[a]"_s,  u"a_b"_s,
-                                          u"文件"_s, u"文 "_s,  u"it's"_s, u"10"_s,   u"9"_s,    u"a\\b"_s, u"!x"_s,
-                                          u"a-c"_s,  u"]"_s,    u"^"_s,   u" ab"_s,  u"〔2"_s,  u"Z"_s,    u"a.c"_s};
+  static const std::vector<QString> texts{u""_s,     u"a"_s,   u"A"_s,    u"ab"_s,  u"AB "_s, u"abc"_s,  u"b"_s,
+                                          u" "_s,    u"a b"_s, u"%"_s,    u"_"_s,   u"a%"_s,  u"[a]"_s,  u"a_b"_s,
+                                          u"文件"_s, u"文 "_s, u"it's"_s, u"10"_s,  u"9"_s,   u"a\\b"_s, u"!x"_s,
+                                          u"a-c"_s,  u"]"_s,   u"^"_s,    u" ab"_s, u"〔2"_s, u"Z"_s,    u"a.c"_s};
   return OneOf(texts);
 }
 
@@ -123,10 +123,10 @@ Term Maker::MakeTextOfOther(int depth) {
 
 /// A pattern with every sign that means something in one.
 QString Maker::AnyPattern() {
-  static const std::vector<QString> parts{u"%"_s,   u"_"_s,     u"a"_s,     u"B"_s,    u"[a-c]"_s, u"[^a]"_s, u"[A-c]"_s,
-                                          u"[%]"_s, u"[_]"_s,   u"[[]"_s,   u"文"_s,   u" "_s,     u"1"_s,    u"!"_s,
-                                          u"]"_s,   u"[0-9]"_s, u"[a-]"_s,  u"\\"_s,   u"."_s,     u"^"_s,    u"[]a]"_s,
-                                          u"["_s,   u"[z-a]"_s, u"[^]"_s,   u"[ -~]"_s, u"b%"_s,    u"%a"_s,   u"ab"_s};
+  static const std::vector<QString> parts{
+      u"%"_s,    u"_"_s, u"a"_s,     u"B"_s,   u"[a-c]"_s, u"[^a]"_s,  u"[A-c]"_s, u"[%]"_s, u"[_]"_s, u"[[]"_s,
+      u"文"_s,   u" "_s, u"1"_s,     u"!"_s,   u"]"_s,     u"[0-9]"_s, u"[a-]"_s,  u"\\"_s,  u"."_s,   u"^"_s,
+      u"[]a]"_s, u"["_s, u"[z-a]"_s, u"[^]"_s, u"[ -~]"_s, u"b%"_s,    u"%a"_s,    u"ab"_s};
   QString pattern;
   for (int count = Below(4); count >= 0; --count) pattern += OneOf(parts);
   return pattern;
