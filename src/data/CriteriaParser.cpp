@@ -23,6 +23,9 @@ class CriteriaParser {
 
  private:
   using Alternatives = std::vector<std::vector<Condition>>;
+  // Far beyond what anybody writes, and what brackets over Or may be multiplied out to.
+  static constexpr int kDeepest = 200;
+  static constexpr std::size_t kMostAlternatives = 10'000;
 
   Alternatives ReadOr() {
     Alternatives alternatives = ReadAnd();
@@ -37,6 +40,7 @@ class CriteriaParser {
     Alternatives left = ReadTerm();
     while (TakeWord(u"and")) {
       const Alternatives right = ReadTerm();
+      if (left.size() * right.size() > kMostAlternatives) Fail();
       Alternatives product;
       for (const auto& a : left)
         for (const auto& b : right) {
@@ -50,8 +54,10 @@ class CriteriaParser {
 
   Alternatives ReadTerm() {
     if (!TakeSign(u"(")) return {{ReadCondition()}};
+    if (++depth_ > kDeepest) Fail();
     Alternatives inner = ReadOr();
     if (!TakeSign(u")")) Fail();
+    --depth_;
     return inner;
   }
 
@@ -150,6 +156,7 @@ class CriteriaParser {
   const QString& text_;
   const Rows& rows_;
   qsizetype at_ = 0;
+  int depth_ = 0;
 };
 
 Criteria Criteria::Parse(const QString& text, const Rows& rows) { return CriteriaParser(text, rows).Parse(); }

@@ -15,6 +15,13 @@ QStringList LinesOf(const QString& listing) {
   return plain.remove(u'\r').split(u'\n', Qt::SkipEmptyParts);
 }
 
+// -1 for what is no size.
+qint64 SizeIn(const QString& text) {
+  bool isNumber = false;
+  const qint64 size = text.toLongLong(&isNumber);
+  return isNumber && size >= 0 ? size : -1;
+}
+
 bool IsOwnOrAbove(const QString& name) { return name == u"."_s || name == u".."_s; }
 
 // "type=file;size=12;modify=20260102030405; name with blanks"
@@ -24,7 +31,7 @@ std::optional<FtpEntry> EntryOfFacts(const QString& line) {
   FtpEntry entry{line.mid(blank + 1)};
   for (const QString& fact : line.left(blank).split(u';', Qt::SkipEmptyParts)) {
     const QString name = fact.section(u'=', 0, 0).toLower(), value = fact.section(u'=', 1).toLower();
-    if (name == u"size"_s) entry.size = value.toLongLong();
+    if (name == u"size"_s) entry.size = SizeIn(value);
     if (name != u"type"_s) continue;
     if (value == u"cdir"_s || value == u"pdir"_s) return std::nullopt;
     entry.isDirectory = value == u"dir"_s;
@@ -42,7 +49,7 @@ std::optional<FtpEntry> EntryOfUnix(const QString& line) {
   if (!match.hasMatch()) return std::nullopt;
   FtpEntry entry{match.captured(3)};
   const QString kind = match.captured(1);
-  if (kind == u"-"_s) entry.size = match.captured(2).toLongLong();
+  if (kind == u"-"_s) entry.size = SizeIn(match.captured(2));
   if (kind == u"l"_s) entry.name = entry.name.section(u" -> "_s, 0, 0);
   entry.isDirectory = kind == u"d"_s;
   return entry;
@@ -56,7 +63,7 @@ std::optional<FtpEntry> EntryOfDos(const QString& line) {
   if (!match.hasMatch()) return std::nullopt;
   FtpEntry entry{match.captured(3)};
   entry.isDirectory = !match.captured(1).isEmpty();
-  if (!entry.isDirectory) entry.size = match.captured(2).remove(u',').toLongLong();
+  if (!entry.isDirectory) entry.size = SizeIn(match.captured(2).remove(u','));
   return entry;
 }
 

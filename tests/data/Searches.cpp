@@ -115,6 +115,14 @@ TEST_P(Searches, AFindTakesOneConditionOnly) {
   EXPECT_EQ(records_->AbsolutePosition(), 1);
 }
 
+TEST_P(Searches, AFilterOfBracketsWithoutEndIsRefused) {
+  const auto refusal = [&](const QString& text) { return FailureOf([&] { records_->SetFilter(text); }).Kind(); };
+  EXPECT_EQ(refusal(QString(100'000, u'(') + u"pages < 15"_s), DataErrorKind::Usage);
+  EXPECT_EQ(refusal(QStringList(40, u"(pages = 1 Or pages = 2)"_s).join(u" And "_s)), DataErrorKind::Usage);
+  records_->SetFilter(QString(150, u'(') + u"pages < 15"_s + QString(150, u')'));
+  EXPECT_EQ(Ids(), Of("1 3"));
+}
+
 TEST_P(Searches, AFilterComparesByEverySign) {
   EXPECT_EQ(Filtered("pages = 25"), Of("2 5"));
   EXPECT_EQ(Filtered("pages <> 25"), Of("1 3"));

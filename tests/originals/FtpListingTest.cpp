@@ -28,6 +28,12 @@ TEST(FtpListingTest, FactsNameFilesAndDirectoriesButNotTheDirectoryItself) {
   EXPECT_THAT(Shown(EntriesOfFacts(listing)), ElementsAre(u"收文 一.tif|12"_s, u"2026|dir"_s, u";x=1; .part|-1"_s));
 }
 
+TEST(FtpListingTest, ASizeThatIsNoneIsAsGoodAsNotTold) {
+  const QString listing =
+      u"type=file;size=-12; a\r\ntype=file;size=x; b\r\ntype=file;size=99999999999999999999; c\r\n"_s;
+  EXPECT_THAT(Shown(EntriesOfFacts(listing)), ElementsAre(u"a|-1"_s, u"b|-1"_s, u"c|-1"_s));
+}
+
 TEST(FtpListingTest, TheFormOfUnixIsReadWithBlanksInNamesAndWithoutAGroup) {
   const QString listing =
       u"total 8\ndrwxr-xr-x   2 owner group     4096 Jan  2 03:04 2026\r\n"

@@ -25,9 +25,10 @@ constexpr std::array kFunctions{
     F{"substring", 3, 3, "TII", F::OfType, V::Text, "folvane_substring($1,$2,$3)",
       "substr($1,CAST($2 AS integer),CAST($3 AS integer))"},
     F{"charindex", 2, 2, "TT", F::OfType, V::Integer, "folvane_charindex($1,$2,1)",
-      "CASE WHEN $1 = '' THEN 0 ELSE strpos(lower($2 COLLATE \"C\"),lower($1 COLLATE \"C\")) END"},
+      "CASE WHEN $1 = '' AND $2 IS NOT NULL THEN 0 ELSE strpos(lower($2 COLLATE \"C\"),lower($1 COLLATE \"C\")) END"},
     F{"charindex", 3, 3, "TTI", F::OfType, V::Integer, "folvane_charindex($1,$2,$3)",
-      "CASE WHEN $1 = '' OR strpos(substr(lower($2 COLLATE \"C\"),greatest(CAST($3 AS integer),1)),lower($1 COLLATE "
+      "CASE WHEN $2 IS NULL THEN NULL WHEN $1 = '' OR strpos(substr(lower($2 COLLATE \"C\"),greatest(CAST($3 AS "
+      "integer),1)),lower($1 COLLATE "
       "\"C\")) = 0 THEN 0 ELSE strpos(substr(lower($2 COLLATE \"C\"),greatest(CAST($3 AS integer),1)),lower($1 COLLATE "
       "\"C\"))+greatest(CAST($3 AS integer),1)-1 END"},
     F{"replace", 3, 3, "TTT", F::OfType, V::Text, "folvane_replace($1,$2,$3)",

@@ -1,5 +1,6 @@
 #include "data/dialect/LikePatterns.h"
 
+#include <QList>
 #include <QStringView>
 
 namespace folvane::sql {
@@ -7,32 +8,40 @@ namespace folvane::sql {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-void AppendRegexSign(QString& regex, QChar c) {
-  if (u"\\^$.|?*+()[]{}-"_s.contains(c)) regex += u'\\';
-  regex += c;
+char32_t Folded(char32_t sign) { return sign >= U'A' && sign <= U'Z' ? sign + 32 : sign; }
+
+bool IsRegexSign(char32_t sign) { return sign < 0x80 && u"\\^$.|?*+()[]{}-=:"_s.contains(QChar(char16_t(sign))); }
+
+void AppendRegexSign(QString& regex, char32_t sign) {
+  if (IsRegexSign(sign)) regex += u'\\';
+  regex += QString::fromUcs4(&sign, 1);
 }
 
 void AppendLiteral(LikePattern& read, QChar c) {
   if (c == u'%' || c == u'_' || c == kPatternEscape) read.native += QChar(kPatternEscape);
   read.native += c;
-  AppendRegexSign(read.regex, c);
+  if (IsRegexSign(c.unicode())) read.regex += u'\\';
+  read.regex += QChar(char16_t(Folded(c.unicode())));
 }
 
-// The inside of brackets as a regular expression's class.
+// The inside of brackets as a regular expression's class. A range that runs downwards holds nothing. Its ends are small
+// letters as the text will be: [9-A] holds "a" but not "b", which a match without regard to case would let in.
 QString ClassToRegex(QStringView inner) {
-  QString regex = u"["_s;
-  if (inner.startsWith(u'^')) {
-    regex += u'^';
-    inner = inner.mid(1);
+  const bool negated = inner.size() > 1 && inner.front() == u'^';
+  const QList<uint> signs = inner.mid(negated ? 1 : 0).toUcs4();
+  QString ranges;
+  for (qsizetype i = 0; i < signs.size(); ++i) {
+    const bool isRange = i + 2 < signs.size() && signs[i + 1] == u'-';
+    const char32_t low = Folded(signs[i]), high = isRange ? Folded(signs[i + 2]) : low;
+    if (isRange) i += 2;
+    if (low > high) continue;
+    AppendRegexSign(ranges, low);
+    if (!isRange) continue;
+    ranges += u'-';
+    AppendRegexSign(ranges, high);
   }
-  for (qsizetype i = 0; i < inner.size(); ++i) {
-    const bool isRange = inner[i] == u'-' && i > 0 && i + 1 < inner.size();
-    if (isRange)
-      regex += u'-';
-    else
-      AppendRegexSign(regex, inner[i]);
-  }
-  return regex + u']';
+  if (ranges.isEmpty()) return negated ? u"."_s : u"(?!)"_s;
+  return (negated ? u"[^"_s : u"["_s) + ranges + u']';
 }
 
 }  // namespace

@@ -111,6 +111,8 @@ QByteArray TextOf(const Literal& literal, const QString& statement, const Slot& 
     return literal.ValueIn(statement).trimmed().toUtf8();
   }
   const QVariant value = ValueOf(literal, statement, slot);
+  if (transform == Transform::Date)
+    return "TIMESTAMP " + QuotedText(value.toString());  // beside a date it keeps its time
   return value.typeId() == QMetaType::QString ? QuotedText(value.toString()) : value.toString().toUtf8();
 }
 

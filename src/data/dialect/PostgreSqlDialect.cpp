@@ -51,7 +51,7 @@ const Dialect kPostgreSqlDialect{
 
     .like = "($1 COLLATE \"C\" ILIKE $2 ESCAPE '!')",
     .likeTrimmed = "(rtrim($1) COLLATE \"C\" ILIKE $2 ESCAPE '!')",
-    .likeClass = "($1 COLLATE \"C\" ~* $2)",
+    .likeClass = "(lower($1 COLLATE \"C\") ~ $2)",
     .likeClassEscape = "",
     .classPattern = Transform::Regex,
     .likeValue =

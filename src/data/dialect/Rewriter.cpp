@@ -1,6 +1,9 @@
 #include "data/dialect/Rewriter.h"
 
+#include <QStringList>
 #include <array>
+
+#include "data/dialect/rewrites/Coercion.h"
 
 namespace folvane::sql {
 
@@ -42,6 +45,18 @@ void RewriteIfThere(ExpressionPtr& value, RewriteContext& context) {
   if (value) RewriteOne(value, context);
 }
 
+// The order of a union, and what tells its rows apart, may go by the names of its columns: each has one of its own.
+void NameColumnsOfUnion(Query& query) {
+  QStringList names;
+  for (SelectItem& item : query.items) {
+    if (item.value->kind == Expression::Star) return;
+    const ExpressionPtr name = NameOf(item);
+    if (!name || names.contains(name->text, Qt::CaseInsensitive))
+      item.alias = QStringLiteral("column_%1").arg(names.size() + 1);
+    names << (item.alias.isEmpty() ? name->text : item.alias);
+  }
+}
+
 void RewriteQuery(Query& query, RewriteContext& context) {
   PrepareGrouping(query, context);
   for (TableReference& table : query.tables) {
@@ -57,6 +72,7 @@ void RewriteQuery(Query& query, RewriteContext& context) {
   for (OrderTerm& item : query.orderBy) RewriteOne(item.value, context);
   if (query.next) RewriteQuery(*query.next, context);
   RewriteGrouping(query, context);
+  if (query.next && context.Dialect().ordersUnionsByName) NameColumnsOfUnion(query);
   RewriteOrder(query, context);
   RewriteDistinct(query, context);
 }

@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 const char* FormOf(const Expression& value, const Function& function, const Dialect& dialect) {
   const Expression& part = *value.parts[0];
-  if (part.type == ValueType::Text && !part.isKey) {
+  if (part.type == ValueType::Text && !part.isKey && !IsTextLiteral(part)) {
     if (value.text == "min"_L1) return dialect.leastText;
     if (value.text == "max"_L1) return dialect.greatestText;
   }

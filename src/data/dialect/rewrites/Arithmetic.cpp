@@ -34,7 +34,10 @@ ExpressionPtr RewriteSum(const ExpressionPtr& value, RewriteContext& context) {
   if (type == ValueType::Date) return RewriteDateSum(value, context);
   if (type == ValueType::Text && value->text == "+"_L1) return Native(dialect.concat, {left, right}, ValueType::Text);
   if (type == ValueType::Text) RejectSyntax(u"文本不能作运算“%1”"_s.arg(value->text));
-  return Native(FormOf(value->text, dialect), {Coerce(left, type, context), Coerce(right, type, context)}, type);
+  ExpressionPtr first = Coerce(left, type, context);
+  // A decimal without a fraction may lie in the database as a whole number, which would divide to a whole one.
+  if (value->text == "/"_L1 && type != ValueType::Integer) first = Native("($1 + 0.0)", {first}, type);
+  return Native(FormOf(value->text, dialect), {first, Coerce(right, type, context)}, type);
 }
 
 }  // namespace

@@ -29,6 +29,11 @@ bool GivesOneType(const Function& function) {
   return function.resultRule != Function::OfType && function.least > 1 && function.arguments[0] == 'A';
 }
 
+// What Round and its like make of a whole number is one, also where the database's own function gives another type.
+bool StaysWhole(const Function& function, ValueType type) {
+  return function.resultRule == Function::OfFirst && function.arguments[0] == 'N' && type == ValueType::Integer;
+}
+
 ExpressionPtr NullIf(const ExpressionPtr& value, RewriteContext& context) {
   const ExpressionPtr equal = Compare(u"="_s, value->parts[0], value->parts[1], context);
   return Native("CASE WHEN $1 THEN NULL ELSE $2 END", {equal, value->parts[0]}, value->type);
@@ -48,7 +53,9 @@ ExpressionPtr RewriteCall(ExpressionPtr value, RewriteContext& context) {
   for (std::size_t i = 0; i < value->parts.size(); ++i)
     parts.push_back(GivesOneType(*function) ? Coerce(value->parts[i], value->type, context)
                                             : Argument(value->parts[i], function->arguments[i], context));
-  return Native(function->Form(context.Dialect().kind), std::move(parts), value->type);
+  ExpressionPtr call = Native(function->Form(context.Dialect().kind), std::move(parts), value->type);
+  if (!StaysWhole(*function, value->type)) return call;
+  return Native(context.Dialect().numberToInteger, {call}, value->type);
 }
 
 ExpressionPtr RewriteDateCall(ExpressionPtr value, RewriteContext& context) {

@@ -1,5 +1,7 @@
 // Group By and Distinct make one of texts that differ in case or trailing blanks alone.
 
+#include <algorithm>
+
 #include "data/dialect/rewrites/Coercion.h"
 
 namespace folvane::sql {
@@ -7,9 +9,18 @@ namespace folvane::sql {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+bool IsSameName(const Expression& a, const Expression& b) {
+  const auto differ = [](const QString& one, const QString& other) {
+    return one.compare(other, Qt::CaseInsensitive) != 0;
+  };
+  // A table that is joined with itself has each column twice.
+  if (!a.qualifier.isEmpty() && !b.qualifier.isEmpty() && differ(a.qualifier, b.qualifier)) return false;
+  return a.column || b.column ? a.column == b.column : !differ(a.text, b.text);
+}
+
 bool IsSame(const Expression& a, const Expression& b) {
+  if (a.kind == Expression::Name && b.kind == Expression::Name) return IsSameName(a, b);
   if (a.kind == Expression::Group || b.kind == Expression::Group) return IsSame(Bare(a), Bare(b));
-  if (a.kind == Expression::Name && a.column && a.column == b.column) return b.kind == Expression::Name;
   if (a.kind != b.kind || a.query || b.query || a.parts.size() != b.parts.size()) return false;
   if (a.text.compare(b.text, Qt::CaseInsensitive) != 0 || a.style != b.style || a.size != b.size) return false;
   for (std::size_t i = 0; i < a.parts.size(); ++i)
@@ -49,11 +60,14 @@ void CollateItems(Query& query, RewriteContext& context) {
   }
 }
 
-// Rows are told apart by other values than they show.
+// Rows are told apart by other values than they show. What is no text goes by its position: a number that is written
+// there would be taken for one.
 void DistinguishItems(Query& query, RewriteContext& context) {
   for (const SelectItem& item : query.items) {
     if (item.value->kind == Expression::Star) return query.distinctOn.clear();
-    query.distinctOn.push_back(item.value->type == ValueType::Text ? Fold(item.value, context) : item.value);
+    const bool isText = item.value->type == ValueType::Text && !IsTextLiteral(*item.value);
+    const QByteArray position = QByteArray::number(query.distinctOn.size() + 1);
+    query.distinctOn.push_back(isText ? Fold(item.value, context) : Native(position, {}, item.value->type));
   }
 }
 
@@ -77,9 +91,11 @@ void DistinguishUnion(Query& query, RewriteContext& context) {
 void PrepareGrouping(Query& query, RewriteContext& context) {
   const char* form = context.Dialect().groupedText;
   if (!*form) return;
-  for (const ExpressionPtr& group : query.groupBy) {
-    if (group->type != ValueType::Text) continue;
-    const ExpressionPtr wanted = group;
+  for (auto group = query.groupBy.begin(); group != query.groupBy.end(); ++group) {
+    const ExpressionPtr wanted = *group;
+    const bool isKnown = std::any_of(query.groupBy.begin(), group,
+                                     [&](const ExpressionPtr& before) { return IsSame(*before, *wanted); });
+    if (wanted->type != ValueType::Text || isKnown) continue;
     for (SelectItem& item : query.items) {
       ChooseOne(item.value, *wanted, form);
       if (item.alias.isEmpty() && item.value->kind == Expression::Native) item.alias = item.value->text;

@@ -1,10 +1,13 @@
 // Order By: texts without regard to case, nulls before everything else.
 
+#include <algorithm>
+
 #include "data/dialect/rewrites/Coercion.h"
 
 namespace folvane::sql {
 
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 // The item of the select list that an ordinal or an alias means; nullptr for any other expression.
 const SelectItem* ItemOf(const Expression& value, const Query& query, bool* isOrdinal, RewriteContext& context) {
@@ -34,15 +37,39 @@ ExpressionPtr Ordered(const ExpressionPtr& value, const Query& query, RewriteCon
   return Native(form.constData(), {Fold(value, context)}, ValueType::Text);
 }
 
+// Where a join keeps rows that have no partner, the other table's columns are null whatever they are declared as.
+bool HasOuterJoin(const Query& query) {
+  return std::any_of(query.tables.begin(), query.tables.end(), [](const TableReference& table) {
+    return table.join.contains("LEFT"_L1) || table.join.contains("RIGHT"_L1) || table.join.contains("FULL"_L1);
+  });
+}
+
+// PostgreSQL names a selected expression by itself, after a column in it at times: the bare name of that column could
+// then be either.
+void QualifyBesideUnnamed(Expression& value, const Query& query) {
+  const auto isUnnamed = [](const SelectItem& item) { return !NameOf(item) && item.value->kind != Expression::Star; };
+  if (value.kind != Expression::Name || !value.column || !value.qualifier.isEmpty() || query.next ||
+      std::none_of(query.items.begin(), query.items.end(), isUnnamed))
+    return;
+  for (const TableReference& table : query.tables) {
+    if (!table.info || table.info->columns.empty()) continue;
+    const ColumnInfo *first = table.info->columns.data(), *last = first + table.info->columns.size();
+    if (value.column >= first && value.column < last)
+      value.qualifier = table.alias.isEmpty() ? table.name : table.alias;
+  }
+}
+
 void Order(OrderTerm& item, const Query& query, RewriteContext& context) {
   const Dialect& dialect = context.Dialect();
   bool isOrdinal = false;
   const SelectItem* selected = ItemOf(*item.value, query, &isOrdinal, context);
+  if (!selected) QualifyBesideUnnamed(*item.value, query);
   const ExpressionPtr shown = selected ? selected->value : item.value;
-  const bool neverNull = shown->kind == Expression::Name && shown->column && (shown->isKey || !shown->column->nullable);
+  const bool neverNull = shown->kind == Expression::Name && shown->column && !HasOuterJoin(query) &&
+                         (shown->isKey || !shown->column->nullable);
   if (!neverNull) item.nulls = item.descending ? dialect.nullsLast : dialect.nullsFirst;
-  if (shown->type != ValueType::Text || shown->isKey) {
-    // Neither needs folding, and a key's own order is that of its index.
+  if (shown->type != ValueType::Text || shown->isKey || (selected && !query.next && IsTextLiteral(*shown))) {
+    // None of them needs folding, and a key's own order is that of its index.
     if (isOrdinal) item.value = Ordinal(*item.value);
     return;
   }
