@@ -108,8 +108,10 @@ qint64 OdbcDriver::Execute(const NativeStatement& native) {
 void OdbcDriver::Query(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows) {
   const std::size_t before = rows.RowCount();
   Read(native, columns, rows);
+#ifdef __GLIBC__
   // The driver has held the whole result, most of it in small pieces, which the heap would keep.
   if (rows.RowCount() - before > kManyRows) malloc_trim(0);
+#endif
 }
 
 void OdbcDriver::Read(const NativeStatement& native, std::vector<ColumnInfo>& columns, RowStore& rows) {
