@@ -56,7 +56,8 @@ class InjectionTest : public TwelveRecordsTest {
     TwelveRecordsTest::SetUp();
     design_->Run(u"create table Canary (Name varchar(50) primary key)"_s);
     design_->Insert(u"Canary"_s, u"Name"_s, {u"alive"_s});
-    for (const auto& [field, caption, order] : {std::tuple(u"Amaintitle"_s, u"题名"_s, u"1"_s), std::tuple(u"RegID"_s, u"登记号"_s, u"2"_s)})
+    for (const auto& [field, caption, order] :
+         {std::tuple(u"Amaintitle"_s, u"题名"_s, u"1"_s), std::tuple(u"RegID"_s, u"登记号"_s, u"2"_s)})
       design_->Insert(u"SimSearch"_s, u"TableName,DataField,ChnDataField,OrderNo,CtlType,CtlIndex,FieldValue"_s,
                       {u"Lwdj"_s, field, caption, order, u"1"_s, order, u"<null>"_s});
     Shared().UserId = u"5"_s;
@@ -76,8 +77,7 @@ class InjectionTest : public TwelveRecordsTest {
 
   /// No row is shown that the rights hide, whatever was asked.
   static void ExpectNothingHidden(const Browser& browser, const QString& text) {
-    for (const QString& number : browser.Column(u"LVData"_s))
-      EXPECT_GT(number.toInt(), 2) << text.toStdString();
+    for (const QString& number : browser.Column(u"LVData"_s)) EXPECT_GT(number.toInt(), 2) << text.toStdString();
   }
 
   /// Puts a text into everything of a window that takes one.
@@ -151,7 +151,8 @@ TEST_P(InjectionTest, AFieldOfARecordKeepsTheTextAndNothingElseChanges) {
 
 TEST_P(InjectionTest, TheWindowsOfQueriesTakeTextsAsTheyAre) {
   MessageBoxes messages;
-  for (const auto& [entry, name] : {std::pair(u"mnu_Tool5_LSearch"_s, u"frmSimFind"_s), std::pair(u"mnu_Tool4_HSearch"_s, u"frmfhfind"_s)}) {
+  for (const auto& [entry, name] :
+       {std::pair(u"mnu_Tool5_LSearch"_s, u"frmSimFind"_s), std::pair(u"mnu_Tool4_HSearch"_s, u"frmfhfind"_s)}) {
     InBrowser([&](const Browser& browser) {
       for (const QString& text : HostileTexts()) {
         WithWindow(name, [&](QWidget& window) {

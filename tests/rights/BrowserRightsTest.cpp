@@ -94,8 +94,8 @@ class BrowserRightsTest : public TwelveRecordsTest {
     design_->Run(u"delete from UserPopedomScope"_s);
     design_->Insert(u"UserPopedomScope"_s,
                     u"UserID,PopTableName,PopStrChn,PopEditData,PopPrintData,PopLookFile,PopCondition"_s,
-                    {u"5"_s, u"Lwdj"_s, u"部分"_s, flag(Privilege::Edit), flag(Privilege::Print), flag(Privilege::LookFile),
-                     u"RegID > 2"_s});
+                    {u"5"_s, u"Lwdj"_s, u"部分"_s, flag(Privilege::Edit), flag(Privilege::Print),
+                     flag(Privilege::LookFile), u"RegID > 2"_s});
   }
   void GiveAllBut(Privilege right) {
     QList<Privilege> rights{Privilege::Edit, Privilege::Print, Privilege::LookFile};
@@ -136,11 +136,12 @@ class BrowserRightsTest : public TwelveRecordsTest {
   }
 
   QStringList Writes() {
-    return log_->Take().filter(QRegularExpression(u"^\\s*(insert|update|delete)\\b"_s,
-                                                  QRegularExpression::CaseInsensitiveOption));
+    return log_->Take().filter(
+        QRegularExpression(u"^\\s*(insert|update|delete)\\b"_s, QRegularExpression::CaseInsensitiveOption));
   }
   QString Records() {
-    return design_->Value(u"select count(*) from Lwdj"_s) + u" "_s + design_->Value(u"select count(*) from Original_Text"_s);
+    return design_->Value(u"select count(*) from Lwdj"_s) + u" "_s +
+           design_->Value(u"select count(*) from Original_Text"_s);
   }
 
   int called_ = 0;
@@ -160,8 +161,10 @@ FOLVANE_ON_EACH_DATABASE(BrowserRightsTest);
 TEST_P(BrowserRightsTest, EveryCommandOfTheDesignSaysItsRight) {
   QStringList told;
   for (const CommandRight& each : kBrowserRights) told << QLatin1String(each.command);
-  EXPECT_EQ(QSet<QString>(told.begin(), told.end()),
-            [] { const QStringList all = CommandsOf(BrowserDesign()); return QSet<QString>(all.begin(), all.end()); }());
+  EXPECT_EQ(QSet<QString>(told.begin(), told.end()), [] {
+    const QStringList all = CommandsOf(BrowserDesign());
+    return QSet<QString>(all.begin(), all.end());
+  }());
 }
 
 TEST_P(BrowserRightsTest, AWithheldRightTakesItsCommandsAndNoOthers) {
@@ -195,9 +198,10 @@ TEST_P(BrowserRightsTest, ADoubleClickOpensARecordThatCanOnlyBeLookedAt) {
     WithWindow(u"FrmInput"_s, [&](QWidget& window) {
       log_->Take();
       Retype(Find(window, u"Txt(2)"_s), u"改过"_s);
-      for (const auto& [key, modifiers] :
-           {std::pair(Qt::Key_S, Qt::KeyboardModifiers(Qt::ControlModifier)), std::pair(Qt::Key_N, Qt::KeyboardModifiers(Qt::ControlModifier)),
-            std::pair(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier), std::pair(Qt::Key_H, Qt::KeyboardModifiers(Qt::ControlModifier))})
+      for (const auto& [key, modifiers] : {std::pair(Qt::Key_S, Qt::KeyboardModifiers(Qt::ControlModifier)),
+                                           std::pair(Qt::Key_N, Qt::KeyboardModifiers(Qt::ControlModifier)),
+                                           std::pair(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier),
+                                           std::pair(Qt::Key_H, Qt::KeyboardModifiers(Qt::ControlModifier))})
         Press(window, key, modifiers);
       window.close();
     });

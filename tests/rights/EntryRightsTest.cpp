@@ -14,21 +14,21 @@ namespace {
 using testing::IsEmpty;
 
 const std::vector<CommandRight> kEntryRights{
-    {"File_Record", Privilege::None},    {"AddNewRecord", Privilege::Edit},  {"SaveRecord", Privilege::Edit},
-    {"CancelRecord", Privilege::Edit},   {"DelRecord", Privilege::Edit},     {"mnuCopyAll", Privilege::None},
-    {"Close", Privilege::None},          {"DoRecord", Privilege::None},      {"First_R", Privilege::None},
-    {"Previous_R", Privilege::None},     {"Next_R", Privilege::None},        {"Last_R", Privilege::None},
-    {"File_Or", Privilege::None},        {"AddFile", Privilege::LookFile},   {"BorrowFile", Privilege::LookFile},
-    {"File_Manager", Privilege::None},   {"mnuDistibute", Privilege::Edit},  {"mnuPassRead", Privilege::Edit},
-    {"mnuTransact", Privilege::Edit},    {"mnuArchive", Privilege::None},    {"ReportDesign", Privilege::Print},
-    {"Tools", Privilege::Edit},          {"mnuReplace", Privilege::Edit},    {"Collect_R", Privilege::Edit},
-    {"KeyOrder", Privilege::Edit},       {"AutoSave", Privilege::Edit},      {"UseSign", Privilege::Edit},
-    {"AutoStatus", Privilege::Edit},     {"mnuHelp", Privilege::None},       {"FindDir", Privilege::None},
-    {"About", Privilege::None},          {"key AddRecord", Privilege::Edit}, {"key SaveRecord", Privilege::Edit},
-    {"key DelRecord", Privilege::Edit},  {"key CancelRecord", Privilege::Edit}, {"key MovePrevious", Privilege::None},
-    {"key MoveNext", Privilege::None},   {"key CopyAll", Privilege::None},   {"key FileArea", Privilege::LookFile},
-    {"key ReportView", Privilege::Print}, {"key Distribute", Privilege::Edit}, {"key PassRead", Privilege::Edit},
-    {"key Transact", Privilege::Edit},   {"key DoArchive", Privilege::None}, {"key End", Privilege::None},
+    {"File_Record", Privilege::None},     {"AddNewRecord", Privilege::Edit},     {"SaveRecord", Privilege::Edit},
+    {"CancelRecord", Privilege::Edit},    {"DelRecord", Privilege::Edit},        {"mnuCopyAll", Privilege::None},
+    {"Close", Privilege::None},           {"DoRecord", Privilege::None},         {"First_R", Privilege::None},
+    {"Previous_R", Privilege::None},      {"Next_R", Privilege::None},           {"Last_R", Privilege::None},
+    {"File_Or", Privilege::None},         {"AddFile", Privilege::LookFile},      {"BorrowFile", Privilege::LookFile},
+    {"File_Manager", Privilege::None},    {"mnuDistibute", Privilege::Edit},     {"mnuPassRead", Privilege::Edit},
+    {"mnuTransact", Privilege::Edit},     {"mnuArchive", Privilege::None},       {"ReportDesign", Privilege::Print},
+    {"Tools", Privilege::Edit},           {"mnuReplace", Privilege::Edit},       {"Collect_R", Privilege::Edit},
+    {"KeyOrder", Privilege::Edit},        {"AutoSave", Privilege::Edit},         {"UseSign", Privilege::Edit},
+    {"AutoStatus", Privilege::Edit},      {"mnuHelp", Privilege::None},          {"FindDir", Privilege::None},
+    {"About", Privilege::None},           {"key AddRecord", Privilege::Edit},    {"key SaveRecord", Privilege::Edit},
+    {"key DelRecord", Privilege::Edit},   {"key CancelRecord", Privilege::Edit}, {"key MovePrevious", Privilege::None},
+    {"key MoveNext", Privilege::None},    {"key CopyAll", Privilege::None},      {"key FileArea", Privilege::LookFile},
+    {"key ReportView", Privilege::Print}, {"key Distribute", Privilege::Edit},   {"key PassRead", Privilege::Edit},
+    {"key Transact", Privilege::Edit},    {"key DoArchive", Privilege::None},    {"key End", Privilege::None},
 };
 
 Privilege RightInEntry(const QString& command) {
@@ -49,8 +49,9 @@ class EntryRightsTest : public InputTest {
   }
 
   void Withhold(Privilege right) {
-    for (const auto& [each, parameter] : {std::pair(Privilege::Edit, Parameter::Edit), std::pair(Privilege::Print, Parameter::Print),
-                                          std::pair(Privilege::LookFile, Parameter::LookFile)})
+    for (const auto& [each, parameter] :
+         {std::pair(Privilege::Edit, Parameter::Edit), std::pair(Privilege::Print, Parameter::Print),
+          std::pair(Privilege::LookFile, Parameter::LookFile)})
       Put(parameter, each == right ? u"0"_s : u"1"_s);
   }
 
@@ -63,10 +64,12 @@ class EntryRightsTest : public InputTest {
 
   QStringList ReachableCommands() {
     QStringList reachable;
-    InWindow([&](const Input& input) {
-      for (const QString& command : CommandsOf(EntryCommandDesign()))
-        if (IsReachable(input, command)) reachable << command;
-    }, false, 2);
+    InWindow(
+        [&](const Input& input) {
+          for (const QString& command : CommandsOf(EntryCommandDesign()))
+            if (IsReachable(input, command)) reachable << command;
+        },
+        false, 2);
     return reachable;
   }
 
