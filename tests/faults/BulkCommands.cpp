@@ -68,8 +68,7 @@ class InReplaceWindow : public CommandIn<ReplaceWindowTest> {
     WithReplace([&](const Input&, const Replacing& replacing) {
       replacing.Enter(u"CboFindTxt"_s, u"题名"_s);
       replacing.Enter(u"CboRelaceTxt"_s, u"标题"_s);
-      trial.Try([&] { replacing.Do(key); },
-                [&] { return TextIn(replacing.Window(), u"CboRelaceTxt"_s) == u"标题"_s; });
+      trial.Try([&] { replacing.Do(key); }, [&] { return TextIn(replacing.Window(), u"CboRelaceTxt"_s) == u"标题"_s; });
     });
   }
 };

@@ -107,9 +107,7 @@ Disk& Disk::Get() {
 void Disk::Use(bool on) { sqlite3_vfs_register(on ? &vfs_ : below_, 1); }
 
 // A disk that is gone fails at everything.
-bool Disk::Fails(DiskFault kind) {
-  return fault_ != DiskFault::None && (fault_ == kind || fault_ == DiskFault::Gone);
-}
+bool Disk::Fails(DiskFault kind) { return fault_ != DiskFault::None && (fault_ == kind || fault_ == DiskFault::Gone); }
 
 void Disk::Note(DiskStep step) {
   if (recording_ && !step.file.isEmpty()) steps_.push_back(std::move(step));

@@ -8,7 +8,7 @@ namespace folvane::test {
 struct Disk::Inode {
   QString name;
   QByteArray bytes;
-  int shared = 0;                         ///< handles that read or more
+  int shared = 0;                          ///< handles that read or more
   const Disk::Handle* reserved = nullptr;  ///< the one that will write
   const Disk::Handle* pending = nullptr;   ///< the one that waits for the readers to go, or writes
 };

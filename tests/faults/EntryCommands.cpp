@@ -74,8 +74,7 @@ class KeyOrderWindow : public CommandIn<KeyOrderFixture> {
       auto& list = Find<QListWidget>(shown, u"LstFieldList"_s);
       ClickItem(list, list.model()->index(2, 0));
       for (int step = 0; step < 2; ++step) Click(Find<QWidget>(shown, u"ImgUp"_s));
-      trial.Try([&] { Click(Find<QWidget>(shown, u"CmdOK"_s)); },
-                [&] { return list.item(0)->text() == u"题名"_s; });
+      trial.Try([&] { Click(Find<QWidget>(shown, u"CmdOK"_s)); }, [&] { return list.item(0)->text() == u"题名"_s; });
     });
     window.Open();
   }

@@ -19,11 +19,11 @@ std::vector<FaultKind> FaultsOf(const std::string& database) {
 
 std::string NameOf(FaultKind kind) {
   static const std::map<FaultKind, std::string> names{
-      {FaultKind::Refused, "refused"},       {FaultKind::CommitRefused, "commit refused"},
+      {FaultKind::Refused, "refused"},         {FaultKind::CommitRefused, "commit refused"},
       {FaultKind::Interrupted, "interrupted"}, {FaultKind::Locked, "locked"},
-      {FaultKind::Full, "disk full"},        {FaultKind::Write, "write error"},
-      {FaultKind::Sync, "sync error"},       {FaultKind::Read, "read error"},
-      {FaultKind::Gone, "disk gone"},        {FaultKind::Ended, "connection ended"}};
+      {FaultKind::Full, "disk full"},          {FaultKind::Write, "write error"},
+      {FaultKind::Sync, "sync error"},         {FaultKind::Read, "read error"},
+      {FaultKind::Gone, "disk gone"},          {FaultKind::Ended, "connection ended"}};
   return names.at(kind);
 }
 
@@ -106,8 +106,7 @@ FaultyConnection::FaultyConnection(TestDatabase& database, Disk& disk) : databas
     inner_ = database.Connect();
   }
   DatabaseSession& session = DatabaseSession::Of(*inner_);
-  if (!handle_)
-    backend_ = session.FetchNative({"select pg_backend_pid()", {}}).rows->At(0, 0).ToVariant().toString();
+  if (!handle_) backend_ = session.FetchNative({"select pg_backend_pid()", {}}).rows->At(0, 0).ToVariant().toString();
   auto driver = std::make_unique<CountingDriver>(session.NativeDriver(), *this);
   driver_ = driver.get();
   connection_ = MakeConnection(std::move(driver));
@@ -142,8 +141,7 @@ void FaultyConnection::ExpectAtRest() {
     EXPECT_TRUE(sqlite3_get_autocommit(handle_)) << "a transaction is open";
     return;
   }
-  const QString state =
-      database_.Value(u"select state from pg_stat_activity where pid = "_s + backend_);
+  const QString state = database_.Value(u"select state from pg_stat_activity where pid = "_s + backend_);
   EXPECT_TRUE(state == u"idle"_s || state == u"<no row>"_s) << state.toStdString();
 }
 
@@ -177,7 +175,8 @@ void FaultyConnection::StrikeSqlite() {
     const auto deny = [](void*, int, const char*, const char*, const char*, const char*) { return SQLITE_DENY; };
     sqlite3_set_authorizer(handle_, deny, nullptr);
   } else if (fault_->kind == FaultKind::CommitRefused) {
-    sqlite3_commit_hook(handle_, [](void*) { return 1; }, nullptr);
+    sqlite3_commit_hook(
+        handle_, [](void*) { return 1; }, nullptr);
   } else {
     const auto interrupt = [](void* handle) {
       sqlite3_interrupt(static_cast<sqlite3*>(handle));

@@ -18,16 +18,16 @@ namespace folvane::test {
 
 /// How a statement fails.
 enum class FaultKind {
-  Refused,       ///< the database does not allow it
+  Refused,        ///< the database does not allow it
   CommitRefused,  ///< what it would make last is rolled back
-  Interrupted,   ///< ended in its midst
-  Locked,        ///< another connection holds the database
-  Full,          ///< no room on the disk, until the command is over
-  Write,         ///< writes fail half-way
-  Sync,          ///< what was written cannot be made to last
-  Read,          ///< reads fail
-  Gone,          ///< nothing of the disk can be reached any more, until the command is over
-  Ended          ///< the server ends the connection
+  Interrupted,    ///< ended in its midst
+  Locked,         ///< another connection holds the database
+  Full,           ///< no room on the disk, until the command is over
+  Write,          ///< writes fail half-way
+  Sync,           ///< what was written cannot be made to last
+  Read,           ///< reads fail
+  Gone,           ///< nothing of the disk can be reached any more, until the command is over
+  Ended           ///< the server ends the connection
 };
 
 struct Fault {
@@ -75,10 +75,10 @@ class FaultyConnection {
 
   TestDatabase& database_;
   Disk& disk_;
-  QByteArray path_;              ///< of SQLite's file
-  sqlite3* handle_ = nullptr;    ///< SQLite's
-  sqlite3* other_ = nullptr;     ///< another connection's
-  QString backend_;              ///< the process of the server
+  QByteArray path_;            ///< of SQLite's file
+  sqlite3* handle_ = nullptr;  ///< SQLite's
+  sqlite3* other_ = nullptr;   ///< another connection's
+  QString backend_;            ///< the process of the server
   std::shared_ptr<Connection> inner_, connection_;
   Driver* driver_ = nullptr;
   std::optional<Fault> fault_;

@@ -49,8 +49,7 @@ class RouteGoneOn : public InFlowWindow {
   void Begin() override {
     InFlowWindow::Begin();
     Database().Native(u"update Curr_Flow set CurrNode='%1'"_s.arg(1));
-    design_->Run(u"update %1 set %2='%3'"_s.arg(flow_.headTable, flow_.statusColumn,
-                                               flow_.running));
+    design_->Run(u"update %1 set %2='%3'"_s.arg(flow_.headTable, flow_.statusColumn, flow_.running));
   }
   void Work(Trial& trial) override {
     InWindow([&](QWidget& window) { trial.Try([&] { Command(window, u"NextRead"_s).trigger(); }); });

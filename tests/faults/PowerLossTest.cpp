@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <algorithm>
 #include <cstdio>
 #include <random>
@@ -47,8 +48,8 @@ class PowerLossTest : public testing::TestWithParam<std::string> {
   static std::string FlawOf(const DiskImage& image, const CleanRun& clean) {
     Disk::Get().Empty();
     Disk::Get().Put(image);
-    const auto database = std::find_if(image.begin(), image.end(),
-                                       [](const auto& file) { return file.first.endsWith(u".db"_s); });
+    const auto database =
+        std::find_if(image.begin(), image.end(), [](const auto& file) { return file.first.endsWith(u".db"_s); });
     try {
       FoundDatabase found(database->first);
       if (const auto rows = found.Rows(u"pragma integrity_check"_s); rows.front().front() != u"ok"_s)
@@ -71,6 +72,7 @@ TEST_P(PowerLossTest, EveryCommandIsFoundAsBeforeOrAsAfterEachOfItsLastingStatem
   std::minstd_rand random(seed);
   std::size_t commands = 0, steps = 0, losses = 0;
   for (const CommandRow& row : AllCommands()) {
+    QCoreApplication::processEvents();  // the watch over windows that nobody drives counts the time since
     const CleanRun clean = Trial(row).Clean(true);
     ++commands;
     steps += Disk::Get().Steps();
@@ -83,9 +85,10 @@ TEST_P(PowerLossTest, EveryCommandIsFoundAsBeforeOrAsAfterEachOfItsLastingStatem
       }
     }
   }
-  std::printf("power losses on SQLite: %zu commands, %zu steps of the disk, %zu losses, none that left anything else than "
-              "the state before a statement or after it\n",
-              commands, steps, losses);
+  std::printf(
+      "power losses on SQLite: %zu commands, %zu steps of the disk, %zu losses, none that left anything else than "
+      "the state before a statement or after it\n",
+      commands, steps, losses);
 }
 
 TEST_P(PowerLossTest, ADiskThatDoesNotSyncIsFoundOut) {
@@ -94,7 +97,8 @@ TEST_P(PowerLossTest, ADiskThatDoesNotSyncIsFoundOut) {
   const CleanRun clean = Trial(row).Clean(true);
   int flaws = 0;
   for (std::size_t at = 0; at <= Disk::Get().Steps(); ++at)
-    for (int time = 0; time < 10; ++time) flaws += !FlawOf(Disk::Get().AfterPowerLoss(at, random, false), clean).empty();
+    for (int time = 0; time < 10; ++time)
+      flaws += !FlawOf(Disk::Get().AfterPowerLoss(at, random, false), clean).empty();
   EXPECT_GT(flaws, 0);
 }
 

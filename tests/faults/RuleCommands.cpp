@@ -25,7 +25,9 @@ class RulesByOk : public InRuleWindow {
       Fill(2, u"登记号"_s, u"大于"_s, u"3"_s);
       Leave(2);
       trial.Try([&] { Click(Control(u"CmdOK"_s)); },
-                [&] { return Shown(2) == QStringList({u"登记号"_s, u"大于"_s, u"3"_s}); });
+                [&] {
+                  return Shown(2) == QStringList({u"登记号"_s, u"大于"_s, u"3"_s});
+                });
     });
   }
 };

@@ -55,10 +55,11 @@ class StatementFaultsTest : public testing::TestWithParam<std::string> {
       const auto found = figures_.outcomes.find(outcome);
       return found == figures_.outcomes.end() ? 0 : found->second;
     };
-    std::printf("faults on %s: %d commands, %d statements, %d faults: %d left all as before, %d a part as documented, "
-                "%d came after the change, %d met nothing\n",
-                GetParam().c_str(), figures_.commands, figures_.statements, figures_.faults, count(Outcome::Before),
-                count(Outcome::Between), count(Outcome::After), count(Outcome::NotMet));
+    std::printf(
+        "faults on %s: %d commands, %d statements, %d faults: %d left all as before, %d a part as documented, "
+        "%d came after the change, %d met nothing\n",
+        GetParam().c_str(), figures_.commands, figures_.statements, figures_.faults, count(Outcome::Before),
+        count(Outcome::Between), count(Outcome::After), count(Outcome::NotMet));
   }
 
   std::minstd_rand random_{20260701};

@@ -103,8 +103,7 @@ Outcome Trial::WithFault(const CleanRun& clean, const Fault& fault) {
   fault_ = fault;
   Start();
   Work();
-  if (Failures() == failures && outcome_ != Outcome::After && outcome_ != Outcome::NotMet && !isRepeated_)
-    Work();
+  if (Failures() == failures && outcome_ != Outcome::After && outcome_ != Outcome::NotMet && !isRepeated_) Work();
   return outcome_;
 }
 
@@ -175,9 +174,9 @@ void Trial::Judge(const std::function<bool()>& kept, bool stands) {
   const Contents contents = ContentsOf(command_->Tables());
   EXPECT_TRUE(IsAllowed(row_.keeps, contents, *clean_)) << Difference(clean_->before, contents).toStdString();
   if (!connection_->HasFailed()) return;
-  outcome_ = contents == clean_->After()    ? Outcome::After
+  outcome_ = contents == clean_->After()  ? Outcome::After
              : contents == clean_->before ? Outcome::Before
-                                            : Outcome::Between;
+                                          : Outcome::Between;
   if (outcome_ == Outcome::After) return;
   EXPECT_FALSE(NewlySaid().isEmpty()) << "the user was told nothing";
   EXPECT_TRUE(!kept || !stands || outcome_ != Outcome::Before || kept()) << "what was entered is gone";
