@@ -12,6 +12,7 @@
 #include "data/Recordset.h"
 #include "flows/PassedErrors.h"
 #include "flows/SheetChanges.h"
+#include "flows/Undisturbed.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
@@ -24,7 +25,7 @@ constexpr int kGreatestSerial = 32767;
 QString Quoted(const QString& text) { return u'\'' + text + u'\''; }
 QString DateOr(const QString& date, const QString& null) { return date.isEmpty() ? null : Quoted(date); }
 
-void Execute(const QString& statement) { SharedConnection()->Execute(statement); }
+qint64 Execute(const QString& statement) { return SharedConnection()->Execute(statement); }
 
 void Open(Recordset& records, const QString& statement) {
   if (records.IsOpen()) records.Close();
@@ -40,17 +41,6 @@ int SerialIn(const QString& text) {
   const std::optional<double> number = ReadNumber(text);
   if (!number || qAbs(*number) > kGreatestSerial) RefuseSerial(text);
   return ToInteger(text);
-}
-
-// Reads the current row again by its key. Answers whether another user has taken it away.
-bool IsGone(Recordset& records) {
-  try {
-    records.Resync();
-    return false;
-  } catch (const DataError& error) {
-    if (error.Kind() != DataErrorKind::Conflict) throw;
-    return true;
-  }
 }
 
 }  // namespace
@@ -165,24 +155,26 @@ DetailValues FlowSheets::ReadDetail() const {
 }
 
 SaveOutcome FlowSheets::UpdateDetail(const DetailValues& values, DetailValues& shown) {
-  if (IsGone(details_)) return {SaveOutcome::Gone, {}};
-  if (const DetailValues now = ReadDetail(); now != shown) {
-    const QString changes = ChangesInWords(flow_, shown, now);
-    shown = now;
-    return {SaveOutcome::Changed, changes};
-  }
-  QString statement = u"Update "_s + flow_.detailSource + u" set File_ID='"_s + values.serial + u"',Lead_Unit='"_s +
-                      values.unit + u"',"_s + flow_.detailDate +
-                      (values.date.isEmpty() ? u"=Null"_s : u"= "_s + Quoted(values.date));
-  if (flow_.hasQuantities) statement += u",Quantity="_s + values.quantity;
-  if (flow_.isHandling) statement += u",Transact_Mode='"_s + values.mode + u'\'';
-  statement += u",Is_Back='"_s + values.isBack + u"',Back_Date="_s + DateOr(values.backDate, u"null"_s) +
-               u",Real_BackDate="_s + DateOr(values.realBackDate, u"null"_s);
-  if (flow_.hasQuantities) statement += u",Back_Quantity="_s + values.backQuantity;
-  if (flow_.isHandling) statement += u",Transact_Result='"_s + values.result + u'\'';
-  Execute(statement + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s + shown.serial + u'\'' +
-          HastenCondition());
-  return {};
+  return Undisturbed([&]() -> SaveOutcome {
+    if (IsGone(details_)) return {SaveOutcome::Gone, {}};
+    if (const DetailValues now = ReadDetail(); now != shown) {
+      const QString changes = ChangesInWords(flow_, shown, now);
+      shown = now;
+      return {SaveOutcome::Changed, changes};
+    }
+    QString statement = u"Update "_s + flow_.detailSource + u" set File_ID='"_s + values.serial + u"',Lead_Unit='"_s +
+                        values.unit + u"',"_s + flow_.detailDate +
+                        (values.date.isEmpty() ? u"=Null"_s : u"= "_s + Quoted(values.date));
+    if (flow_.hasQuantities) statement += u",Quantity="_s + values.quantity;
+    if (flow_.isHandling) statement += u",Transact_Mode='"_s + values.mode + u'\'';
+    statement += u",Is_Back='"_s + values.isBack + u"',Back_Date="_s + DateOr(values.backDate, u"null"_s) +
+                 u",Real_BackDate="_s + DateOr(values.realBackDate, u"null"_s);
+    if (flow_.hasQuantities) statement += u",Back_Quantity="_s + values.backQuantity;
+    if (flow_.isHandling) statement += u",Transact_Result='"_s + values.result + u'\'';
+    const qint64 written = Execute(statement + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s + shown.serial +
+                                   u'\'' + HastenCondition());
+    return {written == 0 ? SaveOutcome::Gone : SaveOutcome::Written, {}};
+  });
 }
 
 void FlowSheets::TakeAddedDetail() {
@@ -196,17 +188,19 @@ HeadValues FlowSheets::ReadHead() const {
 }
 
 SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) {
-  if (IsGone(heads_)) return {SaveOutcome::Gone, {}};
-  if (const HeadValues now = ReadHead(); now != shown) {
-    const QString changes = ChangesInWords(flow_, shown, now);
-    shown = now;
-    return {SaveOutcome::Changed, changes};
-  }
-  QStringList assignments;
-  for (const auto& [column, value] : flow_.headUpdate) assignments << column + Quoted(values.*value);
-  Execute(u"Update "_s + flow_.headTable + u" set "_s + assignments.join(u',') + u" where Register_ID='"_s + Key() +
-          u'\'');
-  return {};
+  return Undisturbed([&]() -> SaveOutcome {
+    if (IsGone(heads_)) return {SaveOutcome::Gone, {}};
+    if (const HeadValues now = ReadHead(); now != shown) {
+      const QString changes = ChangesInWords(flow_, shown, now);
+      shown = now;
+      return {SaveOutcome::Changed, changes};
+    }
+    QStringList assignments;
+    for (const auto& [column, value] : flow_.headUpdate) assignments << column + Quoted(values.*value);
+    const qint64 written = Execute(u"Update "_s + flow_.headTable + u" set "_s + assignments.join(u',') +
+                                   u" where Register_ID='"_s + Key() + u'\'');
+    return {written == 0 ? SaveOutcome::Gone : SaveOutcome::Written, {}};
+  });
 }
 
 void FlowSheets::WriteHead(const std::vector<std::pair<QString, QString>>& values) {

@@ -6,7 +6,7 @@
 
 #include <folvane/HostServices.h>
 
-#include "monkey/Dice.h"
+#include "support/Dice.h"
 #include "support/HostDoubles.h"
 
 namespace folvane::test {

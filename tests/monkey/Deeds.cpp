@@ -117,8 +117,8 @@ QString LetterOf(Qt::Key key) {
 
 Deed PressKey(QWidget& window, Dice& dice) {
   static const std::vector<Qt::Key> keys{
-      Qt::Key_Return, Qt::Key_Return, Qt::Key_Enter,     Qt::Key_Escape, Qt::Key_Tab,   Qt::Key_Tab,
-      Qt::Key_Tab,    Qt::Key_Space,  Qt::Key_Space,     Qt::Key_Left,   Qt::Key_Right, Qt::Key_Up,
+      Qt::Key_Return, Qt::Key_Return, Qt::Key_Enter,     Qt::Key_Escape, Qt::Key_Tab,    Qt::Key_Tab,
+      Qt::Key_Tab,    Qt::Key_Space,  Qt::Key_Space,     Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Up,
       Qt::Key_Down,   Qt::Key_Down,   Qt::Key_Home,      Qt::Key_End,    Qt::Key_PageUp, Qt::Key_PageDown,
       Qt::Key_Delete, Qt::Key_Insert, Qt::Key_Backspace, Qt::Key_Menu,   Qt::Key_Alt,    Qt::Key_Backtab};
   const int kind = dice.Between(1, 10);

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "monkey/Dice.h"
+#include "support/Dice.h"
 
 namespace folvane::test {
 

@@ -16,18 +16,18 @@ struct Written {
 
 const std::vector<Written>& WrittenByCommands() {
   static const std::vector<Written> written{
-      {u"FindCirOrder"_s, {}},              // the order of a list, kept for its user
-      {u"FindCirSave"_s, {}},               // the conditions of a compound query that is kept
-      {u"SimSearch"_s, {}},                 // which inputs a simple query has, and what was searched for
-      {u"SaveCollect"_s, {}},               // the proofing rules, which have a window
-      {u"SaveControls"_s, u"KeyOrder"_s},   // the order of the fields of an entry form, which has a window
-      {u"DataTransfer_Ini"_s, {}},          // the settings of transfers, which have a window ...
-      {u"DataTransfer_Details"_s, {}},      // ... with the fields ...
-      {u"ArchiveNo_Format"_s, {}},          // ... and the archive numbers
-      {u"AssistantDictionary"_s, {}},       // what was typed is kept in the dictionary of its field
+      {u"FindCirOrder"_s, {}},             // the order of a list, kept for its user
+      {u"FindCirSave"_s, {}},              // the conditions of a compound query that is kept
+      {u"SimSearch"_s, {}},                // which inputs a simple query has, and what was searched for
+      {u"SaveCollect"_s, {}},              // the proofing rules, which have a window
+      {u"SaveControls"_s, u"KeyOrder"_s},  // the order of the fields of an entry form, which has a window
+      {u"DataTransfer_Ini"_s, {}},         // the settings of transfers, which have a window ...
+      {u"DataTransfer_Details"_s, {}},     // ... with the fields ...
+      {u"ArchiveNo_Format"_s, {}},         // ... and the archive numbers
+      {u"AssistantDictionary"_s, {}},      // what was typed is kept in the dictionary of its field
       {u"AssistantDicKey"_s, {}},
-      {u"Original_Text"_s, {}},             // the originals of the records
-      {u"Distribute_File"_s, {}},           // the sheets of the flows with their lines and routes
+      {u"Original_Text"_s, {}},    // the originals of the records
+      {u"Distribute_File"_s, {}},  // the sheets of the flows with their lines and routes
       {u"Distribute_Details"_s, {}},
       {u"PassRead_File"_s, {}},
       {u"PassRead_Details"_s, {}},

@@ -20,7 +20,9 @@ constexpr int kShortestStay = 50, kLongestStay = 800;
 constexpr int kPatience = 30;  // attempts to close a window as a user would
 
 /// Qt's own dialogs, which lead to printers and to files anywhere.
-bool LeadsOutside(const QWidget& window) { return window.inherits("QAbstractPrintDialog") || window.inherits("QFileDialog"); }
+bool LeadsOutside(const QWidget& window) {
+  return window.inherits("QAbstractPrintDialog") || window.inherits("QFileDialog");
+}
 
 QByteArray VisitedName(const QWidget& window) {
   const QString name = window.objectName();

@@ -1,5 +1,3 @@
-#include "monkey/Monkey.h"
-
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -13,6 +11,7 @@
 #include "host/demo/DemoDatabase.h"
 #include "monkey/Cage.h"
 #include "monkey/DesignRows.h"
+#include "monkey/Monkey.h"
 #include "shell/SharedState.h"
 #include "support/TestDatabase.h"
 #include "support/WindowDriver.h"
@@ -69,7 +68,7 @@ class MonkeyTest : public testing::Test {
   /// One of the six windows, for one of the demo's users.
   void OpenAny(quint64 chance) {
     static const std::vector<void (ClsFolvane::*)()> entries{
-        &ClsFolvane::FileOpen,     &ClsFolvane::FileOpen,     &ClsFolvane::FileArchive,  &ClsFolvane::DistributeFile,
+        &ClsFolvane::FileOpen,     &ClsFolvane::FileOpen,     &ClsFolvane::FileArchive, &ClsFolvane::DistributeFile,
         &ClsFolvane::PassReadFile, &ClsFolvane::TransactFile, &ClsFolvane::HastenFile};
     folvane_.GetUser(QString::number(chance % 10 < 7 ? 1 : chance % 10 - 5));
     try {
@@ -111,10 +110,12 @@ TEST_F(MonkeyTest, DoesNoHarmInAnyWindow) {
     visits << QString::fromUtf8(visit.key()) + u' ' + QString::number(visit.value());
   std::printf(
       "monkey: seed %d, %d events in %lld s in %d windows (%s), %d boxes, %d file dialogs, %d documents not opened, "
-      "%d dialogs of the toolkit cancelled, %d entries refused, longest event %d ms (%s), %lld MB after a fifth, %lld MB at "
+      "%d dialogs of the toolkit cancelled, %d entries refused, longest event %d ms (%s), %lld MB after a fifth, %lld "
+      "MB at "
       "the end\n",
       seed_, monkey.Steps(), clock.elapsed() / 1000, int(visits.size()), qPrintable(visits.join(u", "_s)),
-      cage_.Boxes(), cage_.Dialogs(), cage_.Opened(), monkey.Cancelled(), refused_, monkey.Times().Longest(), monkey.Times().LongestEvent().constData(), early, late);
+      cage_.Boxes(), cage_.Dialogs(), cage_.Opened(), monkey.Cancelled(), refused_, monkey.Times().Longest(),
+      monkey.Times().LongestEvent().constData(), early, late);
 }
 
 }  // namespace

@@ -93,7 +93,8 @@ void Watchdog::Watch() {
 void Watchdog::Look() {
   const qint64 began = began_;
   if (began == 0) return;
-  if (Milliseconds(processor_) - beganOnProcessor_ < kLongestRun && Milliseconds(CLOCK_MONOTONIC) - began < kLongestWait)
+  if (Milliseconds(processor_) - beganOnProcessor_ < kLongestRun &&
+      Milliseconds(CLOCK_MONOTONIC) - began < kLongestWait)
     return;
   if (began != began_) return;
   Tell("\nmonkey: the last event does not end\n");
