@@ -47,8 +47,10 @@ void TwoUsers::AsInterrupted(int user, int statement, const std::function<void()
 }
 
 void Figures::Print(const char* what, const std::string& database, const ClerksRun& run) const {
-  std::printf("clerks: %s on %s, FOLVANE_CLERKS_SEED=%d, %d interleavings: %d writes kept, %d users told, %d deletions over "
-              "unread changes\n", what, database.c_str(), run.seed, run.count, kept, told, deletedUnread);
+  std::printf(
+      "clerks: %s on %s, FOLVANE_CLERKS_SEED=%d, %d interleavings: %d writes kept, %d users told, %d deletions over "
+      "unread changes\n",
+      what, database.c_str(), run.seed, run.count, kept, told, deletedUnread);
 }
 
 }  // namespace folvane::test

@@ -125,7 +125,8 @@ class ClerksRecords : public FlowTest {
     for (int step = 1; step <= 18; ++step) {
       const int user = dice.Between(0, 1);
       const auto go = [&](int who) { clerks[who].Go(u"字%1'%2"_s.arg(who).arg(dice.Between(1, 1000))); };
-      users.AsInterrupted(user, dice.Between(1, 4), [&] { go(user); }, [&] { go(1 - user); });
+      users.AsInterrupted(
+          user, dice.Between(1, 4), [&] { go(user); }, [&] { go(1 - user); });
     }
     EXPECT_EQ(design_->Value(u"select count(*) from Lwdj"_s), model.isThere ? u"1"_s : u"0"_s);
     for (const QString& field : model.isThere ? kFields : QStringList())

@@ -119,7 +119,8 @@ class ClerksSheets : public FlowTest {
     for (int step = 1; step <= 12; ++step) {
       const int user = dice.Between(0, 1);
       const auto go = [&](int who) { clerks[who].Go(u"单位%1%2"_s.arg(who).arg(dice.Between(1, 1000))); };
-      users.AsInterrupted(user, dice.Between(1, 6), [&] { go(user); }, [&] { go(1 - user); });
+      users.AsInterrupted(
+          user, dice.Between(1, 6), [&] { go(user); }, [&] { go(1 - user); });
     }
     EXPECT_EQ(HeadText(flow, K(1), u"File_Unit"_s), model.unit);
     QMap<QString, QString> lines;
