@@ -23,7 +23,7 @@ class SelectedDeleted : public InBrowserWindow {
   explicit SelectedDeleted(int count) : count_(count) {}
   void Work(Trial& trial) override {
     InBrowser([&](const Browser& browser) {
-      trial.Try([&] {
+      trial.TryFromArm([&] {
         ClickItem(browser.List(), browser.List().model()->index(0, 0));
         if (count_ > 1)
           ClickItem(browser.List(), browser.List().model()->index(count_ - 1, 0), Qt::LeftButton, Qt::ShiftModifier);

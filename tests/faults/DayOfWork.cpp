@@ -35,10 +35,12 @@ QString DayOfWork::Register() {
   Recordset letters;
   letters.Open(u"Select * From Fwdj Where 1 = 2"_s, connection_);
   letters.AddNew();
-  for (const auto& [field, text] :
-       {std::pair{u"ArchiveID"_s, key}, {u"RegID"_s, QString::number(number)},
-        {u"Amaintitle"_s, u"题名%1"_s.arg(number)}, {u"FileStatus"_s, u"需归档"_s},
-        {u"SignDate"_s, u"2002-01-05"_s}, {u"Pages"_s, u"1"_s}})
+  for (const auto& [field, text] : {std::pair{u"ArchiveID"_s, key},
+                                    {u"RegID"_s, QString::number(number)},
+                                    {u"Amaintitle"_s, u"题名%1"_s.arg(number)},
+                                    {u"FileStatus"_s, u"需归档"_s},
+                                    {u"SignDate"_s, u"2002-01-05"_s},
+                                    {u"Pages"_s, u"1"_s}})
     letters[field].SetValue(text);
   letters.UpdateBatch();
   return key;

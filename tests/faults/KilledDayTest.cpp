@@ -44,9 +44,8 @@ class KilledDayTest : public TransferTest {
   /// Kills as often as is asked for, and looks at what is found each time.
   void KillAndLook() {
     const int kills = qEnvironmentVariableIsSet("FOLVANE_SOAK") ? qEnvironmentVariableIntValue("FOLVANE_SOAK") : 5;
-    const unsigned seed = qEnvironmentVariableIsSet("FOLVANE_SEED")
-                              ? unsigned(qEnvironmentVariableIntValue("FOLVANE_SEED"))
-                              : 20260704;
+    const unsigned seed =
+        qEnvironmentVariableIsSet("FOLVANE_SEED") ? unsigned(qEnvironmentVariableIntValue("FOLVANE_SEED")) : 20260704;
     std::minstd_rand random(seed);
     for (int kill = 1; kill <= kills; ++kill) {
       SCOPED_TRACE(testing::Message() << "kill " << kill << ", seed " << seed);
@@ -58,10 +57,11 @@ class KilledDayTest : public TransferTest {
     }
     EXPECT_GT(archivedInAll_ + archived_, 0) << "nothing was archived before the kills";
     EXPECT_GT(originalsInAll_ + originals_, 0) << "no original was added before the kills";
-    std::printf("killed with originals %s: %d kills, %d letters, %d archived, %d rows of originals, %d files without a "
-                "row, nothing half-done\n",
-                server_ ? "on a server" : "in a directory", kills, lettersInAll_ + letters_, archivedInAll_ + archived_,
-                originalsInAll_ + originals_, strayInAll_ + stray_);
+    std::printf(
+        "killed with originals %s: %d kills, %d letters, %d archived, %d rows of originals, %d files without a "
+        "row, nothing half-done\n",
+        server_ ? "on a server" : "in a directory", kills, lettersInAll_ + letters_, archivedInAll_ + archived_,
+        originalsInAll_ + originals_, strayInAll_ + stray_);
   }
 
  private:
@@ -125,7 +125,7 @@ class KilledDayTest : public TransferTest {
     EXPECT_EQ(Count(u"Wenshu where Amaintitle not in (select Amaintitle from Fwdj)"_s), 0);
     const QString held = u"(select count(*) from Original_Text where RecordID = %1.ArchiveID)"_s;
     EXPECT_EQ(Count(u"Fwdj f join Wenshu w on w.Amaintitle = f.Amaintitle where %1 <> %2"_s.arg(held.arg(u"f"_s),
-                                                                                              held.arg(u"w"_s))),
+                                                                                                held.arg(u"w"_s))),
               0)
         << "archived without its originals";
     EXPECT_EQ(Count(u"Anjuan"_s), Count(u"Wenshu"_s) > 0 ? 1 : 0) << "the volume";
