@@ -58,6 +58,7 @@ class SortedColumn : public InBrowserWindow {
   void Work(Trial& trial) override {
     InBrowser([&](const Browser& browser) {
       trial.TryFromArm([&] {
+        if (browser.List().model()->rowCount() == 0) browser.Key(u"Refresh"_s).trigger();  // as the empty list says
         // A second click would turn the order round, also where the first one could not be kept.
         if (browser.Captions().first().startsWith(u'↑')) browser.ClickColumn(1);
         trial.Arm();
