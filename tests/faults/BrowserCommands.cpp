@@ -23,7 +23,7 @@ class SelectedDeleted : public InBrowserWindow {
   explicit SelectedDeleted(int count) : count_(count) {}
   void Work(Trial& trial) override {
     InBrowser([&](const Browser& browser) {
-      trial.Try([&] {
+      trial.TryFromArm([&] {
         ClickItem(browser.List(), browser.List().model()->index(0, 0));
         if (count_ > 1)
           ClickItem(browser.List(), browser.List().model()->index(count_ - 1, 0), Qt::LeftButton, Qt::ShiftModifier);
@@ -58,6 +58,7 @@ class SortedColumn : public InBrowserWindow {
   void Work(Trial& trial) override {
     InBrowser([&](const Browser& browser) {
       trial.TryFromArm([&] {
+        if (browser.List().model()->rowCount() == 0) browser.Key(u"Refresh"_s).trigger();  // as the empty list says
         // A second click would turn the order round, also where the first one could not be kept.
         if (browser.Captions().first().startsWith(u'↑')) browser.ClickColumn(1);
         trial.Arm();
