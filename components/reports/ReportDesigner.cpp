@@ -5,7 +5,6 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QPrintPreviewWidget>
 #include <QScreen>
 #include <QSplitter>
 #include <QTimer>
@@ -18,6 +17,7 @@
 #include "components/common/Notice.h"
 #include "components/reports/DefaultTemplate.h"
 #include "components/reports/MarkerChoices.h"
+#include "components/reports/PageView.h"
 #include "components/reports/TemplateFile.h"
 
 namespace folvane::reports {
@@ -35,7 +35,7 @@ ReportDesigner::ReportDesigner(const ReportRequest& request)
       printer_(QPrinter::HighResolution),
       choices_(new QTreeWidget(this)),
       text_(new QPlainTextEdit(this)),
-      view_(new QPrintPreviewWidget(&printer_, this)),
+      view_(new PageView(&printer_, this)),
       state_(new QLabel(this)),
       pause_(new QTimer(this)) {
   const auto text = ReadTemplate(request.reportId);

@@ -9,14 +9,13 @@
 #include <QPrinter>
 #include <QSaveFile>
 #include <QScreen>
-#include <QTextDocument>
-#include <QUrl>
 #include <algorithm>
 
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 
 #include "components/reports/Pagination.h"
+#include "components/reports/ReportDocument.h"
 
 namespace folvane::reports {
 namespace {
@@ -87,11 +86,10 @@ void ReportPages::Paint(QPagedPaintDevice& device, int from, int to) const {
   if (!painter.begin(&device)) throw DataError(DataErrorKind::File, u"无法开始打印。"_s);
   const double footer = PixelsOf(kFooterPoints, device);
   const QSizeF body(device.width(), device.height() - footer);
-  QTextDocument document;
+  ReportDocument document(Services().programDirectory + u"/Reports"_s);
   document.setDocumentMargin(0);
   document.setDefaultFont(BodyFont());
   document.documentLayout()->setPaintDevice(&device);
-  document.setBaseUrl(QUrl::fromLocalFile(Services().programDirectory + u"/Reports/"_s));
   document.setHtml(html_);
   document.setTextWidth(body.width());
   const std::vector<PageSlice> pages = CutIntoPages(document, body.height(), BorderPixel(device));

@@ -9,7 +9,7 @@ class QPrinter;
 namespace folvane::reports {
 
 /// A filled report as pages of a layout. A table's head is repeated on each page; where there are several pages each
-/// says its number below. Pictures are looked for beside the templates.
+/// says its number below. Pictures come from the folder of the templates alone.
 class ReportPages {
  public:
   ReportPages(QString html, QPageLayout layout) : html_(std::move(html)), layout_(std::move(layout)) {}

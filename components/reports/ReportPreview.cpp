@@ -5,7 +5,6 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPrintDialog>
-#include <QPrintPreviewWidget>
 #include <QScreen>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -17,6 +16,7 @@
 #include "components/common/ToolKeys.h"
 #include "components/reports/PageSetup.h"
 #include "components/reports/PageSetupDialog.h"
+#include "components/reports/PageView.h"
 
 namespace folvane::reports {
 namespace {
@@ -40,7 +40,7 @@ ReportPreview::ReportPreview(const ReportRequest& request, LaidOutReport report)
       request_(request),
       report_(std::move(report)),
       printer_(QPrinter::HighResolution),
-      view_(new QPrintPreviewWidget(&printer_, this)),
+      view_(new PageView(&printer_, this)),
       page_(new QLabel(this)) {
   setObjectName(u"ReportPreview"_s);
   setWindowTitle(report_.title);

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QDialog>
+#include <QGraphicsView>
 #include <QLabel>
 #include <QPrintPreviewWidget>
 
@@ -40,6 +41,15 @@ TEST_P(PreviewTest, ShowsThePagesAndTurnsThem) {
     for (const QString& zoom : {u"CmdZoomIn"_s, u"CmdZoomOut"_s, u"CmdFitPage"_s, u"CmdFitWidth"_s})
       Press(window, zoom);
     EXPECT_EQ(UnnamedControls(window), QStringList());
+  });
+}
+
+// A bar that comes and goes with pages as wide as the view would have them grow and shrink without end.
+TEST_P(PreviewTest, HasItsScrollBarAlways) {
+  InPreview(Request(u"Lwdj"_s, u"RegID = 1"_s), [](QWidget& window) {
+    const auto* pages = Find<QPrintPreviewWidget>(window, u"View"_s).findChild<QGraphicsView*>();
+    ASSERT_TRUE(pages);
+    EXPECT_EQ(pages->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
   });
 }
 
