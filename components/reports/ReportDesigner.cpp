@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPrintPreviewWidget>
 #include <QScreen>
 #include <QSplitter>
 #include <QTimer>
@@ -35,7 +36,7 @@ ReportDesigner::ReportDesigner(const ReportRequest& request)
       printer_(QPrinter::HighResolution),
       choices_(new QTreeWidget(this)),
       text_(new QPlainTextEdit(this)),
-      view_(new PageView(&printer_, this)),
+      view_(NewPageView(printer_, this)),
       state_(new QLabel(this)),
       pause_(new QTimer(this)) {
   const auto text = ReadTemplate(request.reportId);

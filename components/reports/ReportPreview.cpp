@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPrintDialog>
+#include <QPrintPreviewWidget>
 #include <QScreen>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -40,7 +41,7 @@ ReportPreview::ReportPreview(const ReportRequest& request, LaidOutReport report)
       request_(request),
       report_(std::move(report)),
       printer_(QPrinter::HighResolution),
-      view_(new PageView(&printer_, this)),
+      view_(NewPageView(printer_, this)),
       page_(new QLabel(this)) {
   setObjectName(u"ReportPreview"_s);
   setWindowTitle(report_.title);
