@@ -129,23 +129,30 @@ void OdbcDriver::Read(const NativeStatement& native, std::vector<ColumnInfo>& co
 // A varchar without a length cannot be told from varchar(255) by its description; the table's own columns can.
 void OdbcDriver::FindWidths(OdbcStatement& statement, std::vector<OdbcColumn>& columns) {
   if (dialect_ != DialectKind::PostgreSql) return;
-  QHash<QByteArray, std::optional<TableInfo>> tables;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     ColumnInfo& column = columns[i].info;
     if (column.type != AdoType::VarChar || column.definedSize != kWidthOfNoLength) continue;
     column.definedSize = 2147483647;
     const QByteArray table = BaseName(statement, i, SQL_DESC_BASE_TABLE_NAME);
     if (table.isEmpty()) continue;
-    if (!tables.contains(table)) tables.insert(table, DescribePostgresTable(*this, QString::fromUtf8(table)));
-    const std::optional<TableInfo>& info = tables[table];
+    const std::optional<TableInfo>& info = Described(table);
     const int index = info ? info->IndexOf(QString::fromUtf8(BaseName(statement, i, SQL_DESC_BASE_COLUMN_NAME))) : -1;
     if (index >= 0) column.definedSize = info->columns[size_t(index)].definedSize;
   }
 }
 
+// A description takes longer than most statements. It is asked for anew where the one of the layer above is.
+const std::optional<TableInfo>& OdbcDriver::Described(const QByteArray& table) {
+  const QString name = QString::fromUtf8(table).toLower();
+  if (!described_.contains(name)) Describe(name);
+  return described_[name];
+}
+
 std::optional<TableInfo> OdbcDriver::Describe(const QString& table) {
-  if (dialect_ == DialectKind::PostgreSql) return DescribePostgresTable(*this, table);
-  return Run([&] { return DescribeOdbcTable(connection_, table); });
+  if (dialect_ != DialectKind::PostgreSql) return Run([&] { return DescribeOdbcTable(connection_, table); });
+  std::optional<TableInfo> info = DescribePostgresTable(*this, table);
+  described_.insert(table.toLower(), info);
+  return info;
 }
 
 QByteArray OdbcDriver::PinyinCollation() {

@@ -38,6 +38,7 @@ class OdbcDriver final : public Driver {
   OdbcStatement& Prepared(const QByteArray& text);
   void ExecuteOnce(const char* text);
   void FindWidths(OdbcStatement& statement, std::vector<OdbcColumn>& columns);
+  const std::optional<TableInfo>& Described(const QByteArray& table);
   void CheckEncoding();
   void LeaveTransaction();
   void CheckConnection(SQLRETURN outcome);
@@ -49,6 +50,7 @@ class OdbcDriver final : public Driver {
   bool failedInTransaction_ = false;
   bool autocommitWasOn_ = false;
   QHash<QByteArray, std::shared_ptr<OdbcStatement>> prepared_;
+  QHash<QString, std::optional<TableInfo>> described_;  ///< by the table's name in small letters, as last described
 };
 
 /// The dialect of a server by its name (SQL_DBMS_NAME). @throws DataError Usage for a server of another kind
