@@ -64,7 +64,7 @@ class Measuring {
     const QString database = folder_.filePath(u"%1.db"_s.arg(rows));
     if (!QFile::exists(database)) {
       MakeSqliteTable(database, rows);
-      if (rows >= 10'000) MakePostgresTable(rows);
+      if (qEnvironmentVariableIsSet("FOLVANE_TEST_PG")) MakePostgresTable(rows);
     }
     return MeasureApart(name, rows, database);
   }
