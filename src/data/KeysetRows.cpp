@@ -191,7 +191,7 @@ void KeysetRows::Place(const std::vector<RowId>& rows, std::size_t from) const {
 
 void KeysetRows::EachCell(const std::vector<int>& columns, const Visit& visit) const {
   const bool inKey = std::all_of(columns.begin(), columns.end(), [this](int column) { return KeyPlace(column) >= 0; });
-  inKey ? EachUnreadKey(columns, visit) : EachUnread(columns, visit);
+  inKey ? EachKeyAlone(columns, visit) : EachUnread(columns, visit);
   std::vector<Cell> cells(columns.size());
   for (RowId row = 0; row < RowCount(); ++row) {
     if (!IsRead(row) || IsGone(row)) continue;
@@ -200,10 +200,10 @@ void KeysetRows::EachCell(const std::vector<int>& columns, const Visit& visit) c
   }
 }
 
-void KeysetRows::EachUnreadKey(const std::vector<int>& columns, const Visit& visit) const {
+void KeysetRows::EachKeyAlone(const std::vector<int>& columns, const Visit& visit) const {
   std::vector<Cell> cells(columns.size());
   for (RowId row = 0; row < RowCount(); ++row) {
-    if (IsRead(row)) continue;
+    if (IsRead(row) && !IsGone(row)) continue;
     for (std::size_t i = 0; i < columns.size(); ++i) cells[i] = keys_->At(row, KeyPlace(columns[i]));
     visit(row, cells.data());
   }

@@ -13,9 +13,9 @@ namespace folvane {
 class DatabaseSession;
 class KeyIndex;
 
-/// The rows of one table by their keys, read as they were when the keys were: which rows there are, and in which order.
-/// A row itself is read when it is looked at for the first time, and kept; what memory does not hold of them lies in a
-/// temporary file.
+/// The rows of one table, known by their keys, which say what rows there are and in which order. A row itself is read
+/// when it is looked at for the first time, and kept; what memory is not to hold of the rows read lies in a temporary
+/// file.
 class KeysetRows final : public StoredRows {
  public:
   /// Reads the first rows, which tell the columns as well. There are none where rows cannot be read again by the keys,
@@ -51,7 +51,7 @@ class KeysetRows final : public StoredRows {
   void Place(const std::vector<RowId>& rows, std::size_t from) const;
   void TakeColumns(const std::vector<ColumnInfo>& columns);
   void EachUnread(const std::vector<int>& columns, const Visit& visit) const;
-  void EachUnreadKey(const std::vector<int>& columns, const Visit& visit) const;
+  void EachKeyAlone(const std::vector<int>& columns, const Visit& visit) const;
   bool HasKey(RowId row, const Cell* key) const;
   std::optional<RowId> FindKey(const Cell* key) const;
 

@@ -112,7 +112,7 @@ qint64 RecordsetState::Find(const Condition& condition, qint64 from, SearchDirec
   for (; near-- > 0 && p >= 0 && p < view.Count() && rows.IsAtHand(view.At(p), column); p += forward ? 1 : -1)
     if (holdsAt(view.At(p))) return p;
   if (p < 0 || p >= view.Count()) return -1;
-  if (rows.Store().AreDistinct(column) && rows.GivenIn(column).empty()) {
+  if (key && rows.Store().AreDistinct(column) && rows.GivenIn(column).empty()) {
     // So is what was looked at last, and it is the only one.
     for (qint64 at = std::max<qint64>(page_.begin, 0); at < std::min(page_.end, view.Count()); ++at)
       if ((forward ? at >= p : at <= p) && holdsAt(view.At(at))) return at;
@@ -131,7 +131,7 @@ qint64 RecordsetState::Find(const Condition& condition, qint64 from, SearchDirec
     return best;
   }
   const auto consider = [&](RowId row) {
-    if (!isNearer(row) || !rows.IsLive(row) || !holdsAt(row)) return false;
+    if (!isNearer(row) || !holdsAt(row)) return false;
     best = view.PositionOf(row);
     // In the order read the first hit forwards is the nearest.
     return forward && !view.List();

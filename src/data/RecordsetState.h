@@ -29,7 +29,10 @@ class RecordsetState {
   /// The row at a position, for a look at a column. A row that was not read yet is read with its neighbours in view.
   /// @throws DataError where it cannot be read
   RowId SeenRow(qint64 position, int column) const;
-  RowId SeenRow(int column) const { return CurrentRow(), SeenRow(position_, column); }
+  RowId SeenRow(int column) const {
+    CurrentRow();
+    return SeenRow(position_, column);
+  }
   /// The current row, for whatever takes it for one that is there. @throws DataError as above, Conflict where it is
   /// gone
   RowId LivingRow() const;

@@ -125,7 +125,7 @@ void Rows::Each(const std::vector<int>& columns, Visit visit) const {
   RowId from = 0;
   if (!store_->IsWhole()) {
     store_->EachCell(columns, [&](RowId row, const Cell* cells) {
-      if (Change(row)) return visitNow(row);
+      if (Change(row) || store_->IsGone(row)) return visitNow(row);
       visit(row, [&](int column) {
         const auto place = std::find(columns.begin(), columns.end(), column) - columns.begin();
         return DecodeCell(cells[place], columns_[std::size_t(column)]);

@@ -52,8 +52,9 @@ class StoredRows {
   /// Has a row's cells be others from now on, where rows are kept one by one. @return whether they are
   virtual bool Rewrite(RowId, const Cell*) { return false; }
 
-  /// Calls visit with every row that is not gone and its cells of these columns, in any order. Of rows that were not
-  /// read yet no more than the columns is read, and not kept. @throws DataError
+  /// Calls visit with every row and its cells of these columns, in any order; with one that is gone where the columns
+  /// are of its key alone. Of rows that were not read yet no more than the columns is read, and not kept. @throws
+  /// DataError
   using Visit = std::function<void(RowId row, const Cell* cells)>;
   virtual void EachCell(const std::vector<int>& columns, const Visit& visit) const;
 };

@@ -46,6 +46,20 @@ TEST_P(KeysetsMeanwhile, NothingTakesARowThatIsGoneForOneThatIsThere) {
   EXPECT_EQ(Database().Value(u"SELECT count(*) FROM papers"_s), u"999"_s);
 }
 
+// A search that found nothing would leave a command to take the first row for it.
+TEST_P(KeysetsMeanwhile, ASearchByKeyFindsARowThatIsKnownToBeGone) {
+  Meanwhile(u"DELETE FROM papers WHERE id = 500"_s);
+  records_->SetAbsolutePosition(500);
+  EXPECT_EQ(Text(u"title"_s), QString());
+  for (const int id : {900, 100, 700, 500}) {
+    records_->MoveFirst();
+    records_->Find(u"id = %1"_s.arg(id));
+    EXPECT_EQ(records_->AbsolutePosition(), id);
+    Text(u"title"_s);
+  }
+  EXPECT_EQ(records_->EditMode(), EditModeKind::Delete);
+}
+
 TEST_P(KeysetsMeanwhile, StepsPassOverRowsThatAreGone) {
   Meanwhile(u"DELETE FROM papers WHERE id BETWEEN 200 AND 399 OR id > 990"_s);
   records_->SetAbsolutePosition(199);

@@ -24,6 +24,10 @@ class InFlowWindow : public CommandIn<FlowWindowTest> {
 
  protected:
   void InWindow(const WindowSteps& steps) { Open(flow_.window, steps); }
+  /// Tries what arms the trial by itself.
+  void TryInWindow(Trial& trial, const WindowSteps& act) {
+    InWindow([&](QWidget& window) { trial.TryFromArm([&] { act(window); }); });
+  }
   /// Fills a dialog in and saves it, from where the statements count.
   static void Save(Trial& trial, const QString& dialog, const QString& box, const QString& text) {
     WithWindow(dialog, [&trial, box, text](QWidget& shown) {
@@ -35,13 +39,11 @@ class InFlowWindow : public CommandIn<FlowWindowTest> {
   /// Where the disk was gone for as long as the step was taken back, the sheet shown is not the one stored: doing it
   /// again begins with all sheets shown anew.
   void TakeStep(Trial& trial, const QString& command) {
-    InWindow([&](QWidget& window) {
-      bool isRepeated = false;
-      trial.TryFromArm([&] {
-        if (std::exchange(isRepeated, true)) Command(window, u"mnuShowAll"_s).trigger();
-        trial.Arm();
-        Command(window, command).trigger();
-      });
+    bool isRepeated = false;
+    TryInWindow(trial, [&](QWidget& window) {
+      if (std::exchange(isRepeated, true)) Command(window, u"mnuShowAll"_s).trigger();
+      trial.Arm();
+      Command(window, command).trigger();
     });
   }
   const Flow& flow_;
@@ -72,12 +74,10 @@ class LineAdded : public InFlowWindow {
     design_->Run(u"delete from "_s + flow_.detailTable);
   }
   void Work(Trial& trial) override {
-    InWindow([&](QWidget& window) {
-      trial.TryFromArm([&] {
-        Click(*Details(window).viewport());
-        Save(trial, flow_.detailDialog, u"CboUnit"_s, u"财务科"_s);
-        Key(window, u"NEW"_s).trigger();
-      });
+    TryInWindow(trial, [&](QWidget& window) {
+      Click(*Details(window).viewport());
+      Save(trial, flow_.detailDialog, u"CboUnit"_s, u"财务科"_s);
+      Key(window, u"NEW"_s).trigger();
     });
   }
 };
@@ -86,11 +86,9 @@ class LineChanged : public InFlowWindow {
  public:
   using InFlowWindow::InFlowWindow;
   void Work(Trial& trial) override {
-    InWindow([&](QWidget& window) {
-      trial.TryFromArm([&] {
-        Save(trial, flow_.detailDialog, u"CboUnit"_s, u"财务科"_s);
-        DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
-      });
+    TryInWindow(trial, [&](QWidget& window) {
+      Save(trial, flow_.detailDialog, u"CboUnit"_s, u"财务科"_s);
+      DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
     });
   }
 };
@@ -99,12 +97,10 @@ class LineDeleted : public InFlowWindow {
  public:
   using InFlowWindow::InFlowWindow;
   void Work(Trial& trial) override {
-    InWindow([&](QWidget& window) {
-      trial.TryFromArm([&] {
-        ClickGrid(Details(window), 0);
-        trial.Arm();
-        Key(window, u"DELETE"_s).trigger();
-      });
+    TryInWindow(trial, [&](QWidget& window) {
+      ClickGrid(Details(window), 0);
+      trial.Arm();
+      Key(window, u"DELETE"_s).trigger();
     });
   }
 };
@@ -113,12 +109,10 @@ class SheetChanged : public InFlowWindow {
  public:
   using InFlowWindow::InFlowWindow;
   void Work(Trial& trial) override {
-    InWindow([&](QWidget& window) {
-      trial.TryFromArm([&] {
-        ClickGrid(Heads(window), 0);
-        Save(trial, flow_.headDialog, u"TxtNote"_s, u"急"_s);
-        Key(window, u"MODIFY"_s).trigger();
-      });
+    TryInWindow(trial, [&](QWidget& window) {
+      ClickGrid(Heads(window), 0);
+      Save(trial, flow_.headDialog, u"TxtNote"_s, u"急"_s);
+      Key(window, u"MODIFY"_s).trigger();
     });
   }
 };
@@ -127,12 +121,10 @@ class SheetDeleted : public InFlowWindow {
  public:
   using InFlowWindow::InFlowWindow;
   void Work(Trial& trial) override {
-    InWindow([&](QWidget& window) {
-      trial.TryFromArm([&] {
-        ClickGrid(Heads(window), 0);
-        trial.Arm();
-        Key(window, u"DELETE"_s).trigger();
-      });
+    TryInWindow(trial, [&](QWidget& window) {
+      ClickGrid(Heads(window), 0);
+      trial.Arm();
+      Key(window, u"DELETE"_s).trigger();
     });
   }
 };
