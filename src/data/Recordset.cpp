@@ -282,6 +282,21 @@ void Recordset::Resync(AffectKind affect) {
   }
 }
 
+std::vector<QVariant> Recordset::OriginalValues() const {
+  const RecordsetState& state = Opened(state_);
+  const RowId row = state.LivingRow();
+  std::vector<QVariant> values(state.rows.Columns().size());
+  for (std::size_t i = 0; i < values.size(); ++i) values[i] = state.rows.Original(row, int(i));
+  return values;
+}
+
+void Recordset::TakeForStored(const std::vector<QVariant>& values) {
+  RecordsetState& state = Opened(state_);
+  const RowId row = state.CurrentRow();
+  state.rows.Refresh(row, values);
+  if (state.edit && state.edit->row == row) state.edit.reset();
+}
+
 qint64 Recordset::PendingCount() const { return qint64(Opened(state_).rows.PendingRows().size()); }
 
 }  // namespace folvane

@@ -174,6 +174,12 @@ class Recordset {
   /// Reads rows again by key, the current one or all, dropping their pending changes.
   void Resync(AffectKind affect = AffectKind::Current);
 
+  /// What the database has in the current row's columns, as far as is known here.
+  std::vector<QVariant> OriginalValues() const;
+  /// Takes the current row for one that has these values in the database: where what was written is rolled back and
+  /// the row cannot be read again.
+  void TakeForStored(const std::vector<QVariant>& values);
+
   /// Rows with changes that are not yet written.
   qint64 PendingCount() const;
 

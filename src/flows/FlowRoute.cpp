@@ -2,8 +2,6 @@
 
 #include <folvane/DataError.h>
 
-#include "base/IgnoreErrors.h"
-#include "data/OneTransaction.h"
 #include "data/Recordset.h"
 #include "flows/RouteNodes.h"
 #include "shell/SharedState.h"
@@ -63,16 +61,6 @@ void FlowRoute::RequireUnchanged() {
                       sheets_.Head(sheets_.Kind().statusColumn)));
 }
 
-template <typename Work>
-void FlowRoute::WriteTogether(Work&& work) {
-  try {
-    InOneTransaction(*SharedConnection(), std::forward<Work>(work));
-  } catch (const std::exception&) {
-    IgnoreErrors([&] { sheets_.ResyncHead(); });
-    throw;
-  }
-}
-
 // The members of a node are added to the trail of those whom the head has reached.
 void FlowRoute::Reach(Recordset& flow, const QString& number, const QString& members, const QString& status) {
   flow[u"CurrNode"_s].SetValue(number);
@@ -95,7 +83,7 @@ void FlowRoute::StartRead() {
   }
   const QString members = node[u"Node_Member"_s].Text();
   const bool createsDetails = dialogue_.Confirm(words.detailQuestion);
-  WriteTogether([&] {
+  sheets_.WriteTogether([&] {
     flow[u"IsCreateDetails"_s].SetValue(createsDetails ? u"1"_s : u"0"_s);
     if (createsDetails) sheets_.InsertRouteDetail(members);
     Reach(flow, u"1"_s, members, sheets_.Kind().running);
@@ -124,7 +112,7 @@ void FlowRoute::NextRead() {
   if (node.EOF_()) return End(flow);
   const QString members = node[u"Node_member"_s].Text();
   const bool createsDetails = flow[u"IsCreateDetails"_s].Text() == u"1"_s;
-  WriteTogether([&] {
+  sheets_.WriteTogether([&] {
     if (createsDetails) sheets_.InsertRouteDetail(members);
     Reach(flow, next, members, {});
   });
@@ -133,7 +121,7 @@ void FlowRoute::NextRead() {
 
 void FlowRoute::End(Recordset& flow) {
   dialogue_.Warn(sheets_.Kind().route.end);
-  WriteTogether([&] {
+  sheets_.WriteTogether([&] {
     if (!flow.EOF_()) Write(flow);
     sheets_.WriteHead({{sheets_.Kind().statusColumn, sheets_.Kind().ended}});
   });

@@ -38,8 +38,6 @@ class FlowRoute {
   void Reach(Recordset& flow, const QString& number, const QString& members, const QString& status);
   void Write(Recordset& records) const;
   void RequireUnchanged();
-  template <typename Work>
-  void WriteTogether(Work&& work);
   void End(Recordset& flow);
 
   FlowSheets& sheets_;

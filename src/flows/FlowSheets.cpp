@@ -21,6 +21,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kGreatestSerial = 32767;
+const QString kNotAsRead = u"其他用户刚刚更改或删除了它。"_s;
 
 QString Quoted(const QString& text) { return u'\'' + text + u'\''; }
 QString DateOr(const QString& date, const QString& null) { return date.isEmpty() ? null : Quoted(date); }
@@ -30,6 +31,10 @@ qint64 Execute(const QString& statement) { return SharedConnection()->Execute(st
 void Open(Recordset& records, const QString& statement) {
   if (records.IsOpen()) records.Close();
   records.Open(statement, SharedConnection());
+}
+
+QString ChangedSentence(const QString& changes) {
+  return changes.isEmpty() ? changes : u"其他用户刚刚作了更改（%1）。"_s.arg(changes);
 }
 
 [[noreturn]] void RefuseSerial(const QString& serial) {
@@ -203,6 +208,16 @@ SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) 
   });
 }
 
+QString FlowSheets::TakeDetailChanges() {
+  const DetailValues before = ReadDetail();
+  return IsGone(details_) ? kNotAsRead : ChangedSentence(ChangesInWords(flow_, before, ReadDetail()));
+}
+
+QString FlowSheets::TakeHeadChanges() {
+  const HeadValues before = ReadHead();
+  return IsGone(heads_) ? kNotAsRead : ChangedSentence(ChangesInWords(flow_, before, ReadHead()));
+}
+
 void FlowSheets::WriteHead(const std::vector<std::pair<QString, QString>>& values) {
   try {
     for (const auto& [field, text] : values) heads_[field].SetValue(text);
@@ -211,6 +226,16 @@ void FlowSheets::WriteHead(const std::vector<std::pair<QString, QString>>& value
   } catch (const std::exception&) {
     heads_.CancelBatch();
     IgnoreErrors([&] { ResyncHead(); });
+    throw;
+  }
+}
+
+void FlowSheets::WriteTogether(const std::function<void()>& work) {
+  const std::vector<QVariant> before = heads_.OriginalValues();
+  try {
+    InOneTransaction(*SharedConnection(), work);
+  } catch (const std::exception&) {
+    if (!IgnoreErrors([&] { ResyncHead(); })) heads_.TakeForStored(before);
     throw;
   }
 }

@@ -42,6 +42,9 @@ class FlowSheets {
 
   /// Reads the current head again by its key. @throws DataError Conflict where it is gone
   void ResyncHead() { heads_.Resync(); }
+  /// Has what the work writes stand or fall together. Where it falls, the head is again what it was before, also when
+  /// the database cannot be reached any more. @throws what the work throws
+  void WriteTogether(const std::function<void()>& work);
 
   bool HasHeads() const { return heads_.IsOpen() && heads_.RecordCount() > 0; }
   bool IsOnHead() const { return heads_.IsOpen() && !heads_.BOF() && !heads_.EOF_(); }
@@ -72,6 +75,9 @@ class FlowSheets {
 
   HeadValues ReadHead() const;
   SaveOutcome UpdateHead(const HeadValues& values, HeadValues& shown);
+  /// Reads the current detail or head again. Answers what another user has done to it, in a sentence, "" for nothing.
+  QString TakeDetailChanges();
+  QString TakeHeadChanges();
   /// Writes fields of the current head at once. What fails is not pending any more, and the head is read again.
   void WriteHead(const std::vector<std::pair<QString, QString>>& values);
 

@@ -36,12 +36,8 @@ class InFlowWindow : public CommandIn<FlowWindowTest> {
       Click(Find<QWidget>(shown, u"cmdSave"_s));
     });
   }
-  /// Where the disk was gone for as long as the step was taken back, the sheet shown is not the one stored: doing it
-  /// again begins with all sheets shown anew.
   void TakeStep(Trial& trial, const QString& command) {
-    bool isRepeated = false;
     TryInWindow(trial, [&](QWidget& window) {
-      if (std::exchange(isRepeated, true)) Command(window, u"mnuShowAll"_s).trigger();
       trial.Arm();
       Command(window, command).trigger();
     });
