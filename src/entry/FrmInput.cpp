@@ -61,9 +61,9 @@ void FrmInput::CancelEdit() {
 void FrmInput::DelRecord() {
   StoreTyped();
   if (SwitchToEditing() || !HasRecord()) return;
-  if (ShowMessage(u"确实要删除当前的记录及相关原文吗？"_s, MessageFlag::YesNo + MessageFlag::Information,
-                  windowTitle()) != Answer::Yes)
-    return;
+  const QStringList changed = lifecycle_->TakeChanges();
+  if (!changed.isEmpty()) form_->Binding().ShowRow();
+  if (ShowMessage(DeleteQuestion(changed, lifecycle_->Layout(), windowTitle())) != Answer::Yes) return;
   const QString left = DeleteOriginalsAndTell(u" Where RecordID = '"_s + lifecycle_->CurrentKey() + u"'"_s);
   try {
     lifecycle_->Delete();

@@ -108,6 +108,11 @@ RecordLifecycle::Theirs RecordLifecycle::TakeTheirs() {
   return theirs;
 }
 
+QStringList RecordLifecycle::TakeChanges() {
+  TakeTheirs();
+  return std::exchange(contested_, {});
+}
+
 void RecordLifecycle::TakeNewKey() { records_[kKey].SetValue(CreateName()); }
 
 void RecordLifecycle::Cancel() {

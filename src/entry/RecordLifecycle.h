@@ -54,6 +54,8 @@ class RecordLifecycle {
   /// Reads the record again under what was changed here, after a conflict: of that nothing is lost, the rest becomes
   /// what the other has saved. Write then goes over what was read here, and over nothing newer.
   Theirs TakeTheirs();
+  /// Reads a record again that is not being edited. Answers the columns that others have changed meanwhile.
+  QStringList TakeChanges();
   /// Gives a record that is being added another key.
   void TakeNewKey();
   /// The columns that others were found to have changed since the edit began; until it is written or dropped.
@@ -79,6 +81,8 @@ class RecordLifecycle {
 
   /// Has the registration number follow a field. Answers whether it was written.
   bool Follow(const TypedField& field);
+  /// Whether the registration number that the rule gave this record is another's too.
+  bool SharesRegId() const { return rule_.Computes() && IsRegIdShared(records_, rule_); }
   void SetUseSign(bool useSign) { rule_.useSign = useSign; }
 
  private:

@@ -93,13 +93,23 @@ bool RecordSave::PassesRules() {
 bool RecordSave::Write() {
   if (!MayOverwrite()) return false;
   form_.ShowWork(u"正在保存数据，请稍等..."_s);
+  const bool isNew = lifecycle_.State() == RecordState::Add;
   try {
     form_.WhileBusy([this] { lifecycle_.Write(); });
   } catch (const DataError& error) {
     return MayWriteAgain(error) && Write();
   }
   form_.ShowSaved();
+  if (isNew) NoteSharedNumber();
   return true;
+}
+
+// The record is saved, whatever becomes of this.
+void RecordSave::NoteSharedNumber() {
+  IgnoreErrors([this] {
+    if (!lifecycle_.SharesRegId()) return;
+    form_.ShowNote(u"登记号 %1 已有另一条记录使用，请核对"_s.arg(lifecycle_.Records()[u"RegID"_s].Text()));
+  });
 }
 
 bool RecordSave::MayOverwrite() {

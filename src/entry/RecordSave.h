@@ -66,6 +66,7 @@ class RecordSave {
   bool PassesChecks();
   bool PassesRules();
   bool Write();
+  void NoteSharedNumber();
   bool MayOverwrite();
   bool MayWriteAgain(const DataError& error);
   /// Takes over what someone else has made of the record. Answers whether it can be written, once the user agrees.

@@ -3,10 +3,12 @@
 #include <QDateTime>
 
 #include "base/TypedValues.h"
+#include "data/DatabaseSession.h"
 #include "data/ValueText.h"
 #include "forms/EntryLayout.h"
 #include "records/RecordStatement.h"
 #include "shell/Lookups.h"
+#include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
 namespace folvane {
@@ -61,6 +63,23 @@ int NextRegId(const RegIdRule& rule, const QString& fieldName, const QString& pr
   const QVariant greatest =
       GetMaxValue(u"RegID"_s, condition.isEmpty() ? rule.table : rule.table + u" Where "_s + condition);
   return ToInteger(QString::number(qint64(ToInteger(ValueText(greatest))) + 1));
+}
+
+bool IsRegIdShared(const Recordset& records, const RegIdRule& rule) {
+  const QString number = records[u"RegID"_s].Text();
+  if (!rule.Computes() || rule.formula == RegFormula::DocNo || number.isEmpty()) return false;
+  QString condition;
+  if (rule.formula == RegFormula::BrowserCondition) {
+    condition = Condition(rule, {}, {});
+  } else {
+    const QString field = CountsByCreatedDate(rule.formula) ? u"CreatedDate"_s : u"FileDate"_s;
+    condition = Condition(rule, field, YearOf(records[field].Text()));
+  }
+  const QString same = u" Where RegID = '"_s + EscapeSql(number) + u'\'';
+  const QString within = condition.isEmpty() ? QString() : u" And ("_s + condition + u')';
+  return DatabaseSession::Of(*SharedConnection())
+             .FetchUntold(u"Select RegID From "_s + rule.table + same + within, TextOrder::Plain)
+             .rows->RowCount() > 1;
 }
 
 QString RunningNumberIn(const QString& docNo, bool useSign) {

@@ -37,6 +37,10 @@ struct RegIdRule {
 /// @throws DataError, NumberError
 int NextRegId(const RegIdRule& rule, const QString& fieldName, const QString& prefix);
 
+/// Whether the number of the current record stands in another record of the same year or scope too: nothing keeps two
+/// who add a record at once from the same number. @throws DataError
+bool IsRegIdShared(const Recordset& records, const RegIdRule& rule);
+
 /// The digits of a document number between the year's closing bracket and the first 号; "" when it has none there.
 QString RunningNumberIn(const QString& docNo, bool useSign);
 

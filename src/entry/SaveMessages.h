@@ -10,7 +10,8 @@
 
 namespace folvane {
 
-// What a save tells or asks the user about a record that the database has not taken, under a title.
+// What the user is told or asked, under a title, about a record that the database has not taken or that others have
+// changed.
 
 /// Why the record was refused: the field by its caption in the table's form.
 MessageRequest RefusalMessage(const QString& table, const DataError& error, const QString& title);
@@ -35,6 +36,9 @@ std::vector<FieldConflict> ConflictsIn(const Recordset& records, const QStringLi
 
 /// Whether the user wants to save his values over those of the other, which it lists.
 MessageRequest OverwriteQuestion(const std::vector<FieldConflict>& conflicts, const QString& title);
+
+/// Whether the current record is to be deleted, of which others have changed these columns.
+MessageRequest DeleteQuestion(const QStringList& changed, const EntryLayout& layout, const QString& title);
 
 /// The record that the user has edited is gone.
 MessageRequest DeletionMessage(const QString& title);

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QTableView>
 
+#include "base/IgnoreErrors.h"
 #include "flows/FlowCommands.h"
 #include "flows/FlowDialogs.h"
 #include "flows/RouteDialogs.h"
@@ -169,8 +170,8 @@ void FlowWindow::ModifyDetail() {
   ShowDetails();
 }
 
-bool FlowWindow::Confirm(const QString& question) const {
-  return ShowMessage(question, MessageFlag::YesNo + MessageFlag::Information, windowTitle()) == Answer::Yes;
+bool FlowWindow::Confirm(const QString& question, const QString& note) const {
+  return ShowMessage({question, MessageFlag::YesNo + MessageFlag::Information, windowTitle(), note}) == Answer::Yes;
 }
 
 void FlowWindow::DeleteCurrent() {
@@ -179,7 +180,9 @@ void FlowWindow::DeleteCurrent() {
     ShowMessage(u"当前数据已为空,无法继续删除!"_s, MessageFlag::Information, windowTitle());
     return;
   }
-  if (!Confirm(isHead ? flow_.deleteQuestion : u"确实要删除当前的处理明细记录吗？"_s)) return;
+  QString changes;
+  IgnoreErrors([&] { changes = isHead ? sheets_.TakeHeadChanges() : sheets_.TakeDetailChanges(); });
+  if (!Confirm(isHead ? flow_.deleteQuestion : u"确实要删除当前的处理明细记录吗？"_s, changes)) return;
   const QString failed = isHead ? sheets_.DeleteHead() : sheets_.DeleteDetail();
   if (!failed.isEmpty()) status_->ShowFailure(failed);
   ShowHeads();

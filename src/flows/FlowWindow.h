@@ -79,7 +79,7 @@ class FlowWindow : public QMainWindow {
   void ThenShowHead(const std::function<void()>& work);
   void ShowRoute();
   void ShowPosition();
-  bool Confirm(const QString& question) const;
+  bool Confirm(const QString& question, const QString& note = {}) const;
 
   const Flow& flow_;
   FlowSheets sheets_;

@@ -239,6 +239,19 @@ TEST_P(RecordSaveTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
   EXPECT_EQ(Stored(u"Amaintitle"_s), u"第三人"_s);
 }
 
+TEST_P(RecordSaveTest, TellsOfANumberThatAnotherRecordHasGotMeanwhile) {
+  lifecycle_.emplace(OpenRecords(),
+                     LifecycleStart{layout_, {{}}, {u"Lwdj"_s, RegFormula::BrowserCondition, {}, {}, true}}, 1);
+  lifecycle_->StartNewRecord(false);
+  OtherRuns(u"Update Lwdj Set RegID = 1 Where ArchiveID = '2'"_s);
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(form_.note, u"登记号 1 已有另一条记录使用，请核对"_s);
+  EXPECT_TRUE(form_.said.empty());
+  lifecycle_->StartNewRecord(false);
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(form_.note, QString());
+}
+
 TEST_P(RecordSaveTest, TellsThatTheRecordIsGone) {
   Edit(kTitleBox, u"我的"_s);
   OtherRuns(u"Delete From Lwdj Where ArchiveID='1'"_s);

@@ -92,6 +92,28 @@ TEST_P(RegIdRuleTest, ComputesNothingUnderRulesZeroAndOne) {
   EXPECT_TRUE(TakeStatements().isEmpty());
 }
 
+TEST_P(RegIdRuleTest, ANumberIsSharedWithinItsYearOrScope) {
+  AddThreeRecords();
+  Add(u"4"_s, 20, u"2002-07-08"_s, u"F2"_s);
+  Add(u"5"_s, 9, u"2002-07-08"_s);
+  Add(u"6"_s, 4, u"2002-07-08"_s);
+  Recordset& records = OpenRecords();
+  const auto shares = [&](const QString& key, int formula) {
+    records.MoveFirst();
+    records.Find(u"ArchiveID = '%1'"_s.arg(key));
+    return IsRegIdShared(records, Rule(formula));
+  };
+  EXPECT_TRUE(shares(u"5"_s, RegFormula::CreatedDate));
+  EXPECT_TRUE(shares(u"5"_s, RegFormula::FileDate));
+  EXPECT_FALSE(shares(u"5"_s, RegFormula::CreatedDateAndRights)) << "the other is of another fonds";
+  EXPECT_FALSE(shares(u"4"_s, RegFormula::CreatedDate)) << "the other is of another year";
+  EXPECT_TRUE(shares(u"6"_s, RegFormula::BrowserCondition));
+  EXPECT_FALSE(shares(u"5"_s, RegFormula::BrowserCondition)) << "the list has none of that number";
+  EXPECT_FALSE(shares(u"5"_s, RegFormula::DocNo));
+  EXPECT_FALSE(shares(u"5"_s, RegFormula::AutoNumber));
+  EXPECT_TRUE(TakeStatements().filter(u"RegID ="_s).isEmpty()) << "the host is not told of it";
+}
+
 TEST_P(RegIdRuleTest, FollowsADocumentNumberInAnyState) {
   Recordset& records = OpenRecords();
   records.AddNew();

@@ -87,6 +87,21 @@ TEST_P(TwoClerksTest, KeepsWhatWasTypedWhenTheOtherHasDeletedTheRecord) {
   EXPECT_EQ(Value(u"select count(*) from Lwdj where Amaintitle = '别的'"_s), u"1"_s);
 }
 
+TEST_P(TwoClerksTest, TellsBeforeADeletionWhatTheOtherHasChanged) {
+  InWindow([&](const Input& input) {
+    OtherSaves(u"Amaintitle"_s, u"对方题名"_s);
+    boxes_.Answer(Answer::No);
+    input.Do(u"DelRecord"_s);
+    EXPECT_EQ(boxes_.Last().text, u"确实要删除当前的记录及相关原文吗？"_s);
+    EXPECT_EQ(boxes_.Last().note, u"其他用户刚刚修改了该记录：题名。界面上显示的是修改后的内容。"_s);
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"对方题名"_s);
+    boxes_.Answer(Answer::Yes);
+    input.Do(u"DelRecord"_s);
+    EXPECT_EQ(boxes_.Last().note, QString());
+  });
+  EXPECT_EQ(Value(u"select count(*) from Lwdj"_s), u"1"_s);
+}
+
 TEST_P(TwoClerksTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
   InWindow([&](const Input& input) {
     input.Retype(u"Txt(1)"_s, u"我的题名"_s);

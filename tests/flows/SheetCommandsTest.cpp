@@ -197,6 +197,28 @@ TEST_P(SheetCommandsTest, DeletingAsksAndGoesByTheActiveGrid) {
   });
 }
 
+TEST_P(SheetCommandsTest, ADeletionTellsWhatAnotherUserHasChanged) {
+  AddHeads(Circulation(), 1);
+  AddDetail(Circulation(), K(1), 1, u"a"_s);
+  AddDetail(Circulation(), K(1), 2, u"b"_s);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    const auto noteOf = [&](const QString& statement, QTableView& grid, int row) {
+      ClickGrid(grid, row);
+      Database().Native(statement);
+      boxes_.Answer(7);
+      Key(window, u"DELETE"_s).trigger();
+      return boxes_.Last().note;
+    };
+    EXPECT_EQ(noteOf(u"update PassRead_Details set Lead_Unit='c' where File_ID=1"_s, Details(window), 0),
+              u"其他用户刚刚作了更改（审阅单位/领导由“a”改为“c”）。"_s);
+    EXPECT_EQ(noteOf(u"delete from PassRead_Details where File_ID=2"_s, Details(window), 1),
+              u"其他用户刚刚更改或删除了它。"_s);
+    EXPECT_EQ(noteOf(u"update PassRead_File set Note='等'"_s, Heads(window), 0),
+              u"其他用户刚刚作了更改（备注由“”改为“等”）。"_s);
+    EXPECT_EQ(noteOf(u"select 1"_s, Heads(window), 0), QString());
+  });
+}
+
 TEST_P(SheetCommandsTest, ManySheetsGoAfterOneQuestion) {
   AddHeads(Circulation(), 4);
   Open(u"frmPassFile"_s, [this](QWidget& window) {
