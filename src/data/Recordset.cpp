@@ -2,7 +2,6 @@
 
 #include <folvane/DataError.h>
 
-#include "data/BatchWriter.h"
 #include "data/DatabaseSession.h"
 #include "data/RecordsetFile.h"
 #include "data/RecordsetState.h"
@@ -273,13 +272,7 @@ void Recordset::Resync(AffectKind affect) {
   } else {
     for (qint64 p = 0; p < state.view.Count(); ++p) wanted.push_back(state.view.At(p));
   }
-  BatchWriter reader(*state.connection, state.source, state.rows);
-  for (const RowId row : wanted) {
-    const RowChange* change = state.rows.Change(row);
-    if (change && change->state == RowChange::Added) continue;  // not in the database yet
-    state.rows.Refresh(row, reader.Read(row));
-    if (state.edit && state.edit->row == row) state.edit.reset();
-  }
+  state.ReadAgain(wanted);
 }
 
 std::vector<QVariant> Recordset::OriginalValues() const {
@@ -292,9 +285,7 @@ std::vector<QVariant> Recordset::OriginalValues() const {
 
 void Recordset::TakeForStored(const std::vector<QVariant>& values) {
   RecordsetState& state = Opened(state_);
-  const RowId row = state.CurrentRow();
-  state.rows.Refresh(row, values);
-  if (state.edit && state.edit->row == row) state.edit.reset();
+  state.TakeAsRead(state.CurrentRow(), values);
 }
 
 qint64 Recordset::PendingCount() const { return qint64(Opened(state_).rows.PendingRows().size()); }

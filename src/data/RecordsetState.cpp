@@ -260,6 +260,19 @@ void RecordsetState::DeleteCurrentRow() {
   cursorState_ = CursorState::Hole;
 }
 
+void RecordsetState::ReadAgain(const std::vector<RowId>& wanted) {
+  BatchWriter reader(*connection, source, rows);
+  for (const RowId row : wanted) {
+    const RowChange* change = rows.Change(row);
+    if (!change || change->state != RowChange::Added) TakeAsRead(row, reader.Read(row));
+  }
+}
+
+void RecordsetState::TakeAsRead(RowId row, const std::vector<QVariant>& values) {
+  rows.Refresh(row, values);
+  if (edit && edit->row == row) edit.reset();
+}
+
 void RecordsetState::Write(const std::vector<RowId>& pending) {
   if (!writer_) writer_ = std::make_unique<BatchWriter>(*connection, source, rows);
   try {

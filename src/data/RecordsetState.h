@@ -70,6 +70,9 @@ class RecordsetState {
   void AddRow();
   void DeleteCurrentRow();
   void Write(const std::vector<RowId>& pending);
+  /// Reads rows again by key; those not yet in the database are passed over. @throws DataError
+  void ReadAgain(const std::vector<RowId>& wanted);
+  void TakeAsRead(RowId row, const std::vector<QVariant>& values);
 
   enum class CursorState { Row, Hole, Bof, Eof, Empty };
   struct Edit {

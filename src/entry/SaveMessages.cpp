@@ -70,7 +70,8 @@ MessageRequest OverwriteQuestion(const std::vector<FieldConflict>& conflicts, co
 MessageRequest DeleteQuestion(const QStringList& changed, const EntryLayout& layout, const QString& title) {
   QStringList captions;
   for (const QString& field : changed) captions << CaptionOf(field, layout);
-  MessageRequest question{u"确实要删除当前的记录及相关原文吗？"_s, MessageFlag::YesNo + MessageFlag::Information, title};
+  MessageRequest question{u"确实要删除当前的记录及相关原文吗？"_s, MessageFlag::YesNo + MessageFlag::Information,
+                          title};
   if (!captions.isEmpty())
     question.note = u"其他用户刚刚修改了该记录：%1。界面上显示的是修改后的内容。"_s.arg(captions.join(u'、'));
   return question;

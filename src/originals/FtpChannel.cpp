@@ -124,6 +124,11 @@ FtpPatience& PatienceWithFtp() {
   return patience;
 }
 
+void FtpChannel::Ending::operator()(CURL* handle) const {
+  const NoBrokenPipe noBrokenPipe;
+  curl_easy_cleanup(handle);
+}
+
 FtpChannel::FtpChannel(const FtpLogin& login) : login_(login) {
   EncodedForFtp(login.user + login.password, true);  // a line break would begin a command of its own
   Open();

@@ -83,7 +83,11 @@ class FtpChannel {
   curl_socket_t control_ = CURL_SOCKET_BAD;
   char reason_[CURL_ERROR_SIZE] = {};
 
-  std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> handle_{nullptr, &curl_easy_cleanup};
+  /// Says goodbye to the server.
+  struct Ending {
+    void operator()(CURL* handle) const;
+  };
+  std::unique_ptr<CURL, Ending> handle_;
 };
 
 }  // namespace folvane

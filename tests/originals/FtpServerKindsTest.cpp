@@ -87,6 +87,14 @@ TEST_F(FtpEncryptionTest, EncryptionIsUsedWhereItIsOffered) {
   EXPECT_EQ(commands.filter(u"USER"_s).size(), 1);
 }
 
+TEST_F(FtpEncryptionTest, LettingGoOfAnEncryptedConnectionThatTheServerHasLeftEndsNothing) {
+  auto gone = std::make_unique<FtpServer>(QStringList{u"tls"_s});
+  auto connection = std::make_unique<FtpConnection>(gone->Login());
+  EXPECT_THAT(connection->List(), IsEmpty());
+  gone.reset();
+  EXPECT_EXIT((connection.reset(), std::_Exit(0)), testing::ExitedWithCode(0), "");
+}
+
 TEST_F(FtpEncryptionTest, WhoInsistsWantsACertificateThatIsTrusted) {
   Services().ftpMustBeEncrypted = true;
   const DataError error = ErrorFrom([] { FtpConnection connection(server->Login()); });
