@@ -14,7 +14,10 @@
 
 #include <folvane/Icons.h>
 
+#include "host/Accounts.h"
 #include "host/Banner.h"
+#include "host/Message.h"
+#include "host/PasswordDialog.h"
 
 namespace folvane::host {
 namespace {
@@ -45,6 +48,7 @@ LogOnDialog::LogOnDialog(const LogOnChoices& choices, DemoMaker makeDemo, QWidge
   across->addWidget(new Banner(u"公文登记归档系统"_s, u"登记 · 流转 · 归档"_s));
   across->addWidget(Form(), 1);
   Show(choices);
+  if (txtPassword_->isEnabled()) txtPassword_->setFocus();
 }
 
 QWidget* LogOnDialog::Form() {
@@ -70,6 +74,8 @@ QWidget* LogOnDialog::Form() {
   cboUser_ = Named(new QComboBox, "CboUser");
   cboUser_->setEditable(true);
   cboUser_->setInsertPolicy(QComboBox::NoInsert);
+  txtPassword_ = Named(new QLineEdit, "TxtPassword");
+  txtPassword_->setEchoMode(QLineEdit::Password);
   lblMessage_ = Named(new QLabel, "LblMessage");
   lblMessage_->setWordWrap(true);
   lblMessage_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
@@ -83,6 +89,7 @@ QWidget* LogOnDialog::Form() {
   rows->addRow(QString(), where);
   rows->addRow(u"数据库种类(&K)"_s, cboKind_);
   rows->addRow(u"登录用户(&U)"_s, cboUser_);
+  rows->addRow(u"口令(&P)"_s, txtPassword_);
 
   auto* form = new QWidget;
   form->setMinimumWidth(fontMetrics().averageCharWidth() * 72);
@@ -156,7 +163,8 @@ void LogOnDialog::ShowWayIn() {
   if ((odbc ? txtOdbc_ : txtFile_)->text().trimmed().isEmpty()) {
     database_.reset();
     ListUsers();
-    Tell(odbc ? u"请输入 ODBC 连接串。"_s : u"请选择数据库文件；还没有数据库时可以先打开演示数据库。"_s, false);
+    ShowMessage(*lblMessage_,
+                odbc ? u"请输入 ODBC 连接串。"_s : u"请选择数据库文件；还没有数据库时可以先打开演示数据库。"_s, false);
     return;
   }
   Connect();
@@ -178,7 +186,7 @@ void LogOnDialog::MakeDemo() {
     optFile_->setChecked(true);
     Connect();
   } catch (const std::exception& error) {
-    Tell(QString::fromUtf8(error.what()), true);
+    ShowMessage(*lblMessage_, QString::fromUtf8(error.what()), true);
   }
   QApplication::restoreOverrideCursor();
 }
@@ -191,9 +199,10 @@ bool LogOnDialog::Connect() {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
     database_ = HostDatabase::Open(choice);
-    Tell(u"已连接“%1”，共有 %2 个用户。"_s.arg(database_->Title()).arg(database_->Users().size()), false);
+    ShowMessage(*lblMessage_, u"已连接“%1”，共有 %2 个用户。"_s.arg(database_->Title()).arg(database_->Users().size()),
+                false);
   } catch (const std::exception& error) {
-    Tell(QString::fromUtf8(error.what()), true);
+    ShowMessage(*lblMessage_, QString::fromUtf8(error.what()), true);
   }
   QApplication::restoreOverrideCursor();
   ListUsers();
@@ -209,6 +218,14 @@ void LogOnDialog::ListUsers() {
   const int known = cboUser_->findData(wantedUser_);
   if (known >= 0) cboUser_->setCurrentIndex(known);
   cboUser_->setEnabled(database_ != nullptr);
+  ShowRule();
+}
+
+void LogOnDialog::ShowRule() {
+  txtPassword_->clear();
+  const bool asks = database_ && Accounts(database_->Connection()).LogOnRule() == Accounts::Rule::Password;
+  txtPassword_->setEnabled(asks);
+  txtPassword_->setPlaceholderText(!database_ || asks ? QString() : u"不需要口令"_s);
 }
 
 // The number of the chosen entry, or what was typed in place of one.
@@ -218,25 +235,41 @@ QString LogOnDialog::UserId() const {
   return entry < 0 ? shown : cboUser_->itemData(entry).toString();
 }
 
+bool LogOnDialog::Authenticate() {
+  const HostUser user = database_->User(UserId());
+  const Accounts accounts(database_->Connection());
+  switch (accounts.LogOnRule()) {
+    case Accounts::Rule::Free:
+      return true;
+    case Accounts::Rule::FirstPassword:
+      if (!IsAdministrator(user.id))
+        throw HostError(u"该数据库还没有设置口令，请先由系统管理员（编号 1）登录并设置。"_s);
+      return PasswordDialog(accounts, user, {}, u"该数据库还没有口令，请先为系统管理员设置一个。"_s, this).exec() ==
+             QDialog::Accepted;
+    case Accounts::Rule::Password:
+      break;
+  }
+  if (txtPassword_->text().isEmpty()) {
+    txtPassword_->setFocus();
+    throw HostError(u"请输入口令。"_s);
+  }
+  const QString password = txtPassword_->text();
+  txtPassword_->clear();
+  accounts.LogOn(user.id, password);
+  return true;
+}
+
 void LogOnDialog::accept() {
   if (!Connect()) return;
   try {
+    if (!Authenticate()) return;
     session_ = std::make_unique<Session>(database_, UserId(), cboKind_->currentData().toString());
   } catch (const std::exception& error) {
-    Tell(QString::fromUtf8(error.what()), true);
+    ShowMessage(*lblMessage_, QString::fromUtf8(error.what()), true);
     return;
   }
   RememberChoices(Choices());
   QDialog::accept();
-}
-
-void LogOnDialog::Tell(const QString& message, bool isError) {
-  QPalette colours = palette();
-  const bool dark = colours.color(QPalette::WindowText).lightness() > colours.color(QPalette::Window).lightness();
-  const QColor red(dark ? 0xffff8a80 : 0xffb3261e);
-  colours.setColor(QPalette::WindowText, isError ? red : colours.color(QPalette::Disabled, QPalette::WindowText));
-  lblMessage_->setPalette(colours);
-  lblMessage_->setText(message);
 }
 
 }  // namespace folvane::host

@@ -44,7 +44,9 @@ class LogOnDialog : public QDialog {
   bool Connect();
   void ListUsers();
   QString UserId() const;
-  void Tell(const QString& message, bool isError);
+  void ShowRule();
+  /// Has the user say who that is, where the database wants to know. Answers whether that is settled.
+  bool Authenticate();
 
   DemoMaker makeDemo_;
   std::shared_ptr<HostDatabase> database_;
@@ -58,6 +60,7 @@ class LogOnDialog : public QDialog {
   QLineEdit* txtOdbc_;
   QComboBox* cboKind_;
   QComboBox* cboUser_;
+  QLineEdit* txtPassword_;
   QLabel* lblMessage_;
 };
 

@@ -1,21 +1,30 @@
 #include "host/StartWindow.h"
 
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <folvane/HostServices.h>
 #include <folvane/Icons.h>
 #include <folvane/Version.h>
 
 #include "host/EntryButton.h"
+#include "host/OfficeCopy.h"
+#include "host/PasswordDialog.h"
 
 namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
+
+constexpr int kWhole = 1000;  // steps of the progress
 
 QLabel* Text(const QString& text, double sizes, bool bold) {
   auto* label = new QLabel(text);
@@ -24,6 +33,12 @@ QLabel* Text(const QString& text, double sizes, bool bold) {
   font.setBold(bold);
   label->setFont(font);
   return label;
+}
+
+QString AskForCopy(const QString& suggested) {
+  const QString title = u"备份数据库"_s;
+  if (const auto& ask = Services().fileDialog) return ask({true, title, suggested, u"SQLite 数据库|*.db"_s});
+  return QFileDialog::getSaveFileName(nullptr, title, suggested, u"SQLite 数据库 (*.db)"_s);
 }
 
 QPushButton* Flat(const QString& text, const char* name, const QString& icon) {
@@ -36,7 +51,7 @@ QPushButton* Flat(const QString& text, const char* name, const QString& icon) {
 }  // namespace
 
 StartWindow::StartWindow(const Session& session, OpenEntry open, QWidget* parent)
-    : QWidget(parent), open_(std::move(open)) {
+    : QWidget(parent), session_(session), open_(std::move(open)) {
   setObjectName(u"StartWindow"_s);
   setWindowTitle(u"公文登记归档系统"_s);
   auto* down = new QVBoxLayout(this);
@@ -87,6 +102,17 @@ QLayout* StartWindow::Foot() {
   auto* leave = Flat(u"退出(&X)"_s, "CmdExit", u"exit"_s);
   auto* row = new QHBoxLayout;
   row->addWidget(other);
+  if (Accounts(session_.Database().Connection()).LogOnRule() != Accounts::Rule::Free) {
+    auto* password = Flat(u"口令(&P)..."_s, "CmdPassword", u"collect"_s);
+    connect(password, &QPushButton::clicked, this, &StartWindow::SetPassword);
+    row->addWidget(password);
+  }
+  if (IsAdministrator(session_.User().id) && !session_.Database().Choice().file.isEmpty()) {
+    auto* copy = Flat(u"备份(&B)..."_s, "CmdCopy", u"save"_s);
+    copy->setToolTip(u"把数据库复制到另一个文件，并检查副本是否完好"_s);
+    connect(copy, &QPushButton::clicked, this, &StartWindow::CopyDatabase);
+    row->addWidget(copy);
+  }
   row->addWidget(about);
   row->addStretch();
   row->addWidget(leave);
@@ -115,6 +141,40 @@ void StartWindow::Open(const Entry& entry) {
     box.exec();
   }
   activateWindow();
+}
+
+void StartWindow::SetPassword() {
+  const HostDatabase& database = session_.Database();
+  PasswordDialog(Accounts(database.Connection()), session_.User(), database.Users(), {}, this).exec();
+}
+
+void StartWindow::CopyDatabase() {
+  const QString source = session_.Database().Choice().file;
+  const QFileInfo info(source);
+  const QString suggested =
+      info.dir().filePath(info.completeBaseName() + Services().now().toString(u"-yyyyMMdd-HHmm."_s) + info.suffix());
+  const QString target = AskForCopy(suggested);
+  if (target.isEmpty()) return;
+  QMessageBox box(QMessageBox::Information, u"备份数据库"_s, {}, {}, this);
+  box.setObjectName(u"CopyOutcome"_s);
+  box.addButton(u"确定"_s, QMessageBox::AcceptRole);
+  try {
+    QProgressDialog work(u"正在备份，请稍等..."_s, u"取消"_s, 0, kWhole, this);
+    work.setWindowTitle(u"备份数据库"_s);
+    work.setWindowModality(Qt::WindowModal);
+    const bool isDone = CopyOffice(source, target, [&](double done) {
+      work.setValue(int(done * (kWhole - 1)));
+      return !work.wasCanceled();
+    });
+    if (!isDone) return;
+    box.setText(u"数据库已备份，副本完好。"_s);
+    box.setInformativeText(u"%1\n原文文件不在其中，请另外备份。"_s.arg(QDir::toNativeSeparators(target)));
+  } catch (const std::exception& error) {
+    box.setIcon(QMessageBox::Warning);
+    box.setText(u"数据库没有备份。"_s);
+    box.setInformativeText(QString::fromUtf8(error.what()));
+  }
+  box.exec();
 }
 
 void StartWindow::ShowAbout() {

@@ -31,7 +31,10 @@ class StartWindow : public QWidget {
   QLayout* Foot();
   void Open(const Entry& entry);
   void ShowAbout();
+  void SetPassword();
+  void CopyDatabase();
 
+  const Session& session_;
   OpenEntry open_;
   bool logOnAgain_ = false;
 };

@@ -29,10 +29,12 @@ void CreateBusinessTables(Connection& connection, const std::vector<TableDesign>
   }
 }
 
-void WriteStoreLocation(Connection& connection, const QString& directory) {
-  if (directory.isEmpty()) return;
+// Where the originals lie, and that it is the demo database, which wants no passwords.
+void WriteSettings(Connection& connection, const QString& directory) {
   RowWriter settings(connection, u"Report_Info"_s, {u"Report_Id"_s, u"Info_Type"_s, u"Info_Description"_s, u"note"_s});
-  settings.Add({u"2002123456789"_s, QString(), QDir::toNativeSeparators(directory), QString()});
+  settings.Add({u"demo"_s, QString(), QString(), QString()});
+  if (!directory.isEmpty())
+    settings.Add({u"2002123456789"_s, QString(), QDir::toNativeSeparators(directory), QString()});
   settings.Finish();
 }
 
@@ -73,7 +75,7 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
   WriteFixedRows(connection);
   WriteDictionaries(connection);
   WriteDesign(connection, designs);
-  WriteStoreLocation(connection, store);
+  WriteSettings(connection, store);
   WriteRecords(connection, options, store);
   for (const TableDesign& design : designs) CreateIndexes(connection, design.Physical());
   transaction.Commit();

@@ -15,8 +15,8 @@ using namespace Qt::Literals::StringLiterals;
 QString FlowSheets::DeleteDetail() {
   PassedErrors passed;
   passed.Try([&] {
-    SharedConnection()->Execute(u"Delete From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s +
-            Detail(u"File_ID"_s) + u'\'');
+    SharedConnection()->Execute(u"Delete From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() +
+                                u"' and File_ID='"_s + Detail(u"File_ID"_s) + u'\'');
   });
   passed.Try([&] { RequeryDetails(); });
   if (details_.RecordCount() == 0) {

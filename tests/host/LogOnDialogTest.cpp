@@ -6,6 +6,7 @@
 #include <folvane/ClsFolvane.h>
 
 #include "HostTest.h"
+#include "host/Accounts.h"
 #include "host/LogOnDialog.h"
 #include "support/Accessibility.h"
 #include "support/WindowDriver.h"
@@ -23,10 +24,22 @@ LogOnDialog::DemoMaker NoDemo() {
 
 QString Message(const LogOnDialog& dialog) { return Find<QLabel>(dialog, u"LblMessage"_s).text(); }
 QComboBox& Users(const LogOnDialog& dialog) { return Find<QComboBox>(dialog, u"CboUser"_s); }
+const QString kSecret = u"correct horse"_s;
 void PressOK(LogOnDialog& dialog) { Click(Find(dialog, u"CmdOK"_s)); }
 
+/// The users 1 and 10 have a password.
 class LogOnDialogTest : public HostTest {
  protected:
+  void SetUp() override {
+    HostTest::SetUp();
+    const host::Accounts accounts(host::HostDatabase::Open(Choice())->Connection());
+    accounts.SetPassword(u"1"_s, kSecret);
+    accounts.SetPassword(u"10"_s, kSecret);
+  }
+  static void Enter(LogOnDialog& dialog, const QString& password = kSecret) {
+    Retype(Find<QLineEdit>(dialog, u"TxtPassword"_s), password);
+    PressOK(dialog);
+  }
   LogOnChoices Choices(const QString& user = {}) {
     const host::DatabaseChoice choice = Choice();
     return {choice.file.isEmpty(), choice.file, choice.odbc, user, host::kLocal};
@@ -44,7 +57,7 @@ TEST_P(LogOnDialogTest, ListsTheUsersOfTheLastDatabaseAndMarksTheLastUser) {
 TEST_P(LogOnDialogTest, LogsOnAsTheChosenUser) {
   LogOnDialog dialog(Choices(u"10"_s), NoDemo());
   dialog.show();
-  PressOK(dialog);
+  Enter(dialog);
   ASSERT_EQ(dialog.result(), QDialog::Accepted) << Message(dialog).toStdString();
   const auto session = dialog.TakeSession();
   EXPECT_EQ(session->User().name, u"赵档案"_s);
@@ -54,10 +67,10 @@ TEST_P(LogOnDialogTest, LogsOnAsTheChosenUser) {
 TEST_P(LogOnDialogTest, TakesATypedNumber) {
   LogOnDialog dialog(Choices(u"1"_s), NoDemo());
   dialog.show();
-  Retype(Users(dialog), u"2"_s);
-  PressOK(dialog);
+  Retype(Users(dialog), u"10"_s);
+  Enter(dialog);
   ASSERT_EQ(dialog.result(), QDialog::Accepted) << Message(dialog).toStdString();
-  EXPECT_EQ(dialog.TakeSession()->User().id, u"2"_s);
+  EXPECT_EQ(dialog.TakeSession()->User().id, u"10"_s);
 }
 
 TEST_P(LogOnDialogTest, StaysWithTheReasonForAnUnknownUser) {
@@ -69,14 +82,65 @@ TEST_P(LogOnDialogTest, StaysWithTheReasonForAnUnknownUser) {
   EXPECT_EQ(Message(dialog), u"数据库中没有编号为“77”的用户。"_s);
 }
 
-TEST_P(LogOnDialogTest, RemembersTheChoicesOfASuccessfulLogOn) {
+TEST_P(LogOnDialogTest, StaysWithTheReasonForAWrongPassword) {
+  LogOnDialog dialog(Choices(u"1"_s), NoDemo());
+  dialog.show();
+  PressOK(dialog);
+  EXPECT_EQ(Message(dialog), u"请输入口令。"_s);
+  Enter(dialog, u"wrong"_s);
+  EXPECT_TRUE(Message(dialog).startsWith(u"口令不对。"_s)) << Message(dialog).toStdString();
+  EXPECT_EQ(Find<QLineEdit>(dialog, u"TxtPassword"_s).text(), QString());
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(dialog.TakeSession(), nullptr);
+}
+
+TEST_P(LogOnDialogTest, WithoutAnyPasswordTheAdministratorChoosesTheFirst) {
+  Database().Native(u"drop table HostAccount"_s);
+  LogOnDialog dialog(Choices(u"10"_s), NoDemo());
+  dialog.show();
+  PressOK(dialog);
+  EXPECT_TRUE(Message(dialog).contains(u"系统管理员"_s)) << Message(dialog).toStdString();
+  Retype(Users(dialog), u"1"_s);
+  WithWindow(u"PasswordDialog"_s, [](QWidget& chosen) {
+    EXPECT_EQ(UnnamedControls(chosen), QStringList());
+    EXPECT_FALSE(Find(chosen, u"TxtOld"_s).isVisible());
+    Retype(Find<QLineEdit>(chosen, u"TxtNew"_s), u"short"_s);
+    Retype(Find<QLineEdit>(chosen, u"TxtRepeat"_s), u"short"_s);
+    Click(Find(chosen, u"CmdOK"_s));
+    EXPECT_EQ(Find<QLabel>(chosen, u"LblMessage"_s).text(), u"口令至少要有 8 个字符。"_s);
+    Retype(Find<QLineEdit>(chosen, u"TxtNew"_s), kSecret);
+    Retype(Find<QLineEdit>(chosen, u"TxtRepeat"_s), kSecret + u'.');
+    Click(Find(chosen, u"CmdOK"_s));
+    EXPECT_EQ(Find<QLabel>(chosen, u"LblMessage"_s).text(), u"两次输入的新口令不一致。"_s);
+    Retype(Find<QLineEdit>(chosen, u"TxtRepeat"_s), kSecret);
+    Click(Find(chosen, u"CmdOK"_s));
+  });
+  PressOK(dialog);
+  ASSERT_EQ(dialog.result(), QDialog::Accepted) << Message(dialog).toStdString();
+  LogOnDialog next(Choices(u"1"_s), NoDemo());
+  next.show();
+  Enter(next);
+  EXPECT_EQ(next.result(), QDialog::Accepted) << Message(next).toStdString();
+}
+
+TEST_P(LogOnDialogTest, TheDemoDatabaseAsksForNothing) {
+  Database().Native(u"create table Report_Info(Report_Id varchar(20))"_s);
+  Database().Native(u"insert into Report_Info values('demo')"_s);
   LogOnDialog dialog(Choices(u"2"_s), NoDemo());
   dialog.show();
-  Find<QComboBox>(dialog, u"CboKind"_s).setCurrentIndex(1);
+  EXPECT_FALSE(Find(dialog, u"TxtPassword"_s).isEnabled());
   PressOK(dialog);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted) << Message(dialog).toStdString();
+}
+
+TEST_P(LogOnDialogTest, RemembersTheChoicesOfASuccessfulLogOn) {
+  LogOnDialog dialog(Choices(u"10"_s), NoDemo());
+  dialog.show();
+  Find<QComboBox>(dialog, u"CboKind"_s).setCurrentIndex(1);
+  Enter(dialog);
   const LogOnChoices next = host::LastChoices();
   EXPECT_EQ(next.Database(), Choice());
-  EXPECT_EQ(next.user, u"2"_s);
+  EXPECT_EQ(next.user, u"10"_s);
   EXPECT_EQ(next.kind, u"SYSBASE"_s);
 }
 

@@ -1,11 +1,16 @@
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 
 #include <folvane/DataError.h>
+#include <folvane/HostServices.h>
 #include <folvane/Version.h>
 
 #include "HostTest.h"
+#include "host/Accounts.h"
 #include "host/LogOnChoices.h"
 #include "host/StartWindow.h"
 #include "support/Accessibility.h"
@@ -47,6 +52,56 @@ TEST_P(StartWindowTest, EveryControlHasANameForScreenReaders) {
   StartWindow window(session, [](const Entry&) {});
   window.show();
   EXPECT_EQ(UnnamedControls(window), QStringList());
+}
+
+TEST_P(StartWindowTest, TheAdministratorGivesOthersAPasswordAndKnowsTheOwnOne) {
+  const Session session = LogOn();
+  const host::Accounts accounts(session.Database().Connection());
+  accounts.SetPassword(u"1"_s, u"correct horse"_s);
+  StartWindow window(session, [](const Entry&) {});
+  window.show();
+  WithWindow(u"PasswordDialog"_s, [](QWidget& dialog) {
+    const auto type = [&](const QString& box, const QString& text) { Retype(Find<QLineEdit>(dialog, box), text); };
+    auto& message = Find<QLabel>(dialog, u"LblMessage"_s);
+    type(u"TxtOld"_s, u"wrong"_s);
+    type(u"TxtNew"_s, u"battery staple"_s);
+    type(u"TxtRepeat"_s, u"battery staple"_s);
+    Click(Find(dialog, u"CmdOK"_s));
+    EXPECT_TRUE(message.text().startsWith(u"口令不对。"_s)) << message.text().toStdString();
+    Find<QComboBox>(dialog, u"CboUser"_s).setCurrentIndex(1);
+    EXPECT_FALSE(Find(dialog, u"TxtOld"_s).isVisible());
+    type(u"TxtNew"_s, u"battery staple"_s);
+    type(u"TxtRepeat"_s, u"battery staple"_s);
+    Click(Find(dialog, u"CmdOK"_s));
+  });
+  Click(Find(window, u"CmdPassword"_s));
+  EXPECT_NO_THROW(accounts.LogOn(u"2"_s, u"battery staple"_s));
+  EXPECT_NO_THROW(accounts.LogOn(u"1"_s, u"correct horse"_s));
+}
+
+TEST_P(StartWindowTest, TheAdministratorCopiesADatabaseFile) {
+  const Session session = LogOn();
+  StartWindow window(session, [](const Entry&) {});
+  window.show();
+  auto* key = window.findChild<QAbstractButton*>(u"CmdCopy"_s);
+  ASSERT_EQ(key != nullptr, OnSqlite());
+  if (!key) return;
+  const QTemporaryDir folder;
+  const QString target = folder.filePath(u"copy.db"_s);
+  QStringList told;
+  for (const QString& file : {target, u"/nowhere/copy.db"_s}) {
+    Services().fileDialog = [&](const FileRequest&) { return file; };
+    WithWindow(u"CopyOutcome"_s, [&](QWidget& box) { told << static_cast<QMessageBox&>(box).text(); });
+    Click(*key);
+  }
+  EXPECT_EQ(told, (QStringList{u"数据库已备份，副本完好。"_s, u"数据库没有备份。"_s}));
+  EXPECT_EQ(host::HostDatabase::Open({target, {}})->Users().size(), 3);
+}
+
+TEST_P(StartWindowTest, AClerkCopiesNothing) {
+  const Session session(host::HostDatabase::Open(Choice()), u"2"_s, host::kLocal);
+  const StartWindow window(session, [](const Entry&) {});
+  EXPECT_EQ(window.findChild<QAbstractButton*>(u"CmdCopy"_s), nullptr);
 }
 
 TEST_P(StartWindowTest, AboutSaysWhichVersionOfTheLibraryIsLoaded) {
