@@ -71,9 +71,10 @@ Accounts::Rule Accounts::LogOnRule() const {
 bool Accounts::IsKnown(const QString& userId) const { return !Read(userId).hash.isEmpty(); }
 
 Accounts::Account Accounts::Read(const QString& userId) const {
-  const QStringList row = FirstRow(*connection_, u"Select PasswordHash, Failures, LockedUntil From HostAccount "
-                                                 "Where UserID = "_s +
-                                                     Quoted(userId));
+  const QStringList row = FirstRow(*connection_,
+                                   u"Select PasswordHash, Failures, LockedUntil From HostAccount "
+                                   "Where UserID = "_s +
+                                       Quoted(userId));
   if (row.isEmpty()) return {};
   return {row[0], row[1].toInt(), QDateTime::fromString(row[2], Qt::ISODate)};
 }

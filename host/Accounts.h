@@ -24,8 +24,8 @@ class Accounts {
   /// Whether the user has a password.
   bool IsKnown(const QString& userId) const;
 
-  /// Lets the user in who has that password. Each try counts until one succeeds; after five that failed the user is kept
-  /// out for a quarter of an hour, and again after each further one. @throws HostError
+  /// Lets the user in who has that password. Each try counts until one succeeds; after five that failed the user is
+  /// kept out for a quarter of an hour, and again after each further one. @throws HostError
   void LogOn(const QString& userId, const QString& password) const;
   /// Gives the user a password, and lets in again who was kept out. @throws HostError for one that is too short or the
   /// user's own number, and where no memory is left to make the hash

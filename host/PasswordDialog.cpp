@@ -13,8 +13,8 @@ namespace folvane::host {
 
 using namespace Qt::Literals::StringLiterals;
 
-PasswordDialog::PasswordDialog(Accounts accounts, const HostUser& self, const QList<HostUser>& users, const QString& reason,
-                               QWidget* parent)
+PasswordDialog::PasswordDialog(Accounts accounts, const HostUser& self, const QList<HostUser>& users,
+                               const QString& reason, QWidget* parent)
     : QDialog(parent), accounts_(std::move(accounts)), self_(self) {
   setObjectName(u"PasswordDialog"_s);
   setWindowTitle(u"设置口令"_s);

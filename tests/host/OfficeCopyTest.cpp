@@ -19,8 +19,9 @@ class OfficeCopyTest : public testing::Test {
  protected:
   void SetUp() override {
     office_->Native(u"create table papers(id integer primary key, text varchar(4000))"_s);
-    office_->Native(u"with recursive n(i) as (select 1 union all select i + 1 from n where i < 3000) "
-                    "insert into papers select i, hex(randomblob(1500)) from n"_s);
+    office_->Native(
+        u"with recursive n(i) as (select 1 union all select i + 1 from n where i < 3000) "
+        "insert into papers select i, hex(randomblob(1500)) from n"_s);
   }
   static QString Count(const QString& file) {
     const auto copy = host::OpenSqlite(file).connection;
