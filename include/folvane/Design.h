@@ -178,7 +178,8 @@ struct Design {
   bool operator==(const Design&) const = default;
 };
 
-/// Puts what has no order of its own into the order of numbers, places and names, and takes blanks off the end of texts.
+/// Puts what has no order of its own into the order of numbers, places and names, and takes blanks off the end of
+/// texts.
 FOLVANE_EXPORT void PutInOrder(Design& design);
 
 /// The design that a database holds; an empty one where it has no design tables. Rows that a design cannot hold, such
@@ -234,9 +235,9 @@ struct DesignPlan {
 };
 
 /// @param base what was read from the database before it was edited
-/// @throws DataError Usage for a design that cannot be stored, such as a table's name that is a reserved word; Conflict,
-/// naming it, where somebody else has changed the same meanwhile; Untranslatable where tables or columns are missing
-/// that only the server's own tools can make
+/// @throws DataError Usage for a design that cannot be stored, such as a table's name that is a reserved word;
+/// Conflict, naming it, where somebody else has changed the same meanwhile; Untranslatable where tables or columns are
+/// missing that only the server's own tools can make
 FOLVANE_EXPORT DesignPlan PlanDesign(Connection& connection, const Design& base, const Design& wanted);
 
 /// Does it, in one transaction or within the one that is open. What others have changed elsewhere meanwhile stays.

@@ -62,10 +62,10 @@ Work Prepare(Connection& connection, const Design& base, const Design& wanted) {
 
 DesignLoss LossOf(const PhysicalStep& step) {
   DesignLoss loss{step.table.name, step.column.name, step.rows, {}};
-  loss.words = step.kind == PhysicalStep::Kind::DropTable
-                   ? u"表“%1”中有 %2 条记录，删除表后不能恢复。"_s.arg(loss.table).arg(loss.rows)
-                   : u"表“%1”中有 %3 条记录的“%2”填有内容，删除此列后不能恢复。"_s.arg(loss.table, loss.column)
-                         .arg(loss.rows);
+  loss.words =
+      step.kind == PhysicalStep::Kind::DropTable
+          ? u"表“%1”中有 %2 条记录，删除表后不能恢复。"_s.arg(loss.table).arg(loss.rows)
+          : u"表“%1”中有 %3 条记录的“%2”填有内容，删除此列后不能恢复。"_s.arg(loss.table, loss.column).arg(loss.rows);
   return loss;
 }
 
@@ -79,8 +79,7 @@ class Answers {
     for (std::size_t at = 0; at < losses_.size(); ++at) {
       const DesignLoss& loss = losses_[at];
       if (!IsSame(loss.table, step.table.name) || !IsSame(loss.column, step.column.name)) continue;
-      if (at >= answers_.size())
-        throw DataError(DataErrorKind::Usage, u"%1请先选择保留还是删除。"_s.arg(loss.words));
+      if (at >= answers_.size()) throw DataError(DataErrorKind::Usage, u"%1请先选择保留还是删除。"_s.arg(loss.words));
       if (answers_[at] == LossAnswer::Keep) return false;
       if (step.rows > loss.rows) ThrowMore(step);
       return true;
@@ -113,8 +112,8 @@ void RunRows(Connection& connection, const std::vector<RowChange>& changes) {
     for (const QString& statement : StatementsOf(connection, {change})) {
       const qint64 count = connection.Execute(statement);
       if (change.kind == RowChange::Kind::Update && count == 0)
-        throw DataError(DataErrorKind::Conflict, u"其他用户同时删除了%1，本次修改没有保存。"_s.arg(
-                                                     change.set->TitleOf(change.before)));
+        throw DataError(DataErrorKind::Conflict,
+                        u"其他用户同时删除了%1，本次修改没有保存。"_s.arg(change.set->TitleOf(change.before)));
     }
   }
 }

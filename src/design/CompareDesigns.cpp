@@ -9,9 +9,9 @@ using namespace Qt::Literals::StringLiterals;
 
 template <class T>
 QString TextOf(const T& item, const Member<T>& value) {
-  if (const auto* text = std::get_if<QString T::*>(&value.member)) return u'“' + item.** text + u'”';
-  if (const auto* number = std::get_if<int T::*>(&value.member)) return QString::number(item.** number);
-  if (const auto* flag = std::get_if<bool T::*>(&value.member)) return item.** flag ? u"是"_s : u"否"_s;
+  if (const auto* text = std::get_if<QString T::*>(&value.member)) return u'“' + item.**text + u'”';
+  if (const auto* number = std::get_if<int T::*>(&value.member)) return QString::number(item.**number);
+  if (const auto* flag = std::get_if<bool T::*>(&value.member)) return item.**flag ? u"是"_s : u"否"_s;
   return u'“' + (item.*std::get<QStringList T::*>(value.member)).join(u'、') + u'”';
 }
 
@@ -47,8 +47,7 @@ class Comparison {
     QStringList differences;
     for (const Member<Item>& value : Shape<Item>::Values()) {
       const QString before = TextOf(from, value), after = TextOf(to, value);
-      if (before != after)
-        differences << u"%1由%2改为%3"_s.arg(QString::fromUtf16(value.word), before, after);
+      if (before != after) differences << u"%1由%2改为%3"_s.arg(QString::fromUtf16(value.word), before, after);
     }
     if (!differences.isEmpty()) changes.push_back({where, differences.join(u'，')});
     CompareLists(from, to, where);

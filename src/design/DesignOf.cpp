@@ -59,9 +59,9 @@ class Reading {
         table.kind = row.tableType;
         if (!row.chnTableName.isEmpty()) table.caption = row.chnTableName;
       }
-      AddOnce(table.fields, {row.fieldName, row.chnFieldName, row.fieldType, row.fieldLong, row.auxiDictDetails,
-                             row.nullFlags == u"否", row.controlIndex == u"1", row.controlsType == 1,
-                             row.zjcFlags == u"是"});
+      AddOnce(table.fields,
+              {row.fieldName, row.chnFieldName, row.fieldType, row.fieldLong, row.auxiDictDetails,
+               row.nullFlags == u"否", row.controlIndex == u"1", row.controlsType == 1, row.zjcFlags == u"是"});
     }
   }
 
@@ -127,8 +127,13 @@ class Reading {
     for (const UserRow& row : rows_.users) AddOnce(design_.users, {row.userId, row.userName, {}});
     for (const TableRightsRow& row : rows_.rights)
       if (Design::User* user = FindNamed(design_.users, row.userId))
-        AddOnce(user->rights, {row.popTableName, row.popStrChn, row.popEditData == u"1", row.popPrintData == u"1",
-                               row.popLookFile == u"1", row.popCondition, {}});
+        AddOnce(user->rights, {row.popTableName,
+                               row.popStrChn,
+                               row.popEditData == u"1",
+                               row.popPrintData == u"1",
+                               row.popLookFile == u"1",
+                               row.popCondition,
+                               {}});
     for (const RightsFieldRow& row : rows_.rightsFields) {
       Design::User* user = FindNamed(design_.users, row.userId);
       Design::Rights* rights = user ? FindNamed(user->rights, row.popTableName) : nullptr;

@@ -115,9 +115,8 @@ class Steps {
     const bool suits = isNumber ? column.type == ColumnType::Integer
                                 : GroupOfType(present.type) != TypeGroup::Date || column.type == ColumnType::Date;
     if (!suits && was && was->type != field.type)
-      throw DataError(DataErrorKind::Usage,
-                      u"%1是%2列，不能改为“%3”。请另建一个字段。"_s.arg(WordFor(table, field),
-                                                                         isNumber ? u"数字"_s : u"日期"_s, field.type));
+      throw DataError(DataErrorKind::Usage, u"%1是%2列，不能改为“%3”。请另建一个字段。"_s.arg(
+                                                WordFor(table, field), isNumber ? u"数字"_s : u"日期"_s, field.type));
   }
 
   void Remove(const Design::Table& table) {
@@ -153,7 +152,8 @@ class Steps {
 
 Column ColumnOf(const Design::Field& field) {
   constexpr int kKeyDigits = 20;
-  if (IsSame(field.name, kKey)) return {field.name, ColumnType::Text, std::clamp(field.length, kKeyDigits, kLongestText)};
+  if (IsSame(field.name, kKey))
+    return {field.name, ColumnType::Text, std::clamp(field.length, kKeyDigits, kLongestText)};
   static const QStringList numbers{u"数值型"_s, u"自动编号"_s, u"数字型"_s}, dates{u"日期型"_s, u"时间型"_s};
   if (numbers.contains(field.type)) return {field.name, ColumnType::Integer, 0};
   if (dates.contains(field.type)) return {field.name, ColumnType::Date, 0};

@@ -17,10 +17,10 @@ template <class T>
 void TidyTexts(T& item) {
   for (const Member<T>& value : Shape<T>::Values()) {
     if (const auto* text = std::get_if<QString T::*>(&value.member)) {
-      if (!KeepsEndBlanks(item, value.key)) item.** text = WithoutEndBlanks(item.** text);
+      if (!KeepsEndBlanks(item, value.key)) item.** text = WithoutEndBlanks(item.**text);
     } else if (const auto* texts = std::get_if<QStringList T::*>(&value.member)) {
-      for (QString& each : item.** texts) each = WithoutEndBlanks(each);
-      std::sort((item.** texts).begin(), (item.** texts).end(),
+      for (QString& each : item.**texts) each = WithoutEndBlanks(each);
+      std::sort((item.**texts).begin(), (item.**texts).end(),
                 [](const QString& one, const QString& other) { return Folded(one) < Folded(other); });
     }
   }

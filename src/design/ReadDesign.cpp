@@ -24,7 +24,7 @@ void Read(Connection& connection, std::vector<Row>& rows) {
   for (const RowColumn<Row>& column : Row::Columns()) {
     const auto* text = std::get_if<QString Row::*>(&column.member);
     if (!text || KeepsBlanks(column)) continue;
-    for (Row& row : rows) row.** text = WithoutEndBlanks(row.** text);
+    for (Row& row : rows) row.** text = WithoutEndBlanks(row.**text);
   }
 }
 

@@ -99,7 +99,8 @@ class SetChanges {
     for (const QString& key : keys) {
       if (base[key] == wanted[key] || now[key] == wanted[key]) continue;
       const QVariantList& first = (base[key].empty() ? wanted[key] : base[key]).front();
-      if (now[key] != base[key]) ThrowConflict(wanted_.word + u'“' + wanted_.At(first, wanted_.key[0]).toString() + u'”');
+      if (now[key] != base[key])
+        ThrowConflict(wanted_.word + u'“' + wanted_.At(first, wanted_.key[0]).toString() + u'”');
       changes_.push_back({RowChange::Kind::Rewrite, &wanted_, first, {}, wanted[key]});
     }
   }

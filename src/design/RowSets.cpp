@@ -18,7 +18,7 @@ RowSet SetOf(const std::vector<Row>& rows, const QString& word, const QStringLis
     for (const RowColumn<Row>& column : Row::Columns()) {
       if (column.column.name == kClerksColumn) continue;
       if (const auto* text = std::get_if<QString Row::*>(&column.member))
-        values << row.** text;
+        values << row.**text;
       else
         values << row.*std::get<int Row::*>(column.member);
     }

@@ -65,8 +65,8 @@ HostColumns ReadHostColumns(Connection& connection, const RowSet& set, const QSt
   for (const ColumnInfo& column : info->columns)
     if (!set.columns.contains(column.name, Qt::CaseInsensitive)) found.columns << column.name;
   if (found.columns.isEmpty()) return found;
-  const ResultSet rows(connection, u"Select %1,%2 From %3 Where %4"_s.arg(set.key.last(), found.columns.join(u','),
-                                                                          set.table, group));
+  const ResultSet rows(
+      connection, u"Select %1,%2 From %3 Where %4"_s.arg(set.key.last(), found.columns.join(u','), set.table, group));
   for (qint64 row = 0; row < rows.RowCount(); ++row) {
     QVariantList values;
     for (int column = 1; column < rows.ColumnCount(); ++column) values << rows.Value(row, column);

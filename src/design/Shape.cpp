@@ -50,10 +50,11 @@ QString Shape<Design::Field>::TitleOf(const Design::Field& item) { return Named(
 
 const Members<Design::Control>& Shape<Design::Control>::Values() {
   using Control = Design::Control;
-  static const Members<Control> members{{"field", u"字段", &Control::field}, {"type", u"控件类型", &Control::type},
-                                        {"index", u"控件序号", &Control::index}, {"key", u"回车次序", &Control::keyOrder},
-                                        {"left", u"左", &Control::left},     {"top", u"上", &Control::top},
-                                        {"width", u"宽", &Control::width},   {"height", u"高", &Control::height}};
+  static const Members<Control> members{
+      {"field", u"字段", &Control::field},     {"type", u"控件类型", &Control::type},
+      {"index", u"控件序号", &Control::index}, {"key", u"回车次序", &Control::keyOrder},
+      {"left", u"左", &Control::left},         {"top", u"上", &Control::top},
+      {"width", u"宽", &Control::width},       {"height", u"高", &Control::height}};
   return members;
 }
 
@@ -235,7 +236,8 @@ const Members<Design::Rights>& Shape<Design::Rights>::Values() {
 QString Shape<Design::Rights>::TitleOf(const Design::Rights& item) { return u"对表“%1”的权限"_s.arg(item.table); }
 
 const Members<Design::User>& Shape<Design::User>::Values() {
-  static const Members<Design::User> members{{"id", u"编号", &Design::User::id}, {"name", u"姓名", &Design::User::name}};
+  static const Members<Design::User> members{{"id", u"编号", &Design::User::id},
+                                             {"name", u"姓名", &Design::User::name}};
   return members;
 }
 

@@ -59,7 +59,9 @@ template <>
 struct Shape<Design::Control> {
   static constexpr bool kIsInOrder = false;
   static const Members<Design::Control>& Values();
-  static QString KeyOf(const Design::Control& item) { return QString::number(item.type) + QLatin1Char(' ') + QString::number(item.index); }
+  static QString KeyOf(const Design::Control& item) {
+    return QString::number(item.type) + QLatin1Char(' ') + QString::number(item.index);
+  }
   static QString TitleOf(const Design::Control& item);
   static std::pair<int, QString> PlaceOf(const Design::Control& item);
   template <class Visit>
@@ -251,7 +253,8 @@ struct Shape<Design> {
 template <class List>
 auto FindByKey(List& items, const QString& key) {
   using T = typename List::value_type;
-  const auto found = std::find_if(items.begin(), items.end(), [&](const T& item) { return Shape<T>::KeyOf(item) == key; });
+  const auto found =
+      std::find_if(items.begin(), items.end(), [&](const T& item) { return Shape<T>::KeyOf(item) == key; });
   return found == items.end() ? nullptr : &*found;
 }
 

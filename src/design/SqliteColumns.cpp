@@ -27,8 +27,9 @@ void Run(Connection& connection, const QByteArray& statement) {
 
 // What ends the type of a column and begins a constraint.
 bool BeginsConstraint(const Token& token) {
-  static const QSet<QString> words{u"constraint"_s, u"primary"_s, u"not"_s,        u"null"_s,      u"unique"_s, u"check"_s,
-                                   u"default"_s,    u"collate"_s, u"references"_s, u"generated"_s, u"as"_s};
+  static const QSet<QString> words{u"constraint"_s, u"primary"_s,   u"not"_s,     u"null"_s,
+                                   u"unique"_s,     u"check"_s,     u"default"_s, u"collate"_s,
+                                   u"references"_s, u"generated"_s, u"as"_s};
   return token.kind == TokenKind::Word && words.contains(token.text.toLower());
 }
 
@@ -110,16 +111,16 @@ QStringList RedeclareStatements(Connection& connection, const QString& table, co
   const QString statement = Redeclared(ValueOf(rows, 0, 0), column, type);
   const qlonglong version = ValueOf(session.FetchNative({"PRAGMA schema_version", {}}), 0, 0).toLongLong();
   return {u"UPDATE sqlite_schema SET sql = %1 WHERE type = 'table' AND name = %2"_s.arg(TextLiteral(statement),
-                                                                                       TextLiteral(table)),
+                                                                                        TextLiteral(table)),
           u"PRAGMA schema_version = %1"_s.arg(version + 1)};
 }
 
 QStringList DropIndexStatements(Connection& connection, const QString& table, const QString& column) {
   DatabaseSession& session = DatabaseSession::Of(connection);
-  const FetchedRows rows = session.FetchNative(
-      {"SELECT DISTINCT l.name FROM pragma_index_list(?) l, pragma_index_info(l.name) i "
-       "WHERE l.origin = 'c' AND i.name = ? COLLATE NOCASE",
-       {table, column}});
+  const FetchedRows rows =
+      session.FetchNative({"SELECT DISTINCT l.name FROM pragma_index_list(?) l, pragma_index_info(l.name) i "
+                           "WHERE l.origin = 'c' AND i.name = ? COLLATE NOCASE",
+                           {table, column}});
   QStringList statements;
   for (std::size_t row = 0; row < rows.rows->RowCount(); ++row)
     statements << u"DROP INDEX "_s + QString::fromUtf8(session.Words().Quoted(ValueOf(rows, row, 0)));

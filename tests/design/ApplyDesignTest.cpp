@@ -48,8 +48,8 @@ TEST_P(ApplyDesignTest, AShorterFieldLeavesItsColumnAsLongAsItIs) {
 TEST_P(ApplyDesignTest, ANewFieldGetsItsColumnBehindTheRowsThatAreThere) {
   AddLetter(u"1"_s, u"通知"_s);
   Apply([](Design& design) {
-    TableOf(design, u"Lwdj"_s).fields.insert(TableOf(design, u"Lwdj"_s).fields.begin(),
-                                            {u"备注"_s, u"备注"_s, u"文本型"_s, 200, {}});
+    TableOf(design, u"Lwdj"_s)
+        .fields.insert(TableOf(design, u"Lwdj"_s).fields.begin(), {u"备注"_s, u"备注"_s, u"文本型"_s, 200, {}});
   });
   EXPECT_EQ(Read().tables[1].fields.back().name, u"备注"_s);
   Connected()->Execute(u"Update Lwdj Set 备注 = '急' Where Amaintitle Like '%知%'"_s);
@@ -187,9 +187,8 @@ TEST_P(ApplyDesignTest, ColumnsOfTheHostStayWithTheRowsThatAreWrittenAgain) {
     std::swap(TableOf(design, u"Gdwj"_s).numberParts[0], TableOf(design, u"Gdwj"_s).numberParts[1]);
   });
   EXPECT_EQ(Database().Rows(u"select FieldName, Room from ArchiveNo_Format"_s),
-            (std::vector<QStringList>{{u"FileYear"_s, u"FileYear"_s},
-                                      {u"FondsNo"_s, u"FondsNo"_s},
-                                      {u"DocOrder"_s, u"DocOrder"_s}}));
+            (std::vector<QStringList>{
+                {u"FileYear"_s, u"FileYear"_s}, {u"FondsNo"_s, u"FondsNo"_s}, {u"DocOrder"_s, u"DocOrder"_s}}));
 }
 
 TEST_P(ApplyDesignTest, OnlyRowsThatDifferAreWritten) {

@@ -12,12 +12,12 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 // Words that files, statements and databases might take for something else.
-const QStringList kPieces{u"题名"_s, u"'"_s,  u"''"_s,  u"\""_s,   u": "_s,   u"- "_s,  u"#"_s,    u" #"_s, u"%"_s,
-                          u"\\"_s,   u"\n"_s, u"\t"_s,  u"\r\n"_s, u"true"_s, u"0188"_s, u"1e5"_s, u"~"_s,  u"null"_s,
-                          u"["_s,    u"]"_s,  u"{"_s,   u"}"_s,    u","_s,    u"&"_s,    u"*"_s,   u"!"_s,  u"|"_s,
-                          u">"_s,    u"@"_s,  u"`"_s,   u"--"_s,   u"/*"_s,   u"?"_s,    u"$1"_s,  u"；"_s, u"　"_s,
-                          u"A"_s,    u"z"_s,  u"😀"_s,  u"é"_s,    u" "_s,    u"..."_s,  u"---"_s, u"。"_s, u"\u0001"_s,
-                          u"\u0085"_s, u"\u2028"_s};
+const QStringList kPieces{u"题名"_s, u"'"_s,    u"''"_s,  u"\""_s, u": "_s,     u"- "_s,     u"#"_s,     u" #"_s,
+                          u"%"_s,    u"\\"_s,   u"\n"_s,  u"\t"_s, u"\r\n"_s,   u"true"_s,   u"0188"_s,  u"1e5"_s,
+                          u"~"_s,    u"null"_s, u"["_s,   u"]"_s,  u"{"_s,      u"}"_s,      u","_s,     u"&"_s,
+                          u"*"_s,    u"!"_s,    u"|"_s,   u">"_s,  u"@"_s,      u"`"_s,      u"--"_s,    u"/*"_s,
+                          u"?"_s,    u"$1"_s,   u"；"_s,  u"　"_s, u"A"_s,      u"z"_s,      u"😀"_s,     u"é"_s,
+                          u" "_s,    u"..."_s,  u"---"_s, u"。"_s, u"\u0001"_s, u"\u0085"_s, u"\u2028"_s};
 
 QString Shortened(QString text, int mostBytes) {
   while (ByteLength(text) > mostBytes) text.chop(text.back().isLowSurrogate() ? 2 : 1);
@@ -64,8 +64,9 @@ QString NonEmpty(Dice& dice, int mostBytes) {
 int RandomNumber(Dice& dice) { return dice.OneIn(10) ? dice.Between(-2147483647, 2147483646) : dice.Between(0, 12); }
 
 Design::Field RandomField(Dice& dice, const QString& name) {
-  static const QStringList types{u"数值型"_s, u"自动编号"_s,   u"数字型"_s,   u"时间型"_s, u"日期型"_s, u"档案日期型"_s,
-                                 u"文本型"_s, u"文件编号型"_s, u"机关代字型"_s, u""_s,       u"别的"_s};
+  static const QStringList types{u"数值型"_s,     u"自动编号"_s,   u"数字型"_s, u"时间型"_s,
+                                 u"日期型"_s,     u"档案日期型"_s, u"文本型"_s, u"文件编号型"_s,
+                                 u"机关代字型"_s, u""_s,           u"别的"_s};
   Design::Field field{name, RandomText(dice, 100), dice.AnyOf(types), dice.Between(0, 300), RandomText(dice, 100)};
   if (dice.OneIn(10)) field.length = dice.Between(-5, 100000);
   for (bool* flag : {&field.isRequired, &field.isFixedLength, &field.isInherited, &field.isCarried})
@@ -75,8 +76,8 @@ Design::Field RandomField(Dice& dice, const QString& name) {
 
 void AddLayout(Design::Table& table, Dice& dice) {
   table.controls = Some<Design::Control>(dice, 6, [&]() -> Design::Control {
-    return {RandomText(dice, 50), RandomNumber(dice), RandomNumber(dice), RandomNumber(dice), RandomNumber(dice),
-            RandomNumber(dice),   RandomNumber(dice), RandomNumber(dice)};
+    return {RandomText(dice, 50), RandomNumber(dice), RandomNumber(dice), RandomNumber(dice),
+            RandomNumber(dice),   RandomNumber(dice), RandomNumber(dice), RandomNumber(dice)};
   });
   table.columns = Some<Design::ListColumn>(dice, 5, [&]() -> Design::ListColumn {
     return {NonEmpty(dice, 50), RandomText(dice, 100), RandomNumber(dice), RandomNumber(dice)};
@@ -85,8 +86,8 @@ void AddLayout(Design::Table& table, Dice& dice) {
     return {NonEmpty(dice, 50), RandomText(dice, 100), RandomNumber(dice), RandomNumber(dice), RandomNumber(dice)};
   });
   for (int left = dice.Between(0, 4); left > 0; --left)
-    table.numberParts.push_back({RandomText(dice, 50), RandomText(dice, 100), dice.OneIn(3) ? u" "_s : RandomText(dice, 10),
-                                 dice.OneIn(2), RandomNumber(dice)});
+    table.numberParts.push_back({RandomText(dice, 50), RandomText(dice, 100),
+                                 dice.OneIn(3) ? u" "_s : RandomText(dice, 10), dice.OneIn(2), RandomNumber(dice)});
   if (table.numberParts.empty()) return;
   table.numberField = RandomText(dice, 50);
   table.folderNumberField = dice.OneIn(2) ? u"(无)"_s : RandomText(dice, 50);
@@ -115,8 +116,13 @@ Design::Table RandomTable(Dice& dice, const QString& name) {
 Design::User RandomUser(Dice& dice) {
   Design::User user{RandomText(dice, 20), RandomText(dice, 50), {}};
   user.rights = Some<Design::Rights>(dice, 3, [&]() -> Design::Rights {
-    Design::Rights rights{RandomText(dice, 50), RandomText(dice, 255), dice.OneIn(2), dice.OneIn(2),
-                          dice.OneIn(2),        RandomText(dice, 500), {}};
+    Design::Rights rights{RandomText(dice, 50),
+                          RandomText(dice, 255),
+                          dice.OneIn(2),
+                          dice.OneIn(2),
+                          dice.OneIn(2),
+                          RandomText(dice, 500),
+                          {}};
     for (int left = dice.Between(0, 3); left > 0; --left)
       if (const QString field = RandomText(dice, 50); !rights.conditionFields.contains(field, Qt::CaseInsensitive))
         rights.conditionFields << field;
@@ -152,15 +158,18 @@ Design RandomDesign(Dice& dice) {
   Names names(dice);
   for (int left = dice.Between(0, 5); left > 0; --left) design.tables.push_back(RandomTable(dice, names.Next()));
   AddDictionaries(design, dice);
-  design.fonds = Some<Design::Fonds>(
-      dice, 3, [&]() -> Design::Fonds { return {RandomText(dice, 20), RandomText(dice, 100)}; });
+  design.fonds = Some<Design::Fonds>(dice, 3, [&]() -> Design::Fonds {
+    return {RandomText(dice, 20), RandomText(dice, 100)};
+  });
   design.entityClasses = Some<Design::EntityClass>(dice, 3, [&]() -> Design::EntityClass {
     return {RandomText(dice, 20), RandomText(dice, 20), RandomText(dice, 100)};
   });
-  design.retentions = Some<Design::Retention>(
-      dice, 3, [&]() -> Design::Retention { return {RandomText(dice, 50), RandomText(dice, 20)}; });
+  design.retentions = Some<Design::Retention>(dice, 3, [&]() -> Design::Retention {
+    return {RandomText(dice, 50), RandomText(dice, 20)};
+  });
   design.transfers = Some<Design::TransferMap>(dice, 3, [&]() -> Design::TransferMap {
-    return {RandomText(dice, 50), RandomText(dice, 50), Some<Design::TransferLink>(dice, 4, [&]() -> Design::TransferLink {
+    return {RandomText(dice, 50), RandomText(dice, 50),
+            Some<Design::TransferLink>(dice, 4, [&]() -> Design::TransferLink {
               return {RandomText(dice, 50), RandomText(dice, 50), RandomText(dice, 100)};
             })};
   });

@@ -53,26 +53,26 @@ TEST_P(RefusedDesignTest, TwoFieldsOrTablesOfOneNameAreRefused) {
 TEST_P(RefusedDesignTest, WhatRowsCannotHoldIsRefused) {
   EXPECT_THAT(Refusal([](Design& design) { design.tables.emplace_back().name = u"Leer"_s; }).toStdString(),
               HasSubstr("不能存入数据库"));
-  EXPECT_THAT(Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = QString(51, u'长'); })
-                  .toStdString(),
+  EXPECT_THAT(Refusal([](Design& design) {
+                FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = QString(51, u'长');
+              }).toStdString(),
               HasSubstr("最多 100 字节"));
-  EXPECT_THAT(Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = QChar(0xD800); })
-                  .toStdString(),
-              HasSubstr("不能存储的字符"));
+  EXPECT_THAT(
+      Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = QChar(0xD800); }).toStdString(),
+      HasSubstr("不能存储的字符"));
 }
 
 TEST_P(RefusedDesignTest, AColumnOfNumbersDoesNotBecomeOneOfTexts) {
-  EXPECT_THAT(
-      Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).type = u"文本型"_s; }).toStdString(),
-      HasSubstr("数字列"));
+  EXPECT_THAT(Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).type = u"文本型"_s; }).toStdString(),
+              HasSubstr("数字列"));
 }
 
 TEST_P(RefusedDesignTest, NamesThatAreAllowedWorkInStatements) {
   QStringList names;
   for (const char* word :
-       {"Size",  "Name",  "Type",   "Year",  "Month",    "Day",    "Date",   "Time",   "Status",   "Level", "Text",
-        "Value", "Count", "Sum",    "Max",   "Min",      "Len",    "Note",   "State",  "Number",   "Code",  "Path",
-        "Class", "Title", "Author", "Owner", "Version",  "Length", "Action", "Object", "Role",     "Region", "Zone",
+       {"Size",  "Name",  "Type",   "Year",  "Month",    "Day",    "Date",   "Time",   "Status",   "Level",   "Text",
+        "Value", "Count", "Sum",    "Max",   "Min",      "Len",    "Note",   "State",  "Number",   "Code",    "Path",
+        "Class", "Title", "Author", "Owner", "Version",  "Length", "Action", "Object", "Role",     "Region",  "Zone",
         "年度",  "题名",  "案卷号", "Data",  "Position", "Second", "Minute", "Hour",   "Interval", "Password"})
     if (const QString name = QString::fromUtf8(word); design::NameComplaint(name).isEmpty()) names << name;
   ASSERT_GT(names.size(), 30);
@@ -96,8 +96,9 @@ TEST_P(RefusedDesignTest, NamesThatAreAllowedWorkInStatements) {
 }
 
 TEST(SqliteColumns, OnlyTheTypeOfTheColumnIsWrittenAnew) {
-  const QString before = u"CREATE TABLE \"t\" (/* Note */ a varchar(5) DEFAULT 'Note varchar(3), (', "
-                         u"[Note] character varying ( 10 ) COLLATE NOCASE NOT NULL, CHECK (Note <> 'x'))"_s;
+  const QString before =
+      u"CREATE TABLE \"t\" (/* Note */ a varchar(5) DEFAULT 'Note varchar(3), (', "
+      u"[Note] character varying ( 10 ) COLLATE NOCASE NOT NULL, CHECK (Note <> 'x'))"_s;
   EXPECT_EQ(design::Redeclared(before, u"note"_s, u"varchar(20)"_s),
             u"CREATE TABLE \"t\" (/* Note */ a varchar(5) DEFAULT 'Note varchar(3), (', "
             u"[Note] varchar(20) COLLATE NOCASE NOT NULL, CHECK (Note <> 'x'))"_s);

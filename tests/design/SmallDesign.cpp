@@ -16,12 +16,10 @@ Design::Table Letters() {
                   {u"Amaintitle"_s, u"题名"_s, u"文本型"_s, 160, {}, true},
                   {u"SecurityClass"_s, u"密级"_s, u"文本型"_s, 10, u"密级"_s},
                   {u"FileDate"_s, u"成文日期"_s, u"日期型"_s, 10, {}}};
-  table.controls = {{u"RegID"_s, 1, 1, 1, 1350, 0, 3600, 300},
-                    {u"CreatedDate"_s, 4, 1, 2, 6300, 0, 3600, 300},
-                    {u"Amaintitle"_s, 10, 1, 3, 1350, 480, 8550, 780},
-                    {u"SecurityClass"_s, 2, 1, 4, 1350, 1440, 3600, 300},
-                    {u"FileDate"_s, 4, 2, 5, 6300, 1440, 3600, 300},
-                    {{}, 3, 1, 6, 0, 0, 10200, 1890}};
+  table.controls = {
+      {u"RegID"_s, 1, 1, 1, 1350, 0, 3600, 300},         {u"CreatedDate"_s, 4, 1, 2, 6300, 0, 3600, 300},
+      {u"Amaintitle"_s, 10, 1, 3, 1350, 480, 8550, 780}, {u"SecurityClass"_s, 2, 1, 4, 1350, 1440, 3600, 300},
+      {u"FileDate"_s, 4, 2, 5, 6300, 1440, 3600, 300},   {{}, 3, 1, 6, 0, 0, 10200, 1890}};
   table.columns = {{u"RegID"_s, u"登记号"_s, 900, 1}, {u"Amaintitle"_s, u"题名"_s, 5700, 2}};
   table.searchFields = {{u"Amaintitle"_s, u"题名"_s, 1, 1, 1}, {u"SecurityClass"_s, u"密级"_s, 4, 1, 2}};
   return table;
@@ -63,11 +61,11 @@ Design SmallDesign() {
   design.retentions = {{u"永久"_s, u"YJ"_s}};
   design.transfers = {{u"Lwdj"_s, u"Gdwj"_s, {{u"Amaintitle"_s, u"Amaintitle"_s, u"题名"_s}}}};
   design.reports = {{u"1001"_s, u"收文登记簿"_s, u"Lwdj"_s, u"1"_s}};
-  design.users = {{u"1"_s, u"系统管理员"_s, {}},
-                  {u"12"_s,
-                   u"王小明"_s,
-                   {{u"Lwdj"_s, u"没有密级的收文"_s, true, true, false, u"Lwdj.SecurityClass Is Null"_s,
-                     {u"SecurityClass"_s}}}}};
+  design.users = {
+      {u"1"_s, u"系统管理员"_s, {}},
+      {u"12"_s,
+       u"王小明"_s,
+       {{u"Lwdj"_s, u"没有密级的收文"_s, true, true, false, u"Lwdj.SecurityClass Is Null"_s, {u"SecurityClass"_s}}}}};
   PutInOrder(design);
   return design;
 }
