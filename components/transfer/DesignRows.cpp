@@ -7,7 +7,7 @@
 #include <folvane/ResultSet.h>
 
 #include "components/common/Quoted.h"
-#include "components/transfer/Names.h"
+#include "design/transfer/Names.h"
 
 namespace folvane::transfer {
 namespace {

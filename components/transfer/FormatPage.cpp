@@ -11,9 +11,10 @@
 #include <folvane/DataError.h>
 #include <folvane/Icons.h>
 
-#include "components/transfer/FormatCheck.h"
 #include "components/transfer/NumberExample.h"
 #include "components/transfer/SettingsList.h"
+#include "design/transfer/FormatCheck.h"
+#include "design/transfer/NumberLength.h"
 
 namespace folvane::transfer {
 namespace {

@@ -6,27 +6,12 @@
 #include <folvane/ResultSet.h>
 
 #include "components/common/Quoted.h"
+#include "design/transfer/NumberLength.h"
 
 namespace folvane::transfer {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 using components::Quoted;
-
-// A length that no number of 16 bits is has no piece.
-qint16 LengthIn(const NumberPart& part) {
-  bool isNumber = false;
-  const short length = part.length.toShort(&isNumber);
-  return isNumber && length > 0 ? length : 0;
-}
-
-std::vector<NumberField> FieldsOf(const NumberFormat& format, std::size_t count, const QStringList& values) {
-  std::vector<NumberField> fields;
-  for (std::size_t at = 0; at < count; ++at) {
-    const NumberPart& part = format.parts[at];
-    fields.push_back({part.field, values.value(qsizetype(at)), part.separator, part.showsCode, LengthIn(part)});
-  }
-  return fields;
-}
 
 QString FirstValue(Connection& connection, const QString& statement) {
   const ResultSet rows(connection, statement);
@@ -49,8 +34,6 @@ QString KnownValue(Connection& connection, const TableField& field) {
 
 }  // namespace
 
-int LengthOf(const NumberFormat& format, std::size_t parts) { return ArchiveNumberLength(FieldsOf(format, parts, {})); }
-
 QString SampleValue(Connection& connection, const NumberFormat& format, std::size_t part, BusinessTables& tables) {
   const TableField* field = tables.Get(format.table).Find(format.parts[part].field);
   if (!field || part + 1 == format.parts.size()) return u"1"_s;
@@ -64,13 +47,13 @@ QString SampleValue(Connection& connection, const NumberFormat& format, std::siz
 }
 
 QString ExampleNumber(const NumberFormat& format, const QStringList& values) {
-  return ComposeArchiveNumber(FieldsOf(format, format.parts.size(), values), format.table);
+  return ComposeArchiveNumber(NumberFieldsOf(format, format.parts.size(), values), format.table);
 }
 
 QString ExampleFolder(const NumberFormat& format, const QStringList& values) {
   return format.parts.size() < 2
              ? QString()
-             : ComposeArchiveNumber(FieldsOf(format, format.parts.size() - 1, values), format.table);
+             : ComposeArchiveNumber(NumberFieldsOf(format, format.parts.size() - 1, values), format.table);
 }
 
 }  // namespace folvane::transfer

@@ -2,17 +2,14 @@
 
 #include <QStringList>
 
-#include "components/transfer/BusinessTables.h"
-#include "components/transfer/Settings.h"
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Settings.h"
 
 namespace folvane {
 class Connection;
 }
 
 namespace folvane::transfer {
-
-/// The most bytes of the national code page that the first parts of a number take together.
-int LengthOf(const NumberFormat& format, std::size_t parts);
 
 /// A value that a part of a number might have: an entry of its dictionary, the first fonds or class, this year; 1 for
 /// the running number and where nothing better is known. @throws DataError

@@ -4,10 +4,10 @@
 #include <QLabel>
 
 #include "components/common/Notice.h"
-#include "components/transfer/Conversion.h"
 #include "components/transfer/FrmTransferSet.h"
-#include "components/transfer/SetCheck.h"
 #include "components/transfer/SettingsList.h"
+#include "design/transfer/Conversion.h"
+#include "design/transfer/SetCheck.h"
 
 namespace folvane::transfer {
 namespace {

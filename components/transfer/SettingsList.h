@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "components/transfer/Finding.h"
+#include "design/transfer/Finding.h"
 
 namespace folvane::transfer {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "components/transfer/DesignRows.h"
-#include "components/transfer/Settings.h"
+#include "design/transfer/Settings.h"
 
 namespace folvane::transfer {
 

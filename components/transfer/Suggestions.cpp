@@ -1,6 +1,6 @@
 #include "components/transfer/Suggestions.h"
 
-#include "components/transfer/GivenFields.h"
+#include "design/transfer/GivenFields.h"
 
 namespace folvane::transfer {
 namespace {

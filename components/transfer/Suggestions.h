@@ -1,7 +1,7 @@
 #pragma once
 
-#include "components/transfer/BusinessTables.h"
-#include "components/transfer/Settings.h"
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Settings.h"
 
 namespace folvane::transfer {
 

@@ -3,8 +3,8 @@
 #include <folvane/Connection.h>
 #include <folvane/DataError.h>
 
-#include "components/transfer/FormatCheck.h"
-#include "components/transfer/SetCheck.h"
+#include "design/transfer/FormatCheck.h"
+#include "design/transfer/SetCheck.h"
 
 namespace folvane::transfer {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "components/transfer/BusinessTables.h"
-#include "components/transfer/Finding.h"
 #include "components/transfer/SettingsStore.h"
 #include "components/transfer/Suggestions.h"
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Finding.h"
 
 namespace folvane::transfer {
 

@@ -2,9 +2,9 @@
 
 #include <folvane/DataError.h>
 
-#include "archiving/FieldTypes.h"
 #include "archiving/TransferWords.h"
 #include "archiving/VolumeRecord.h"
+#include "design/transfer/FieldTypes.h"
 #include "shell/Lookups.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"

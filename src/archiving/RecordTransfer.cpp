@@ -2,13 +2,13 @@
 
 #include <folvane/createdname.h>
 
-#include "archiving/FieldTypes.h"
 #include "archiving/TransferScope.h"
 #include "archiving/TransferWords.h"
 #include "base/CodePage.h"
 #include "base/OuterBlanks.h"
 #include "base/Surroundings.h"
 #include "data/ValueText.h"
+#include "design/transfer/FieldTypes.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"

@@ -1,6 +1,6 @@
 #include "archiving/TransferTables.h"
 
-#include "archiving/FieldTypes.h"
+#include "design/transfer/FieldTypes.h"
 #include "shell/SharedState.h"
 #include "shell/TableFields.h"
 

@@ -12,24 +12,6 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-QString TypeOf(const Column& column, const NativeWords& words) {
-  if (!words.text) throw DataError(DataErrorKind::Untranslatable, u"该数据库中的表由其管理工具建立，不能在此建立"_s);
-  const auto word = [](const char* type) { return QString::fromLatin1(type); };
-  switch (column.type) {
-    case ColumnType::Text:
-      return word(words.text).arg(column.length);
-    case ColumnType::LongText:
-      return word(words.longText);
-    case ColumnType::Integer:
-      return word(words.integer);
-    case ColumnType::Date:
-      return word(words.date);
-    case ColumnType::Blob:
-      return word(words.blob);
-  }
-  return {};
-}
-
 QString CreateTableText(const NativeWords& words, const Table& table) {
   QStringList parts;
   for (const Column& column : table.columns) {
@@ -93,6 +75,24 @@ void FillGaps(Connection& connection) {
 }
 
 }  // namespace
+
+QString TypeOf(const Column& column, const NativeWords& words) {
+  if (!words.text) throw DataError(DataErrorKind::Untranslatable, u"该数据库中的表由其管理工具建立，不能在此建立"_s);
+  const auto word = [](const char* type) { return QString::fromLatin1(type); };
+  switch (column.type) {
+    case ColumnType::Text:
+      return word(words.text).arg(column.length);
+    case ColumnType::LongText:
+      return word(words.longText);
+    case ColumnType::Integer:
+      return word(words.integer);
+    case ColumnType::Date:
+      return word(words.date);
+    case ColumnType::Blob:
+      return word(words.blob);
+  }
+  return {};
+}
 
 QStringList CreateStatements(const NativeWords& words, const Table& table) {
   QStringList statements{CreateTableText(words, table)};

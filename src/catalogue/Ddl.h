@@ -9,6 +9,10 @@
 
 namespace folvane {
 
+/// The type of a column in a database's own words.
+/// @throws DataError Untranslatable for a database whose tables are not ours to make
+QString TypeOf(const Column& column, const NativeWords& words);
+
 /// The statements that make a table and its indexes in a database's own words.
 /// @throws DataError Untranslatable for a database whose tables are not ours to make
 QStringList CreateStatements(const NativeWords& words, const Table& table);

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "archiving/FieldTypes.h"
 #include "archiving/TransferFixture.h"
 #include "base/TypedValues.h"
+#include "design/transfer/FieldTypes.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {

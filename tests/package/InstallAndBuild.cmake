@@ -50,9 +50,17 @@ execute_process(COMMAND ${offscreen} ${prefix}/bin/folvane-dat show ${prefix}/bi
 if(NOT outcome EQUAL 1 OR told)
   message(FATAL_ERROR "what is no record set is shown with ${outcome}: ${told}")
 endif()
-if(NOT EXISTS ${prefix}/share/man/man1/folvane-dat.1)
-  message(FATAL_ERROR "the manual of folvane-dat is not installed")
-endif()
+foreach(command IN ITEMS folvane-dat folvane-design)
+  if(NOT EXISTS ${prefix}/share/man/man1/${command}.1)
+    message(FATAL_ERROR "the manual of ${command} is not installed")
+  endif()
+endforeach()
+
+# The installed command makes a database of a design, the example of its page, and gives it back.
+extract(${docs}/designs.md yaml ${work}/design.yaml)
+foreach(arguments IN ITEMS "import;${work}/design.db;${work}/design.yaml" "diff;${work}/design.db;${work}/design.yaml")
+  run(${offscreen} ${prefix}/bin/folvane-design ${arguments})
+endforeach()
 
 # A host that looks closely.
 file(COPY ${tests}/consumer DESTINATION ${work})

@@ -1,6 +1,6 @@
-#include "components/transfer/Conversion.h"
-#include "components/transfer/FormatCheck.h"
-#include "components/transfer/SetCheck.h"
+#include "design/transfer/Conversion.h"
+#include "design/transfer/FormatCheck.h"
+#include "design/transfer/SetCheck.h"
 #include "transfersettings/SettingsFixture.h"
 
 // What is found wrong in the settings.

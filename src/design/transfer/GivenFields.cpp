@@ -1,4 +1,4 @@
-#include "components/transfer/GivenFields.h"
+#include "design/transfer/GivenFields.h"
 
 #include <folvane/ArchiveRules.h>
 

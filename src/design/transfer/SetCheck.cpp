@@ -1,8 +1,8 @@
-#include "components/transfer/SetCheck.h"
+#include "design/transfer/SetCheck.h"
 
-#include "components/transfer/Conversion.h"
-#include "components/transfer/FormatCheck.h"
-#include "components/transfer/GivenFields.h"
+#include "design/transfer/Conversion.h"
+#include "design/transfer/FormatCheck.h"
+#include "design/transfer/GivenFields.h"
 
 namespace folvane::transfer {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include "components/transfer/BusinessTables.h"
-#include "components/transfer/Settings.h"
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Settings.h"
 
 namespace folvane::transfer {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "components/transfer/Names.h"
+#include "design/transfer/Names.h"
 
 // The settings of the transfer into the archive, as the design tables have them. What was read wrong stays as it was
 // read, so that it can be shown and put right. Each remembers the row that it comes from; a new one has none.

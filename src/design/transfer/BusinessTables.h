@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "components/transfer/Finding.h"
+#include "design/transfer/Finding.h"
 
 namespace folvane {
 class Connection;
@@ -50,6 +50,8 @@ class BusinessTables {
  public:
   /// @throws DataError
   explicit BusinessTables(std::shared_ptr<Connection> connection);
+  /// Tables that are known already, with their columns; there are no others.
+  explicit BusinessTables(std::vector<BusinessTable> tables);
 
   /// Those of the design, in its order, without their columns.
   const std::vector<BusinessTable>& Designed() const { return designed_; }

@@ -1,4 +1,4 @@
-#include "components/transfer/Conversion.h"
+#include "design/transfer/Conversion.h"
 
 #include <folvane/ArchiveRules.h>
 

@@ -1,4 +1,4 @@
-#include "components/transfer/BusinessTables.h"
+#include "design/transfer/BusinessTables.h"
 
 #include <QRegularExpression>
 
@@ -6,7 +6,7 @@
 #include <folvane/DataError.h>
 #include <folvane/ResultSet.h>
 
-#include "components/transfer/Names.h"
+#include "design/transfer/Names.h"
 
 namespace folvane::transfer {
 namespace {
@@ -52,6 +52,10 @@ BusinessTables::BusinessTables(std::shared_ptr<Connection> connection) : connect
   ReadFields();
   ReadRelations();
   ReadControls();
+}
+
+BusinessTables::BusinessTables(std::vector<BusinessTable> tables) : designed_(std::move(tables)) {
+  for (const BusinessTable& table : designed_) complete_.emplace(WithoutEndBlanks(table.name).toLower(), table);
 }
 
 BusinessTable& BusinessTables::TableNamed(const QString& name) {
@@ -120,7 +124,7 @@ const BusinessTable& BusinessTables::Get(const QString& name) {
 }
 
 void BusinessTables::ReadColumns(BusinessTable& table) const {
-  if (!IsTableName(table.name)) return;
+  if (!connection_ || !IsTableName(table.name)) return;
   try {
     const ResultSet none(*connection_, u"Select * From "_s + table.name + u" Where 1 = 2"_s);
     table.isThere = true;

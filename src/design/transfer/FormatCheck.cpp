@@ -1,9 +1,9 @@
-#include "components/transfer/FormatCheck.h"
+#include "design/transfer/FormatCheck.h"
 
 #include <limits>
 
-#include "components/transfer/GivenFields.h"
-#include "components/transfer/NumberExample.h"
+#include "design/transfer/GivenFields.h"
+#include "design/transfer/NumberLength.h"
 
 namespace folvane::transfer {
 namespace {

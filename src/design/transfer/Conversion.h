@@ -1,7 +1,7 @@
 #pragma once
 
-#include "components/transfer/BusinessTables.h"
-#include "components/transfer/Finding.h"
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Finding.h"
 
 namespace folvane::transfer {
 

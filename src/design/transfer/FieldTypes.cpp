@@ -1,4 +1,4 @@
-#include "archiving/FieldTypes.h"
+#include "design/transfer/FieldTypes.h"
 
 #include <algorithm>
 #include <array>

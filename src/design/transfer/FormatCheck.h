@@ -1,8 +1,8 @@
 #pragma once
 
-#include "components/transfer/BusinessTables.h"
-#include "components/transfer/Finding.h"
-#include "components/transfer/Settings.h"
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Finding.h"
+#include "design/transfer/Settings.h"
 
 namespace folvane::transfer {
 

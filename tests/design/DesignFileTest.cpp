@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <folvane/DataError.h>
+
+#include "design/RandomDesign.h"
+#include "design/SmallDesign.h"
+
+namespace folvane::test {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using testing::HasSubstr;
+
+std::string RefusalOf(const QByteArray& text) {
+  try {
+    ParseDesign(text);
+    return "it was read";
+  } catch (const DataError& error) {
+    EXPECT_EQ(error.Kind(), DataErrorKind::File);
+    return error.what();
+  }
+}
+
+QByteArray File(const QByteArray& lines) { return "folvane-design: 1\n" + lines + "...\n"; }
+
+TEST(DesignFile, ADesignComesBackAsItWasWritten) {
+  for (quint64 round = 0; round < 100; ++round) {
+    Dice dice(77, round);
+    const Design design = RandomDesign(dice);
+    const QByteArray text = DesignText(design);
+    ASSERT_EQ(ParseDesign(text), design) << "round " << round;
+    ASSERT_EQ(DesignText(ParseDesign(text)), text) << "round " << round;
+  }
+}
+
+TEST(DesignFile, IsReadableAndHasALineForEachField) {
+  const QByteArray text = DesignText(SmallDesign());
+  EXPECT_THAT(text.toStdString(), HasSubstr("\n      - {name: Amaintitle, caption: 题名, type: 文本型, length: 160, "
+                                            "required: true}\n"));
+  EXPECT_THAT(text.toStdString(), HasSubstr("\n  - {number: \"0188\", name: 青岚市人民政府办公室}\n"));
+  EXPECT_TRUE(text.startsWith("folvane-design: 1\n"));
+  EXPECT_TRUE(text.endsWith("\n...\n"));
+}
+
+TEST(DesignFile, CutAnywhereIsRefusedAsAWhole) {
+  const QByteArray text = DesignText(SmallDesign());
+  for (qsizetype size = 0; size + 1 < text.size(); size += 7)
+    EXPECT_NE(RefusalOf(text.left(size)), "it was read") << size;
+  EXPECT_THAT(RefusalOf(text.left(text.size() / 2)), testing::AnyOf(HasSubstr("不完整"), HasSubstr("UTF-8")));
+}
+
+TEST(DesignFile, OfAnotherVersionIsRefusedByItsNumber) {
+  EXPECT_THAT(RefusalOf("folvane-design: 2\nclasses: []\n...\n"), HasSubstr("第 2 版"));
+  EXPECT_THAT(RefusalOf("classes: []\n...\n"), HasSubstr("不是设计文件"));
+}
+
+TEST(DesignFile, ErrorsNameTheLine) {
+  EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    titel: x\n")), HasSubstr("第 4 行有错误：不认识“titel”"));
+  EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    class: two\n")), HasSubstr("第 4 行有错误：“class”应是整数"));
+  EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    fields:\n      - {name: A, required: maybe}\n")),
+              HasSubstr("第 5 行有错误：“required”应是 true 或 false"));
+  EXPECT_THAT(RefusalOf(File("fonds:\n  - {number: 1, number: 2}\n")), HasSubstr("第 3 行有错误：“number”写了两次"));
+  EXPECT_THAT(RefusalOf(File("fonds: {number: 1}\n")), HasSubstr("第 2 行有错误：“fonds”应是一个列表"));
+  EXPECT_THAT(RefusalOf(File("fonds: [\n")), HasSubstr("不是正确的 YAML"));
+  EXPECT_THAT(RefusalOf(File("...\nfonds: []\n")), HasSubstr("只有一个文档"));
+  EXPECT_THAT(RefusalOf(File("fonds:\n  - {name: \"\xff\"}\n")), HasSubstr("UTF-8"));
+}
+
+TEST(DesignFile, TwoFieldsOfOneNameAreRefusedWhereTheSecondStands) {
+  EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    fields:\n      - {name: Note}\n      - {name: NOTE}\n")),
+              HasSubstr("第 6 行有错误：字段“NOTE”写了两次"));
+}
+
+TEST(DesignFile, ExcerptHoldsWhatItsTablesNeedAndJoinsAnotherDesign) {
+  const Design design = SmallDesign();
+  const Design excerpt = ExcerptOf(design, {u"lwdj"_s});
+  EXPECT_EQ(excerpt.tables.size(), 1u);
+  EXPECT_EQ(excerpt.classes.size(), 1u);
+  EXPECT_EQ(excerpt.dictionaries.size(), 1u);
+  EXPECT_EQ(excerpt.reports.size(), 1u);
+  EXPECT_EQ(excerpt.users.size(), 1u);
+  EXPECT_TRUE(excerpt.transfers.empty());
+  EXPECT_EQ(Joined(design, excerpt), design);
+  EXPECT_EQ(Joined(Joined({}, excerpt), design), design);
+  EXPECT_THROW(ExcerptOf(design, {u"Nirgends"_s}), DataError);
+}
+
+TEST(DesignFile, JoiningKeepsEntriesAndRightsThatTheOtherDoesNotHave) {
+  Design other;
+  other.dictionaries = {{u"密级"_s, u"2 - 字符型"_s, true, {{u"绝密"_s, u"U"_s, u"003"_s, true}}}};
+  const Design joined = Joined(SmallDesign(), other);
+  EXPECT_EQ(joined.dictionaries[0].entries.size(), 3u);
+}
+
+}  // namespace
+}  // namespace folvane::test

@@ -1,0 +1,110 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <folvane/Catalogue.h>
+#include <folvane/DataError.h>
+
+#include "design/Names.h"
+#include "design/SmallDesign.h"
+#include "design/SqliteColumns.h"
+
+namespace folvane::test {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using testing::HasSubstr;
+
+class RefusedDesignTest : public WithSmallDesign {
+ protected:
+  std::string RefusalOfField(const QString& name) {
+    return Refusal([&](Design& design) {
+             TableOf(design, u"Lwdj"_s).fields.push_back({name, u"新"_s, u"文本型"_s, 10, {}});
+           })
+        .toStdString();
+  }
+  std::string RefusalOfTable(const QString& name) {
+    return Refusal([&](Design& design) {
+             Design::Table& table = design.tables.emplace_back();
+             table.name = name;
+             table.fields = {{u"Note"_s, u"备注"_s, u"文本型"_s, 10, {}}};
+           })
+        .toStdString();
+  }
+};
+FOLVANE_ON_EACH_DATABASE(RefusedDesignTest);
+
+TEST_P(RefusedDesignTest, NamesThatStatementsCannotSayAreRefusedInWords) {
+  EXPECT_THAT(RefusalOfField(u"No'te"_s), HasSubstr("只能用字母"));
+  EXPECT_THAT(RefusalOfField(u"No te"_s), HasSubstr("只能用字母"));
+  EXPECT_THAT(RefusalOfField(u"2nd"_s), HasSubstr("开头"));
+  EXPECT_THAT(RefusalOfField(u"Order"_s), HasSubstr("保留字"));
+  EXPECT_THAT(RefusalOfField(QString(200, u'n')), testing::AnyOf(HasSubstr("太长"), HasSubstr("最多")));
+  EXPECT_THAT(RefusalOfTable(u"User"_s), HasSubstr("保留字"));
+  EXPECT_THAT(RefusalOfTable(u"收 文"_s), HasSubstr("只能用字母"));
+  EXPECT_THAT(RefusalOfTable(QString(22, u'文')), testing::AnyOf(HasSubstr("太长"), HasSubstr("最多")));
+  EXPECT_EQ(RefusalOfTable(u"收文登记簿"_s), "");
+}
+
+TEST_P(RefusedDesignTest, TwoFieldsOrTablesOfOneNameAreRefused) {
+  EXPECT_THAT(RefusalOfField(u"AMAINTITLE"_s), HasSubstr("出现了两次"));
+  EXPECT_THAT(RefusalOfTable(u"LWDJ"_s), testing::Not(""));
+}
+
+TEST_P(RefusedDesignTest, WhatRowsCannotHoldIsRefused) {
+  EXPECT_THAT(Refusal([](Design& design) { design.tables.emplace_back().name = u"Leer"_s; }).toStdString(),
+              HasSubstr("不能存入数据库"));
+  EXPECT_THAT(Refusal([](Design& design) {
+                FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = QString(51, u'长');
+              }).toStdString(),
+              HasSubstr("最多 100 字节"));
+  EXPECT_THAT(
+      Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = QChar(0xD800); }).toStdString(),
+      HasSubstr("不能存储的字符"));
+}
+
+TEST_P(RefusedDesignTest, AColumnOfNumbersDoesNotBecomeOneOfTexts) {
+  EXPECT_THAT(Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).type = u"文本型"_s; }).toStdString(),
+              HasSubstr("数字列"));
+}
+
+TEST_P(RefusedDesignTest, NamesThatAreAllowedWorkInStatements) {
+  QStringList names;
+  for (const char* word :
+       {"Size",  "Name",  "Type",   "Year",  "Month",    "Day",    "Date",   "Time",   "Status",   "Level",   "Text",
+        "Value", "Count", "Sum",    "Max",   "Min",      "Len",    "Note",   "State",  "Number",   "Code",    "Path",
+        "Class", "Title", "Author", "Owner", "Version",  "Length", "Action", "Object", "Role",     "Region",  "Zone",
+        "年度",  "题名",  "案卷号", "Data",  "Position", "Second", "Minute", "Hour",   "Interval", "Password"})
+    if (const QString name = QString::fromUtf8(word); design::NameComplaint(name).isEmpty()) names << name;
+  ASSERT_GT(names.size(), 30);
+  const QString refusal = Refusal([&](Design& design) {
+    Design::Table& wide = design.tables.emplace_back();
+    wide.name = u"Wide"_s;
+    for (const QString& name : names) wide.fields.push_back({name, u"字段"_s + name, u"文本型"_s, 10, {}});
+    for (const QString& name : names) {
+      Design::Table& table = design.tables.emplace_back();
+      table.name = name;
+      table.fields = {{u"Note"_s, u"备注"_s, u"文本型"_s, 10, {}}};
+    }
+  });
+  ASSERT_EQ(refusal, QString());
+  for (const QString& name : names) {
+    EXPECT_NO_THROW(Connected()->Execute(
+        u"Update Wide Set %1 = 'a' Where Wide.%1 = 'b' And %1 In (Select %1 From Wide Where %1 Is Null)"_s.arg(name)))
+        << qPrintable(name);
+    EXPECT_NO_THROW(Connected()->Execute(u"Delete From %1 Where %1.ArchiveID = 'b'"_s.arg(name))) << qPrintable(name);
+  }
+}
+
+TEST(SqliteColumns, OnlyTheTypeOfTheColumnIsWrittenAnew) {
+  const QString before =
+      u"CREATE TABLE \"t\" (/* Note */ a varchar(5) DEFAULT 'Note varchar(3), (', "
+      u"[Note] character varying ( 10 ) COLLATE NOCASE NOT NULL, CHECK (Note <> 'x'))"_s;
+  EXPECT_EQ(design::Redeclared(before, u"note"_s, u"varchar(20)"_s),
+            u"CREATE TABLE \"t\" (/* Note */ a varchar(5) DEFAULT 'Note varchar(3), (', "
+            u"[Note] varchar(20) COLLATE NOCASE NOT NULL, CHECK (Note <> 'x'))"_s);
+  EXPECT_THROW(design::Redeclared(u"CREATE TABLE t (a, b)"_s, u"a"_s, u"text"_s), DataError);
+  EXPECT_THROW(design::Redeclared(u"CREATE TABLE t (a text)"_s, u"c"_s, u"text"_s), DataError);
+}
+
+}  // namespace
+}  // namespace folvane::test
