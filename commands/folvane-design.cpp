@@ -1,3 +1,4 @@
+// folvane-design check DATABASE|FILE [--reports FOLDER]
 // folvane-design export DATABASE [FILE] [--table NAME]...
 // folvane-design import DATABASE FILE [--table NAME]... [--whole] [--keep | --lose] [--dry-run]
 // folvane-design diff FROM TO              each a database or a file
@@ -23,10 +24,11 @@ namespace {
 using namespace folvane;
 using namespace Qt::Literals::StringLiterals;
 
-enum Outcome { Done = 0, Differences = 1, WrongUsage = 2, Failed = 3, Unanswered = 4 };
+enum Outcome { Done = 0, Findings = 1, Differences = 1, WrongUsage = 2, Failed = 3, Unanswered = 4 };
 
 constexpr char kUsage[] =
-    "用法：folvane-design export 数据库 [文件] [--table 表]...    把设计写成文件\n"
+    "用法：folvane-design check 数据库或文件 [--reports 文件夹]   检查设计\n"
+    "      folvane-design export 数据库 [文件] [--table 表]...    把设计写成文件\n"
     "      folvane-design import 数据库 文件 [--table 表]... [--whole] [--keep | --lose] [--dry-run]\n"
     "                                                           按文件修改数据库的设计\n"
     "      folvane-design diff 甲 乙                            从甲到乙有哪些不同\n"
@@ -96,6 +98,9 @@ struct Options {
   QStringList names, tables;
   bool isWhole = false, isDry = false;
   std::optional<LossAnswer> answer;
+  QString reports;
+
+  bool HasAnswers() const { return isWhole || isDry || answer; }
 };
 
 // Nothing where an option is unknown or contradicts another.
@@ -107,6 +112,8 @@ std::optional<Options> OptionsOf(const QStringList& arguments) {
       options.names << argument;
     else if (argument == u"--table" && at + 1 < arguments.size())
       options.tables << arguments[++at];
+    else if (argument == u"--reports" && at + 1 < arguments.size())
+      options.reports = arguments[++at];
     else if (argument == u"--whole")
       options.isWhole = true;
     else if (argument == u"--dry-run")
@@ -164,6 +171,28 @@ int Import(const Options& options) {
   return Done;
 }
 
+QString WordOf(DesignFinding::Weight weight) {
+  if (weight == DesignFinding::Weight::Error) return u"错误"_s;
+  return weight == DesignFinding::Weight::Warning ? u"警告"_s : u"提示"_s;
+}
+
+std::vector<DesignFinding> FindingsOf(const Options& options) {
+  const QString& name = options.names[0];
+  if (IsDesignFile(name)) return CheckDesign(DesignIn(name), nullptr, options.reports);
+  Database database(name, Database::Missing::Fail);
+  return CheckDesign(ReadDesign(database.Get()), &database.Get(), options.reports);
+}
+
+int Check(const Options& options) {
+  bool isClean = true;
+  for (const DesignFinding& finding : FindingsOf(options)) {
+    isClean = isClean && finding.weight == DesignFinding::Weight::Note;
+    Print(u"%1 %2：%3。%4。%5。"_s.arg(WordOf(finding.weight), finding.where, finding.what, finding.consequence,
+                                       finding.remedy));
+  }
+  return isClean ? Done : Findings;
+}
+
 int Diff(const Options& options) {
   const std::vector<DesignChange> changes = CompareDesigns(DesignIn(options.names[0]), DesignIn(options.names[1]));
   for (const DesignChange& change : changes) Print(change.where + u"："_s + change.what);
@@ -171,13 +200,15 @@ int Diff(const Options& options) {
 }
 
 int Run(const QString& command, const Options& options) {
-  const bool hasAnswers = options.isWhole || options.isDry || options.answer;
   const qsizetype names = options.names.size();
-  if (command == u"export" && (names == 1 || names == 2) && !hasAnswers) return Export(options);
+  const bool isPlain = !options.HasAnswers() && options.tables.isEmpty();
+  if (command == u"check" && names == 1 && isPlain) return Check(options);
+  if (!options.reports.isEmpty()) return TellUsage();
+  if (command == u"export" && (names == 1 || names == 2) && !options.HasAnswers()) return Export(options);
   if (command == u"import" && names == 2 && IsDesignFile(options.names[1])) {
     if (!(options.isWhole && !options.tables.isEmpty())) return Import(options);
   }
-  if (command == u"diff" && names == 2 && !hasAnswers && options.tables.isEmpty()) return Diff(options);
+  if (command == u"diff" && names == 2 && isPlain) return Diff(options);
   return TellUsage();
 }
 
@@ -188,8 +219,7 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) arguments << QFile::decodeName(argv[i]);
   const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
   if (command == u"--help"_s) return std::fputs(kUsage, stdout) < 0 ? Failed : Done;
-  if (command == u"--version"_s)
-    return std::printf("folvane-design %s\n", qPrintable(Version())) < 0 ? Failed : Done;
+  if (command == u"--version"_s) return std::printf("folvane-design %s\n", qPrintable(Version())) < 0 ? Failed : Done;
   const std::optional<Options> options = OptionsOf(arguments);
   if (!options) return TellUsage();
   try {

@@ -1,6 +1,5 @@
 #include <QRegularExpression>
 #include <type_traits>
-
 #include <yaml-cpp/yaml.h>
 
 #include "design/DesignFile.h"
@@ -35,11 +34,11 @@ void WriteValue(YAML::Emitter& file, const T& item, const Member<T>& value) {
   if (IsUsual(item, value)) return;
   file << YAML::Key << value.key << YAML::Value;
   if (const auto* text = std::get_if<QString T::*>(&value.member)) {
-    WriteText(file, item.** text);
+    WriteText(file, item.**text);
   } else if (const auto* number = std::get_if<int T::*>(&value.member)) {
-    file << item.** number;
+    file << item.**number;
   } else if (const auto* flag = std::get_if<bool T::*>(&value.member)) {
-    file << item.** flag;
+    file << item.**flag;
   } else {
     file << YAML::Flow << YAML::BeginSeq;
     for (const QString& each : item.*std::get<QStringList T::*>(value.member)) WriteText(file, each);

@@ -1,7 +1,6 @@
 #include <QStringDecoder>
 #include <set>
 #include <type_traits>
-
 #include <yaml-cpp/yaml.h>
 
 #include "base/FileUpdate.h"

@@ -75,6 +75,18 @@ TEST_F(DesignCommand, WhatWouldBeLostIsAskedFor) {
   EXPECT_EQ(Run({u"diff"_s, Path(u"a.db"_s), part}), 0) << out_.toStdString();
 }
 
+TEST_F(DesignCommand, WhatIsWrongIsToldWithWhatFollows) {
+  MakeDatabase();
+  EXPECT_EQ(Run({u"check"_s, Path(u"a.db"_s)}), 0);
+  EXPECT_EQ(out_, "");
+  EXPECT_EQ(Run({u"check"_s, Path(u"a.db"_s), u"--reports"_s, folder_.path()}), 0);
+  EXPECT_THAT(out_.toStdString(), HasSubstr("提示 报表“收文登记簿”(1001)：没有模板"));
+  Design broken = SmallDesign();
+  TableOf(broken, u"Lwdj"_s).columns.clear();
+  EXPECT_EQ(Run({u"check"_s, Written(u"broken.yaml"_s, broken)}), 1);
+  EXPECT_EQ(out_, "错误 表“收文登记”(Lwdj)：没有列表的列。记录列表是空的。用前几个字段作列。\n");
+}
+
 TEST_F(DesignCommand, AFileThatIsNoDesignLeavesNoDatabaseBehind) {
   EXPECT_EQ(Run({u"import"_s, Path(u"b.db"_s), Written(u"cut.yaml"_s, DesignText(SmallDesign()).left(900))}), 3);
   EXPECT_FALSE(QFile::exists(Path(u"b.db"_s)));

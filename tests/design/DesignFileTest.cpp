@@ -57,7 +57,8 @@ TEST(DesignFile, OfAnotherVersionIsRefusedByItsNumber) {
 
 TEST(DesignFile, ErrorsNameTheLine) {
   EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    titel: x\n")), HasSubstr("第 4 行有错误：不认识“titel”"));
-  EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    class: two\n")), HasSubstr("第 4 行有错误：“class”应是整数"));
+  EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    class: two\n")),
+              HasSubstr("第 4 行有错误：“class”应是整数"));
   EXPECT_THAT(RefusalOf(File("tables:\n  - name: Lwdj\n    fields:\n      - {name: A, required: maybe}\n")),
               HasSubstr("第 5 行有错误：“required”应是 true 或 false"));
   EXPECT_THAT(RefusalOf(File("fonds:\n  - {number: 1, number: 2}\n")), HasSubstr("第 3 行有错误：“number”写了两次"));

@@ -58,7 +58,8 @@ endforeach()
 
 # The installed command makes a database of a design, the example of its page, and gives it back.
 extract(${docs}/designs.md yaml ${work}/design.yaml)
-foreach(arguments IN ITEMS "import;${work}/design.db;${work}/design.yaml" "diff;${work}/design.db;${work}/design.yaml")
+foreach(arguments IN ITEMS "import;${work}/design.db;${work}/design.yaml" "diff;${work}/design.db;${work}/design.yaml"
+                           "check;${work}/design.db")
   run(${offscreen} ${prefix}/bin/folvane-design ${arguments})
 endforeach()
 
