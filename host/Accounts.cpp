@@ -1,13 +1,14 @@
 #include "host/Accounts.h"
 
+#include <optional>
 #include <sodium.h>
 #include <string>
 
-#include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 #include <folvane/ResultSet.h>
 
 #include "catalogue/Ddl.h"
+#include "data/DatabaseSession.h"
 #include "host/HostDatabase.h"
 
 namespace folvane::host {
@@ -26,16 +27,20 @@ Table AccountTable() {
           {}};
 }
 
-/// The texts of a statement's first row; none where it has no row, or where there is no such table.
-QStringList FirstRow(Connection& connection, const QString& statement) {
+bool HasTable(Connection& connection, const QString& table) {
+  DatabaseSession& session = DatabaseSession::Of(connection);
+  session.RefreshSchema();
+  return session.Table(table) != nullptr;
+}
+
+/// The texts of the first row of what is selected from a table; none where it has no row, or where there is no such
+/// table.
+QStringList FirstRow(Connection& connection, const QString& columns, const QString& table, const QString& condition) {
   QStringList texts;
-  try {
-    const ResultSet rows(connection, statement);
-    for (int column = 0; rows.RowCount() > 0 && column < rows.ColumnCount(); ++column)
-      texts << rows.Text(0, column).trimmed();
-  } catch (const DataError& error) {
-    if (error.Kind() != DataErrorKind::Statement) throw;
-  }
+  if (!HasTable(connection, table)) return texts;
+  const ResultSet rows(connection, u"Select "_s + columns + u" From "_s + table + u" Where "_s + condition);
+  for (int column = 0; rows.RowCount() > 0 && column < rows.ColumnCount(); ++column)
+    texts << rows.Text(0, column).trimmed();
   return texts;
 }
 
@@ -62,19 +67,16 @@ bool IsAdministrator(const QString& userId) {
 }
 
 Accounts::Rule Accounts::LogOnRule() const {
-  if (!FirstRow(*connection_, u"Select Report_Id From Report_Info Where Report_Id = 'demo'"_s).isEmpty())
-    return Rule::Free;
-  const QStringList known = FirstRow(*connection_, u"Select Count(*) From HostAccount Where PasswordHash <> ''"_s);
+  if (!FirstRow(*connection_, u"Report_Id"_s, u"Report_Info"_s, u"Report_Id = 'demo'"_s).isEmpty()) return Rule::Free;
+  const QStringList known = FirstRow(*connection_, u"Count(*)"_s, u"HostAccount"_s, u"PasswordHash <> ''"_s);
   return known.isEmpty() || known.first() == u"0" ? Rule::FirstPassword : Rule::Password;
 }
 
 bool Accounts::IsKnown(const QString& userId) const { return !Read(userId).hash.isEmpty(); }
 
 Accounts::Account Accounts::Read(const QString& userId) const {
-  const QStringList row = FirstRow(*connection_,
-                                   u"Select PasswordHash, Failures, LockedUntil From HostAccount "
-                                   "Where UserID = "_s +
-                                       Quoted(userId));
+  const QStringList row = FirstRow(*connection_, u"PasswordHash, Failures, LockedUntil"_s, u"HostAccount"_s,
+                                   u"UserID = "_s + Quoted(userId));
   if (row.isEmpty()) return {};
   return {row[0], row[1].toInt(), QDateTime::fromString(row[2], Qt::ISODate)};
 }
@@ -105,15 +107,15 @@ void Accounts::SetPassword(const QString& userId, const QString& password) const
   if (password.size() < kShortest) throw HostError(u"口令至少要有 %1 个字符。"_s.arg(kShortest));
   if (password == userId) throw HostError(u"口令不能与用户编号相同。"_s);
   const QString hash = Quoted(QString::fromLatin1(HashOf(password.toUtf8())));
-  if (FirstRow(*connection_, u"Select Count(*) From HostAccount"_s).isEmpty())
-    CreateTable(*connection_, AccountTable());
-  Transaction transaction(*connection_);
+  if (!HasTable(*connection_, AccountTable().name)) CreateTable(*connection_, AccountTable());
+  std::optional<Transaction> transaction;
+  if (!connection_->InTransaction()) transaction.emplace(*connection_);
   if (connection_->Execute(u"Update HostAccount Set PasswordHash = "_s + hash +
                            u", Failures = 0, LockedUntil = '' Where UserID = "_s + Quoted(userId)) == 0) {
     connection_->Execute(u"Insert Into HostAccount (UserID, PasswordHash, Failures, LockedUntil) Values ("_s +
                          Quoted(userId) + u", "_s + hash + u", 0, '')"_s);
   }
-  transaction.Commit();
+  if (transaction) transaction->Commit();
 }
 
 }  // namespace folvane::host

@@ -17,6 +17,7 @@
 #include "host/Accounts.h"
 #include "host/Banner.h"
 #include "host/Message.h"
+#include "host/NewOfficeDialog.h"
 #include "host/PasswordDialog.h"
 
 namespace folvane::host {
@@ -123,15 +124,19 @@ QLayout* LogOnDialog::FileRow() {
 QLayout* LogOnDialog::Buttons() {
   auto* demo = Button(u"演示数据库(&D)"_s, "CmdDemo", u"database"_s);
   demo->setToolTip(u"没有时先建立演示数据库，然后打开它"_s);
+  auto* fresh = Button(u"新建(&N)..."_s, "CmdNew", u"new"_s);
+  fresh->setToolTip(u"按现成的设计建立一个新的数据库"_s);
   auto* logOn = Button(u"登录(&L)"_s, "CmdOK", u"user"_s);
   logOn->setDefault(true);
   auto* leave = Button(u"退出(&X)"_s, "CmdCancel", u"exit"_s);
   auto* row = new QHBoxLayout;
   row->addWidget(demo);
+  row->addWidget(fresh);
   row->addStretch();
   row->addWidget(logOn);
   row->addWidget(leave);
   connect(demo, &QPushButton::clicked, this, &LogOnDialog::MakeDemo);
+  connect(fresh, &QPushButton::clicked, this, &LogOnDialog::MakeOffice);
   connect(logOn, &QPushButton::clicked, this, &LogOnDialog::accept);
   connect(leave, &QPushButton::clicked, this, &LogOnDialog::reject);
   return row;
@@ -189,6 +194,19 @@ void LogOnDialog::MakeDemo() {
     ShowMessage(*lblMessage_, QString::fromUtf8(error.what()), true);
   }
   QApplication::restoreOverrideCursor();
+}
+
+void LogOnDialog::MakeOffice() {
+  NewOfficeDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const DatabaseChoice made = dialog.Where();
+  wantedUser_ = u"1"_s;
+  database_.reset();
+  cboUser_->clear();
+  (made.file.isEmpty() ? optOdbc_ : optFile_)->setChecked(true);
+  (made.file.isEmpty() ? txtOdbc_ : txtFile_)->setText(made.file.isEmpty() ? made.odbc : made.file);
+  if (Connect()) ShowMessage(*lblMessage_, u"已建立“%1”，请用管理员的口令登录。"_s.arg(database_->Title()), false);
+  txtPassword_->setFocus();
 }
 
 // Opens the chosen database unless it is the open one, and lists its users.

@@ -41,6 +41,7 @@ class LogOnDialog : public QDialog {
   void ShowWayIn();
   void Browse();
   void MakeDemo();
+  void MakeOffice();
   bool Connect();
   void ListUsers();
   QString UserId() const;

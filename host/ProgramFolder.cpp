@@ -17,17 +17,21 @@ QString ProgramFolder() {
   return folder;
 }
 
-QString ProvideDemoDatabase(int records) {
+void ProvideSettings() {
   const QString folder = Services().programDirectory;
-  const QString file = folder + u"/demo.db"_s;
+  if (!QFileInfo::exists(folder + u"/RegIDFormula.Ini"_s)) demo::WriteDemoProfiles(folder);
+  demo::WriteDemoReports(folder);
+}
+
+QString ProvideDemoDatabase(int records) {
+  const QString file = Services().programDirectory + u"/demo.db"_s;
   if (!QFileInfo::exists(file)) {
     demo::DemoOptions options;
     options.records = records;
     options.today = Services().now().date();
     demo::MakeDemoFile(file, options);
   }
-  if (!QFileInfo::exists(folder + u"/RegIDFormula.Ini"_s)) demo::WriteDemoProfiles(folder);
-  demo::WriteDemoReports(folder);
+  ProvideSettings();
   return file;
 }
 

@@ -8,6 +8,10 @@ namespace folvane::host {
 /// is missing. Beside the program an ordinary user could not write.
 QString ProgramFolder();
 
+/// The settings files and the templates of reports in the library's program directory, made where they are missing.
+/// @throws std::exception
+void ProvideSettings();
+
 /// The demo database in the library's program directory, made with its originals and settings files when it is missing.
 /// Gives its path. @throws std::exception
 QString ProvideDemoDatabase(int records);

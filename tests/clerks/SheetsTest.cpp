@@ -118,7 +118,7 @@ class ClerksSheets : public FlowTest {
     SheetClerk clerks[]{{flow, model, figures_, dice, isThere}, {flow, model, figures_, dice, isThere}};
     for (int step = 1; step <= 12; ++step) {
       const int user = dice.Between(0, 1);
-      const auto go = [&](int who) { clerks[who].Go(u"单位%1%2"_s.arg(who).arg(dice.Between(1, 1000))); };
+      const auto go = [&](int who) { clerks[who].Go(u"单位%1%2"_s.arg(who).arg(step)); };
       users.AsInterrupted(
           user, dice.Between(1, 6), [&] { go(user); }, [&] { go(1 - user); });
     }
