@@ -68,17 +68,16 @@ void CarryOut(Connection& connection, const PhysicalStep& step) {
   DatabaseSession& session = DatabaseSession::Of(connection);
   const QStringList statements = StatementsOf(connection, step);
   const bool isWidening = step.kind == Kind::WidenColumn;
-  {
-    std::optional<WritableSchema> writable;
-    if (isWidening && IsSqlite(connection)) writable.emplace(connection);
-    for (const QString& statement : statements) {
-      try {
-        session.ExecuteNative({statement.toUtf8(), {}});
-      } catch (const DataError& error) {
-        throw DataError(error).During(statement);
-      }
+  std::optional<WritableSchema> writable;
+  if (isWidening && IsSqlite(connection)) writable.emplace(connection);
+  for (const QString& statement : statements) {
+    try {
+      session.ExecuteNative({statement.toUtf8(), {}});
+    } catch (const DataError& error) {
+      throw DataError(error).During(statement);
     }
   }
+  if (writable) writable->Close();
   session.RefreshSchema();
   if (isWidening) RequireWide(connection, step);
 }
