@@ -81,7 +81,7 @@ TEST_P(DesignFaultTest, AStatementThatFailsLeavesEverythingAsItWas) {
                  : std::vector{FaultKind::Refused, FaultKind::Ended};
   int faults = 0;
   for (const FaultKind kind : kinds) {
-    const int step = isLong ? 1 : OnSqlite() ? 3 : 31;
+    const int step = isLong ? 1 : OnSqlite() ? 5 : 61;
     for (int statement = 1 + int(kind) % step;; statement += step) {
       SCOPED_TRACE(NameOf(kind) + " at statement " + std::to_string(statement));
       const auto before = Everything();
