@@ -1,8 +1,9 @@
+#include <optional>
+
 #include <folvane/Catalogue.h>
 #include <folvane/DataError.h>
 
 #include "data/DatabaseSession.h"
-#include "data/OneTransaction.h"
 #include "design/PhysicalTables.h"
 #include "design/RowChanges.h"
 #include "design/Shape.h"
@@ -149,7 +150,8 @@ void Apply(Connection& connection, const DesignPlan& plan, const Answers& answer
 }  // namespace design
 
 DesignPlan PlanDesign(Connection& connection, const Design& base, const Design& wanted) {
-  DesignPlan plan{base, wanted, {}, CheckTables(connection), {}};  // which looks at all tables anew
+  QStringList missing = CheckTables(connection);  // which looks at all tables anew
+  DesignPlan plan{base, wanted, {}, std::move(missing), {}};
   PutInOrder(plan.base);
   PutInOrder(plan.wanted);
   const design::Work work = design::Prepare(connection, plan.base, plan.wanted);
@@ -165,7 +167,11 @@ DesignPlan PlanDesign(Connection& connection, const Design& base, const Design& 
 void ApplyDesign(Connection& connection, const DesignPlan& plan, const std::vector<LossAnswer>& answers) {
   DatabaseSession& session = DatabaseSession::Of(connection);
   try {
-    InOneTransaction(connection, [&] { design::Apply(connection, plan, design::Answers(plan, answers)); });
+    // Never without one: where it cannot be begun, nothing is done.
+    std::optional<Transaction> transaction;
+    if (!connection.InTransaction()) transaction.emplace(connection);
+    design::Apply(connection, plan, design::Answers(plan, answers));
+    if (transaction) transaction->Commit();
   } catch (...) {
     session.RefreshSchema();
     throw;

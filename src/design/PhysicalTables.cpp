@@ -33,6 +33,23 @@ QStringList WidenStatements(Connection& connection, const PhysicalStep& step) {
   return {Alter(connection, step, u"ALTER COLUMN %1 TYPE %2"_s.arg(Quoted(connection, step.column.name), type))};
 }
 
+QString InWords(const PhysicalStep& step) {
+  const QString column = u"表“%1”的列“%2”"_s.arg(step.table.name, step.column.name);
+  switch (step.kind) {
+    case Kind::CreateTable:
+      return u"建立表“%1”"_s.arg(step.table.name);
+    case Kind::AddColumn:
+      return u"建立"_s + column;
+    case Kind::WidenColumn:
+      return u"加长"_s + column;
+    case Kind::DropColumn:
+      return u"删除"_s + column;
+    case Kind::DropTable:
+      break;
+  }
+  return u"删除表“%1”"_s.arg(step.table.name);
+}
+
 // A declaration that was read otherwise than it was meant would show here, before anything lasts.
 void RequireWide(Connection& connection, const PhysicalStep& step) {
   const TableInfo* info = DatabaseSession::Of(connection).Table(step.table.name);
@@ -68,17 +85,16 @@ void CarryOut(Connection& connection, const PhysicalStep& step) {
   DatabaseSession& session = DatabaseSession::Of(connection);
   const QStringList statements = StatementsOf(connection, step);
   const bool isWidening = step.kind == Kind::WidenColumn;
-  {
-    std::optional<WritableSchema> writable;
-    if (isWidening && IsSqlite(connection)) writable.emplace(connection);
-    for (const QString& statement : statements) {
-      try {
-        session.ExecuteNative({statement.toUtf8(), {}});
-      } catch (const DataError& error) {
-        throw DataError(error).During(statement);
-      }
+  std::optional<WritableSchema> writable;
+  if (isWidening && IsSqlite(connection)) writable.emplace(connection);
+  for (const QString& statement : statements) {
+    try {
+      session.ExecuteNative({statement.toUtf8(), {}});
+    } catch (const DataError& error) {
+      throw DataError(error.Kind(), u"不能%1：%2"_s.arg(InWords(step), error.Message()), statement, error.NativeCode());
     }
   }
+  if (writable) writable->Close();
   session.RefreshSchema();
   if (isWidening) RequireWide(connection, step);
 }

@@ -93,9 +93,15 @@ WritableSchema::WritableSchema(Connection& connection) : connection_(connection)
   Run(connection_, "PRAGMA writable_schema = ON");
 }
 
+void WritableSchema::Close() {
+  Run(connection_, "PRAGMA writable_schema = OFF");
+  isOpen_ = false;
+}
+
 WritableSchema::~WritableSchema() {
+  if (!isOpen_) return;
   try {
-    Run(connection_, "PRAGMA writable_schema = OFF");
+    Close();
   } catch (const DataError&) {
     // The handle cannot be reached any more, and with it goes the setting.
   }

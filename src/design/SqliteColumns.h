@@ -15,16 +15,18 @@ namespace folvane::design {
 QStringList RedeclareStatements(Connection& connection, const QString& table, const QString& column,
                                 const QString& type);
 
-/// Lets the schema be written while it lives.
+/// Lets the schema be written until it is closed, or until it goes with an error on the way.
 class WritableSchema {
  public:
   explicit WritableSchema(Connection& connection);
+  void Close();  ///< @throws DataError
   ~WritableSchema();
   WritableSchema(const WritableSchema&) = delete;
   WritableSchema& operator=(const WritableSchema&) = delete;
 
  private:
   Connection& connection_;
+  bool isOpen_ = true;
 };
 
 /// The statement of a table as it would read with another type of a column. @throws DataError Usage

@@ -1,9 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <folvane/Catalogue.h>
 #include <folvane/DataError.h>
+#include <folvane/SqliteConnection.h>
 
+#include "data/DatabaseSession.h"
 #include "design/Names.h"
 #include "design/SmallDesign.h"
 #include "design/SqliteColumns.h"
@@ -93,6 +96,56 @@ TEST_P(RefusedDesignTest, NamesThatAreAllowedWorkInStatements) {
         << qPrintable(name);
     EXPECT_NO_THROW(Connected()->Execute(u"Delete From %1 Where %1.ArchiveID = 'b'"_s.arg(name))) << qPrintable(name);
   }
+}
+
+/// Whatever may be read and written, but not be made.
+class ClerksDatabaseTest : public WithSmallDesign {
+ protected:
+  void TearDown() override {
+    connection_.reset();
+    if (file_) sqlite3_close(file_);
+    if (OnSqlite()) return;
+    Database().Native(u"drop owned by design_clerk"_s);
+    Database().Native(u"drop role design_clerk"_s);
+  }
+  std::shared_ptr<Connection> ConnectAsClerk() {
+    if (OnSqlite()) {
+      const QByteArray path = Database().Value(u"select file from pragma_database_list"_s).toUtf8();
+      EXPECT_EQ(sqlite3_open_v2(path.constData(), &file_, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
+      return connection_ = AdoptSqlite(file_);
+    }
+    const QString schema = Database().Value(u"select current_schema()"_s);
+    Database().Native(u"create role design_clerk"_s);
+    Database().Native(u"grant usage on schema %1 to design_clerk"_s.arg(schema));
+    Database().Native(u"grant select, insert, update, delete on all tables in schema %1 to design_clerk"_s.arg(schema));
+    connection_ = Database().Connect();
+    DatabaseSession::Of(*connection_).ExecuteNative({"set role design_clerk", {}});
+    return connection_;
+  }
+
+ private:
+  sqlite3* file_ = nullptr;
+  std::shared_ptr<Connection> connection_;
+};
+FOLVANE_ON_EACH_DATABASE(ClerksDatabaseTest);
+
+TEST_P(ClerksDatabaseTest, WhoMayNotMakeTablesIsToldSoAndNothingIsHalfMade) {
+  const std::shared_ptr<Connection> clerk = ConnectAsClerk();
+  const Design before = ReadDesign(*clerk);
+  EXPECT_EQ(before, Read());
+  Design wanted = before;
+  wanted.classes[0].name = u"来文"_s;
+  Design::Table& table = wanted.tables.emplace_back();
+  table.name = u"Wsda"_s;
+  table.fields = {{u"Note"_s, u"备注"_s, u"文本型"_s, 10, {}}};
+  try {
+    ApplyDesign(*clerk, PlanDesign(*clerk, before, wanted));
+    ADD_FAILURE() << "it was applied";
+  } catch (const DataError& error) {
+    EXPECT_THAT(error.what(), OnSqlite() ? HasSubstr("readonly") : HasSubstr("不能建立表“Wsda”"));
+  }
+  EXPECT_FALSE(clerk->InTransaction());
+  EXPECT_EQ(Read(), before);
 }
 
 TEST(SqliteColumns, OnlyTheTypeOfTheColumnIsWrittenAnew) {

@@ -35,7 +35,7 @@ class DesignRoundTrip : public OnEachDatabase {};
 FOLVANE_ON_EACH_DATABASE(DesignRoundTrip);
 
 TEST_P(DesignRoundTrip, ADesignAppliedToAnEmptyDatabaseIsReadBackAsItIs) {
-  for (int round = 0; round < Rounds(OnSqlite() ? 6 : 2); ++round) {
+  for (int round = 0; round < Rounds(OnSqlite() ? 6 : 1); ++round) {
     SCOPED_TRACE("FOLVANE_DESIGN_SEED=" + std::to_string(Seed()) + ", round " + std::to_string(round));
     const std::unique_ptr<TestDatabase> database = TestDatabase::Create(GetParam());
     const std::shared_ptr<Connection> connection = database->Connect();
