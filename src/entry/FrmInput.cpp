@@ -64,7 +64,7 @@ void FrmInput::DelRecord() {
   if (ShowMessage(u"确实要删除当前的记录及相关原文吗？"_s, MessageFlag::YesNo + MessageFlag::Information,
                   windowTitle()) != Answer::Yes)
     return;
-  const QString left = DeleteOriginalsAndTell(u" Where RecordID = '"_s + lifecycle_->CurrentKey() + u"'"_s);
+  const QString left = DeleteOriginalsOf(lifecycle_->CurrentKey());
   try {
     lifecycle_->Delete();
   } catch (const std::exception&) {

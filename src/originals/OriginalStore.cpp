@@ -185,6 +185,10 @@ QString DeleteOriginalsAndTell(const QString& whereClause) {
   return RemoveFiles(places);
 }
 
+QString DeleteOriginalsOf(const QString& recordKey) {
+  return DeleteOriginalsAndTell(u" Where RecordID = '"_s + EscapeSql(recordKey) + u"'"_s);
+}
+
 bool IsOnlyHolder(Recordset& originals, const QString& fileId, const QString& recordId) {
   originals.SetFilter(u"ID = '"_s + EscapeSql(fileId) + u"' And RecordID <> '"_s + EscapeSql(recordId) + u"'"_s);
   return originals.EOF_();
