@@ -50,32 +50,34 @@ FOLVANE_ON_EACH_DATABASE(MergeBoxesTest);
 }  // namespace
 
 TEST_P(ArchiveBoxesTest, AFieldOfTheNumberGoesIntoTheArchiveAsItIsOrIsTold) {
-  TryBox(Database(), YearBox("panel",
-                             [this](const QString& text) {
-                               QString typed;
-                               InWindow([&](const ArchiveWindow& window) {
-                                 window.Tick(1);
-                                 typed = PasteInto(window.Window(), u"Txt(1)"_s, text);
-                                 window.Ok();
-                                 ExpectNoMarkup(window.Window(), "archive window");
-                               });
-                               return typed;
-                             }),
+  TryBox(Database(),
+         YearBox("panel",
+                 [this](const QString& text) {
+                   QString typed;
+                   InWindow([&](const ArchiveWindow& window) {
+                     window.Tick(1);
+                     typed = PasteInto(window.Window(), u"Txt(1)"_s, text);
+                     window.Ok();
+                     ExpectNoMarkup(window.Window(), "archive window");
+                   });
+                   return typed;
+                 }),
          SomeHostileLines(), [this] { return WasTold(); });
-  TryBox(Database(), YearBox("dialog",
-                             [this](const QString& text) {
-                               QString typed;
-                               InWindow([&](const ArchiveWindow& window) {
-                                 window.Tick(1);
-                                 WithWindow(u"FrmArchivePara"_s, [&](QWidget& asked) {
-                                   typed = PasteInto(asked, u"Txt(1)"_s, text);
-                                   Click(Find<QWidget>(asked, u"CmdOK"_s));
-                                   ExpectNoMarkup(asked, "parameters");
-                                 });
-                                 window.Entry(u"mnuArchive"_s).trigger();
-                               });
-                               return typed;
-                             }),
+  TryBox(Database(),
+         YearBox("dialog",
+                 [this](const QString& text) {
+                   QString typed;
+                   InWindow([&](const ArchiveWindow& window) {
+                     window.Tick(1);
+                     WithWindow(u"FrmArchivePara"_s, [&](QWidget& asked) {
+                       typed = PasteInto(asked, u"Txt(1)"_s, text);
+                       Click(Find<QWidget>(asked, u"CmdOK"_s));
+                       ExpectNoMarkup(asked, "parameters");
+                     });
+                     window.Entry(u"mnuArchive"_s).trigger();
+                   });
+                   return typed;
+                 }),
          SomeHostileLines(), [this] { return WasTold(); });
 }
 

@@ -52,9 +52,7 @@ class BatchBoxesTest : public DesignTest {
     window->Open();
     return typed;
   }
-  QString TitleOf(int number) {
-    return design_->Value(u"select Amaintitle from Lwdj where RegID=%1"_s.arg(number));
-  }
+  QString TitleOf(int number) { return design_->Value(u"select Amaintitle from Lwdj where RegID=%1"_s.arg(number)); }
   bool WasTold() {
     const bool told = !boxes_.Texts().filter(u"单引号"_s).isEmpty();
     boxes_.Clear();
@@ -122,20 +120,20 @@ TEST_P(ReplaceBoxesTest, TheReplacementIsWrittenAsTypedOrItIsTold) {
 TEST_P(RuleBoxesTest, APatternIsKeptAsTyped) {
   AddRule();
   const test::Box box{"pattern",
-                [this](const QString& text) {
-                  QString typed;
-                  InWindow([&] {
-                    ChooseCustomFormat(0, [&](QWidget& window) {
-                      typed = PasteInto(window, u"TxtFormat"_s, text);
-                      ExpectNoMarkup(window, "pattern");
-                      typed = typed.trimmed();  // as patterns are kept
-                      Click(Find(window, u"CmdOK"_s));
-                    });
-                  });
-                  return typed;
-                },
-                [this] { return Value(u"select CustomFormat from SaveCollect"_s); },
-                [this] { Run(u"update SaveCollect set CustomFormat='A#', CollectValue='自定义格式'"_s); }};
+                      [this](const QString& text) {
+                        QString typed;
+                        InWindow([&] {
+                          ChooseCustomFormat(0, [&](QWidget& window) {
+                            typed = PasteInto(window, u"TxtFormat"_s, text);
+                            ExpectNoMarkup(window, "pattern");
+                            typed = typed.trimmed();  // as patterns are kept
+                            Click(Find(window, u"CmdOK"_s));
+                          });
+                        });
+                        return typed;
+                      },
+                      [this] { return Value(u"select CustomFormat from SaveCollect"_s); },
+                      [this] { Run(u"update SaveCollect set CustomFormat='A#', CollectValue='自定义格式'"_s); }};
   TryBox(Database(), box, SomeHostileLines(), [this] {
     const bool told = !boxes_.Texts().isEmpty();
     boxes_.Clear();
@@ -146,19 +144,19 @@ TEST_P(RuleBoxesTest, APatternIsKeptAsTyped) {
 TEST_P(RuleBoxesTest, AValueIsKeptAsTyped) {
   AddRule(u"Lwdj"_s, u"1"_s);
   const test::Box box{"value",
-                [this](const QString& text) {
-                  QString typed;
-                  InWindow([&] {
-                    Retype(Box(u"CmbCondition"_s, 0), u"等于"_s);
-                    typed = PasteInto(Window(), u"CmbValue(0)"_s, text);
-                    Leave(0);
-                    ExpectNoMarkup(Window(), "rules");
-                    Click(Control(u"CmdOK"_s));
-                  });
-                  return typed;
-                },
-                [this] { return Value(u"select CollectValue from SaveCollect"_s); },
-                [this] { Run(u"update SaveCollect set CollectValue='1', Relation='只能是'"_s); }};
+                      [this](const QString& text) {
+                        QString typed;
+                        InWindow([&] {
+                          Retype(Box(u"CmbCondition"_s, 0), u"等于"_s);
+                          typed = PasteInto(Window(), u"CmbValue(0)"_s, text);
+                          Leave(0);
+                          ExpectNoMarkup(Window(), "rules");
+                          Click(Control(u"CmdOK"_s));
+                        });
+                        return typed;
+                      },
+                      [this] { return Value(u"select CollectValue from SaveCollect"_s); },
+                      [this] { Run(u"update SaveCollect set CollectValue='1', Relation='只能是'"_s); }};
   TryBox(Database(), box, SomeHostileLines(), [this] {
     const bool told = !boxes_.Texts().isEmpty();
     boxes_.Clear();

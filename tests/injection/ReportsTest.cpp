@@ -30,8 +30,8 @@ TEST_P(HostileReportsTest, AValueIsPrintedAsItIs) {
   for (const QString& text : HostileLines())
     if (!text.contains(QChar(0x202e)) && !text.contains(QChar(0xd83d))) texts << text;
   for (qsizetype at = 0; at < texts.size(); ++at)
-    Database().Native(u"insert into Hostile values ('%1','%2')"_s.arg(100 + at).arg(
-        QString(texts[at]).replace(u'\'', u"''"_s)));
+    Database().Native(
+        u"insert into Hostile values ('%1','%2')"_s.arg(100 + at).arg(QString(texts[at]).replace(u'\'', u"''"_s)));
   WriteTemplate(u"1"_s, u"{{#ROWS}}<p>[{{Title}}]</p>{{/ROWS}}"_s);
   const QString printed = Printed(Request(u"Hostile"_s, u"ArchiveID > '0'"_s, u"1"_s));
   for (const QString& text : texts)
@@ -42,9 +42,10 @@ TEST_P(HostileReportsTest, ATemplateReadsNothingOutsideOfItsFolder) {
   Database().Native(u"insert into Hostile values ('1','x')"_s);
   const QString secret = outside_.filePath(u"secret.html"_s);
   for (const QString& line :
-       {u"{{>SECRET}}"_s, u"{{>%1}}"_s.arg(secret), u"{{%INCLUDE %1}}"_s.arg(secret), u"{{=<% %>=}}<%>%1%>"_s.arg(secret),
-        u"<link rel=stylesheet href=\"%1\">"_s.arg(secret), u"<style>@import url(%1);</style>"_s.arg(secret),
-        u"<img src=\"file://%1\">"_s.arg(secret), u"<img src=\"../../../../../../..%1\">"_s.arg(secret),
+       {u"{{>SECRET}}"_s, u"{{>%1}}"_s.arg(secret), u"{{%INCLUDE %1}}"_s.arg(secret),
+        u"{{=<% %>=}}<%>%1%>"_s.arg(secret), u"<link rel=stylesheet href=\"%1\">"_s.arg(secret),
+        u"<style>@import url(%1);</style>"_s.arg(secret), u"<img src=\"file://%1\">"_s.arg(secret),
+        u"<img src=\"../../../../../../..%1\">"_s.arg(secret),
         u"<iframe src=\"%1\"></iframe><object data=\"%1\"></object>"_s.arg(secret),
         u"<script>document.write('SECRET'.toLowerCase())</script>"_s}) {
     WriteTemplate(u"1"_s, line + u"<p>{{#ROWS}}{{Title}}{{/ROWS}}</p>"_s);

@@ -69,7 +69,8 @@ QString PasteInto(const QWidget& window, const QString& name, const QString& tex
 
 void ExpectNoMarkup(const QWidget& window, const std::string& where) {
   for (const auto* label : window.findChildren<QLabel*>())
-    if (label->textFormat() == Qt::AutoText) ExpectPlain(label->text(), where + " " + label->objectName().toStdString());
+    if (label->textFormat() == Qt::AutoText)
+      ExpectPlain(label->text(), where + " " + label->objectName().toStdString());
   for (const auto* control : window.findChildren<QWidget*>())
     ExpectPlain(control->toolTip(), where + " " + control->objectName().toStdString());
   for (const auto* action : window.findChildren<QAction*>())
