@@ -46,9 +46,8 @@ class ReminderAdded : public InReminders {
 class ReminderChanged : public InReminders {
  public:
   void Work(Trial& trial) override {
-    SaveReminder(trial, [](QWidget& window) {
-      DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
-    });
+    SaveReminder(trial,
+                 [](QWidget& window) { DoubleClickItem(Details(window), Details(window).model()->index(0, 2)); });
   }
 };
 
