@@ -19,13 +19,24 @@ const QString kRoot = u"/folvane/help"_s;
 
 QString Notice(const QString& text) { return u"<p>%1</p>"_s.arg(text.toHtmlEscaped()); }
 
+// A page has what its file brings along, and no other file of the machine.
+class HelpPages : public QTextBrowser {
+ public:
+  using QTextBrowser::QTextBrowser;
+  QVariant loadResource(int type, const QUrl& name) override {
+    const QUrl address = source().resolved(name);
+    const bool isOwn = address.scheme() == u"qrc"_s && address.path().startsWith(kRoot + u'/');
+    return isOwn ? QTextBrowser::loadResource(type, name) : QVariant();
+  }
+};
+
 }  // namespace
 
 HelpViewer::HelpViewer(QWidget* owner, const QString& file)
     : QWidget(owner, Qt::Window),
       file_(file),
       registered_(QResource::registerResource(file, kRoot)),
-      browser_(new QTextBrowser(this)) {
+      browser_(new HelpPages(this)) {
   setObjectName(u"HelpViewer"_s);
   setWindowTitle(u"帮助"_s);
   setAttribute(Qt::WA_DeleteOnClose);

@@ -9,6 +9,7 @@
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
+#include "components/common/PlainTip.h"
 #include "components/common/ToolKeys.h"
 #include "components/originals/FileList.h"
 #include "components/originals/OfferedFiles.h"
@@ -66,7 +67,7 @@ void FrmAddOriginals::Offer(const std::vector<FileToAdd>& files) {
     auto* name = FixedCell(queue_.Files()[row].file.name);
     name->setEditable(true);
     name->setIcon(Icon(u"original"_s));
-    name->setToolTip(queue_.Files()[row].file.path);
+    name->setToolTip(components::PlainTip(queue_.Files()[row].file.path));
     list_->Items().appendRow({name, FixedCell({}), FixedCell({}), FixedCell({})});
     ShowRow(row);
   }
@@ -91,7 +92,7 @@ void FrmAddOriginals::ShowRow(std::size_t index) {
   items.item(row, kTypeColumn)->setText(queued.file.type);
   items.item(row, kSizeColumn)->setText(SizeText(queued.size));
   items.item(row, kStepColumn)->setText(queued.StepText());
-  items.item(row, kStepColumn)->setToolTip(queued.problem);
+  items.item(row, kStepColumn)->setToolTip(components::PlainTip(queued.problem));
 }
 
 void FrmAddOriginals::Rename(QStandardItem* cell) {

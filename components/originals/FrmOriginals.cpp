@@ -7,6 +7,7 @@
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
+#include "components/common/PlainTip.h"
 #include "components/originals/Commands.h"
 #include "components/originals/ExportOriginals.h"
 #include "components/originals/FileList.h"
@@ -81,7 +82,7 @@ void FrmOriginals::ShowRow(const Original& original) {
   name->setEditable(true);
   name->setIcon(Framed(Icon(u"original"_s).pixmap(kThumbnailSize / 2).toImage()));
   name->setData(original.id, Qt::UserRole);
-  name->setToolTip(original.name);
+  name->setToolTip(components::PlainTip(original.name));
   QStandardItem* size = FixedCell(SizeText(original.size));
   size->setToolTip(u"%1 字节"_s.arg(original.size));
   list_->Items().appendRow({name, FixedCell(original.type), size});

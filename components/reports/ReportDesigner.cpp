@@ -16,6 +16,7 @@
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
+#include "components/common/PlainTip.h"
 #include "components/reports/DefaultTemplate.h"
 #include "components/reports/MarkerChoices.h"
 #include "components/reports/PageView.h"
@@ -128,7 +129,7 @@ void ReportDesigner::FillChoices() {
     for (const MarkerChoice& choice : group.choices) {
       auto* item = new QTreeWidgetItem(heading, {choice.caption});
       item->setData(0, Qt::UserRole, choice.text);
-      item->setToolTip(0, choice.text.trimmed());
+      item->setToolTip(0, components::PlainTip(choice.text.trimmed()));
     }
   }
   choices_->expandToDepth(0);

@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "components/common/Notice.h"
+#include "components/common/PlainTip.h"
 #include "components/scanning/FrmScan.h"
 #include "components/scanning/PageList.h"
 #include "components/scanning/PagePreview.h"
@@ -168,7 +169,7 @@ void FrmScan::Say(const QString& text) { state_->setText(text); }
 void FrmScan::EnableKeys() {
   const bool canScan = jobs_ == 0 && device_->currentIndex() >= 0, hasPages = pages_->count() > 0;
   for (QComboBox* box : {source_, mode_, resolution_}) box->setEnabled(canScan && box->count() > 0);
-  device_->setToolTip(device_->currentText());
+  device_->setToolTip(components::PlainTip(device_->currentText()));
   device_->setEnabled(jobs_ == 0 && device_->count() > 0);
   refresh_->setEnabled(jobs_ == 0);
   scan_->setEnabled(canScan);

@@ -11,6 +11,7 @@
 #include <folvane/Icons.h>
 
 #include "components/common/Notice.h"
+#include "components/common/PlainTip.h"
 
 namespace folvane::transfer {
 namespace {
@@ -61,7 +62,7 @@ QList<QStandardItem*> SettingsList::CellsOf(const ListRow& row) const {
   for (const QString& text : row.cells) {
     auto* cell = new QStandardItem(text);
     cell->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
-    cell->setToolTip(text);
+    cell->setToolTip(components::PlainTip(text));
     QFont font = cell->font();
     font.setItalic(row.isProposal);
     cell->setFont(font);

@@ -4,6 +4,7 @@
 
 #include "base/CodePage.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -19,7 +20,7 @@ QString KeyCodeOf(const QString& table, const QString& field, const QString& val
   records.Open(
       u"Select KeyCode From AssistantDicKey Where DicID = (Select DicID From AssistantDictionary "
       "Where Name=(Select AuxiDictDetails From Dynamicwindows Where TableName = '"_s +
-          table + u"' And FieldName = '"_s + field + u"')) ANd Name = '"_s + value + u'\'',
+          table + u"' And FieldName = '"_s + field + u"')) ANd Name = "_s + UnescapedLiteral(value),
       SharedConnection());
   return records.EOF_() ? value : records[u"KeyCode"_s].Text();
 }
@@ -47,7 +48,7 @@ NumberFormat SharedNumberFormat() {
 QString ScopeClauseOf(const NumberFormat& format) {
   QString clause;
   for (const NumberField& field : format.fixedFields)
-    clause += u" And "_s + field.name + u" = '"_s + field.value + u'\'';
+    clause += u" And "_s + field.name + u" = "_s + UnescapedLiteral(field.value);
   return clause.isEmpty() ? clause : u" Where "_s + clause.mid(5);
 }
 

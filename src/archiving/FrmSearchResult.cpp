@@ -20,6 +20,7 @@
 #include "shell/SharedState.h"
 #include "widgets/ChoiceRelay.h"
 #include "widgets/LongWork.h"
+#include "widgets/PlainTip.h"
 #include "widgets/RecordListView.h"
 #include "widgets/ViewHint.h"
 
@@ -70,7 +71,7 @@ void FrmSearchResult::Load() {
   widths_.Show(CurrTable);
   merge_.emplace(CurrTable, TargetID);
   target_->setText(TargetTitle.isEmpty() ? QString() : u"并入：“"_s + TargetTitle + u"”"_s);
-  target_->setToolTip(TargetTitle);
+  target_->setToolTip(PlainTip(TargetTitle));
   listHint_->ShowHint(u"按“查询”查出要合并的记录，再勾选它们。"_s);
   page_->clear();
   ShowTicked();

@@ -55,7 +55,7 @@ void RecordMerge::Merge(const QStringList& keys, const Progress& progress) {
 
 void RecordMerge::MergeOne(const QString& key) {
   const std::shared_ptr<Connection> connection = SharedConnection();
-  const QString ofRecord = u" Where ArchiveID = '"_s + key + u"'"_s;
+  const QString ofRecord = u" Where ArchiveID = '"_s + EscapeSql(key) + u"'"_s;
   connection->Execute(u"Update "_s + table_ + u" Set FileStatus = '不归档'"_s + ofRecord);
   if (!hasNote_) hasNote_ = HasNote(table_);
   if (*hasNote_) connection->Execute(u"Update "_s + table_ + u" Set Note = Note + '已合并件'"_s + ofRecord);

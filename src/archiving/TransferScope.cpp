@@ -5,6 +5,7 @@
 #include "archiving/TransferTables.h"
 #include "shell/Lookups.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -28,7 +29,7 @@ QString ValueFor(const QString& field, const TransferTables& tables) {
 void PutValue(QString& condition, const QString& table, const QString& field, const QString& value) {
   condition.replace(table + u'.' + field, kValueHere);
   condition.replace(field, kValueHere);
-  condition.replace(kValueHere, u'\'' + value + u'\'');
+  condition.replace(kValueHere, UnescapedLiteral(value));
 }
 
 }  // namespace

@@ -20,6 +20,24 @@ FileError Unwritable(const QString& path, const QString& reason) {
   return FileError(u"文件 %1 无法写入：%2"_s.arg(QDir::toNativeSeparators(path), reason));
 }
 
+// What the disk has taken only in part counts as written to the file that it is made on.
+class WholeFile : public QSaveFile {
+ public:
+  using QSaveFile::QSaveFile;
+  /// Whether the disk has all that was written.
+  bool IsWhole() { return !isCut_ && flush() && size() >= pos(); }
+
+ protected:
+  qint64 writeData(const char* data, qint64 length) override {
+    const qint64 written = QSaveFile::writeData(data, length);
+    isCut_ = isCut_ || written != length;
+    return written;
+  }
+
+ private:
+  bool isCut_ = false;
+};
+
 }  // namespace
 
 QByteArray ReadFile(const QString& path) {
@@ -32,9 +50,10 @@ QByteArray ReadFile(const QString& path) {
 }
 
 void ReplaceFile(const QString& path, const std::function<void(QIODevice&)>& write) {
-  QSaveFile file(path);
+  WholeFile file(path);
   if (!file.open(QIODevice::WriteOnly)) throw Unwritable(path, file.errorString());
   write(file);
+  if (!file.IsWhole()) throw Unwritable(path, u"磁盘空间不足。"_s);
   if (!file.commit()) throw Unwritable(path, file.errorString());
 }
 

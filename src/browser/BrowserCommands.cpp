@@ -7,6 +7,7 @@
 #include "browser/BrowserEnabling.h"
 #include "records/ListStatus.h"
 #include "shell/EventGuard.h"
+#include "widgets/PlainTip.h"
 
 namespace folvane {
 
@@ -172,7 +173,7 @@ void BrowserCommands::ShowReports(const std::vector<ReportRow>& reports) {
 
 void BrowserCommands::ShowReport(QAction& entry, const ReportRow& report) const {
   entry.setText(report.reportName);
-  entry.setToolTip(report.reportName);
+  entry.setToolTip(PlainTip(report.reportName));
   entry.setProperty("Tag", report.reportId);
   entry.setVisible(true);
 }

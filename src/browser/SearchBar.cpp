@@ -31,9 +31,9 @@ TextCombo* NewCombo(QWidget* parent, const QString& name, const QString& tip) {
   return combo;
 }
 
-// A cut between the two quotes of a pair would leave the literal open.
-QString StoredHistory(const QString& history) {
-  QString stored = LimitByteLength(EscapeSql(history, false), kHistoryBytes);
+// A cut between the two quotes of a pair would leave the literal open, and so would a null character for a server.
+QString StoredHistory(QString history) {
+  QString stored = LimitByteLength(EscapeSql(history.remove(QChar(0)), false), kHistoryBytes);
   if (stored.count(u'\'') % 2 != 0) stored.chop(1);
   return stored;
 }

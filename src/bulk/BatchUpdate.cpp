@@ -7,6 +7,7 @@
 #include "data/RefusedValues.h"
 #include "data/ValueText.h"
 #include "records/RecordStatement.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -35,8 +36,8 @@ QString BrowserFilter(const QString& rights, const QString& query) {
 }
 
 std::array<QString, 2> FillOfEmpty::Statements() const {
-  const QString start =
-      u"Update "_s + table + u" Set "_s + field + u" ='"_s + value + u"' Where "_s + filter + u" And "_s + field;
+  const QString start = u"Update "_s + table + u" Set "_s + field + u" ="_s + UnescapedLiteral(value) + u" Where "_s +
+                        filter + u" And "_s + field;
   return {start + u" Is Null"_s, start + u" = ''"_s};
 }
 

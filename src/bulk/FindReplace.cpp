@@ -77,8 +77,8 @@ void FindReplace::Look(const Recordset& records, bool replace, bool& found) {
 
 // The replacement goes in as it was typed: one with a quote is no statement, and nothing is overwritten.
 void FindReplace::Overwrite(const Recordset& records, const QString& field) const {
-  connection_->Execute(u"Update "_s + tableName_ + u" Set "_s + field + u"='"_s + replacement_ +
-                       u"' Where ArchiveId='"_s + EscapeSql(records[u"ArchiveId"_s].Text()) + u"'"_s);
+  connection_->Execute(u"Update "_s + tableName_ + u" Set "_s + field + u'=' + UnescapedLiteral(replacement_) +
+                       u" Where ArchiveId='"_s + EscapeSql(records[u"ArchiveId"_s].Text()) + u"'"_s);
 }
 
 bool FindReplace::FindNext(Recordset& records, SearchWay way, const Progress& progress) {

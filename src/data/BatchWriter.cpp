@@ -20,6 +20,14 @@ bool IsLong(const ColumnInfo& column) {
 
 bool IsInexact(const ColumnInfo& column) { return column.type == AdoType::Single || column.type == AdoType::Double; }
 
+// Another user may have given the column another length since it was described.
+ColumnInfo DescribedAnew(const ColumnInfo& column, const QString& table, DatabaseSession& session) {
+  session.RefreshSchema();
+  const TableInfo* now = session.Table(table);
+  const int at = now ? now->IndexOf(column.name) : -1;
+  return at < 0 ? column : now->columns[size_t(at)];
+}
+
 constexpr std::size_t kUsualName = 16;  ///< bytes of a quoted name and its comma, for the room of a list
 
 // A moment is kept to the millisecond; whether one with a fraction of a second is that of the database is past telling.
@@ -120,7 +128,8 @@ QVariant BatchWriter::Fitted(const QVariant& value, RowId row, int at) const {
   const ColumnInfo& column = TableColumn(at);
   if (value.typeId() != QMetaType::QString || GroupOfType(column.type) != TypeGroup::Text) return value;
   const QString text = value.toString();
-  return FitsColumn(text, column) ? value : FittedText(text, column, rows_.Original(row, at).toString());
+  if (FitsColumn(text, column)) return value;
+  return FittedText(text, DescribedAnew(column, table_->name, session_), rows_.Original(row, at).toString());
 }
 
 QVariant BatchWriter::Parameter(const QVariant& value, Written& written, int at) const {

@@ -53,6 +53,7 @@ class DriverSession final : public DatabaseSession {
   void RollBack();
   std::unique_ptr<Translator> MakeTranslator(const QByteArray& orderCollation);
   Translator& TranslatorFor(TextOrder order);
+  Plan Translate(const QString& statement, TextOrder order);
   template <typename Work>
   auto Run(const QString& statement, Work work);
 
@@ -76,6 +77,17 @@ Translator& DriverSession::TranslatorFor(TextOrder order) {
   return *pinyinTranslator_;
 }
 
+// A value that is too long may fit: another user may have made its column longer since it was described.
+Plan DriverSession::Translate(const QString& statement, TextOrder order) {
+  try {
+    return TranslatorFor(order).Translate(statement);
+  } catch (const DataError& error) {
+    if (error.Kind() != DataErrorKind::TooLong) throw;
+    RefreshSchema();
+    return TranslatorFor(order).Translate(statement);
+  }
+}
+
 // Tells the observer, runs the work, and gives an error the statement that it belongs to. A statement that the server
 // refuses may have been translated over tables that have changed since.
 template <typename Work>
@@ -91,7 +103,7 @@ auto DriverSession::Run(const QString& statement, Work work) {
 
 qint64 DriverSession::Execute(const QString& statement) {
   return Run(statement, [&](Driver& driver) -> qint64 {
-    const Plan plan = translator_->Translate(statement);
+    const Plan plan = Translate(statement, TextOrder::Plain);
     const NativeStatement& native = Chosen(plan, driver);
     if (!plan.givesRows) return driver.Execute(native);
     RowsOf(native, driver);
@@ -109,7 +121,7 @@ OpenedRows DriverSession::Open(const QString& statement, TextOrder order) {
 
 FetchedRows DriverSession::FetchUntold(const QString& statement, TextOrder order) {
   Driver& driver = NativeDriver();
-  const Plan plan = TranslatorFor(order).Translate(statement);
+  const Plan plan = Translate(statement, order);
   return RowsOf(Chosen(plan, driver), driver);
 }
 

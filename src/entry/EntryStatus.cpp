@@ -2,6 +2,7 @@
 
 #include <QLabel>
 
+#include "widgets/PlainTip.h"
 #include "widgets/StatusPanel.h"
 
 namespace folvane {
@@ -31,7 +32,7 @@ void EntryStatus::ShowWork(const QString& text) {
 
 void EntryStatus::ShowNote(const QString& text) {
   note_->setText(text);
-  note_->setToolTip(text);
+  note_->setToolTip(PlainTip(text));
   note_->setVisible(!text.isEmpty());  // the work panel has all the room until there is something to say
 }
 

@@ -8,6 +8,7 @@
 #include "data/Recordset.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -72,7 +73,7 @@ QString WithValues(const EntryRights& rights, Recordset& limited, const ShownFie
   QString condition = rights.condition;
   for (; !limited.EOF_(); limited.MoveNext()) {
     const QString column = limited[u"FieldName"_s].Text();
-    condition.replace(rights.table + u'.' + column, u'\'' + ValueOf(column, fields) + u'\'');
+    condition.replace(rights.table + u'.' + column, UnescapedLiteral(ValueOf(column, fields)));
   }
   return condition;
 }

@@ -64,7 +64,7 @@ void FrmInput::DelRecord() {
   const QStringList changed = lifecycle_->TakeChanges();
   if (!changed.isEmpty()) form_->Binding().ShowRow();
   if (ShowMessage(DeleteQuestion(changed, lifecycle_->Layout(), windowTitle())) != Answer::Yes) return;
-  const QString left = DeleteOriginalsAndTell(u" Where RecordID = '"_s + lifecycle_->CurrentKey() + u"'"_s);
+  const QString left = DeleteOriginalsOf(lifecycle_->CurrentKey());
   try {
     lifecycle_->Delete();
   } catch (const std::exception&) {

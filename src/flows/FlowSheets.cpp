@@ -22,8 +22,7 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int kGreatestSerial = 32767;
 const QString kNotAsRead = u"其他用户刚刚更改或删除了它。"_s;
 
-QString Quoted(const QString& text) { return u'\'' + text + u'\''; }
-QString DateOr(const QString& date, const QString& null) { return date.isEmpty() ? null : Quoted(date); }
+QString DateOr(const QString& date, const QString& null) { return date.isEmpty() ? null : UnescapedLiteral(date); }
 
 qint64 Execute(const QString& statement) { return SharedConnection()->Execute(statement); }
 
@@ -110,28 +109,28 @@ QString FlowSheets::NextDetailSerial() const {
 
 bool FlowSheets::IsSerialTaken(const QString& serial) const {
   Recordset same;
-  Open(same, u"Select File_ID From "_s + flow_.detailSource + u" where File_ID='"_s + serial +
-                 u"' and Register_ID='"_s + Key() + u'\'');
+  Open(same, u"Select File_ID From "_s + flow_.detailSource + u" where File_ID="_s + UnescapedLiteral(serial) +
+                 u" and Register_ID='"_s + Key() + u'\'');
   return !same.EOF_();
 }
 
 void FlowSheets::InsertDetail(const DetailValues& values) {
   QString columns = u"File_ID,Register_ID,Lead_Unit,"_s + flow_.detailDate;
-  QString texts =
-      Quoted(values.serial) + u',' + Quoted(Key()) + u',' + Quoted(values.unit) + u',' + DateOr(values.date, u"null"_s);
+  QString texts = UnescapedLiteral(values.serial) + u',' + UnescapedLiteral(Key()) + u',' +
+                  UnescapedLiteral(values.unit) + u',' + DateOr(values.date, u"null"_s);
   const auto add = [&](const QString& column, const QString& text) {
     columns += u',' + column;
     texts += u',' + text;
   };
   if (flow_.hasQuantities) add(u"Quantity"_s, values.quantity);
-  if (flow_.isHandling) add(u"Transact_Mode"_s, Quoted(values.mode));
-  add(u"Is_Back"_s, Quoted(values.isBack));
+  if (flow_.isHandling) add(u"Transact_Mode"_s, UnescapedLiteral(values.mode));
+  add(u"Is_Back"_s, UnescapedLiteral(values.isBack));
   add(u"Back_Date"_s, DateOr(values.backDate, u"null"_s));
   add(u"Real_BackDate"_s, DateOr(values.realBackDate, u"null"_s));
   if (flow_.hasQuantities) add(u"Back_Quantity"_s, values.backQuantity);
   if (flow_.isHandling) {
-    add(u"Transact_Result"_s, Quoted(values.result));
-    add(u"Is_Hasten"_s, Quoted(hasten_));
+    add(u"Transact_Result"_s, UnescapedLiteral(values.result));
+    add(u"Is_Hasten"_s, UnescapedLiteral(hasten_));
   }
   Execute(u"Insert Into "_s + flow_.detailSource + u" ("_s + columns + u") Values ("_s + texts + u')');
 }
@@ -140,8 +139,8 @@ void FlowSheets::InsertRouteDetail(const QString& members) {
   const QString hastenColumn = flow_.isHandling ? u",Is_Hasten"_s : QString();
   const QString hastenText = flow_.isHandling ? u",'"_s + hasten_ + u'\'' : QString();
   Execute(u"Insert Into "_s + flow_.detailTable + u" (File_ID,Register_ID,Lead_Unit,"_s + flow_.detailDate +
-          u",Is_Back"_s + hastenColumn + u") Values ('"_s + NextDetailSerial() + u"','"_s + Key() + u"','"_s + members +
-          u"','"_s + Today().toString(u"yyyy-M-d"_s) + u"','否'"_s + hastenText + u')');
+          u",Is_Back"_s + hastenColumn + u") Values ('"_s + NextDetailSerial() + u"','"_s + Key() + u"',"_s +
+          UnescapedLiteral(members) + u",'"_s + Today().toString(u"yyyy-M-d"_s) + u"','否'"_s + hastenText + u')');
 }
 
 DetailValues FlowSheets::ReadDetail() const {
@@ -166,17 +165,17 @@ SaveOutcome FlowSheets::UpdateDetail(const DetailValues& values, DetailValues& s
       shown = now;
       return {SaveOutcome::Changed, changes};
     }
-    QString statement = u"Update "_s + flow_.detailSource + u" set File_ID='"_s + values.serial + u"',Lead_Unit='"_s +
-                        values.unit + u"',"_s + flow_.detailDate +
-                        (values.date.isEmpty() ? u"=Null"_s : u"= "_s + Quoted(values.date));
+    QString statement = u"Update "_s + flow_.detailSource + u" set File_ID="_s + UnescapedLiteral(values.serial) +
+                        u",Lead_Unit="_s + UnescapedLiteral(values.unit) + u',' + flow_.detailDate +
+                        (values.date.isEmpty() ? u"=Null"_s : u"= "_s + UnescapedLiteral(values.date));
     if (flow_.hasQuantities) statement += u",Quantity="_s + values.quantity;
-    if (flow_.isHandling) statement += u",Transact_Mode='"_s + values.mode + u'\'';
-    statement += u",Is_Back='"_s + values.isBack + u"',Back_Date="_s + DateOr(values.backDate, u"null"_s) +
-                 u",Real_BackDate="_s + DateOr(values.realBackDate, u"null"_s);
+    if (flow_.isHandling) statement += u",Transact_Mode="_s + UnescapedLiteral(values.mode);
+    statement += u",Is_Back="_s + UnescapedLiteral(values.isBack) + u",Back_Date="_s +
+                 DateOr(values.backDate, u"null"_s) + u",Real_BackDate="_s + DateOr(values.realBackDate, u"null"_s);
     if (flow_.hasQuantities) statement += u",Back_Quantity="_s + values.backQuantity;
-    if (flow_.isHandling) statement += u",Transact_Result='"_s + values.result + u'\'';
-    const qint64 written = Execute(statement + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s + shown.serial +
-                                   u'\'' + HastenCondition());
+    if (flow_.isHandling) statement += u",Transact_Result="_s + UnescapedLiteral(values.result);
+    const qint64 written = Execute(statement + u" where Register_ID='"_s + Key() + u"' and File_ID='"_s +
+                                   EscapeSql(shown.serial) + u'\'' + HastenCondition());
     return {written == 0 ? SaveOutcome::Gone : SaveOutcome::Written, {}};
   });
 }
@@ -200,7 +199,7 @@ SaveOutcome FlowSheets::UpdateHead(const HeadValues& values, HeadValues& shown) 
       return {SaveOutcome::Changed, changes};
     }
     QStringList assignments;
-    for (const auto& [column, value] : flow_.headUpdate) assignments << column + Quoted(values.*value);
+    for (const auto& [column, value] : flow_.headUpdate) assignments << column + UnescapedLiteral(values.*value);
     const qint64 written = Execute(u"Update "_s + flow_.headTable + u" set "_s + assignments.join(u',') +
                                    u" where Register_ID='"_s + Key() + u'\'');
     return {written == 0 ? SaveOutcome::Gone : SaveOutcome::Written, {}};
@@ -260,7 +259,7 @@ void FlowSheets::WriteStatesBack(const std::function<void(const QString&)>& writ
     const QString status = Head(flow_.statusColumn);
     if (status != flow_.done && status != flow_.idle) continue;
     write(u"Update "_s + Head(u"File_Table"_s) + u" Set "_s + flow_.recordColumn + u" = '"_s + status +
-          u"' Where ArchiveId = '"_s + Head(u"File_ID"_s) + u'\'');
+          u"' Where ArchiveId = '"_s + EscapeSql(Head(u"File_ID"_s)) + u'\'');
   }
 }
 

@@ -16,7 +16,7 @@ QString FlowSheets::DeleteDetail() {
   PassedErrors passed;
   passed.Try([&] {
     SharedConnection()->Execute(u"Delete From "_s + flow_.detailTable + u" where Register_ID='"_s + Key() +
-                                u"' and File_ID='"_s + Detail(u"File_ID"_s) + u'\'');
+                                u"' and File_ID='"_s + EscapeSql(Detail(u"File_ID"_s)) + u'\'');
   });
   passed.Try([&] { RequeryDetails(); });
   if (details_.RecordCount() == 0) {
@@ -29,7 +29,7 @@ QString FlowSheets::DeleteDetail() {
 QStringList FlowSheets::DeleteStatements() const {
   return {u"Delete From "_s + flow_.detailTable + u" Where Register_ID = '"_s + Key() + u'\'',
           u"Update "_s + Head(u"File_Table"_s) + u" Set "_s + flow_.recordColumn + u" = '"_s + flow_.idle +
-              u"' Where ArchiveID = '"_s + Head(u"File_ID"_s) + u'\'',
+              u"' Where ArchiveID = '"_s + EscapeSql(Head(u"File_ID"_s)) + u'\'',
           u"Delete From "_s + flow_.headTable + u" where Register_ID='"_s + Key() + u'\''};
 }
 

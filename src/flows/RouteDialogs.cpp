@@ -16,6 +16,7 @@
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 #include "widgets/DialogKeys.h"
+#include "widgets/PlainTip.h"
 #include "widgets/ViewHint.h"
 
 namespace folvane {
@@ -49,7 +50,7 @@ class ListDialog : public QDialog {
 
   QTreeWidgetItem* AddRow(const QStringList& texts) {
     auto* row = new QTreeWidgetItem(list_, texts);
-    for (int column = 0; column < texts.size(); ++column) row->setToolTip(column, texts[column]);
+    for (int column = 0; column < texts.size(); ++column) row->setToolTip(column, PlainTip(texts[column]));
     return row;
   }
   void Fit() {

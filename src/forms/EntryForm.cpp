@@ -11,6 +11,7 @@
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
 #include "widgets/EditCombo.h"
+#include "widgets/PlainTip.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
@@ -131,7 +132,7 @@ void EntryForm::TellArranged() {
            u"界面设计中没有可用的位置或大小，已自动安排："_s +
                captions.first(std::min(captions.size(), kNamesInNote)).join(u'、') + more,
            kNotePlace)
-      .setToolTip(captions.join(u'、'));
+      .setToolTip(PlainTip(captions.join(u'、')));
 }
 
 void EntryForm::RequireSound(const LayoutRow& row, const Recordset& records) const {

@@ -40,14 +40,14 @@ QString DirectoryRoot(const Recordset& setting) {
   if (setting.EOF_()) {
     const QString root = DefaultDirectory();
     SharedConnection()->Execute(u"Insert Into Report_Info(Report_Id,Info_Description) Values('"_s + kStoreKey +
-                                u"','"_s + root + u"')"_s);
+                                u"','"_s + EscapeSql(root) + u"')"_s);
     return root;
   }
   QString root = setting[u"Info_Description"_s].Text();
   if (root.trimmed().isEmpty()) {
     root = DefaultDirectory();
-    SharedConnection()->Execute(u"Update Report_Info Set Info_Description='"_s + root + u"' Where Report_Id = '"_s +
-                                kStoreKey + u"'"_s);
+    SharedConnection()->Execute(u"Update Report_Info Set Info_Description='"_s + EscapeSql(root) +
+                                u"' Where Report_Id = '"_s + kStoreKey + u"'"_s);
     return root;
   }
   if (root.endsWith(u'\\')) root.chop(1);
@@ -183,6 +183,10 @@ QString DeleteOriginalsAndTell(const QString& whereClause) {
   // First the rows: wherever this is broken off, a file may be left without a row, but never a row without its file.
   SharedConnection()->Execute(u"Delete From Original_Text"_s + whereClause);
   return RemoveFiles(places);
+}
+
+QString DeleteOriginalsOf(const QString& recordKey) {
+  return DeleteOriginalsAndTell(u" Where RecordID = '"_s + EscapeSql(recordKey) + u"'"_s);
 }
 
 bool IsOnlyHolder(Recordset& originals, const QString& fileId, const QString& recordId) {

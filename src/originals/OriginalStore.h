@@ -23,6 +23,8 @@ bool ConnectFtpServer();
 /// As DeleteOriginals, and answers what the user should know of files that could not be deleted although their rows
 /// have gone; "" for none.
 QString DeleteOriginalsAndTell(const QString& whereClause);
+/// The same for those of a record.
+QString DeleteOriginalsOf(const QString& recordKey);
 
 /// Whether no row of the record set holds that file for another record. Leaves a filter on the record set.
 bool IsOnlyHolder(Recordset& originals, const QString& fileId, const QString& recordId);

@@ -18,6 +18,7 @@
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
+#include "widgets/PlainTip.h"
 #include "widgets/RecordListView.h"
 #include "widgets/SuppliedCombo.h"
 #include "widgets/ViewHint.h"
@@ -35,8 +36,9 @@ void Name(QWidget& box, int element, const QString& tip) {
 void Mark(const QList<QStandardItem*>& row, const ShownCondition& condition, const QWidget& window) {
   const bool counts = condition.number != 0;
   for (QStandardItem* cell : row) {
-    cell->setToolTip(counts ? condition.flaw : u"不参与查询："_s + condition.flaw);
-    cell->setData(cell->toolTip(), Qt::AccessibleDescriptionRole);
+    const QString flaw = counts ? condition.flaw : u"不参与查询："_s + condition.flaw;
+    cell->setToolTip(PlainTip(flaw));
+    cell->setData(flaw, Qt::AccessibleDescriptionRole);
     if (counts) continue;
     QFont font = window.font();
     font.setStrikeOut(true);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "widgets/PlainTip.h"
+
 namespace folvane {
 
 void ClassTreeModel::Clear() {
@@ -86,8 +88,9 @@ QVariant ClassTreeModel::data(const QModelIndex& index, int role) const {
   const ClassTreeNode& node = Node(NodeAt(index));
   switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
       return node.text;
+    case Qt::ToolTipRole:
+      return PlainTip(node.text);
     case Qt::DecorationRole:
       return decoration_ ? decoration_(node.image) : QVariant();
     case Qt::UserRole:

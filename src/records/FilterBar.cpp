@@ -5,6 +5,7 @@
 #include <QToolButton>
 
 #include "shell/EventGuard.h"
+#include "widgets/PlainTip.h"
 
 namespace folvane {
 namespace {
@@ -48,10 +49,10 @@ void FilterBar::ShowLimits(const QString& filter, const QString& rights, const Q
   QString shown = fontMetrics().elidedText(filter, Qt::ElideRight, kLongest);
   lift_->setText(shown.replace(u'&', u"&&"_s) + u"  ✕"_s);
   lift_->setAccessibleName(u"取消限制："_s + filter);
-  lift_->setToolTip(filter + u"\n按此键或 F5 取消此限制，显示全部记录"_s);
+  lift_->setToolTip(PlainTip(filter + u"\n按此键或 F5 取消此限制，显示全部记录"_s));
   lift_->setVisible(!filter.isEmpty());
   rights_->setText(u"权限："_s + fontMetrics().elidedText(rights, Qt::ElideRight, kLongest));
-  rights_->setToolTip(u"您的权限只允许查看这些记录："_s + rights);
+  rights_->setToolTip(PlainTip(u"您的权限只允许查看这些记录："_s + rights));
   rights_->setVisible(!rights.isEmpty());
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "widgets/PlainTip.h"
+
 namespace folvane {
 namespace {
 
@@ -151,8 +153,9 @@ QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, i
   const ListColumn& column = columns_[size_t(section)];
   switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
       return column.caption;
+    case Qt::ToolTipRole:
+      return PlainTip(column.caption);
     case Qt::TextAlignmentRole:
       return int(Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::UserRole:

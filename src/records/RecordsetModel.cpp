@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "widgets/PlainTip.h"
+
 namespace folvane {
 
 void RecordsetModel::Reset() {
@@ -32,7 +34,8 @@ QVariant RecordsetModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount()) return {};
   const int field = fields_[size_t(index.column())];
   const QString text = field < 0 ? QString() : records_.TextAt(index.row() + 1, field);
-  if (role != Qt::DecorationRole) return text;
+  if (role == Qt::DisplayRole) return text;
+  if (role == Qt::ToolTipRole) return PlainTip(text);
   return decoration_ ? decoration_(columns_[size_t(index.column())].field, text) : QVariant();
 }
 

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHash>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <vector>
@@ -68,6 +69,7 @@ MessageBox::MessageBox(const MessageRequest& request, QWidget* parent) : QMessag
   setTextFormat(Qt::PlainText);  // what stands in a record is never markup
   setText(WithPlainLineBreaks(request.text));
   setInformativeText(WithPlainLineBreaks(request.note));
+  for (QLabel* label : findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);  // that of the note, too
   setIcon(IconOf(request.flags));
   const std::vector<int> answers = AnswersOf(request.flags);
   escapeAnswer_ = EscapeAnswerOf(answers);

@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "shell/EventGuard.h"
+#include "widgets/PlainTip.h"
 #include "widgets/StatusPanel.h"
 
 namespace folvane {
@@ -27,7 +28,7 @@ void WindowStatus::ShowRecords(const QString& text) { records_->setText(text); }
 // The panel is one line; whoever needs the rest of a long text has it in the tip.
 void WindowStatus::ShowNotice(const QString& text, const QString& details) {
   notice_->setText(text.simplified());
-  notice_->setToolTip(details.isEmpty() ? text : text + u'\n' + details);
+  notice_->setToolTip(PlainTip(details.isEmpty() ? text : text + u'\n' + details));
   notice_->repaint();
 }
 

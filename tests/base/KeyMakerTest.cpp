@@ -1,8 +1,11 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 
 #include "base/KeyMaker.h"
 #include "support/HostDoubles.h"
+#include "support/Processes.h"
 
 namespace folvane {
 namespace {
@@ -57,6 +60,23 @@ TEST(CreateName, IsNeverTheSameTwiceInABulkOfTenThousand) {
   std::set<QString> names;
   for (int count = 0; count < 10'000; ++count) names.insert(CreateName());
   EXPECT_EQ(names.size(), 10'000u);
+}
+
+// A process that copies another begins with what that has drawn so far.
+TEST(CreateName, DrawsOtherNumbersInEachProcess) {
+  constexpr int kDraws = 1000;
+  CreateName();
+  const auto draw = [] {
+    QByteArrayList names;
+    for (int count = 0; count < kDraws; ++count) names << CreateName().right(6).toLatin1();
+    return names.join(',');
+  };
+  std::map<QByteArray, int> drawn;
+  for (const QByteArray& answer : test::AtOnce({draw, draw}))
+    for (const QByteArray& digits : answer.split(',')) ++drawn[digits];
+  const auto both = std::count_if(drawn.begin(), drawn.end(), [](const auto& digits) { return digits.second > 1; });
+  EXPECT_GT(drawn.size(), kDraws);
+  EXPECT_LT(both, 20) << "of a million numbers, where chance alone gives one";
 }
 
 TEST(ClockSeededRandom, StaysBelowOneAndSpreadsOverTheRange) {

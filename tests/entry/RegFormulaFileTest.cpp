@@ -2,6 +2,7 @@
 #include "base/CodePage.h"
 #include "base/TypedValues.h"
 #include "entry/RegFormulaFile.h"
+#include "support/FullDisk.h"
 
 namespace folvane::test {
 namespace {
@@ -59,6 +60,29 @@ TEST_P(RegFormulaFileTest, IsNotLookedAtWithoutARegIdField) {
 TEST_P(RegFormulaFileTest, RefusesARuleThatIsNoNumber) {
   program_.Write(u"RegIDFormula.Ini"_s, "[RegFormula]\r\nLwdj=two\r\n");
   EXPECT_THROW(Load(), NumberError);
+}
+
+// A full disk, or a directory that may only be read: the rule is none, and the records can be worked on.
+TEST_P(RegFormulaFileTest, ThatCannotBeWrittenKeepsNobodyFromHisRecords) {
+  const QString directory = Services().programDirectory;
+  program_.Write(u"file"_s, {});
+  Services().programDirectory = program_.Path(u"file"_s);  // nothing can be made below a file
+  EXPECT_EQ(Load(), 0);
+  EXPECT_EQ(program_.Read(u"file"_s), QByteArray());
+  Services().programDirectory = directory;
+  EXPECT_EQ(Load(), 0);
+  EXPECT_TRUE(program_.Has(u"RegIDFormula.Ini"_s)) << "as soon as it can be written";
+}
+
+TEST_P(RegFormulaFileTest, ThatCannotTakeAnotherTableStaysWhole) {
+  const QByteArray rules = "# mine\r\n[RegFormula]\r\nFwdj=2\r\n" + QByteArray(5000, '#') + "\r\n";
+  program_.Write(u"RegIDFormula.Ini"_s, rules);
+  {
+    const FullDisk full(1000);
+    EXPECT_EQ(Load(u"Fwdj"_s), 2);
+    EXPECT_EQ(Load(), 0);
+  }
+  EXPECT_EQ(program_.Read(u"RegIDFormula.Ini"_s), rules);
 }
 
 FOLVANE_ON_EACH_DATABASE(RegFormulaFileTest);

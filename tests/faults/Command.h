@@ -46,6 +46,7 @@ struct CommandRow {
   Keeps keeps;
   int lasting;  ///< how many of its statements last by themselves when all goes well
   std::function<std::unique_ptr<WritingCommand>()> make;
+  bool isTold = true;  ///< whether the user is told what failed
 };
 
 template <typename C, typename... Arguments>
@@ -61,6 +62,8 @@ std::vector<CommandRow> BrowserCommands();
 std::vector<CommandRow> FlowCommands();
 std::vector<CommandRow> ArchiveCommands();
 std::vector<CommandRow> SettingsCommands();
+std::vector<CommandRow> OriginalCommands();
+std::vector<CommandRow> ReminderCommands();
 /// All that a window of the library writes.
 std::vector<CommandRow> AllCommands();
 

@@ -178,7 +178,7 @@ void Trial::Judge(const std::function<bool()>& kept, bool stands) {
              : contents == clean_->before ? Outcome::Before
                                           : Outcome::Between;
   if (outcome_ == Outcome::After) return;
-  EXPECT_FALSE(NewlySaid().isEmpty()) << "the user was told nothing";
+  EXPECT_EQ(!NewlySaid().isEmpty(), row_.isTold) << "the user was told nothing, or something after all";
   EXPECT_TRUE(!kept || !stands || outcome_ != Outcome::Before || kept()) << "what was entered is gone";
 }
 

@@ -1,23 +1,15 @@
 #pragma once
 
 #include <QStringList>
-#include <map>
 #include <optional>
 
 #include <folvane/HostServices.h>
 
 #include "faults/Command.h"
 #include "faults/Fault.h"
+#include "support/Contents.h"
 
 namespace folvane::test {
-
-/// The rows of every table of a database, sorted.
-using Contents = std::map<QString, QStringList>;
-/// @param rows runs a statement of the database and gives its rows
-Contents ContentsOf(const std::string& kind, const std::function<std::vector<QStringList>(const QString&)>& rows);
-Contents ContentsOf(TestDatabase& database);
-/// What differs, a line each.
-QString Difference(const Contents& expected, const Contents& actual);
 
 /// What a command does when nothing fails.
 struct CleanRun {

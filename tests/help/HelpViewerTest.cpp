@@ -2,8 +2,11 @@
 #include <QFile>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QTemporaryFile>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QToolBar>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 #include "components/help/HelpViewer.h"
@@ -164,6 +167,20 @@ TEST_F(HelpViewerTest, IsWhatOpenHelpShowsByDefault) {
   OpenHelp(nullptr, kTopic);
   ASSERT_TRUE(Viewer());
   EXPECT_EQ(Viewer()->windowTitle(), u"帮助 - 文件登记"_s);
+}
+
+TEST_F(HelpViewerTest, APageReadsNothingBesideItsFile) {
+  ShowHelp(nullptr, kHelpFile, kTopic);
+  QTemporaryFile secret;
+  ASSERT_TRUE(secret.open());
+  secret.write("<p>SECRET</p>");
+  secret.close();
+  EXPECT_FALSE(Page().loadResource(QTextDocument::HtmlResource, QUrl::fromLocalFile(secret.fileName())).isValid());
+  EXPECT_FALSE(Page().loadResource(QTextDocument::ImageResource, QUrl(u"qrc:/folvane/help/../../x.png"_s)).isValid());
+  EXPECT_TRUE(Page().loadResource(QTextDocument::HtmlResource, QUrl(kEntryTopic)).isValid());
+  Page().setSource(QUrl::fromLocalFile(secret.fileName()));  // as a link to it does
+  EXPECT_FALSE(Page().toPlainText().contains(u"SECRET"_s));
+  EXPECT_FALSE(Page().openExternalLinks());
 }
 
 }  // namespace

@@ -212,6 +212,21 @@ TEST_P(BrowserRightsTest, ADoubleClickOpensARecordThatCanOnlyBeLookedAt) {
   EXPECT_EQ(Records(), u"12 1"_s);
 }
 
+TEST_P(BrowserRightsTest, TheEnterKeyOpensARecordThatCanOnlyBeLookedAt) {
+  GiveAllBut(Privilege::Edit);
+  InBrowser([&](const Browser& browser) {
+    ClickItem(browser.List(), browser.List().model()->index(0, 0));
+    WithWindow(u"FrmInput"_s, [&](QWidget& window) {
+      Retype(Find(window, u"Txt(2)"_s), u"改过"_s);
+      EXPECT_FALSE(FindAction(window, u"TlbCool"_s, u"SaveRecord"_s).isEnabled());
+      EXPECT_FALSE(FindAction(window, u"TlbCool"_s, u"DelRecord"_s).isEnabled());
+      window.close();
+    });
+    Press(browser.List(), Qt::Key_Return);
+  });
+  EXPECT_EQ(design_->Value(u"select count(*) from Lwdj where Amaintitle='改过'"_s), u"0"_s);
+}
+
 TEST_P(BrowserRightsTest, FilesAreNotDroppedWhereOriginalsMayNotBeLookedAt) {
   const auto enter = [](const Browser& browser) {
     QMimeData files;
@@ -226,6 +241,13 @@ TEST_P(BrowserRightsTest, FilesAreNotDroppedWhereOriginalsMayNotBeLookedAt) {
   GiveAllBut(Privilege::LookFile);
   InBrowser([&](const Browser& browser) {
     EXPECT_FALSE(enter(browser));
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(u"/tmp/scan.tif"_s)});
+    QDropEvent drop({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);  // without having entered
+    drop.ignore();
+    QApplication::sendEvent(browser.View(u"LVFile"_s).viewport(), &drop);
+    QApplication::processEvents();
+    EXPECT_FALSE(drop.isAccepted());
     ClickAt(browser.View(u"LVFile"_s), {5, 5}, Qt::RightButton);
     EXPECT_FALSE(Find<QMenu>(browser.Window(), u"mnu_Pop"_s).isVisible());
   });

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <folvane/DataError.h>
+
 #include "shell/SqlText.h"
 
 namespace folvane {
@@ -24,6 +26,11 @@ TEST(SplitText, WithoutADelimiterItIsTheComma) { EXPECT_EQ(Parts(u"文,件"_s, {
 TEST(SplitText, ATextWithoutTheDelimiterIsOneElement) { EXPECT_EQ(Parts(u"a,b"_s, u"@"_s), QStringList{u"a,b"_s}); }
 
 TEST(EscapeSql, DoublesQuotesAndKeepsBracketsOutsideOfLike) { EXPECT_EQ(EscapeSql(u"O'N[e]il"_s), u"O''N[e]il"_s); }
+
+TEST(UnescapedLiteral, QuotesAnyTextButOneWithAQuote) {
+  EXPECT_EQ(UnescapedLiteral(u"[a]%\"--"_s), u"'[a]%\"--'"_s);
+  for (const QString& text : {u"'"_s, u"it's"_s, u"''"_s, u"x' -- "_s}) EXPECT_THROW(UnescapedLiteral(text), DataError);
+}
 
 TEST(EscapeSql, OpensBracketsInLike) { EXPECT_EQ(EscapeSql(u"O'N[e]il"_s, true), u"O''N[[]e]il"_s); }
 

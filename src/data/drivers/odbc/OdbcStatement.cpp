@@ -13,11 +13,10 @@ using namespace Qt::Literals::StringLiterals;
 
 SQLCHAR* AsSql(const QByteArray& text) { return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.constData())); }
 
-QByteArray TextBytes(const QVariant& value) {
-  QByteArray bytes = ValueText(value).toUtf8();
-  // Below the driver a text ends at its first zero byte, and what follows would be lost without a word.
-  if (bytes.contains('\0')) throw DataError(DataErrorKind::Conversion, u"文字中不能含有空字符。"_s);
-  return bytes;
+// Below the driver a text ends at its first zero byte, and what follows would be lost without a word.
+const QByteArray& Whole(const QByteArray& text) {
+  if (text.contains('\0')) throw DataError(DataErrorKind::Conversion, u"文字中不能含有空字符。"_s);
+  return text;
 }
 
 SQLSMALLINT IntegerType(qint64 value) { return SQLINTEGER(value) == value ? SQL_INTEGER : SQL_BIGINT; }
@@ -53,7 +52,7 @@ void OdbcStatement::Execute(const std::vector<QVariant>& parameters) {
 void OdbcStatement::ExecuteDirect(const NativeStatement& statement) {
   Bind(statement.parameters);
   hadNoRows_ =
-      Check(SQLExecDirect(statement_, AsSql(statement.text), SQLINTEGER(statement.text.size()))) == SQL_NO_DATA;
+      Check(SQLExecDirect(statement_, AsSql(Whole(statement.text)), SQLINTEGER(statement.text.size()))) == SQL_NO_DATA;
 }
 
 qint64 OdbcStatement::ChangedRows() {
@@ -106,7 +105,7 @@ void OdbcStatement::BindValue(SQLUSMALLINT number, const QVariant& value, Bound&
       inStatement = SQL_VARBINARY;
       break;
     default:
-      bound.bytes = TextBytes(value);
+      bound.bytes = Whole(ValueText(value).toUtf8());
   }
   if (!address) address = bound.bytes.data();
   if (inMemory != SQL_C_SBIGINT && bound.length != SQL_NULL_DATA) bound.length = bound.bytes.size();

@@ -1,6 +1,9 @@
-#include <algorithm>
+#include "support/Contents.h"
 
-#include "faults/Trial.h"
+#include <algorithm>
+#include <iterator>
+
+#include <folvane/HostServices.h>
 
 namespace folvane::test {
 using namespace Qt::Literals::StringLiterals;
