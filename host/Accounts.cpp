@@ -8,7 +8,6 @@
 #include <folvane/ResultSet.h>
 
 #include "catalogue/Ddl.h"
-#include "data/DatabaseSession.h"
 #include "host/HostDatabase.h"
 
 namespace folvane::host {
@@ -25,12 +24,6 @@ Table AccountTable() {
            {u"LockedUntil"_s, ColumnType::Text, 30}},
           {u"UserID"_s},
           {}};
-}
-
-bool HasTable(Connection& connection, const QString& table) {
-  DatabaseSession& session = DatabaseSession::Of(connection);
-  session.RefreshSchema();
-  return session.Table(table) != nullptr;
 }
 
 /// The texts of the first row of what is selected from a table; none where it has no row, or where there is no such

@@ -27,9 +27,8 @@ Design ReadReadyMade(const QString& name) {
 
 void DropLooseTransfers(Design& design) {
   const auto isThere = [&](const QString& table) {
-    return std::any_of(design.tables.begin(), design.tables.end(), [&](const Design::Table& each) {
-      return each.name.compare(table, Qt::CaseInsensitive) == 0;
-    });
+    return std::any_of(design.tables.begin(), design.tables.end(),
+                       [&](const Design::Table& each) { return each.name.compare(table, Qt::CaseInsensitive) == 0; });
   };
   std::erase_if(design.transfers, [&](const Design::TransferMap& transfer) {
     return !isThere(transfer.source) || !isThere(transfer.destination);

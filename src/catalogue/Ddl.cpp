@@ -110,6 +110,11 @@ void CreateIndexes(Connection& connection, const Table& table) {
   for (const QStringList& columns : table.indexes) RunNative(connection, CreateIndexText(table.name, columns));
 }
 
+bool HasTable(Connection& connection, const QString& name) {
+  DatabaseSession::Of(connection).RefreshSchema();
+  return DatabaseSession::Of(connection).Table(name) != nullptr;
+}
+
 void DropTable(Connection& connection, const QString& name) {
   RunNative(connection, u"DROP TABLE IF EXISTS "_s + name);
   DatabaseSession::Of(connection).RefreshSchema();

@@ -23,6 +23,9 @@ void CreateTable(Connection& connection, const Table& table);
 /// Makes the indexes of a table that was made without them, as is quicker where many rows come first. @throws DataError
 void CreateIndexes(Connection& connection, const Table& table);
 
+/// Whether the database has a table of that name now. @throws DataError
+bool HasTable(Connection& connection, const QString& name);
+
 /// Removes a table if it is there. @throws DataError
 void DropTable(Connection& connection, const QString& name);
 

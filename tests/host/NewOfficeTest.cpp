@@ -59,8 +59,9 @@ class NewOfficeTest : public HostTest {
   /// Whether nothing of an office that was refused is left.
   bool IsUntouched() {
     if (OnSqlite()) return QDir(folder_.path()).entryList({u"办公室*"_s}).isEmpty();
-    return Database().Value(u"select count(*) from information_schema.tables "
-                            "where table_schema = current_schema()"_s) == u"0";
+    return Database().Value(
+               u"select count(*) from information_schema.tables "
+               "where table_schema = current_schema()"_s) == u"0";
   }
   QTemporaryDir folder_;
 };

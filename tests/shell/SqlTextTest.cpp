@@ -27,9 +27,11 @@ TEST(SplitText, ATextWithoutTheDelimiterIsOneElement) { EXPECT_EQ(Parts(u"a,b"_s
 
 TEST(EscapeSql, DoublesQuotesAndKeepsBracketsOutsideOfLike) { EXPECT_EQ(EscapeSql(u"O'N[e]il"_s), u"O''N[e]il"_s); }
 
-TEST(UnescapedLiteral, QuotesAnyTextButOneWithAQuote) {
+TEST(UnescapedLiteral, QuotesAnyTextButOneWithAQuoteThatIsNotDoubled) {
   EXPECT_EQ(UnescapedLiteral(u"[a]%\"--"_s), u"'[a]%\"--'"_s);
-  for (const QString& text : {u"'"_s, u"it's"_s, u"''"_s, u"x' -- "_s}) EXPECT_THROW(UnescapedLiteral(text), DataError);
+  EXPECT_EQ(UnescapedLiteral(u"''it''s''''"_s), u"'''it''s'''''"_s);
+  for (const char* text : {"'", "it's", "'''", "' '", "'' '", "x' -- "})
+    EXPECT_THROW(UnescapedLiteral(QLatin1String(text)), DataError) << text;
 }
 
 TEST(EscapeSql, OpensBracketsInLike) { EXPECT_EQ(EscapeSql(u"O'N[e]il"_s, true), u"O''N[[]e]il"_s); }
