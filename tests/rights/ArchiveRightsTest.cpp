@@ -16,15 +16,15 @@ using testing::IsEmpty;
 
 // Who transfers gives numbers and marks records: that is editing. The settings of transfers are tied to no right.
 const std::vector<CommandRight> kArchiveRights{
-    {"mnuFile", Privilege::None},        {"mnuArchive", Privilege::Edit},     {"mnuExit", Privilege::None},
-    {"mnuRecord", Privilege::None},      {"mnuFirst", Privilege::None},       {"mnuPre", Privilege::None},
-    {"mnuNext", Privilege::None},        {"mnuLast", Privilege::None},        {"mnuPrePage", Privilege::None},
-    {"mnuNextPage", Privilege::None},    {"mnuTools", Privilege::None},       {"mnuSim", Privilege::None},
-    {"mnuSearch", Privilege::None},      {"mnuTaxis", Privilege::None},       {"mnuSet", Privilege::None},
-    {"mnuIsArchive", Privilege::None},   {"mnuIsOriginal", Privilege::Edit},  {"mnuArcSet", Privilege::None},
-    {"mnuHelp", Privilege::None},        {"mnuTitle", Privilege::None},       {"mnuAbout", Privilege::None},
-    {"key DoArchive", Privilege::Edit},  {"key PrePage", Privilege::None},    {"key NextPage", Privilege::None},
-    {"key SimSearch", Privilege::None},  {"key Find", Privilege::None},       {"key Taxis", Privilege::None},
+    {"mnuFile", Privilege::None},        {"mnuArchive", Privilege::Edit},    {"mnuExit", Privilege::None},
+    {"mnuRecord", Privilege::None},      {"mnuFirst", Privilege::None},      {"mnuPre", Privilege::None},
+    {"mnuNext", Privilege::None},        {"mnuLast", Privilege::None},       {"mnuPrePage", Privilege::None},
+    {"mnuNextPage", Privilege::None},    {"mnuTools", Privilege::None},      {"mnuSim", Privilege::None},
+    {"mnuSearch", Privilege::None},      {"mnuTaxis", Privilege::None},      {"mnuSet", Privilege::None},
+    {"mnuIsArchive", Privilege::None},   {"mnuIsOriginal", Privilege::Edit}, {"mnuArcSet", Privilege::None},
+    {"mnuHelp", Privilege::None},        {"mnuTitle", Privilege::None},      {"mnuAbout", Privilege::None},
+    {"key DoArchive", Privilege::Edit},  {"key PrePage", Privilege::None},   {"key NextPage", Privilege::None},
+    {"key SimSearch", Privilege::None},  {"key Find", Privilege::None},      {"key Taxis", Privilege::None},
     {"key ArchiveSet", Privilege::None}, {"key EXIT", Privilege::None},
 };
 
@@ -73,9 +73,8 @@ class ArchiveRightsTest : public FrmArchiveTest {
     return reachable;
   }
   QStringList Writes() {
-    return log_->Take().filter(
-        QRegularExpression(u"^\\s*(insert into (?!FindCirOrder)|update|delete)\\b"_s,
-                           QRegularExpression::CaseInsensitiveOption));
+    return log_->Take().filter(QRegularExpression(u"^\\s*(insert into (?!FindCirOrder)|update|delete)\\b"_s,
+                                                  QRegularExpression::CaseInsensitiveOption));
   }
 };
 
