@@ -16,6 +16,7 @@
 
 #include "components/common/Notice.h"
 #include "components/common/ToolKeys.h"
+#include "components/common/WholeFile.h"
 #include "components/originals/FileList.h"
 
 namespace folvane::originals {
@@ -102,7 +103,7 @@ void FrmCheckOriginals::Save() {
   if (path.isEmpty()) return;
   QSaveFile file(path);
   const QByteArray bytes = "\xEF\xBB\xBF" + findings_->Text().toUtf8();
-  if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+  if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size() || !components::CommitWhole(file))
     throw DataError(DataErrorKind::File,
                     u"文件 %1 无法写入：%2"_s.arg(QDir::toNativeSeparators(path), file.errorString()));
   state_->setText(u"%1\n已保存为 %2。"_s.arg(findings_->Summary(), QDir::toNativeSeparators(path)));

@@ -11,6 +11,7 @@
 #include <folvane/createdname.h>
 
 #include "components/common/Quoted.h"
+#include "components/common/WholeFile.h"
 #include "components/originals/OriginalNames.h"
 
 namespace folvane::originals {
@@ -190,7 +191,7 @@ void RecordOriginals::Export(const Original& original, const QString& path, cons
   QSaveFile file(path);
   if (!file.open(QFile::WriteOnly)) throw FileTrouble(u"文件 %1 无法写入："_s + file.errorString(), path);
   Fetch(original, file, progress);
-  if (!file.commit()) throw FileTrouble(u"文件 %1 无法写入："_s + file.errorString(), path);
+  if (!components::CommitWhole(file)) throw FileTrouble(u"文件 %1 无法写入："_s + file.errorString(), path);
 }
 
 QString RecordOriginals::RowOf(const QString& id) const {

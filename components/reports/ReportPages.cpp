@@ -14,6 +14,7 @@
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 
+#include "components/common/WholeFile.h"
 #include "components/reports/Pagination.h"
 #include "components/reports/ReportDocument.h"
 
@@ -119,7 +120,7 @@ void ReportPages::WritePdf(const QString& path, const QString& title) const {
     writer.setPageLayout(layout_);
     Paint(writer, 0, 0);
   }
-  if (!file.commit())
+  if (!components::CommitWhole(file))
     throw DataError(DataErrorKind::File,
                     u"文件 %1 无法保存：%2"_s.arg(QDir::toNativeSeparators(path), file.errorString()));
 }

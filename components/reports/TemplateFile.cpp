@@ -10,6 +10,8 @@
 #include <folvane/DataError.h>
 #include <folvane/HostServices.h>
 
+#include "components/common/WholeFile.h"
+
 namespace folvane::reports {
 namespace {
 using namespace Qt::Literals::StringLiterals;
@@ -44,7 +46,7 @@ void WriteTemplate(const QString& reportId, const QString& text) {
   QDir().mkpath(QFileInfo(path).path());
   QSaveFile file(path);
   const QByteArray bytes = text.toUtf8();
-  const bool saved = file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+  const bool saved = file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size() && components::CommitWhole(file);
   if (!saved) ThrowFile(u"报表模板 %1 无法保存：%2"_s, path, file.errorString());
 }
 

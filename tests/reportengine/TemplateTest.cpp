@@ -1,5 +1,7 @@
 #include "components/reports/MarkerValues.h"
+#include "components/reports/TemplateFile.h"
 #include "reportengine/EngineFixture.h"
+#include "support/FullDisk.h"
 
 namespace folvane::test {
 namespace {
@@ -32,6 +34,16 @@ FOLVANE_ON_EACH_DATABASE(TemplateTest);
 TEST_P(TemplateTest, ValuesAreTextWhateverTheyLookLike) {
   EXPECT_EQ(Filled(u"{{#ROWS}}<p>{{NO}}={{TITLE}};{{Pages}};{{note}}</p>{{/ROWS}}"_s),
             u"1=<b>重要</b>&\"急\";3;2={{Note}}二;4;行一行二3=三;;"_s);
+}
+
+TEST_P(TemplateTest, ATemplateStaysAsItIsWhereTheDiskHasNoRoom) {
+  const QString before = u"<p>{{Pages}}</p>"_s;
+  reports::WriteTemplate(u"1"_s, before);
+  for (const int size : {5000, 50'000}) {
+    const FullDisk full(1000);
+    EXPECT_THROW(reports::WriteTemplate(u"1"_s, QString(size, u'x')), DataError);
+    EXPECT_EQ(reports::ReadTemplate(u"1"_s), before);
+  }
 }
 
 TEST_P(TemplateTest, OutsideOfRowsTheFirstRecordIsMeant) {
