@@ -12,7 +12,7 @@ namespace folvane::reports {
 /// says its number below. Pictures come from the folder of the templates alone.
 class ReportPages {
  public:
-  ReportPages(QString html, QPageLayout layout) : html_(std::move(html)), layout_(std::move(layout)) {}
+  ReportPages(QString html, const QPageLayout& layout) : html_(std::move(html)), layout_(layout) {}
 
   const QPageLayout& Layout() const { return layout_; }
   void SetLayout(const QPageLayout& layout) { layout_ = layout; }

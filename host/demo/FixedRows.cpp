@@ -23,7 +23,7 @@ QVariant ValueOf(const Column& column, const QString& text) {
 
 void WriteTable(Connection& connection, const Table& table) {
   const std::vector<QStringList> lines = ReadLines(u"rows/"_s + table.name + u".txt"_s);
-  const QStringList columns = lines.front();
+  const QStringList& columns = lines.front();
   RowWriter writer(connection, table.name, columns);
   for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
     std::vector<QVariant> values;

@@ -86,7 +86,7 @@ QString FlowSheets::Distribute(const Head& head) {
   const int lines = random_.Chance(80) ? random_.Between(1, 4) : 0;
   const QString status = lines > 0 ? u"已分发"_s : u"未分发"_s;
   std::vector<QVariant> values = HeadValues(head, registerId, status);
-  values.push_back(random_.Chance(50) ? u"市直有关单位"_s : u"各县（区）人民政府"_s);
+  values.emplace_back(random_.Chance(50) ? u"市直有关单位"_s : u"各县（区）人民政府"_s);
   distributions_.Add(std::move(values));
   for (int serial = 1; serial <= lines; ++serial) {
     const bool back = random_.Chance(30);

@@ -51,10 +51,10 @@ QByteArray PdfFile(const Letter& letter) {
       "<</Type/Page/Parent 2 0 R/MediaBox[0 0 595 842]/Contents 4 0 R/Resources<</Font<</F1 5 0 R>>>>>>",
       "<</Length " + QByteArray::number(content.size()) + ">>stream\n" + content + "\nendstream",
       "<</Type/Font/Subtype/Type0/BaseFont/STSong-Light/Encoding/UniGB-UCS2-H/DescendantFonts[6 0 R]>>",
-      "<</Type/Font/Subtype/CIDFontType0/BaseFont/STSong-Light/CIDSystemInfo"
-      "<</Registry(Adobe)/Ordering(GB1)/Supplement 2>>/DW 1000/FontDescriptor 7 0 R>>",
-      "<</Type/FontDescriptor/FontName/STSong-Light/Flags 6/FontBBox[-25 -254 1000 880]/ItalicAngle 0/Ascent 880"
-      "/Descent -120/CapHeight 880/StemV 93>>"};
+      ("<</Type/Font/Subtype/CIDFontType0/BaseFont/STSong-Light/CIDSystemInfo"
+       "<</Registry(Adobe)/Ordering(GB1)/Supplement 2>>/DW 1000/FontDescriptor 7 0 R>>"),
+      ("<</Type/FontDescriptor/FontName/STSong-Light/Flags 6/FontBBox[-25 -254 1000 880]/ItalicAngle 0/Ascent 880"
+       "/Descent -120/CapHeight 880/StemV 93>>")};
   QByteArray file = "%PDF-1.4\n";
   QByteArray table;
   for (qsizetype i = 0; i < objects.size(); ++i) {

@@ -79,9 +79,9 @@ void DropOn(QAbstractItemView& view, const QList<QUrl>& files) {
 }
 
 void Trigger(const QString& window, const QString& command) {
-  auto* action = Window(window).findChild<QAction*>(command);
-  Expect(action && action->isEnabled(), command + u" is off"_s);
-  action->trigger();
+  auto& action = In<QAction>(window, command);
+  Expect(action.isEnabled(), command + u" is off"_s);
+  action.trigger();
 }
 
 // That the viewer has drawn the page, and so tells its zoom.

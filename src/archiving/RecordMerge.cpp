@@ -28,8 +28,7 @@ bool HasNote(const QString& table) {
 
 }  // namespace
 
-RecordMerge::RecordMerge(QString table, QString target)
-    : table_(std::move(table)), target_(EscapeSql(std::move(target))) {
+RecordMerge::RecordMerge(QString table, const QString& target) : table_(std::move(table)), target_(EscapeSql(target)) {
   Recordset originals;
   originals.Open(u"Select Max(FileOrder) From Original_Text Where RecordID = '"_s + target_ + u"'"_s,
                  SharedConnection(), CursorType::Static, LockType::ReadOnly);

@@ -17,7 +17,7 @@ class RecordMerge {
   /// @param table  of the records that are to be joined
   /// @param target the key of the record that stays
   /// @throws DataError when its originals cannot be asked for
-  RecordMerge(QString table, QString target);
+  RecordMerge(QString table, const QString& target);
 
   /// The order that the first of the others' originals is shifted by: the one behind the last original of the record
   /// that stays.

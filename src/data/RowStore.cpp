@@ -1,6 +1,7 @@
 #include "data/RowStore.h"
 
 #include <algorithm>
+#include <cstdint>
 
 // A row is its values one after the other. A value is a header, length << 2 | tag, as a base-128 number, and as many
 // bytes as the length says. Tag 0 is null with length 0 and bytes otherwise, 1 an integer, 2 a real, 3 text.
@@ -92,7 +93,7 @@ void RowStore::Tag(std::uint64_t header, std::size_t length, const void* payload
 void RowStore::AddInteger(qint64 value) {
   // Small numbers in one byte, the others in eight: design tables and running numbers are small.
   if (value >= -128 && value < 128) {
-    const auto narrow = static_cast<signed char>(value);
+    const auto narrow = static_cast<std::int8_t>(value);
     Tag((std::uint64_t(1) << 2) | 1, 1, &narrow);
   } else {
     Tag((std::uint64_t(sizeof value) << 2) | 1, sizeof value, &value);
@@ -145,7 +146,7 @@ Cell DecodedCell(std::uint64_t header, const char* at) {
     case 1:
       cell.kind = Cell::Integer;
       if (length == 1)
-        cell.integer = static_cast<signed char>(*at);
+        cell.integer = static_cast<std::int8_t>(*at);
       else
         std::memcpy(&cell.integer, at, sizeof cell.integer);
       break;

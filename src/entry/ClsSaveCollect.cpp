@@ -17,7 +17,7 @@ void ClsSaveCollect::SaveCollect(const QString& tableName, const QString& fondsN
   FrmInput* entry = LoadedEntry();
   const auto broken = FirstBrokenRule(tableName, fondsNo, entry ? entry->Shown() : ShownFields());
   failed = broken.has_value();
-  if (broken) TellBrokenRule(*entry, *broken);
+  if (broken && entry) TellBrokenRule(*entry, *broken);
 }
 
 QObject* ClsSaveCollect::FindControl(qint16 controlIndex, qint16 controlType) const {

@@ -121,5 +121,50 @@ class Traces(unittest.TestCase):
         self.assertEqual(Tree({"a.txt": "see /usr/share and docs/work/x\n"}).track().run("traces")[0], 0)
 
 
+class Tidy(unittest.TestCase):
+    CHOSEN = {".clang-tidy": (CHECKS.parents[1] / ".clang-tidy").read_text(encoding="utf-8")}
+    MOVED_TWICE = ("#include <string>\nvoid Take(std::string text);\n"
+                   "void F(std::string text) {\n  Take(std::move(text));\n  Take(std::move(text));\n}\n")
+
+    def run_on(self, files):
+        return Tree({**self.CHOSEN, **files}).run("tidy")
+
+    def test_what_is_written_well_is_fine(self):
+        self.assertEqual(self.run_on({"src/base/A.cpp": "int F() { return 1; }\n"}), (0, ""))
+
+    def test_a_mistake_fails_in_a_source_and_in_a_header(self):
+        for name in ("src/base/A.cpp", "components/c/A.cpp", "host/A.cpp", "commands/A.cpp"):
+            status, text = self.run_on({name: self.MOVED_TWICE})
+            self.assertEqual(status, 1)
+            self.assertRegex(text, rf"{name}:5:.*used after it was moved")
+        header = "inline int* Nothing() { return 0; }\n"
+        text = self.run_on({"src/base/A.h": header, "src/base/A.cpp": '#include "base/A.h"\n'})[1]
+        self.assertRegex(text, r"src/base/A.h:1:.*use nullptr")
+
+    def test_a_path_that_leads_nowhere_good_fails(self):
+        text = self.run_on({"src/base/A.cpp": "int F(int a) {\n  int b;\n  if (a > 1) b = 2;\n  return b;\n}\n"})[1]
+        self.assertIn("clang-analyzer", text)
+
+    def test_sources_that_use_a_name_for_different_things_are_both_looked_at(self):
+        own = "namespace {\nint kOwn = 1;\n}\nint* %s() { return kOwn ? &kOwn : 0; }\n"
+        text = self.run_on({"src/base/A.cpp": own % "F", "src/base/B.cpp": (own % "G").replace("int kOwn", "long kOwn")
+                            .replace("int* G", "long* G")})[1]
+        self.assertRegex(text, r"src/base/A.cpp:4:.*use nullptr")
+        self.assertRegex(text, r"src/base/B.cpp:4:.*use nullptr")
+
+    def test_what_does_not_compile_fails(self):
+        self.assertEqual(self.run_on({"src/base/A.cpp": "int F() { return missing; }\n"})[0], 1)
+
+    def test_what_was_found_once_is_found_again_and_a_clean_source_that_changes_is_looked_at_anew(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = pathlib.Path(folder)
+            (tree / "src").mkdir()
+            (tree / ".clang-tidy").write_text(self.CHOSEN[".clang-tidy"], encoding="utf-8")
+            for text, status in ((self.MOVED_TWICE, 1), (self.MOVED_TWICE, 1), ("", 0), ("", 0), (self.MOVED_TWICE, 1)):
+                (tree / "src" / "A.cpp").write_text(text, encoding="utf-8")
+                answer = subprocess.run([CHECKS / "tidy", folder], capture_output=True, check=False)
+                self.assertEqual(answer.returncode, status)
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -82,6 +82,11 @@ TEST_P(NewRecordTest, CountsUpWhatACopyTakesOver) {
   EXPECT_EQ(Filled({u"Pages"_s, u"数值型"_s, u"12"_s, false}, true), u"12"_s);
 }
 
+TEST_P(NewRecordTest, CountsUpANumberWithAFractionAndRefusesWhatIsNone) {
+  EXPECT_EQ(Filled({u"DocNo"_s, u"自动编号"_s, u"1.5"_s, false}, true), u"2.5"_s);
+  EXPECT_THROW(Filled({u"DocNo"_s, u"自动编号"_s, u"甲"_s, false}, true), NumberError);
+}
+
 TEST_P(NewRecordTest, TakesCarriedValuesAsTheyAreOtherwise) {
   EXPECT_EQ(Filled({u"Pages"_s, u"自动编号"_s, u"12"_s, false}), u"12"_s);
 }
@@ -99,6 +104,22 @@ TEST_P(NewRecordTest, HasNoStatusWhereThatIsAnotherControl) {
   AddRecord(records, layout_);
   FillNewRecord(records, layout_, {{{}}, false, true, rule_});
   EXPECT_TRUE(records[u"FileStatus"_s].IsNull());
+}
+
+TEST_P(NewRecordTest, HasNoStatusWhereTheOnlyComboIsOfAnotherField) {
+  layout_.rows = {Row(ControlKind::Cmb, u"DocNo"_s)};
+  Recordset& records = OpenRecords();
+  AddRecord(records, layout_);
+  FillNewRecord(records, layout_, {{{}}, false, true, rule_});
+  EXPECT_TRUE(records[u"FileStatus"_s].IsNull());
+  EXPECT_TRUE(records[u"DocNo"_s].IsNull());
+}
+
+TEST_P(NewRecordTest, GathersNothingWithoutARecord) {
+  std::vector<CarryField> fields{{u"<无>"_s, {}, {}, false}, {u"Pages"_s, u"自动编号"_s, u"4"_s, false}};
+  GatherAll(fields, OpenRecords(), u"Lwdj"_s);
+  EXPECT_EQ(fields[1].Value, u"4"_s);
+  EXPECT_TRUE(TakeStatements().isEmpty());
 }
 
 TEST_P(NewRecordTest, CarriesFromTheCurrentRecord) {

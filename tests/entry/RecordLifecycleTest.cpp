@@ -111,6 +111,34 @@ TEST_P(RecordLifecycleTest, TellsOfAMoveThatLedNowhere) {
   EXPECT_EQ(Title(), u"三"_s);
 }
 
+TEST_P(RecordLifecycleTest, HasNowhereToGoWithoutARecord) {
+  Run(u"delete from Lwdj"_s);
+  RecordLifecycle lifecycle = Opened(1);
+  for (const Step step : {Step::First, Step::Last, Step::Next, Step::Previous}) {
+    EXPECT_TRUE(lifecycle.Move(step)) << "nothing to beep about";
+    EXPECT_FALSE(lifecycle.HasRow());
+  }
+  lifecycle.ToggleCopyAll();
+  EXPECT_FALSE(lifecycle.CopiesAll());
+  lifecycle.Delete();
+  lifecycle.MarkArchived();
+  EXPECT_FALSE(lifecycle.IsPending());
+  lifecycle.StartNewRecord(false);
+  lifecycle.Cancel();
+  EXPECT_FALSE(lifecycle.HasRow());
+  EXPECT_EQ(Count(), u"0"_s);
+}
+
+TEST_P(RecordLifecycleTest, IsArchivedOnlyWhereTheTableSaysSo) {
+  RecordLifecycle lifecycle = Opened(1);
+  lifecycle.MarkArchived();
+  EXPECT_EQ(Value(u"select FileStatus from Lwdj where ArchiveID = '1'"_s), u"已归档"_s);
+  Run(u"alter table Lwdj drop column FileStatus"_s);
+  RecordLifecycle without = Opened(2);
+  without.MarkArchived();
+  EXPECT_FALSE(without.IsPending());
+}
+
 TEST_P(RecordLifecycleTest, ReturnsToTheRecordItWasMovedTo) {
   RecordLifecycle lifecycle = Opened(1);
   lifecycle.Move(Step::Last);
@@ -133,6 +161,15 @@ TEST_P(RecordLifecycleTest, CopiesARecordUntilItMoves) {
   EXPECT_TRUE(lifecycle.CopiesAll());
   lifecycle.Move(Step::First);
   EXPECT_FALSE(lifecycle.CopiesAll());
+}
+
+TEST_P(RecordLifecycleTest, CopiesNothingAnyMoreOnceThatIsTakenBack) {
+  RecordLifecycle lifecycle = Opened(2);
+  lifecycle.ToggleCopyAll();
+  lifecycle.ToggleCopyAll();
+  EXPECT_FALSE(lifecycle.CopiesAll());
+  lifecycle.StartNewRecord(false);
+  EXPECT_EQ(Title(), QString());
 }
 
 TEST_P(RecordLifecycleTest, WritesOverWhatAnotherHasMadeOfTheRecord) {

@@ -155,6 +155,14 @@ TEST_P(RecordSaveTest, LetsNobodySaveOutsideHisRights) {
   EXPECT_TRUE(form_.acts.isEmpty());
 }
 
+TEST_P(RecordSaveTest, LooksAtNoRightsOfOneWhoMayNotEdit) {
+  rights_ = {u"Lwdj"_s, u"(Lwdj.DocNo='甲')"_s, u"文号为甲"_s};
+  Run(u"insert into UserPopedomScopeDetails (PopTableName,UserId,FieldName) values ('Lwdj','7','DocNo')"_s);
+  Edit(kNumberBox, u"丙"_s);
+  EXPECT_TRUE(RecordSave(form_, *lifecycle_, {rights_, false, u"著录"_s}).Run());
+  EXPECT_EQ(Stored(u"DocNo"_s), u"丙"_s);
+}
+
 TEST_P(RecordSaveTest, PutsMultiLineTextsOnOneLineAndTellsOfIt) {
   const ControlId lines{ControlKind::Txt_MLine, 1};
   AddField(lines, u"FileStatus"_s, u"状态"_s);

@@ -36,6 +36,10 @@ TEST(RouteNodes, WhatIsWrongWithARouteIsTold) {
       {{{u"1"_s, u"甲"_s, {}, u"2"_s}, {u"2"_s, u"乙"_s, {}, u"1"_s}}, {u"节点 2 又回到了节点 1，流程不会结束。"_s}},
       {{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u"2"_s, u"乙"_s, {}, u"0"_s}}, {u"流程走不到节点 2。"_s}},
       {{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u"1"_s, u"乙"_s, {}, u"0"_s}}, {u"序号 1 出现了两次。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u"0"_s, u"乙"_s, {}, u"0"_s}},
+       {u"节点的序号不能为空或 0。"_s, u"流程走不到节点 0。"_s}},
+      {{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u""_s, u"乙"_s, {}, u"0"_s}},
+       {u"节点的序号不能为空或 0。"_s, u"流程走不到节点 。"_s}},
   };
   for (const FaultCase& each : cases) EXPECT_EQ(RouteFaults(each.nodes), each.faults);
 }
@@ -48,8 +52,17 @@ TEST(RouteNodes, TheStatesAlongARoute) {
   EXPECT_EQ(StateOfNode(nodes, u"3"_s, u"3"_s, false), NodeState::Current);
   EXPECT_EQ(StateOfNode(nodes, u"2"_s, u"3"_s, false), NodeState::Ahead);
   EXPECT_EQ(StateOfNode(nodes, u"2"_s, u"3"_s, true), NodeState::Passed);
-  EXPECT_EQ(StateOfNode(nodes, u"1"_s, u""_s, false), NodeState::Ahead);  // not started
+  EXPECT_EQ(StateOfNode(nodes, u"1"_s, u""_s, false), NodeState::Ahead);   // not started
+  EXPECT_EQ(StateOfNode(nodes, u"3"_s, u"9"_s, false), NodeState::Ahead);  // stands at a node that is gone
 }
+
+TEST(RouteNodes, ANodeThatNoWayLeadsToIsNeverPassed) {
+  const std::vector<RouteNode> nodes{{u"1"_s, u"甲"_s, {}, u"0"_s}, {u"2"_s, u"乙"_s, {}, u"0"_s}};
+  EXPECT_EQ(StateOfNode(nodes, u"2"_s, u"1"_s, false), NodeState::Ahead);
+  EXPECT_EQ(StateOfNode(nodes, u"2"_s, u"1"_s, true), NodeState::Ahead);
+}
+
+TEST(RouteNodes, ARouteWithoutNodesHasNoWords) { EXPECT_EQ(RouteInWords({}), QString()); }
 
 class RouteDialogsTest : public FlowTest {
  protected:

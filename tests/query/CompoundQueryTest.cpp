@@ -124,6 +124,17 @@ TEST_P(CompoundQueryTest, AConditionThatAnotherUserHasRemovedIsMarkedWhenTheQuer
   EXPECT_EQ(query.Flawed(), QStringList{u"题名 包含 x（已被其他用户删除）"_s});
 }
 
+TEST_P(CompoundQueryTest, AConditionOfAnotherUserThatDiffersInOnePartIsNotTakenForIt) {
+  for (const QString& change : {u"ChnCompField = '题名'"_s, u"ChnCompRelation = '大于'"_s, u"CompValue = '6'"_s}) {
+    Database().Native(u"delete from FindCirSave"_s);
+    CompoundQuery query(u"Lwdj"_s);
+    query.Add({QString(), u"登记号"_s, u"等于"_s, u"5"_s, {}});
+    Database().Native(u"update FindCirSave set "_s + change);
+    query.Text({});
+    EXPECT_EQ(query.Flawed(), QStringList{u"登记号 等于 5（已被其他用户删除）"_s}) << change.toStdString();
+  }
+}
+
 TEST_P(CompoundQueryTest, AConditionThatCannotBeComparedIsAddedAndMarkedAtOnceAndWhenItIsReadAgain) {
   CompoundQuery query(u"Lwdj"_s);
   query.Add({QString(), u"登记号"_s, u"等于"_s, u"abc"_s, {}});

@@ -51,9 +51,9 @@ void NameColumnsOfUnion(Query& query) {
   for (SelectItem& item : query.items) {
     if (item.value->kind == Expression::Star) return;
     const ExpressionPtr name = NameOf(item);
-    if (!name || names.contains(name->text, Qt::CaseInsensitive))
-      item.alias = QStringLiteral("column_%1").arg(names.size() + 1);
-    names << (item.alias.isEmpty() ? name->text : item.alias);
+    const bool isOwn = name && !names.contains(name->text, Qt::CaseInsensitive);
+    if (!isOwn) item.alias = QStringLiteral("column_%1").arg(names.size() + 1);
+    names << (isOwn ? name->text : item.alias);
   }
 }
 

@@ -83,14 +83,16 @@ const Part* PartOf(sqlite3_context* context, sqlite3_value* value) {
 void DatePart(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const Part* part = PartOf(context, values[0]);
-  const auto moment = part ? MomentOf(context, values[1]) : std::nullopt;
+  if (!part) return;
+  const auto moment = MomentOf(context, values[1]);
   if (moment) sqlite3_result_int64(context, part->valueOf(*moment));
 }
 
 void DateDiff(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const Part* part = PartOf(context, values[0]);
-  const auto from = part ? MomentOf(context, values[1]) : std::nullopt;
+  if (!part) return;
+  const auto from = MomentOf(context, values[1]);
   const auto to = from ? MomentOf(context, values[2]) : std::nullopt;
   if (to) sqlite3_result_int64(context, part->borderOf(*to) - part->borderOf(*from));
 }
@@ -98,7 +100,8 @@ void DateDiff(sqlite3_context* context, int count, sqlite3_value** values) {
 void DateAdd(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const Part* part = PartOf(context, values[0]);
-  const auto moment = part ? MomentOf(context, values[2]) : std::nullopt;
+  if (!part) return;
+  const auto moment = MomentOf(context, values[2]);
   if (!moment) return;
   const QDateTime sum = part->add(*moment, sqlite3_value_int64(values[1]));
   if (!sum.isValid() || sum.date().year() > 9999 || sum.date().year() < 1) return Fail(context, u"日期超出了范围。"_s);

@@ -103,7 +103,7 @@ QByteArray RegisterPinyinCollation(sqlite3* database) {
   const int result = sqlite3_create_collation_v2(database, kName, SQLITE_UTF8, collator.get(), CollatePinyin,
                                                  [](void* registered) { delete static_cast<QCollator*>(registered); });
   if (result != SQLITE_OK) ThrowSqliteError(database, result);
-  collator.release();  // the handle's from now on
+  static_cast<void>(collator.release());  // the handle's from now on
   return kName;
 }
 
