@@ -26,25 +26,26 @@ FOLVANE_ON_EACH_DATABASE(SettingsBoxesTest);
 
 TEST_P(SettingsBoxesTest, ASeparatorIsStoredAsItIsOrIsTold) {
   QString said;
-  const Box box{"separator",
-                [&](const QString& text) {
-                  QString typed;
-                  Open([&](QWidget& window) {
-                    Find<QTabWidget>(window, u"TabSettings"_s).setCurrentIndex(1);
-                    auto& parts = Find<QAbstractItemView>(window, u"LvParts"_s);
-                    parts.setFocus();
-                    parts.setCurrentIndex(parts.model()->index(1, 0));
-                    Press(parts, Qt::Key_F2);
-                    typed = PasteInto(window, u"TxtSeparator"_s, text);
-                    Press(window, Qt::Key_S, Qt::ControlModifier);
-                    said = TextIn(window, u"LblState"_s) + boxes_.Texts().join(u' ');
-                    ExpectNoMarkup(window, "settings");
-                  });
-                  return typed;
-                },
-                // Of the second part, whichever that is: the rows have an order of their own.
-                [this] { return design_->Value(u"select ListSeparator from ArchiveNo_Format where ListSeparator<>'-'"_s); },
-                [this] { Database().Native(u"update ArchiveNo_Format set ListSeparator='-' where ListSeparator<>'-'"_s); }};
+  const Box box{
+      "separator",
+      [&](const QString& text) {
+        QString typed;
+        Open([&](QWidget& window) {
+          Find<QTabWidget>(window, u"TabSettings"_s).setCurrentIndex(1);
+          auto& parts = Find<QAbstractItemView>(window, u"LvParts"_s);
+          parts.setFocus();
+          parts.setCurrentIndex(parts.model()->index(1, 0));
+          Press(parts, Qt::Key_F2);
+          typed = PasteInto(window, u"TxtSeparator"_s, text);
+          Press(window, Qt::Key_S, Qt::ControlModifier);
+          said = TextIn(window, u"LblState"_s) + boxes_.Texts().join(u' ');
+          ExpectNoMarkup(window, "settings");
+        });
+        return typed;
+      },
+      // Of the second part, whichever that is: the rows have an order of their own.
+      [this] { return design_->Value(u"select ListSeparator from ArchiveNo_Format where ListSeparator<>'-'"_s); },
+      [this] { Database().Native(u"update ArchiveNo_Format set ListSeparator='-' where ListSeparator<>'-'"_s); }};
   TryBox(Database(), box, SomeHostileLines(), [&] {
     const bool isTold = !said.isEmpty() && !said.startsWith(u"设置已保存。"_s);
     said.clear();

@@ -1,6 +1,6 @@
-#include "data/persist/Utf16.h"
-
 #include <gtest/gtest.h>
+
+#include "data/persist/Utf16.h"
 
 namespace folvane::test {
 namespace {
