@@ -9,7 +9,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kMostColumnBytes = 50;  ///< of the national code page, as the design tables hold them
-constexpr int kMostServerBytes = 63;  ///< of UTF-8: PostgreSQL cuts what is longer
 
 // Words that one of the databases, or the language of the statements, keeps for itself.
 const char* const kReserved =

@@ -12,7 +12,6 @@ using namespace Qt::Literals::StringLiterals;
 
 using Kind = PhysicalStep::Kind;
 
-constexpr int kMostServerBytes = 63;
 const QString kKey = u"ArchiveID"_s;
 constexpr int kLongestText = 4000;  ///< what is longer goes into a column without a length
 
