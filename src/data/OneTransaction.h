@@ -16,7 +16,7 @@ void InOneTransaction(Connection& connection, Work&& work) {
     if (!connection.InTransaction()) transaction.emplace(connection);
   } catch (const DataError& error) {
     // The host has begun one on its handle, of which the connection does not know.
-    if (error.Kind() != DataErrorKind::Statement) throw;
+    if (error.Kind() != DataErrorKind::Usage) throw;
   }
   std::forward<Work>(work)();
   if (transaction) transaction->Commit();

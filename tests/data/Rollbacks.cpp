@@ -4,6 +4,7 @@
 #include <folvane/SqliteConnection.h>
 
 #include "data/DataSuite.h"
+#include "data/OneTransaction.h"
 
 namespace folvane::test {
 
@@ -129,6 +130,26 @@ class InterruptedSqlite : public DataSuite {
 };
 INSTANTIATE_TEST_SUITE_P(Only, InterruptedSqlite, testing::Values("SQLite"),
                          [](const testing::TestParamInfo<std::string>& database) { return database.param; });
+
+TEST_P(InterruptedSqlite, DoesNothingOfWhatStandsTogetherWhereNoTransactionCanBegin) {
+  sqlite3_set_authorizer(
+      handle_,
+      [](void*, int action, const char*, const char*, const char*, const char*) {
+        return action == SQLITE_TRANSACTION ? SQLITE_DENY : SQLITE_OK;
+      },
+      nullptr);
+  EXPECT_THROW(InOneTransaction(*connection_, [&] { Mark(1); }), DataError);
+  sqlite3_set_authorizer(handle_, nullptr, nullptr);
+  EXPECT_EQ(Database().Value(u"SELECT count(*) FROM files WHERE remark = 'marked'"_s), u"0"_s);
+}
+
+TEST_P(InterruptedSqlite, TakesPartInATransactionThatItsUserHasBegun) {
+  sqlite3_exec(handle_, "BEGIN", nullptr, nullptr, nullptr);
+  EXPECT_EQ(FailureOf([&] { connection_->BeginTrans(); }).Kind(), DataErrorKind::Usage);
+  InOneTransaction(*connection_, [&] { Mark(1); });
+  sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+  EXPECT_EQ(Database().Value(u"SELECT count(*) FROM files WHERE remark = 'marked'"_s), u"0"_s);
+}
 
 TEST_P(InterruptedSqlite, LeavesTheTransactionAllTheSame) {
   connection_->BeginTrans();

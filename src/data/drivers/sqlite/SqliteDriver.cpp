@@ -149,6 +149,8 @@ std::optional<TableInfo> SqliteDriver::Describe(const QString& table) { return D
 QByteArray SqliteDriver::PinyinCollation() { return RegisterPinyinCollation(database_); }
 
 void SqliteDriver::Begin() {
+  if (sqlite3_get_autocommit(database_) == 0)
+    throw DataError(DataErrorKind::Usage, u"数据库连接上已有一个事务正在进行，不能再开始另一个事务。"_s);
   // The write lock is taken at once: a transaction that starts by reading cannot be refused at its first write.
   SqliteStatement(database_, "BEGIN IMMEDIATE").Step();
   inTransaction_ = true;
