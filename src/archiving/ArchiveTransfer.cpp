@@ -24,7 +24,7 @@ void BeginAlone(std::optional<Transaction>& transaction, Connection& connection)
   try {
     transaction.emplace(connection);
   } catch (const DataError& error) {
-    if (error.Kind() != DataErrorKind::Statement) throw;
+    if (error.Kind() != DataErrorKind::Usage) throw;
     ThrowAlreadyOpen();
   }
 }
