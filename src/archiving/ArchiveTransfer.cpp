@@ -15,33 +15,19 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kTakenText = u"归档期间，其他用户已经使用了相同的档号或顺序号，所有操作已取消。请重新归档！"_s;
 
-[[noreturn]] void ThrowAlreadyOpen() {
-  throw DataError(DataErrorKind::Usage, u"数据库连接上已有一个事务正在进行，不能开始归档。"_s);
-}
-
-// One that the host has begun on its handle is known to the database alone.
-void BeginAlone(std::optional<Transaction>& transaction, Connection& connection) {
-  try {
-    transaction.emplace(connection);
-  } catch (const DataError& error) {
-    if (error.Kind() != DataErrorKind::Usage) throw;
-    ThrowAlreadyOpen();
-  }
-}
-
 }  // namespace
 
 void ArchiveTransfer::DoFileArch(const TransferOrder& order, const QStringList& records, bool marksSource) {
   const std::shared_ptr<Connection> connection = SharedConnection();
-  if (connection->InTransaction()) ThrowAlreadyOpen();
+  if (connection->InTransaction())
+    throw DataError(DataErrorKind::Usage, u"数据库连接上已有一个事务正在进行，不能开始归档。"_s);
   taken_ = std::make_unique<TakenNumbers>(connection, order.destinationTable);
   tables_ = std::make_unique<TransferTables>(order);
   firstCounter_ = tables_->ArchiveCounter;
   succeedCount_ = 0;
   RecordTransfer transfer(*tables_);
   std::optional<MessageRequest> notice;
-  std::optional<Transaction> transaction;
-  BeginAlone(transaction, *connection);
+  std::optional<Transaction> transaction(std::in_place, *connection);
   try {
     const Ending ending = TransferAll(records, marksSource, transfer);
     if (ending == Ending::Complete) WriteVolume();

@@ -3,6 +3,8 @@
 #include <folvane/DataError.h>
 
 #include "archiving/TransferFixture.h"
+#include "data/DatabaseSession.h"
+#include "data/drivers/Driver.h"
 #include "shell/SharedState.h"
 
 namespace folvane::test {
@@ -60,6 +62,20 @@ class TransferFaultsTest : public TransferTest {
   QStringList before_;
 };
 FOLVANE_ON_EACH_DATABASE(TransferFaultsTest);
+
+TEST_P(TransferFaultsTest, NoTransferIsMadePartOfATransactionThatTheHostHasBegunOnItsHandle) {
+  if (!OnSqlite()) GTEST_SKIP() << "there a transaction is begun by a setting of the handle";
+  Driver& handle = DatabaseSession::Of(*Connected()).NativeDriver();
+  handle.Execute({"BEGIN", {}});
+  try {
+    Transfer(kDocuments, WithOriginals());
+    ADD_FAILURE() << "it took part";
+  } catch (const DataError& error) {
+    EXPECT_EQ(error.Kind(), DataErrorKind::Usage);
+  }
+  handle.Execute({"ROLLBACK", {}});
+  ExpectNothingKept();
+}
 
 TEST_P(TransferFaultsTest, AFaultOfAnyStatementLeavesTheDatabaseAsItWas) {
   int faults = 0;
