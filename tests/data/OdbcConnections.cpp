@@ -132,6 +132,22 @@ TEST_F(OdbcConnections, ACommitToAVanishedServerIsNoSuccess) {
   EXPECT_EQ(Marked(), 0);
 }
 
+// The driver first closes what was read to its end, finds the server gone, and takes the transaction for ended.
+TEST_F(OdbcConnections, ACommitBehindRowsThatWereReadToAVanishedServerIsNoSuccess) {
+  Connect();
+  {
+    Transaction transaction(*connection_);
+    Recordset records;
+    records.Open(u"Select * From files Order By id"_s, connection_);
+    records[u"remark"_s].SetValue(u"marked"_s);
+    records.UpdateBatch();
+    EndSession();
+    EXPECT_EQ(FailureOf([&] { transaction.Commit(); }).Kind(), DataErrorKind::Lost);
+  }
+  EXPECT_FALSE(connection_->InTransaction());
+  EXPECT_EQ(Marked(), 0);
+}
+
 TEST_F(OdbcConnections, ARollbackToAVanishedServerEndsTheTransaction) {
   Connect();
   connection_->BeginTrans();

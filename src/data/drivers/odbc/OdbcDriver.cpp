@@ -71,14 +71,12 @@ void OdbcDriver::CheckEncoding() {
                     "设为 UTF8。"_s);
 }
 
-// Notes a failure inside a transaction, which may have ended it on the server. Once the server is gone nothing more is
-// kept on the handle, which the host may then free at any time.
+// Once the server is gone nothing more is kept on the handle, which the host may then free at any time.
 template <typename Work>
 auto OdbcDriver::Run(Work work) {
   try {
     return work();
   } catch (const DataError& error) {
-    failedInTransaction_ = inTransaction_;
     if (error.Kind() == DataErrorKind::Lost) prepared_.clear();
     throw;
   }
@@ -177,7 +175,6 @@ void OdbcDriver::Begin() {
   autocommitWasOn_ = autocommit == SQL_AUTOCOMMIT_ON;
   if (autocommitWasOn_) CheckConnection(SetAutocommit(SQL_AUTOCOMMIT_OFF));
   inTransaction_ = true;
-  failedInTransaction_ = false;
   if (dialect_ != DialectKind::PostgreSql) return;
   try {
     ExecuteOnce("SAVEPOINT folvane_begin");
@@ -192,8 +189,12 @@ void OdbcDriver::Commit() {
   prepared_.clear();
   // After an error PostgreSQL, or its driver, may have thrown away what was done so far, and a commit would report
   // success all the same. The savepoint of the beginning is still there only if nothing was lost.
-  if (failedInTransaction_ && dialect_ == DialectKind::PostgreSql) ExecuteOnce("RELEASE SAVEPOINT folvane_begin");
+  if (dialect_ == DialectKind::PostgreSql) ExecuteOnce("RELEASE SAVEPOINT folvane_begin");
   CheckConnection(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_COMMIT));
+  // So does a commit before which the driver has found the server gone while it let go of what was read.
+  SQLUINTEGER isDead = SQL_CD_FALSE;
+  SQLGetConnectAttr(connection_, SQL_ATTR_CONNECTION_DEAD, &isDead, 0, nullptr);
+  if (isDead == SQL_CD_TRUE) throw DataError(DataErrorKind::Lost, u"提交时数据库连接已经断开。"_s);
   LeaveTransaction();
 }
 

@@ -47,7 +47,6 @@ class OdbcDriver final : public Driver {
   SQLHDBC connection_;
   DialectKind dialect_;
   bool inTransaction_ = false;
-  bool failedInTransaction_ = false;
   bool autocommitWasOn_ = false;
   QHash<QByteArray, std::shared_ptr<OdbcStatement>> prepared_;
   QHash<QString, std::optional<TableInfo>> described_;  ///< by the table's name in small letters, as last described
