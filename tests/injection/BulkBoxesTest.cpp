@@ -77,7 +77,7 @@ TEST_P(BatchBoxesTest, EmptyTitlesAreFilledAsTypedOrItIsToldAndNoOtherIsReached)
   const Box box{"empty",
                 [this](const QString& text) {
                   boxes_.Answer(6).Answer(6);
-                  return Replace({}, text);
+                  return TakenUnescaped(Replace({}, text));
                 },
                 [this] { return TitleOf(2); },
                 [this] { Database().Native(u"update Lwdj set Amaintitle='' where RegID=2"_s); }};
@@ -111,7 +111,7 @@ TEST_P(ReplaceBoxesTest, TheReplacementIsWrittenAsTypedOrItIsTold) {
                     ExpectNoMarkup(replacing.Window(), "replace");
                     ExpectNoMarkup(input.Window(), "entry");
                   });
-                  return typed;
+                  return TakenUnescaped(typed);
                 },
                 [this] { return TitleOf(1); }, [this] { Title(1, u"甲"_s); }};
   TryBox(Database(), box, HostileLines(), [&] { return std::exchange(said, QString()).contains(u"单引号"_s); });

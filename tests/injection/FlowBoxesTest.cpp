@@ -62,7 +62,7 @@ class FlowBoxesTest : public FlowWindowTest {
                       ClickGrid(grid, 0);
                       Key(window, u"MODIFY"_s).trigger();
                       ExpectNoMarkup(window, "window");
-                      return typed;
+                      return TakenUnescaped(typed);
                     },
                     [&] { return design_->Value(u"select "_s + column + place); },
                     [&] {

@@ -84,10 +84,10 @@ void TryBox(TestDatabase& database, const Box& box, const QStringList& texts, co
   for (const QString& text : texts) {
     SCOPED_TRACE(box.name + ": " + text.left(80).toStdString());
     told();
-    const QString typed = box.enter(text);
+    const QString meant = box.enter(text);
     const bool wasTold = told();
     const QString stored = box.stored();
-    EXPECT_TRUE(stored == typed || wasTold) << "typed " << typed.toStdString() << ", found " << stored.toStdString();
+    EXPECT_TRUE(stored == meant || wasTold) << "meant " << meant.toStdString() << ", found " << stored.toStdString();
     box.restore();
     const Contents after = ContentsOf(database);
     EXPECT_TRUE(after == before) << Difference(before, after).toStdString();

@@ -12,7 +12,7 @@ namespace folvane::test {
 /// A box that takes a text, and what becomes of it.
 struct Box {
   std::string name;
-  /// Types the text into the box and carries out what the box is for. Answers what the box held.
+  /// Types the text into the box and carries out what the box is for. Answers what is to be found then.
   std::function<QString(const QString& text)> enter;
   /// Where the text is found afterwards.
   std::function<QString()> stored;
@@ -22,6 +22,9 @@ struct Box {
 
 /// Pastes a text in the place of what a control of the window holds. Answers what it holds then.
 QString PasteInto(const QWidget& window, const QString& name, const QString& text);
+
+/// What is to be found of a text whose statement escapes nothing: of two quotes in a row, one.
+inline QString TakenUnescaped(QString typed) { return typed.replace(QStringLiteral("''"), QStringLiteral("'")); }
 
 /// Nothing in a window reads a text of the database as markup: no label, and no tip of a control, command or item.
 void ExpectNoMarkup(const QWidget& window, const std::string& where);
