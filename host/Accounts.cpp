@@ -8,13 +8,13 @@
 #include <folvane/ResultSet.h>
 
 #include "catalogue/Ddl.h"
+#include "components/common/Quoted.h"
 #include "host/HostDatabase.h"
 
 namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-QString Quoted(QString text) { return u'\'' + text.replace(u'\'', u"''"_s) + u'\''; }
+using components::Quoted;
 
 Table AccountTable() {
   return {u"HostAccount"_s,
@@ -83,11 +83,11 @@ void Accounts::LogOn(const QString& userId, const QString& password) const {
   }
   // Counted before it is looked at: many tries at once count as many.
   connection_->Execute(u"Update HostAccount Set Failures = Failures + 1 Where UserID = "_s + Quoted(userId));
-  if (!Matches(account.hash, password)) NoteFailure(userId);
+  if (!Matches(account.hash, password)) RefusePassword(userId);
   connection_->Execute(u"Update HostAccount Set Failures = 0, LockedUntil = '' Where UserID = "_s + Quoted(userId));
 }
 
-void Accounts::NoteFailure(const QString& userId) const {
+void Accounts::RefusePassword(const QString& userId) const {
   const int left = kTries - Read(userId).failures;
   if (left > 0) throw HostError(u"口令不对。再输错 %1 次，该用户将暂停登录。"_s.arg(left));
   const QDateTime until = Services().now().toUTC().addSecs(kMinutesOut * 60);

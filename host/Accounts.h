@@ -40,7 +40,7 @@ class Accounts {
     QDateTime lockedUntil;
   };
   Account Read(const QString& userId) const;
-  void NoteFailure(const QString& userId) const;
+  [[noreturn]] void RefusePassword(const QString& userId) const;
 
   std::shared_ptr<folvane::Connection> connection_;
 };

@@ -42,7 +42,7 @@ void Fill(Connection& connection, const OfficeOrder& order) {
   wanted.users.push_back({u"1"_s, order.administrator, {}});
   PutInOrder(wanted);
   ApplyDesign(connection, PlanDesign(connection, ReadDesign(connection), wanted));
-  // The accounts outlive nothing here: they only borrow the connection.
+  // They only borrow the connection.
   Accounts(std::shared_ptr<Connection>(&connection, [](Connection*) {})).SetPassword(u"1"_s, order.password);
   transaction.Commit();
 }

@@ -1,7 +1,6 @@
 #include "host/NewOfficeDialog.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -57,20 +56,7 @@ NewOfficeDialog::NewOfficeDialog(QWidget* parent) : QDialog(parent) {
   rows->addRow(u"管理员口令(&P)"_s, txtPassword_);
   txtRepeat_ = Box("TxtRepeat", true);
   rows->addRow(u"再输一次(&R)"_s, txtRepeat_);
-  lblMessage_ = new QLabel;
-  lblMessage_->setObjectName(u"LblMessage"_s);
-  lblMessage_->setWordWrap(true);
-  lblMessage_->setMinimumHeight(fontMetrics().lineSpacing() * 2);
-  rows->addRow(lblMessage_);
-
-  auto* buttons = new QDialogButtonBox;
-  auto* make = buttons->addButton(u"建立(&K)"_s, QDialogButtonBox::AcceptRole);
-  make->setObjectName(u"CmdOK"_s);
-  make->setDefault(true);
-  buttons->addButton(u"取消(&C)"_s, QDialogButtonBox::RejectRole)->setObjectName(u"CmdCancel"_s);
-  rows->addRow(buttons);
-  connect(buttons, &QDialogButtonBox::accepted, this, &NewOfficeDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &NewOfficeDialog::reject);
+  lblMessage_ = AddMessageAndKeys(*rows, *this, u"建立(&K)"_s);
   ShowWay();
   ShowMessage(*lblMessage_, u"勾选要管理的内容；以后可以随时增加。"_s, false);
 }

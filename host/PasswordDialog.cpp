@@ -1,11 +1,9 @@
 #include "host/PasswordDialog.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 
 #include "host/Message.h"
 
@@ -35,20 +33,7 @@ PasswordDialog::PasswordDialog(Accounts accounts, const HostUser& self, const QL
   txtNew_ = AddBox(*rows, "TxtNew", u"新口令(&N)"_s);
   txtNew_->setPlaceholderText(u"至少 %1 个字符"_s.arg(Accounts::kShortest));
   txtRepeat_ = AddBox(*rows, "TxtRepeat", u"再输一次(&R)"_s);
-  lblMessage_ = new QLabel;
-  lblMessage_->setObjectName(u"LblMessage"_s);
-  lblMessage_->setWordWrap(true);
-  lblMessage_->setMinimumHeight(fontMetrics().lineSpacing() * 2);
-  rows->addRow(lblMessage_);
-
-  auto* buttons = new QDialogButtonBox;
-  auto* take = buttons->addButton(u"确定(&K)"_s, QDialogButtonBox::AcceptRole);
-  take->setObjectName(u"CmdOK"_s);
-  take->setDefault(true);
-  buttons->addButton(u"取消(&C)"_s, QDialogButtonBox::RejectRole)->setObjectName(u"CmdCancel"_s);
-  rows->addRow(buttons);
-  connect(buttons, &QDialogButtonBox::accepted, this, &PasswordDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, this, &PasswordDialog::reject);
+  lblMessage_ = AddMessageAndKeys(*rows, *this, u"确定(&K)"_s);
   connect(cboUser_, &QComboBox::currentIndexChanged, this, &PasswordDialog::ShowChosen);
   ShowChosen();
   ShowMessage(*lblMessage_, reason, false);

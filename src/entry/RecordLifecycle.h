@@ -82,7 +82,7 @@ class RecordLifecycle {
   /// Has the registration number follow a field. Answers whether it was written.
   bool Follow(const TypedField& field);
   /// Whether the registration number that the rule gave this record is another's too.
-  bool SharesRegId() const { return rule_.Computes() && IsRegIdShared(records_, rule_); }
+  bool SharesRegId() const { return IsRegIdShared(records_, rule_); }
   void SetUseSign(bool useSign) { rule_.useSign = useSign; }
 
  private:

@@ -66,8 +66,9 @@ int NextRegId(const RegIdRule& rule, const QString& fieldName, const QString& pr
 }
 
 bool IsRegIdShared(const Recordset& records, const RegIdRule& rule) {
+  if (!rule.Computes() || rule.formula == RegFormula::DocNo) return false;
   const QString number = records[u"RegID"_s].Text();
-  if (!rule.Computes() || rule.formula == RegFormula::DocNo || number.isEmpty()) return false;
+  if (number.isEmpty()) return false;
   QString condition;
   if (rule.formula == RegFormula::BrowserCondition) {
     condition = Condition(rule, {}, {});

@@ -1,6 +1,7 @@
 #include <folvane/DataError.h>
 
 #include "EntryFixture.h"
+#include "base/TypedValues.h"
 #include "entry/NewRecord.h"
 
 namespace folvane::test {
