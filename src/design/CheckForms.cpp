@@ -1,5 +1,6 @@
 #include "catalogue/Catalogue.h"
 #include "design/Checks.h"
+#include "design/FormArrangement.h"
 
 namespace folvane::design {
 namespace {
@@ -8,14 +9,8 @@ using namespace Qt::Literals::StringLiterals;
 using Weight = DesignFinding::Weight;
 using Control = Design::Control;
 
-constexpr int kFrame = 3, kNothing = 5, kCombo = 2, kSeveralLines = 10;
 // Twips. What lies farther out is not shown where it is said to be.
 constexpr int kFarthestRight = 57'600, kFarthestDown = 240'000, kHighest = -500;
-constexpr int kLine = 300, kUsualWidth = 3600, kUsualLeft = 1350, kPitch = 480;
-
-bool MakesControl(const Control& control) { return control.type != kFrame && control.type != kNothing; }
-
-bool HasSize(const Control& control) { return control.width > 0 && (control.height > 0 || control.type == kCombo); }
 
 bool IsOnForm(const Control& control) {
   return control.left >= 0 && control.top >= kHighest && control.left + qint64(control.width) <= kFarthestRight &&
@@ -24,18 +19,12 @@ bool IsOnForm(const Control& control) {
 
 const Control* FrameOf(const Design::Table& table) {
   for (const Control& control : table.controls)
-    if (control.type == kFrame && control.field.isEmpty() && HasSize(control)) return &control;
+    if (control.type == kFrameControl && control.field.isEmpty() && HasSize(control)) return &control;
   return nullptr;
 }
 
 bool IsWithin(const Control& control, const Control& frame) {
   return control.left >= frame.left && control.left + control.width <= frame.left + qint64(frame.width);
-}
-
-bool Overlap(const Control& one, const Control& other) {
-  return HasSize(one) && HasSize(other) && one.left < other.left + qint64(other.width) &&
-         other.left < one.left + qint64(one.width) && one.top < other.top + qint64(std::max(other.height, kLine)) &&
-         other.top < one.top + qint64(std::max(one.height, kLine));
 }
 
 // Gives a control a place of its own below all others.
@@ -57,7 +46,7 @@ std::function<void(Design&)> Below(const Design::Table& table, const Control& co
 }
 
 void CheckControl(Checked& checked, const Design::Table& table, const Control& control) {
-  static const QList<int> known{1, 2, kFrame, 4, kNothing, 6, 7, 8, 9, kSeveralLines};
+  static const QList<int> known{1, 2, kFrameControl, 4, kNoControl, 6, 7, 8, 9, kLinesControl};
   const QString where = Where(table, control);
   const auto without = Without(table, &Design::Table::controls, control);
   if (!known.contains(control.type)) {

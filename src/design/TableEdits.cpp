@@ -1,0 +1,158 @@
+#include "design/TableEdits.h"
+
+#include <algorithm>
+
+#include <folvane/DataError.h>
+
+#include "base/CodePage.h"
+#include "design/FormArrangement.h"
+#include "design/Names.h"
+#include "design/Shape.h"
+
+namespace folvane::design {
+namespace {
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kInput = 1, kNumber = 2, kDate = 3, kChoice = 4;  ///< kinds of input of the simple query
+constexpr int kByteWidth = 110, kNarrowest = 700, kWidest = 4500;  ///< of list columns, twips
+
+void Replace(QString& name, const QString& from, const QString& to) {
+  if (IsSame(name, from)) name = to;
+}
+
+template <class Part>
+void EraseOf(std::vector<Part>& parts, const QString& field) {
+  std::erase_if(parts, [&](const Part& part) { return IsSame(part.field, field); });
+}
+
+// Each end of the transfers that names a field of that table.
+void ForLinkEnds(Design& design, const QString& table, const std::function<void(Design::TransferMap&, QString Design::TransferLink::*)>& visit) {
+  for (Design::TransferMap& map : design.transfers) {
+    if (IsSame(map.source, table)) visit(map, &Design::TransferLink::source);
+    if (IsSame(map.destination, table)) visit(map, &Design::TransferLink::destination);
+  }
+}
+
+}  // namespace
+
+QString NameFor(const QString& caption, const std::function<bool(const QString& name)>& isTaken) {
+  QString base;
+  for (const QChar c : caption)
+    if (NameComplaint(base + c).isEmpty() || (!base.isEmpty() && c.isDigit())) base += c;
+  if (!NameComplaint(base).isEmpty()) base = u"F"_s + base;
+  if (!NameComplaint(base).isEmpty()) base = u"F1"_s;
+  QString name = base;
+  for (int number = 2; isTaken(name); ++number) name = base + QString::number(number);
+  return name;
+}
+
+void AddToList(Design::Table& table, const Design::Field& field) {
+  int order = 0;
+  for (const Design::ListColumn& column : table.columns) order = std::max(order, column.order);
+  const int width = std::clamp(std::max(field.length, ByteLength(field.caption) + 2) * kByteWidth, kNarrowest, kWidest);
+  table.columns.push_back({field.name, field.caption, width, order + 1});
+}
+
+int SearchTypeFor(const Design::Field& field) {
+  if (field.type.startsWith(u"日期") || field.type.startsWith(u"时间")) return kDate;
+  if (field.type == u"数值型" || field.type == u"数字型" || field.type == u"自动编号") return kNumber;
+  return field.dictionary.isEmpty() ? kInput : kChoice;
+}
+
+void AddToSearch(Design::Table& table, const Design::Field& field) {
+  const int type = SearchTypeFor(field);
+  int order = 0, index = 0;
+  for (const Design::SearchField& other : table.searchFields) {
+    order = std::max(order, other.order);
+    if (other.type == type) index = std::max(index, other.index);
+  }
+  table.searchFields.push_back({field.name, field.caption, type, index + 1, order + 1});
+}
+
+void AddField(Design::Table& table, const Design::Field& field) {
+  table.fields.push_back(field);
+  AddToForm(table, field);
+  AddToList(table, field);
+}
+
+void RenameField(Design& design, const QString& table, const QString& from, const QString& to) {
+  if (const QString complaint = NameComplaint(to); !complaint.isEmpty())
+    throw DataError(DataErrorKind::Usage, complaint + u'。');
+  Design::Table* found = FindNamed(design.tables, table);
+  Design::Field* field = found ? FindNamed(found->fields, from) : nullptr;
+  if (!field) return;
+  const Design::Field* other = FindNamed(found->fields, to);
+  if (other && other != field) throw DataError(DataErrorKind::Usage, u"表中已有字段“%1”。"_s.arg(to));
+  field->name = to;
+  for (auto& part : found->controls) Replace(part.field, from, to);
+  for (auto& part : found->columns) Replace(part.field, from, to);
+  for (auto& part : found->searchFields) Replace(part.field, from, to);
+  for (auto& part : found->numberParts) Replace(part.field, from, to);
+  for (QString* name : {&found->numberField, &found->folderNumberField, &found->relationField}) Replace(*name, from, to);
+  ForLinkEnds(design, table, [&](Design::TransferMap& map, auto end) {
+    for (Design::TransferLink& link : map.links) Replace(link.*end, from, to);
+  });
+}
+
+void CaptionField(Design::Table& table, const QString& name, const QString& caption) {
+  Design::Field* field = FindNamed(table.fields, name);
+  if (!field) return;
+  const QString before = field->caption;
+  field->caption = caption;
+  const auto follow = [&](auto& parts) {
+    for (auto& part : parts)
+      if (IsSame(part.field, name) && part.caption == before) part.caption = caption;
+  };
+  follow(table.columns);
+  follow(table.searchFields);
+  follow(table.numberParts);
+}
+
+void RemoveField(Design& design, const QString& table, const QString& name) {
+  Design::Table* found = FindNamed(design.tables, table);
+  if (!found) return;
+  std::erase_if(found->fields, [&](const Design::Field& field) { return IsSame(field.name, name); });
+  EraseOf(found->controls, name);
+  EraseOf(found->columns, name);
+  EraseOf(found->searchFields, name);
+  EraseOf(found->numberParts, name);
+  for (QString* other : {&found->numberField, &found->folderNumberField, &found->relationField})
+    Replace(*other, name, {});
+  ForLinkEnds(design, table, [&](Design::TransferMap& map, auto end) {
+    std::erase_if(map.links, [&](const Design::TransferLink& link) { return IsSame(link.*end, name); });
+  });
+}
+
+void RemoveTable(Design& design, const QString& name) {
+  std::erase_if(design.tables, [&](const Design::Table& table) { return IsSame(table.name, name); });
+  for (Design::Table& table : design.tables)
+    if (IsSame(table.parent, name)) table.parent = table.relationField = QString();
+  std::erase_if(design.transfers, [&](const Design::TransferMap& map) {
+    return IsSame(map.source, name) || IsSame(map.destination, name);
+  });
+  std::erase_if(design.reports, [&](const Design::Report& report) { return IsSame(report.group, name); });
+  for (Design::User& user : design.users)
+    std::erase_if(user.rights, [&](const Design::Rights& rights) { return IsSame(rights.table, name); });
+}
+
+void RemoveClass(Design& design, int id) {
+  const Design::Class* gone = FindByKey(design.classes, QString::number(id));
+  if (!gone) return;
+  const int above = gone->parent;
+  if (above == 1 && std::any_of(design.tables.begin(), design.tables.end(), [&](const Design::Table& table) { return table.classId == id; }))
+    throw DataError(DataErrorKind::Usage, u"类别下还有表，请先把它们移到别的类别。"_s);
+  std::erase_if(design.classes, [&](const Design::Class& item) { return item.id == id; });
+  for (Design::Class& item : design.classes)
+    if (item.parent == id) item.parent = above;
+  for (Design::Table& table : design.tables)
+    if (table.classId == id) table.classId = above;
+}
+
+void RenameDictionary(Design& design, const QString& from, const QString& to) {
+  if (to.isEmpty()) throw DataError(DataErrorKind::Usage, u"字典没有名称。"_s);
+  for (Design::Dictionary& dictionary : design.dictionaries) Replace(dictionary.name, from, to);
+  for (Design::Table& table : design.tables)
+    for (Design::Field& field : table.fields) Replace(field.dictionary, from, to);
+}
+
+}  // namespace folvane::design

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include <folvane/Design.h>
+
+// Changes of a design that keep together what belongs together.
+namespace folvane::design {
+
+/// A name for a field or a table that is made from its caption and can be one; `isTaken` says which are in use.
+QString NameFor(const QString& caption, const std::function<bool(const QString& name)>& isTaken);
+
+/// Adds a field with its control on the form and its column in the list.
+void AddField(Design::Table& table, const Design::Field& field);
+void AddToList(Design::Table& table, const Design::Field& field);
+void AddToSearch(Design::Table& table, const Design::Field& field);
+/// The kind of input that the simple query has for a field.
+int SearchTypeFor(const Design::Field& field);
+
+/// Gives a field another name, wherever the design names it.
+/// @throws DataError Usage for a name that a column cannot have or that another field has
+void RenameField(Design& design, const QString& table, const QString& from, const QString& to);
+/// Gives a field another caption; the list and the search that had the old one follow.
+void CaptionField(Design::Table& table, const QString& field, const QString& caption);
+/// Takes a field out, wherever the design names it.
+void RemoveField(Design& design, const QString& table, const QString& field);
+
+/// Takes a table out, wherever the design names it.
+void RemoveTable(Design& design, const QString& table);
+/// Takes a class out; what hung under it hangs under the class above.
+void RemoveClass(Design& design, int id);
+
+/// Gives a dictionary another name, wherever the design names it.
+void RenameDictionary(Design& design, const QString& from, const QString& to);
+
+}  // namespace folvane::design

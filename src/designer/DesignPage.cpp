@@ -1,0 +1,40 @@
+#include "designer/DesignPage.h"
+
+#include "design/Shape.h"
+#include "shell/EventGuard.h"
+
+namespace folvane::designer {
+
+DesignPage::DesignPage(DesignSession& session, const QString& name) : session_(session) {
+  setObjectName(name);
+  connect(&session, &DesignSession::Changed, this, &DesignPage::ShowChange);
+}
+
+void DesignPage::SetTable(const QString& table) {
+  table_ = table;
+  ShowChange();
+}
+
+const Design::Table* DesignPage::Table() const { return design::FindNamed(session_.Wanted().tables, table_); }
+
+bool DesignPage::ChangeTable(const QString& words, const std::function<void(Design::Table&)>& work,
+                             const QString& series) {
+  return session_.Change(
+      words,
+      [&](Design& wanted) {
+        if (Design::Table* table = design::FindNamed(wanted.tables, table_)) work(*table);
+      },
+      series);
+}
+
+void DesignPage::ShowChange() {
+  isStale_ = !isVisible();
+  if (!isStale_) RunGuarded([this] { Refresh(); });
+}
+
+void DesignPage::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (isStale_) ShowChange();
+}
+
+}  // namespace folvane::designer

@@ -1,0 +1,71 @@
+#include "designer/DesignSession.h"
+
+#include <QUndoCommand>
+
+#include "shell/EventGuard.h"
+
+namespace folvane::designer {
+
+/// One step, from one design to the next.
+class DesignSession::Step : public QUndoCommand {
+ public:
+  Step(DesignSession& session, const QString& words, const QString& series, Snapshot after)
+      : QUndoCommand(words), session_(session), series_(series), before_(session.wanted_), after_(std::move(after)) {}
+
+  void undo() override { session_.Take(before_); }
+  void redo() override { session_.Take(after_); }
+  int id() const override { return series_.isEmpty() ? -1 : 1; }
+  bool mergeWith(const QUndoCommand* next) override {
+    const auto& step = static_cast<const Step&>(*next);
+    if (step.series_ != series_) return false;
+    after_ = step.after_;
+    return true;
+  }
+
+ private:
+  DesignSession& session_;
+  QString series_;
+  Snapshot before_, after_;
+};
+
+DesignSession::DesignSession(std::shared_ptr<folvane::Connection> connection)
+    : connection_(std::move(connection)),
+      stored_(ReadDesign(*connection_)),
+      wanted_(std::make_shared<const Design>(stored_)) {}
+
+bool DesignSession::Change(const QString& words, const Work& work, const QString& series) {
+  auto changed = std::make_shared<Design>(*wanted_);
+  try {
+    work(*changed);
+  } catch (const std::exception& error) {
+    Q_EMIT Told(ErrorText(error));
+    return false;
+  }
+  if (*changed == *wanted_) return false;
+  history_.push(new Step(*this, words, series, std::move(changed)));
+  return true;
+}
+
+void DesignSession::Take(const Snapshot& wanted) {
+  wanted_ = wanted;
+  Q_EMIT Changed();
+}
+
+void DesignSession::Apply(const DesignPlan& plan, const std::vector<LossAnswer>& answers) {
+  ApplyDesign(*connection_, plan, answers);
+  stored_ = ReadDesign(*connection_);
+  Design applied = *wanted_;
+  PutInOrder(applied);
+  // Steps back lead to designs without what others did, and would take it away again.
+  if (stored_ == applied) return history_.setClean();
+  history_.clear();
+  Take(std::make_shared<const Design>(stored_));
+}
+
+void DesignSession::ReadAgain() {
+  stored_ = ReadDesign(*connection_);
+  history_.clear();
+  Take(std::make_shared<const Design>(stored_));
+}
+
+}  // namespace folvane::designer
