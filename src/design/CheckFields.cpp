@@ -2,15 +2,13 @@
 
 #include "design/Checks.h"
 #include "design/Names.h"
+#include "design/TableEdits.h"
 
 namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
 using Weight = DesignFinding::Weight;
-
-const QStringList kTypes{u"数值型"_s,     u"自动编号"_s, u"数字型"_s, u"时间型"_s,     u"日期型"_s,
-                         u"档案日期型"_s, u"档案日期"_s, u"文本型"_s, u"文件编号型"_s, u"机关代字型"_s};
 
 std::function<void(Design&)> InField(const Design::Table& table, const Design::Field& field,
                                      std::function<void(Design::Field&)> change) {
@@ -24,7 +22,7 @@ void CheckField(Checked& checked, const Design::Table& table, const Design::Fiel
   if (const QString complaint = NameComplaint(field.name); !complaint.isEmpty())
     checked.findings.push_back(
         {Weight::Error, u"field-name"_s, where, complaint, u"查询和保存可能出错"_s, u"请另建一个字段"_s, {}});
-  if (!kTypes.contains(field.type))
+  if (!FieldTypeNames().contains(field.type))
     checked.findings.push_back({Weight::Error, u"field-type"_s, where, u"不认识类型“%1”"_s.arg(field.type),
                                 u"查询窗口不能比较这个字段的值"_s, u"改为“文本型”"_s,
                                 InField(table, field, [](Design::Field& mended) { mended.type = u"文本型"_s; })});

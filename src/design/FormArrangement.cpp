@@ -31,9 +31,10 @@ void PlaceBehind(Control& control, const std::vector<const Control*>& before) {
   control.left = kRightColumn;
   control.top = lastTop;
   const auto isHit = [&](const Control* other) { return Overlap(control, *other); };
-  const bool isBeside =
-      !before.empty() && !IsWide(control) && std::none_of(before.begin(), before.end(), isHit) &&
-      std::none_of(before.begin(), before.end(), [&](const Control* other) { return other->left >= kRightColumn && other->top >= lastTop; });
+  const bool isBeside = !before.empty() && !IsWide(control) && std::none_of(before.begin(), before.end(), isHit) &&
+                        std::none_of(before.begin(), before.end(), [&](const Control* other) {
+                          return other->left >= kRightColumn && other->top >= lastTop;
+                        });
   if (isBeside) return;
   control.left = kUsualLeft;
   control.top = bottom + kGap;
@@ -70,6 +71,20 @@ int FreeIndex(const Design::Table& table, int type) {
   for (const Control& control : table.controls)
     if (control.type == type) index = std::max(index, control.index + 1);
   return index;
+}
+
+void SetControlType(Design::Table& table, Control& control, int type) {
+  control.index = FreeIndex(table, type);
+  control.type = type;
+  const bool isLines = type == kLinesControl;
+  control.height = isLines ? std::max(control.height, kLines) : kLine;
+  if (isLines) control.width = std::max(control.width, kBothWidth);
+  std::vector<const Control*> others;
+  for (const Control& other : table.controls)
+    if (MakesControl(other) && &other != &control) others.push_back(&other);
+  const auto isHidden = [&](const Control* other) { return Overlap(control, *other); };
+  if (std::any_of(others.begin(), others.end(), isHidden)) PlaceBehind(control, others);
+  FitFrame(table);
 }
 
 void AddToForm(Design::Table& table, const Design::Field& field) {

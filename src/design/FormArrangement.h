@@ -30,6 +30,9 @@ int FreeIndex(const Design::Table& table, int type);
 /// Gives a field a control at the end of the form, beside the last one where there is room, and widens the frame.
 void AddToForm(Design::Table& table, const Design::Field& field);
 
+/// Makes the control of a field one of that kind; where it would hide another one then, it goes to the end.
+void SetControlType(Design::Table& table, Design::Control& control, int type);
+
 /// Puts all controls in two columns in the order of the Enter key, wide ones over both, and the frame around them.
 void ArrangeForm(Design::Table& table);
 

@@ -13,7 +13,7 @@ namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kInput = 1, kNumber = 2, kDate = 3, kChoice = 4;  ///< kinds of input of the simple query
+constexpr int kInput = 1, kNumber = 2, kDate = 3, kChoice = 4;     ///< kinds of input of the simple query
 constexpr int kByteWidth = 110, kNarrowest = 700, kWidest = 4500;  ///< of list columns, twips
 
 void Replace(QString& name, const QString& from, const QString& to) {
@@ -26,14 +26,28 @@ void EraseOf(std::vector<Part>& parts, const QString& field) {
 }
 
 // Each end of the transfers that names a field of that table.
-void ForLinkEnds(Design& design, const QString& table, const std::function<void(Design::TransferMap&, QString Design::TransferLink::*)>& visit) {
+void ForLinkEnds(Design& design, const QString& table,
+                 const std::function<void(Design::TransferMap&, QString Design::TransferLink::*)>& visit) {
   for (Design::TransferMap& map : design.transfers) {
     if (IsSame(map.source, table)) visit(map, &Design::TransferLink::source);
     if (IsSame(map.destination, table)) visit(map, &Design::TransferLink::destination);
   }
 }
 
+int FreeSearchIndex(const Design::Table& table, int type) {
+  int index = 1;
+  for (const Design::SearchField& other : table.searchFields)
+    if (other.type == type) index = std::max(index, other.index + 1);
+  return index;
+}
+
 }  // namespace
+
+const QStringList& FieldTypeNames() {
+  static const QStringList names{u"文本型"_s, u"数值型"_s,     u"日期型"_s,     u"时间型"_s,   u"档案日期型"_s,
+                                 u"数字型"_s, u"文件编号型"_s, u"机关代字型"_s, u"自动编号"_s, u"档案日期"_s};
+  return names;
+}
 
 QString NameFor(const QString& caption, const std::function<bool(const QString& name)>& isTaken) {
   QString base;
@@ -53,6 +67,12 @@ void AddToList(Design::Table& table, const Design::Field& field) {
   table.columns.push_back({field.name, field.caption, width, order + 1});
 }
 
+void SetSearchType(const Design::Table& table, Design::SearchField& field, int type) {
+  if (field.type == type) return;
+  field.index = FreeSearchIndex(table, type);
+  field.type = type;
+}
+
 int SearchTypeFor(const Design::Field& field) {
   if (field.type.startsWith(u"日期") || field.type.startsWith(u"时间")) return kDate;
   if (field.type == u"数值型" || field.type == u"数字型" || field.type == u"自动编号") return kNumber;
@@ -61,18 +81,31 @@ int SearchTypeFor(const Design::Field& field) {
 
 void AddToSearch(Design::Table& table, const Design::Field& field) {
   const int type = SearchTypeFor(field);
-  int order = 0, index = 0;
-  for (const Design::SearchField& other : table.searchFields) {
-    order = std::max(order, other.order);
-    if (other.type == type) index = std::max(index, other.index);
-  }
-  table.searchFields.push_back({field.name, field.caption, type, index + 1, order + 1});
+  int order = 0;
+  for (const Design::SearchField& other : table.searchFields) order = std::max(order, other.order);
+  table.searchFields.push_back({field.name, field.caption, type, FreeSearchIndex(table, type), order + 1});
 }
 
 void AddField(Design::Table& table, const Design::Field& field) {
   table.fields.push_back(field);
   AddToForm(table, field);
   AddToList(table, field);
+}
+
+void ChangeField(Design::Table& table, const QString& name, const std::function<void(Design::Field&)>& change) {
+  Design::Field* field = FindNamed(table.fields, name);
+  if (!field) return;
+  const Design::Field before = *field;
+  change(*field);
+  const int usual = ControlTypeFor(before), fits = ControlTypeFor(*field);
+  for (std::size_t at = 0; at < table.controls.size(); ++at) {
+    Design::Control& control = table.controls[at];
+    if (IsSame(control.field, name) && control.type == usual && usual != fits) SetControlType(table, control, fits);
+  }
+  const int usualInput = SearchTypeFor(before), input = SearchTypeFor(*field);
+  for (Design::SearchField& search : table.searchFields)
+    if (IsSame(search.field, name) && search.type == usualInput && usualInput != input)
+      SetSearchType(table, search, input);
 }
 
 void RenameField(Design& design, const QString& table, const QString& from, const QString& to) {
@@ -88,7 +121,8 @@ void RenameField(Design& design, const QString& table, const QString& from, cons
   for (auto& part : found->columns) Replace(part.field, from, to);
   for (auto& part : found->searchFields) Replace(part.field, from, to);
   for (auto& part : found->numberParts) Replace(part.field, from, to);
-  for (QString* name : {&found->numberField, &found->folderNumberField, &found->relationField}) Replace(*name, from, to);
+  for (QString* name : {&found->numberField, &found->folderNumberField, &found->relationField})
+    Replace(*name, from, to);
   ForLinkEnds(design, table, [&](Design::TransferMap& map, auto end) {
     for (Design::TransferLink& link : map.links) Replace(link.*end, from, to);
   });
@@ -123,6 +157,22 @@ void RemoveField(Design& design, const QString& table, const QString& name) {
   });
 }
 
+Design::Table NewTable(const QString& name, const QString& caption, int classId, const Design::Table* like) {
+  Design::Table table;
+  if (like) table = *like;
+  table.name = name;
+  table.caption = caption;
+  table.classId = classId;
+  if (like) return table;
+  table.kind = u"F"_s;
+  for (const Design::Field& field : {Design::Field{u"RegID"_s, u"登记号"_s, u"数值型"_s, 8, {}},
+                                     Design::Field{u"CreatedDate"_s, u"登记日期"_s, u"文本型"_s, 10, {}, true},
+                                     Design::Field{u"Amaintitle"_s, u"题名"_s, u"文本型"_s, 160, {}, true}})
+    AddField(table, field);
+  AddToSearch(table, table.fields.back());
+  return table;
+}
+
 void RemoveTable(Design& design, const QString& name) {
   std::erase_if(design.tables, [&](const Design::Table& table) { return IsSame(table.name, name); });
   for (Design::Table& table : design.tables)
@@ -139,7 +189,8 @@ void RemoveClass(Design& design, int id) {
   const Design::Class* gone = FindByKey(design.classes, QString::number(id));
   if (!gone) return;
   const int above = gone->parent;
-  if (above == 1 && std::any_of(design.tables.begin(), design.tables.end(), [&](const Design::Table& table) { return table.classId == id; }))
+  if (above == 1 && std::any_of(design.tables.begin(), design.tables.end(),
+                                [&](const Design::Table& table) { return table.classId == id; }))
     throw DataError(DataErrorKind::Usage, u"类别下还有表，请先把它们移到别的类别。"_s);
   std::erase_if(design.classes, [&](const Design::Class& item) { return item.id == id; });
   for (Design::Class& item : design.classes)

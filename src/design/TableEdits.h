@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 #include <folvane/Design.h>
 
 // Changes of a design that keep together what belongs together.
 namespace folvane::design {
+
+/// The words that a field's type may be, the usual one first.
+const QStringList& FieldTypeNames();
 
 /// A name for a field or a table that is made from its caption and can be one; `isTaken` says which are in use.
 QString NameFor(const QString& caption, const std::function<bool(const QString& name)>& isTaken);
@@ -15,9 +19,14 @@ QString NameFor(const QString& caption, const std::function<bool(const QString& 
 void AddField(Design::Table& table, const Design::Field& field);
 void AddToList(Design::Table& table, const Design::Field& field);
 void AddToSearch(Design::Table& table, const Design::Field& field);
+/// Gives a query field that kind of input, with a number of its own.
+void SetSearchType(const Design::Table& table, Design::SearchField& field, int type);
 /// The kind of input that the simple query has for a field.
 int SearchTypeFor(const Design::Field& field);
 
+/// Changes what a field is like. Its control and its input in the query become those that fit it now, where they were
+/// those that fitted it before.
+void ChangeField(Design::Table& table, const QString& name, const std::function<void(Design::Field&)>& change);
 /// Gives a field another name, wherever the design names it.
 /// @throws DataError Usage for a name that a column cannot have or that another field has
 void RenameField(Design& design, const QString& table, const QString& from, const QString& to);
@@ -26,6 +35,8 @@ void CaptionField(Design::Table& table, const QString& field, const QString& cap
 /// Takes a field out, wherever the design names it.
 void RemoveField(Design& design, const QString& table, const QString& field);
 
+/// Makes a table under a class that is like another one; `like` null for a title and a day of registration.
+Design::Table NewTable(const QString& name, const QString& caption, int classId, const Design::Table* like);
 /// Takes a table out, wherever the design names it.
 void RemoveTable(Design& design, const QString& table);
 /// Takes a class out; what hung under it hangs under the class above.

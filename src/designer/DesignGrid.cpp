@@ -106,7 +106,9 @@ void DesignGrid::Refresh() {
 
 int DesignGrid::CurrentRow() const { return view_->currentIndex().row(); }
 
-void DesignGrid::GoTo(int row) { view_->setCurrentIndex(model_.index(row, std::max(view_->currentIndex().column(), 0))); }
+void DesignGrid::GoTo(int row) {
+  view_->setCurrentIndex(model_.index(row, std::max(view_->currentIndex().column(), 0)));
+}
 
 std::vector<int> DesignGrid::SelectedRows() const {
   std::vector<int> rows;

@@ -45,7 +45,8 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
   if (!index.isValid() || index.row() >= Count()) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
   if (IsLocked(index.row(), index.column())) return flags;
-  return flags | (Column(index.column()).kind == GridColumn::Kind::Check ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
+  return flags |
+         (Column(index.column()).kind == GridColumn::Kind::Check ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
 }
 
 bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -13,7 +13,7 @@ struct GridColumn {
   enum class Kind { Text, Number, Check, Choice, FreeChoice };
   QString title;
   Kind kind = Kind::Text;
-  int width = 12;                              ///< in characters
+  int width = 12;                                 ///< in characters
   std::function<QStringList(int row)> choices{};  ///< of the two kinds of choice
   QString tip{};
 };
@@ -36,7 +36,8 @@ class GridModel : public QAbstractTableModel {
   virtual bool CanMove() const = 0;
   /// Moves a row up or down. @return where it is then
   virtual int Move(int row, int by) = 0;
-  /// Puts lines of cells that are parted by tabs over those from there on, as one step. Rows that are missing are added.
+  /// Puts lines of cells that are parted by tabs over those from there on, as one step. Rows that are missing are
+  /// added.
   void PasteAt(int row, int column, const QStringList& lines);
 
   int rowCount(const QModelIndex& parent = {}) const override;
