@@ -34,6 +34,11 @@ void ForLinkEnds(Design& design, const QString& table,
   }
 }
 
+void RequireName(const QString& name) {
+  if (const QString complaint = NameComplaint(name); !complaint.isEmpty())
+    throw DataError(DataErrorKind::Usage, complaint + u'。');
+}
+
 int FreeSearchIndex(const Design::Table& table, int type) {
   int index = 1;
   for (const Design::SearchField& other : table.searchFields)
@@ -109,8 +114,7 @@ void ChangeField(Design::Table& table, const QString& name, const std::function<
 }
 
 void RenameField(Design& design, const QString& table, const QString& from, const QString& to) {
-  if (const QString complaint = NameComplaint(to); !complaint.isEmpty())
-    throw DataError(DataErrorKind::Usage, complaint + u'。');
+  RequireName(to);
   Design::Table* found = FindNamed(design.tables, table);
   Design::Field* field = found ? FindNamed(found->fields, from) : nullptr;
   if (!field) return;
@@ -173,6 +177,23 @@ Design::Table NewTable(const QString& name, const QString& caption, int classId,
   return table;
 }
 
+void RenameTable(Design& design, const QString& from, const QString& to) {
+  RequireName(to);
+  Design::Table* table = FindNamed(design.tables, from);
+  const Design::Table* other = FindNamed(design.tables, to);
+  if (!table) return;
+  if (other && other != table) throw DataError(DataErrorKind::Usage, u"已有表“%1”。"_s.arg(to));
+  table->name = to;
+  for (Design::Table& each : design.tables) Replace(each.parent, from, to);
+  for (Design::TransferMap& map : design.transfers) {
+    Replace(map.source, from, to);
+    Replace(map.destination, from, to);
+  }
+  for (Design::Report& report : design.reports) Replace(report.group, from, to);
+  for (Design::User& user : design.users)
+    for (Design::Rights& rights : user.rights) Replace(rights.table, from, to);
+}
+
 void RemoveTable(Design& design, const QString& name) {
   std::erase_if(design.tables, [&](const Design::Table& table) { return IsSame(table.name, name); });
   for (Design::Table& table : design.tables)
@@ -183,6 +204,13 @@ void RemoveTable(Design& design, const QString& name) {
   std::erase_if(design.reports, [&](const Design::Report& report) { return IsSame(report.group, name); });
   for (Design::User& user : design.users)
     std::erase_if(user.rights, [&](const Design::Rights& rights) { return IsSame(rights.table, name); });
+}
+
+int AddClass(Design& design, const QString& name, int parent) {
+  int id = 2;
+  while (FindByKey(design.classes, QString::number(id))) ++id;
+  design.classes.push_back({id, name, parent});
+  return id;
 }
 
 void RemoveClass(Design& design, int id) {

@@ -37,8 +37,13 @@ void RemoveField(Design& design, const QString& table, const QString& field);
 
 /// Makes a table under a class that is like another one; `like` null for a title and a day of registration.
 Design::Table NewTable(const QString& name, const QString& caption, int classId, const Design::Table* like);
+/// Gives a table another name, wherever the design names it.
+/// @throws DataError Usage for a name that a table cannot have or that another one has
+void RenameTable(Design& design, const QString& from, const QString& to);
 /// Takes a table out, wherever the design names it.
 void RemoveTable(Design& design, const QString& table);
+/// Adds a class under that one. @return its number
+int AddClass(Design& design, const QString& name, int parent);
 /// Takes a class out; what hung under it hangs under the class above.
 void RemoveClass(Design& design, int id);
 

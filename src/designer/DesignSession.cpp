@@ -2,6 +2,7 @@
 
 #include <QUndoCommand>
 
+#include "design/RebaseDesign.h"
 #include "shell/EventGuard.h"
 
 namespace folvane::designer {
@@ -62,7 +63,16 @@ void DesignSession::Apply(const DesignPlan& plan, const std::vector<LossAnswer>&
   Take(std::make_shared<const Design>(stored_));
 }
 
-void DesignSession::ReadAgain() {
+QStringList DesignSession::ReadAgain() {
+  QStringList given;
+  const Design before = stored_, wanted = *wanted_;
+  GiveUp();
+  Change(QStringLiteral("未应用的改动"),
+         [&](Design& changed) { changed = design::Rebased(before, wanted, stored_, given); });
+  return given;
+}
+
+void DesignSession::GiveUp() {
   stored_ = ReadDesign(*connection_);
   history_.clear();
   Take(std::make_shared<const Design>(stored_));

@@ -36,8 +36,12 @@ class DesignSession : public QObject {
   DesignPlan Plan() const { return PlanDesign(*connection_, stored_, *wanted_); }
   /// Writes what was planned, and reads what the database holds then. @throws DataError as ApplyDesign
   void Apply(const DesignPlan& plan, const std::vector<LossAnswer>& answers);
+  /// Reads what the database holds by now; what is not written yet is kept, as one step. Where somebody else has
+  /// changed the same it is as they have it.
+  /// @return what was given up so. @throws DataError
+  QStringList ReadAgain();
   /// Gives up what is not written, and reads again. @throws DataError
-  void ReadAgain();
+  void GiveUp();
 
  Q_SIGNALS:
   /// What is wanted is another design now.

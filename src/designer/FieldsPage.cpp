@@ -22,9 +22,8 @@ Field NewFieldOf(const Design::Table& table) {
   Field field;
   field.caption = u"新字段"_s;
   for (int number = 2; hasCaption(field.caption); ++number) field.caption = u"新字段%1"_s.arg(number);
-  field.name = design::NameFor(field.caption, [&](const QString& name) {
-    return design::FindNamed(table.fields, name) != nullptr;
-  });
+  field.name = design::NameFor(field.caption,
+                               [&](const QString& name) { return design::FindNamed(table.fields, name) != nullptr; });
   field.type = u"文本型"_s;
   field.length = 50;
   return field;
@@ -59,7 +58,8 @@ FieldsPage::FieldsPage(DesignSession& session) : DesignPage(session, u"FieldsPag
                          u"表还没有字段。\n按 Ins 增加一个，或粘贴从电子表格复制的标题。"_s, this);
   auto* down = new QVBoxLayout(this);
   down->addWidget(grid_, 1);
-  down->addWidget(NewHint(u"填写标题即可，名称由标题生成；已经写入数据库的字段不能改名。新字段自动放进录入界面和列表。"_s, this));
+  down->addWidget(
+      NewHint(u"填写标题即可，名称由标题生成；已经写入数据库的字段不能改名。新字段自动放进录入界面和列表。"_s, this));
   setFocusProxy(grid_);
 }
 
@@ -133,19 +133,20 @@ std::vector<ThingColumn<Field>> FieldsPage::Columns() const {
   inherited.look.tip = u"新记录取上级记录的值"_s;
   auto carried = ColumnOf(&Field::isCarried, 14);
   carried.look.tip = u"新记录取当前记录的值"_s;
-  return {caption,
-          name,
-          following(type),
-          following(length),
-          following(dictionary),
-          required,
-          Membership<Design::Control>(u"录入"_s, u"在录入界面中"_s, table, &Design::Table::controls, design::AddToForm),
-          Membership<Design::ListColumn>(u"列表"_s, u"在记录列表中"_s, table, &Design::Table::columns, design::AddToList),
-          Membership<Design::SearchField>(u"查询"_s, u"在快速查询和简单查询中"_s, table, &Design::Table::searchFields,
-                                          design::AddToSearch),
-          fixed,
-          inherited,
-          carried};
+  return {
+      caption,
+      name,
+      following(type),
+      following(length),
+      following(dictionary),
+      required,
+      Membership<Design::Control>(u"录入"_s, u"在录入界面中"_s, table, &Design::Table::controls, design::AddToForm),
+      Membership<Design::ListColumn>(u"列表"_s, u"在记录列表中"_s, table, &Design::Table::columns, design::AddToList),
+      Membership<Design::SearchField>(u"查询"_s, u"在快速查询和简单查询中"_s, table, &Design::Table::searchFields,
+                                      design::AddToSearch),
+      fixed,
+      inherited,
+      carried};
 }
 
 }  // namespace folvane::designer

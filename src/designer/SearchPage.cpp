@@ -61,9 +61,7 @@ SearchPage::SearchPage(DesignSession& session) : DesignPage(session, u"SearchPag
   };
   auto kind = ThingColumn<SearchField>();
   kind.look = {u"简单查询的输入"_s, GridColumn::Kind::Choice, 16, [](int) { return InputNames(); }};
-  kind.read = [](const SearchField& item) {
-    return InputNames().value(item.type - 1, u"第 %1 类"_s.arg(item.type));
-  };
+  kind.read = [](const SearchField& item) { return InputNames().value(item.type - 1, u"第 %1 类"_s.arg(item.type)); };
   kind.write = [this](Design& wanted, SearchField& item, const QVariant& value) {
     const int type = int(InputNames().indexOf(value.toString())) + 1;
     if (type > 0) design::SetSearchType(*design::FindNamed(wanted.tables, TableName()), item, type);

@@ -1,0 +1,302 @@
+#include "designer/FrmDesigner.h"
+
+#include <QCloseEvent>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QSaveFile>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <folvane/DataError.h>
+#include <folvane/Designer.h>
+#include <folvane/Icons.h>
+
+#include "design/Shape.h"
+#include "design/TableEdits.h"
+#include "designer/DesignTree.h"
+#include "designer/DesignerCommands.h"
+#include "designer/FieldsPage.h"
+#include "designer/FindingsPanel.h"
+#include "designer/NewTableDialog.h"
+#include "designer/PlacePage.h"
+#include "designer/PlanDialog.h"
+#include "designer/SearchPage.h"
+#include "shell/EventGuard.h"
+#include "shell/Messages.h"
+#include "shell/ModalWindow.h"
+#include "shell/SharedState.h"
+#include "widgets/BusyPointer.h"
+#include "widgets/KeptSizes.h"
+#include "widgets/WindowStatus.h"
+
+namespace folvane {
+
+void ShowDesigner() {
+  RequireApplication();
+  designer::FrmDesigner window(SharedConnection());
+  ShowModal(window);
+}
+
+}  // namespace folvane
+
+namespace folvane::designer {
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kColumnSizes = u"FrmDesigner.Columns"_s, kRowSizes = u"FrmDesigner.Rows"_s;
+const QString kFilter = u"设计文件(*.yaml)|*.yaml"_s;
+
+}  // namespace
+
+FrmDesigner::FrmDesigner(std::shared_ptr<folvane::Connection> connection) : session_(std::move(connection)) {
+  setObjectName(u"FrmDesigner"_s);
+  setWindowTitle(u"设计[*]"_s);
+  setWindowIcon(Icon(u"folvane"_s));
+  LayOut();
+  Connect();
+  ShowChosen();
+  ShowState();
+}
+
+FrmDesigner::~FrmDesigner() = default;
+
+void FrmDesigner::LayOut() {
+  resize(1180, 740);
+  status_ = new WindowStatus(this);
+  status_->ShowUser(Shared().UserName);
+  setStatusBar(status_);
+  commands_ = std::make_unique<WindowCommands>(*this, DesignerCommands());
+  columns_ = new QSplitter(Qt::Horizontal, this);
+  columns_->setChildrenCollapsible(false);
+  tree_ = new DesignTree(session_, {});
+  tree_->setMinimumWidth(140);
+  rows_ = new QSplitter(Qt::Vertical);
+  findings_ = new FindingsPanel(session_);
+  rows_->addWidget(NewPages());
+  rows_->addWidget(findings_);
+  rows_->setStretchFactor(0, 1);
+  columns_->addWidget(tree_);
+  columns_->addWidget(rows_);
+  columns_->setStretchFactor(1, 1);
+  setCentralWidget(columns_);
+  RestoreSizes(*columns_, kColumnSizes, {230, 950});
+  RestoreSizes(*rows_, kRowSizes, {500, 160});
+}
+
+QWidget* FrmDesigner::NewPages() {
+  pages_ = new QStackedWidget;
+  intro_ = new QLabel;
+  intro_->setObjectName(u"LblIntro"_s);
+  intro_->setAlignment(Qt::AlignCenter);
+  intro_->setWordWrap(true);
+  pages_->addWidget(intro_);
+  classPage_ = new ClassPage(session_);
+  pages_->addWidget(classPage_);
+  tablePages_ = new QTabWidget;
+  tablePages_->setObjectName(u"TabTable"_s);
+  AddTablePage(new TablePage(session_), u"表(&1)"_s);
+  AddTablePage(new FieldsPage(session_), u"字段(&2)"_s);
+  AddTablePage(new SearchPage(session_), u"查询(&5)"_s);
+  tablePages_->setCurrentIndex(1);
+  pages_->addWidget(tablePages_);
+  return pages_;
+}
+
+void FrmDesigner::AddTablePage(DesignPage* page, const QString& title) { tablePages_->addTab(page, title); }
+
+void FrmDesigner::AddPage(DesignPage* page) { pages_->addWidget(page); }
+
+void FrmDesigner::Connect() {
+  commands_->OnEntry(u"mnuNewClass"_s, [this] { AddClass(); });
+  commands_->OnEntry(u"mnuNewTable"_s, [this] { AddTable(); });
+  commands_->OnEntry(u"mnuRemove"_s, [this] { Remove(); });
+  commands_->OnEntry(u"mnuImport"_s, [this] { Import(); });
+  commands_->OnEntry(u"mnuExport"_s, [this] { Export(); });
+  commands_->OnEntry(u"mnuApply"_s, [this] { Apply(); });
+  commands_->OnEntry(u"mnuReadAgain"_s, [this] { ReadAgain(); });
+  commands_->OnEntry(u"mnuGiveUp"_s, [this] { GiveUp(); });
+  commands_->OnEntry(u"mnuClose"_s, [this] { close(); });
+  commands_->OnEntry(u"mnuUndo"_s, [this] { session_.History().undo(); });
+  commands_->OnEntry(u"mnuRedo"_s, [this] { session_.History().redo(); });
+  commands_->OnEntry(u"mnuCheckAll"_s, [this] { Check(); });
+  ConnectGuarded(tree_, &DesignTree::CurrentChanged, this, &FrmDesigner::ShowChosen);
+  ConnectGuarded(&session_, &DesignSession::Changed, this, &FrmDesigner::ShowState);
+  ConnectGuarded(&session_.History(), &QUndoStack::indexChanged, this, [this](int) { ShowState(); });
+  connect(&session_, &DesignSession::Told, this, [this](const QString& text) { status_->ShowNotice(text); });
+  ConnectGuarded(findings_, &FindingsPanel::Asked, this, &FrmDesigner::GoToFinding);
+}
+
+void FrmDesigner::ShowChosen() {
+  const DesignNode node = tree_->Current();
+  QWidget* page = intro_;
+  if (node.kind == DesignNode::Kind::Class) {
+    classPage_->SetClass(node.key.toInt());
+    page = classPage_;
+  } else if (node.kind == DesignNode::Kind::Table) {
+    for (int at = 0; at < tablePages_->count(); ++at)
+      static_cast<DesignPage*>(tablePages_->widget(at))->SetTable(node.key);
+    page = tablePages_;
+  } else if (node.kind == DesignNode::Kind::Page) {
+    page = pages_->findChild<QWidget*>(node.key, Qt::FindDirectChildrenOnly);
+  }
+  pages_->setCurrentWidget(page);
+  ShowState();
+}
+
+void FrmDesigner::ShowState() {
+  const Design& wanted = session_.Wanted();
+  intro_->setText(u"这里设计登记和归档用的表：%1 个类别，%2 个表，%3 个字典。\n\n"
+                  "在左边选一个表，或按 Ctrl+N 新建一个。改动在应用 (Ctrl+S) 之前都不写入数据库，随时可以撤消。"_s
+                      .arg(wanted.classes.size())
+                      .arg(wanted.tables.size())
+                      .arg(wanted.dictionaries.size()));
+  const bool isChanged = session_.IsChanged();
+  setWindowModified(isChanged);
+  const auto enable = [this](const QString& entry, const QString& key, bool on) {
+    commands_->EnableEntry(entry, on);
+    if (!key.isEmpty()) commands_->EnableKey(key, on);
+  };
+  const DesignNode node = tree_->Current();
+  const bool isLoose = node.kind == DesignNode::Kind::Class && node.key == u"0";
+  enable(u"mnuRemove"_s, u"Remove"_s,
+         (node.kind == DesignNode::Kind::Class && !isLoose) || node.kind == DesignNode::Kind::Table);
+  enable(u"mnuApply"_s, u"Apply"_s, true);
+  enable(u"mnuGiveUp"_s, {}, isChanged);
+  enable(u"mnuUndo"_s, u"Undo"_s, session_.History().canUndo());
+  enable(u"mnuRedo"_s, u"Redo"_s, session_.History().canRedo());
+  QMenu& edit = commands_->Menu(u"mnuEdit"_s);
+  const auto name = [&](const QString& entry, const QString& word, const QString& step) {
+    edit.findChild<QAction*>(entry)->setText(word + (step.isEmpty() ? QString() : u' ' + QString(step).replace(u'&', u"&&"_s)));
+  };
+  name(u"mnuUndo"_s, u"撤消(&U)"_s, session_.History().undoText());
+  name(u"mnuRedo"_s, u"重做(&R)"_s, session_.History().redoText());
+  status_->ShowRecords(isChanged ? u"有未应用的改动"_s : u"与数据库一致"_s);
+}
+
+// A finding names the table first.
+void FrmDesigner::GoToFinding(const DesignFinding& finding) {
+  for (const Design::Table& table : session_.Wanted().tables)
+    if (finding.where.startsWith(design::Shape<Design::Table>::TitleOf(table)))
+      return tree_->GoTo({DesignNode::Kind::Table, table.name});
+  for (const Design::Class& item : session_.Wanted().classes)
+    if (finding.where.startsWith(design::Shape<Design::Class>::TitleOf(item)))
+      return tree_->GoTo({DesignNode::Kind::Class, QString::number(item.id)});
+}
+
+void FrmDesigner::AddClass() {
+  const DesignNode node = tree_->Current();
+  const int parent = node.kind == DesignNode::Kind::Class && node.key != u"0" ? node.key.toInt() : 1;
+  int id = 0;
+  session_.Change(u"新建类别"_s, [&](Design& wanted) { id = design::AddClass(wanted, u"新类别"_s, parent); });
+  tree_->GoTo({DesignNode::Kind::Class, QString::number(id)});
+  classPage_->setFocus();
+}
+
+void FrmDesigner::AddTable() {
+  const DesignNode node = tree_->Current();
+  int classId = 0;
+  if (node.kind == DesignNode::Kind::Class) classId = node.key.toInt();
+  if (const Design::Table* table = design::FindNamed(session_.Wanted().tables, node.key);
+      table && node.kind == DesignNode::Kind::Table)
+    classId = table->classId;
+  NewTableDialog dialog(session_, classId, this);
+  ShowModal(dialog);
+  if (dialog.Added().isEmpty()) return;
+  tree_->GoTo({DesignNode::Kind::Table, dialog.Added()});
+  tablePages_->setCurrentIndex(1);
+  tablePages_->currentWidget()->setFocus();
+}
+
+void FrmDesigner::Remove() {
+  const DesignNode node = tree_->Current();
+  if (node.kind == DesignNode::Kind::Class)
+    session_.Change(u"删去类别"_s, [&](Design& wanted) { design::RemoveClass(wanted, node.key.toInt()); });
+  if (node.kind != DesignNode::Kind::Table) return;
+  const Design::Table table = *design::FindNamed(session_.Wanted().tables, node.key);
+  const bool isDone = session_.Change(u"删去"_s + design::Shape<Design::Table>::TitleOf(table),
+                                      [&](Design& wanted) { design::RemoveTable(wanted, table.name); });
+  if (isDone) status_->ShowNotice(u"表已从设计中删去，数据还在；应用时再问是否删除，现在可以撤消。"_s);
+}
+
+void FrmDesigner::Import() {
+  const QString path = AskForFile({false, u"从文件导入设计"_s, {}, kFilter});
+  if (path.isEmpty()) return;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+    throw DataError(DataErrorKind::File, u"不能读取“%1”：%2"_s.arg(path, file.errorString()));
+  const Design other = ParseDesign(file.readAll());
+  const bool isDone = session_.Change(u"导入设计文件"_s, [&](Design& wanted) { wanted = Joined(wanted, other); });
+  status_->ShowNotice(isDone ? u"已加入文件中的 %1 个表、%2 个字典。"_s.arg(other.tables.size()).arg(other.dictionaries.size())
+                             : u"文件中的内容这里都已有。"_s);
+}
+
+void FrmDesigner::Export() {
+  const DesignNode node = tree_->Current();
+  const bool isTable = node.kind == DesignNode::Kind::Table;
+  const QString path =
+      AskForFile({true, isTable ? u"导出表“%1”的设计"_s.arg(node.key) : u"导出全部设计"_s, {}, kFilter});
+  if (path.isEmpty()) return;
+  const QByteArray text = DesignText(isTable ? ExcerptOf(session_.Wanted(), {node.key}) : session_.Wanted());
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    throw DataError(DataErrorKind::File, u"不能写入“%1”：%2"_s.arg(path, file.errorString()));
+  status_->ShowNotice(u"已导出到“%1”。"_s.arg(path));
+}
+
+bool FrmDesigner::Apply() {
+  if (QWidget* typing = focusWidget()) typing->clearFocus();  // what is being typed counts
+  DesignPlan plan;
+  {
+    const BusyPointer busy;
+    plan = session_.Plan();
+  }
+  if (plan.IsEmpty()) {
+    status_->ShowNotice(u"没有要写入的改动。"_s);
+    return true;
+  }
+  PlanDialog dialog(plan, this);
+  ShowModal(dialog);
+  if (dialog.result() != QDialog::Accepted) return false;
+  const BusyPointer busy;
+  session_.Apply(plan, dialog.Answers());
+  ShowState();
+  status_->ShowNotice(u"已写入 %1 项改动。打开的窗口下次打开时生效。"_s.arg(plan.changes.size()));
+  return true;
+}
+
+void FrmDesigner::ReadAgain() {
+  const BusyPointer busy;
+  const QStringList lost = session_.ReadAgain();
+  if (lost.isEmpty()) return status_->ShowNotice(u"已重新读取。"_s);
+  status_->ShowNotice(u"已重新读取；他人改过相同的内容，您的 %1 项改动以他人的为准：%2"_s.arg(lost.size()).arg(lost.join(u'；')));
+}
+
+void FrmDesigner::GiveUp() { session_.GiveUp(); }
+
+void FrmDesigner::Check() {
+  findings_->CheckAll();
+  status_->ShowNotice(findings_->Troubles() == 0 ? u"检查完毕，没有问题。"_s
+                                                 : u"检查完毕，有 %1 个问题。"_s.arg(findings_->Troubles()));
+}
+
+void FrmDesigner::closeEvent(QCloseEvent* event) {
+  event->accept();
+  RunGuarded([&] {
+    if (QWidget* typing = focusWidget()) typing->clearFocus();
+    if (session_.IsChanged()) {
+      event->ignore();  // also where the question cannot be asked
+      const int answer = ShowMessage(u"有未应用的改动，是否应用？"_s, MessageFlag::YesNoCancel | MessageFlag::Question, kSystemTitle);
+      const bool mayClose = answer == Answer::No || (answer == Answer::Yes && Apply());
+      event->setAccepted(mayClose);
+    }
+    if (!event->isAccepted()) return;
+    KeepSizes(*columns_, kColumnSizes);
+    KeepSizes(*rows_, kRowSizes);
+  });
+}
+
+}  // namespace folvane::designer
