@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <folvane/Designer.h>
 #include <folvane/HostServices.h>
 #include <folvane/Icons.h>
 #include <folvane/Version.h>
@@ -89,7 +90,7 @@ QLayout* StartWindow::Cards() {
     const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_1 + index)));
     auto* button = new EntryButton(Icon(entry.icon), entry.title, entry.line, keys);
     button->setObjectName(entry.name);
-    connect(button, &EntryButton::clicked, this, [this, &entry] { Open(entry); });
+    connect(button, &EntryButton::clicked, this, [this, &entry] { Open(entry.title, [&] { open_(entry); }); });
     grid->addWidget(button, index / 2, index % 2);
     ++index;
   }
@@ -106,6 +107,12 @@ QLayout* StartWindow::Foot() {
     auto* password = Flat(u"口令(&P)..."_s, "CmdPassword", u"collect"_s);
     connect(password, &QPushButton::clicked, this, &StartWindow::SetPassword);
     row->addWidget(password);
+  }
+  if (IsAdministrator(session_.User().id)) {
+    auto* design = Flat(u"设计(&D)..."_s, "CmdDesign", u"mod"_s);
+    design->setToolTip(u"设计登记和归档用的表、录入界面、列表、查询、字典和权限"_s);
+    connect(design, &QPushButton::clicked, this, [this] { Open(u"设计"_s, ShowDesigner); });
+    row->addWidget(design);
   }
   if (IsAdministrator(session_.User().id) && !session_.Database().Choice().file.isEmpty()) {
     auto* copy = Flat(u"备份(&B)..."_s, "CmdCopy", u"save"_s);
@@ -130,11 +137,11 @@ void StartWindow::closeEvent(QCloseEvent* event) {
   Q_EMIT Finished(logOnAgain_);
 }
 
-void StartWindow::Open(const Entry& entry) {
+void StartWindow::Open(const QString& title, const std::function<void()>& open) {
   try {
-    open_(entry);
+    open();
   } catch (const std::exception& error) {
-    QMessageBox box(QMessageBox::Warning, entry.title, u"“%1”未能打开。"_s.arg(entry.title), {}, this);
+    QMessageBox box(QMessageBox::Warning, title, u"“%1”未能打开。"_s.arg(title), {}, this);
     box.setObjectName(u"EntryError"_s);
     box.setInformativeText(QString::fromUtf8(error.what()));
     box.addButton(u"确定"_s, QMessageBox::AcceptRole);

@@ -8,7 +8,7 @@
 
 namespace folvane::host {
 
-/// The six entries of the library, for one user at work in one database.
+/// The six entries of the library, for one user at work in one database; for the administrator the designer too.
 class StartWindow : public QWidget {
   Q_OBJECT
 
@@ -29,7 +29,7 @@ class StartWindow : public QWidget {
   QWidget* Head(const Session& session);
   QLayout* Cards();
   QLayout* Foot();
-  void Open(const Entry& entry);
+  void Open(const QString& title, const std::function<void()>& open);
   void ShowAbout();
   void SetPassword();
   void CopyDatabase();

@@ -55,14 +55,19 @@ const QStringList& FieldTypeNames() {
 }
 
 QString NameFor(const QString& caption, const std::function<bool(const QString& name)>& isTaken) {
+  constexpr int kLongestWord = 20;
   QString base;
   for (const QChar c : caption)
-    if (NameComplaint(base + c).isEmpty() || (!base.isEmpty() && c.isDigit())) base += c;
-  if (!NameComplaint(base).isEmpty()) base = u"F"_s + base;
-  if (!NameComplaint(base).isEmpty()) base = u"F1"_s;
-  QString name = base;
-  for (int number = 2; isTaken(name); ++number) name = base + QString::number(number);
-  return name;
+    if (NameComplaint(u"甲"_s + c).isEmpty() && (!base.isEmpty() || !c.isDigit())) base += c;
+  if (base.isEmpty()) base = u"字段"_s;
+  // A short one that cannot be a name is a word of the databases.
+  if (base.size() < kLongestWord && !NameComplaint(base).isEmpty()) base.prepend(u'F');
+  for (int number = 1;; ++number) {
+    QString stem = base;
+    const QString end = number == 1 ? QString() : QString::number(number);
+    while (stem.size() > 1 && !NameComplaint(stem + end).isEmpty()) stem.chop(1);
+    if (!isTaken(stem + end)) return stem + end;
+  }
 }
 
 void AddToList(Design::Table& table, const Design::Field& field) {

@@ -57,8 +57,12 @@ void DesignSession::Apply(const DesignPlan& plan, const std::vector<LossAnswer>&
   stored_ = ReadDesign(*connection_);
   Design applied = *wanted_;
   PutInOrder(applied);
+  if (stored_ == applied) {
+    history_.setClean();
+    Q_EMIT Changed();  // nothing else is wanted, but it is in the database now
+    return;
+  }
   // Steps back lead to designs without what others did, and would take it away again.
-  if (stored_ == applied) return history_.setClean();
   history_.clear();
   Take(std::make_shared<const Design>(stored_));
 }

@@ -44,7 +44,7 @@ class DesignSession : public QObject {
   void GiveUp();
 
  Q_SIGNALS:
-  /// What is wanted is another design now.
+  /// What is wanted is another design now, or the database holds it now.
   void Changed();
   /// Something to be said in the status line.
   void Told(const QString& text);

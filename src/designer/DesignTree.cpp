@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 using Kind = DesignNode::Kind;
 
 constexpr int kKindRole = Qt::UserRole + 1, kKeyRole = Qt::UserRole + 2;
-constexpr int kDeepest = 50;  ///< classes that are their own parents end somewhere
+constexpr int kDeepest = 50;    ///< classes that are their own parents end somewhere
 const QString kLoose = u"0"_s;  ///< the node of tables that hang under no class of the design
 
 DesignNode NodeOf(const QStandardItem* item) {
@@ -102,7 +102,8 @@ void DesignTree::AddTables(QStandardItem& above, int classId) {
 void DesignTree::AddClasses(QStandardItem& above, int parent, int depth) {
   for (const Design::Class& each : session_.Wanted().classes) {
     if (each.parent != parent || depth > kDeepest) continue;
-    auto* item = NewItem(each.name.isEmpty() ? u"(无名)"_s : each.name, u"close"_s, {Kind::Class, QString::number(each.id)});
+    auto* item =
+        NewItem(each.name.isEmpty() ? u"(无名)"_s : each.name, u"close"_s, {Kind::Class, QString::number(each.id)});
     above.appendRow(item);
     AddClasses(*item, each.id, depth + 1);
     AddTables(*item, each.id);

@@ -40,7 +40,7 @@ ThingColumn<Field> Membership(const QString& title, const QString& tip, std::fun
                               std::vector<Part> Design::Table::*list,
                               void (*add)(Design::Table&, const Design::Field&)) {
   ThingColumn<Field> column;
-  column.look = {title, Kind::Check, 6, {}, tip};
+  column.look = {title, Kind::Check, 5, {}, tip};
   column.read = [table, list](const Field& field) { return table() && IsIn(table()->*list, field.name); };
   column.write = [table, list, add](Design& wanted, Field& field, const QVariant& value) {
     Design::Table& changed = *design::FindNamed(wanted.tables, table()->name);
@@ -84,10 +84,9 @@ ThingRules<Field> FieldsPage::Rules() const {
   return rules;
 }
 
-std::vector<ThingColumn<Field>> FieldsPage::Columns() const {
-  const auto table = [this] { return Table(); };
-  // A field that the database does not have yet is named after its caption, unless it was given a name.
-  auto caption = ColumnOf(&Field::caption, 20);
+// A field that the database does not have yet is named after its caption, unless it was given a name.
+ThingColumn<Field> FieldsPage::CaptionColumn() const {
+  auto caption = ColumnOf(&Field::caption, 18);
   caption.write = [this](Design& wanted, Field& field, const QVariant& value) {
     const QString text = value.toString().trimmed(), name = field.name;
     Design::Table& changed = *design::FindNamed(wanted.tables, TableName());
@@ -99,7 +98,12 @@ std::vector<ThingColumn<Field>> FieldsPage::Columns() const {
     if (isNamedAfter && !IsStored(field))
       design::RenameField(wanted, TableName(), name, design::NameFor(text, isTaken));
   };
-  auto name = ColumnOf(&Field::name, 20);
+  return caption;
+}
+
+std::vector<ThingColumn<Field>> FieldsPage::Columns() const {
+  const auto table = [this] { return Table(); };
+  auto name = ColumnOf(&Field::name, 18);
   name.look.tip = u"数据库中的列名。已经写入数据库的字段不能改名"_s;
   name.write = [this](Design& wanted, Field& field, const QVariant& value) {
     design::RenameField(wanted, TableName(), field.name, value.toString().trimmed());
@@ -114,11 +118,11 @@ std::vector<ThingColumn<Field>> FieldsPage::Columns() const {
     };
     return column;
   };
-  auto type = ChoiceOf(&Field::type, 14, [](int) { return design::FieldTypeNames(); });
-  auto length = ColumnOf(&Field::length, 8);
+  auto type = ChoiceOf(&Field::type, 11, [](int) { return design::FieldTypeNames(); });
+  auto length = ColumnOf(&Field::length, 6);
   length.look.tip = u"最多能输入的长度，一个汉字算两个；0 为不限"_s;
   auto dictionary = ChoiceOf(
-      &Field::dictionary, 14,
+      &Field::dictionary, 12,
       [this](int) {
         QStringList names{QString()};
         for (const Design::Dictionary& each : Session().Wanted().dictionaries) names << each.name;
@@ -126,15 +130,17 @@ std::vector<ThingColumn<Field>> FieldsPage::Columns() const {
       },
       Kind::FreeChoice);
   dictionary.look.tip = u"录入时可选的词条；新的字典在“字典”中填写词条"_s;
-  auto required = ColumnOf(&Field::isRequired, 6);
-  auto fixed = ColumnOf(&Field::isFixedLength, 6);
+  auto required = ColumnOf(&Field::isRequired, 5);
+  auto fixed = ColumnOf(&Field::isFixedLength, 5);
   fixed.look.tip = u"填满长度，或者不填"_s;
-  auto inherited = ColumnOf(&Field::isInherited, 14);
+  auto inherited = ColumnOf(&Field::isInherited, 5);
+  inherited.look.title = u"继承"_s;
   inherited.look.tip = u"新记录取上级记录的值"_s;
-  auto carried = ColumnOf(&Field::isCarried, 14);
+  auto carried = ColumnOf(&Field::isCarried, 5);
+  carried.look.title = u"沿用"_s;
   carried.look.tip = u"新记录取当前记录的值"_s;
   return {
-      caption,
+      CaptionColumn(),
       name,
       following(type),
       following(length),

@@ -16,6 +16,7 @@ class FieldsPage : public DesignPage {
   void Refresh() override;
 
  private:
+  ThingColumn<Design::Field> CaptionColumn() const;
   std::vector<ThingColumn<Design::Field>> Columns() const;
   ThingRules<Design::Field> Rules() const;
   /// Whether the database has the field already, which keeps its name.

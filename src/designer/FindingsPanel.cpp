@@ -41,7 +41,10 @@ QString WordOf(Weight weight) {
 }  // namespace
 
 FindingsPanel::FindingsPanel(DesignSession& session)
-    : session_(session), title_(new QLabel), detail_(new QLabel), view_(new QTreeView),
+    : session_(session),
+      title_(new QLabel),
+      detail_(new QLabel),
+      view_(new QTreeView),
       rows_(new QStandardItemModel(0, 3, this)) {
   setObjectName(u"FindingsPanel"_s);
   title_->setObjectName(u"LblFindings"_s);
@@ -57,7 +60,8 @@ FindingsPanel::FindingsPanel(DesignSession& session)
   view_->setAllColumnsShowFocus(true);
   view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   const int unit = fontMetrics().averageCharWidth();
-  for (const auto& [column, width] : {std::pair{0, 44}, std::pair{1, 44}}) view_->header()->resizeSection(column, unit * width);
+  for (const auto& [column, width] : {std::pair{0, 44}, std::pair{1, 44}})
+    view_->header()->resizeSection(column, unit * width);
   AddEmptyHint(*view_, u"没有发现问题。按 F8 对照数据库再检查一遍。"_s);
 
   mend_ = new QAction(Icon(u"collect"_s), u"改正(&M)"_s, this);
@@ -137,17 +141,20 @@ const DesignFinding* FindingsPanel::Current() const {
 
 void FindingsPanel::ShowCurrent() {
   const DesignFinding* finding = Current();
-  detail_->setText(finding ? u"%1，后果：%2。办法：%3。"_s.arg(finding->what, finding->consequence, finding->remedy) : QString());
+  detail_->setText(finding ? u"%1，后果：%2。办法：%3。"_s.arg(finding->what, finding->consequence, finding->remedy)
+                           : QString());
   detail_->setVisible(finding != nullptr);
   mend_->setEnabled(finding && finding->mend);
-  mend_->setToolTip(PlainTip(finding && finding->mend ? finding->remedy + u" (Ctrl+M)"_s : u"这一项要由您决定怎么改"_s));
-  mendAll_->setEnabled(std::any_of(findings_.begin(), findings_.end(),
-                                   [](const DesignFinding& each) { return bool(each.mend); }));
+  mend_->setToolTip(
+      PlainTip(finding && finding->mend ? finding->remedy + u" (Ctrl+M)"_s : u"这一项要由您决定怎么改"_s));
+  mendAll_->setEnabled(
+      std::any_of(findings_.begin(), findings_.end(), [](const DesignFinding& each) { return bool(each.mend); }));
 }
 
 void FindingsPanel::Mend(const std::vector<const DesignFinding*>& findings) {
   if (findings.empty()) return;
-  const QString words = findings.size() == 1 ? u"改正："_s + findings.front()->what : u"改正 %1 个问题"_s.arg(findings.size());
+  const QString words =
+      findings.size() == 1 ? u"改正："_s + findings.front()->what : u"改正 %1 个问题"_s.arg(findings.size());
   const bool isDone = session_.Change(words, [&](Design& wanted) {
     for (const DesignFinding* finding : findings) finding->mend(wanted);
   });

@@ -5,10 +5,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QSaveFile>
-#include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 #include <folvane/DataError.h>
 #include <folvane/Designer.h>
@@ -17,26 +15,24 @@
 #include "design/Shape.h"
 #include "design/TableEdits.h"
 #include "designer/DesignTree.h"
-#include "designer/DesignerCommands.h"
-#include "designer/FieldsPage.h"
 #include "designer/FindingsPanel.h"
 #include "designer/NewTableDialog.h"
 #include "designer/PlacePage.h"
 #include "designer/PlanDialog.h"
-#include "designer/SearchPage.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
 #include "shell/SharedState.h"
 #include "widgets/BusyPointer.h"
-#include "widgets/KeptSizes.h"
+#include "widgets/WindowCommands.h"
 #include "widgets/WindowStatus.h"
 
 namespace folvane {
 
 void ShowDesigner() {
   RequireApplication();
-  designer::FrmDesigner window(SharedConnection());
+  designer::DesignSession session(SharedConnection());
+  designer::FrmDesigner window(session);
   ShowModal(window);
 }
 
@@ -47,12 +43,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString kColumnSizes = u"FrmDesigner.Columns"_s, kRowSizes = u"FrmDesigner.Rows"_s;
 const QString kFilter = u"设计文件(*.yaml)|*.yaml"_s;
 
 }  // namespace
 
-FrmDesigner::FrmDesigner(std::shared_ptr<folvane::Connection> connection) : session_(std::move(connection)) {
+FrmDesigner::FrmDesigner(DesignSession& session) : session_(session) {
   setObjectName(u"FrmDesigner"_s);
   setWindowTitle(u"设计[*]"_s);
   setWindowIcon(Icon(u"folvane"_s));
@@ -63,52 +58,6 @@ FrmDesigner::FrmDesigner(std::shared_ptr<folvane::Connection> connection) : sess
 }
 
 FrmDesigner::~FrmDesigner() = default;
-
-void FrmDesigner::LayOut() {
-  resize(1180, 740);
-  status_ = new WindowStatus(this);
-  status_->ShowUser(Shared().UserName);
-  setStatusBar(status_);
-  commands_ = std::make_unique<WindowCommands>(*this, DesignerCommands());
-  columns_ = new QSplitter(Qt::Horizontal, this);
-  columns_->setChildrenCollapsible(false);
-  tree_ = new DesignTree(session_, {});
-  tree_->setMinimumWidth(140);
-  rows_ = new QSplitter(Qt::Vertical);
-  findings_ = new FindingsPanel(session_);
-  rows_->addWidget(NewPages());
-  rows_->addWidget(findings_);
-  rows_->setStretchFactor(0, 1);
-  columns_->addWidget(tree_);
-  columns_->addWidget(rows_);
-  columns_->setStretchFactor(1, 1);
-  setCentralWidget(columns_);
-  RestoreSizes(*columns_, kColumnSizes, {230, 950});
-  RestoreSizes(*rows_, kRowSizes, {500, 160});
-}
-
-QWidget* FrmDesigner::NewPages() {
-  pages_ = new QStackedWidget;
-  intro_ = new QLabel;
-  intro_->setObjectName(u"LblIntro"_s);
-  intro_->setAlignment(Qt::AlignCenter);
-  intro_->setWordWrap(true);
-  pages_->addWidget(intro_);
-  classPage_ = new ClassPage(session_);
-  pages_->addWidget(classPage_);
-  tablePages_ = new QTabWidget;
-  tablePages_->setObjectName(u"TabTable"_s);
-  AddTablePage(new TablePage(session_), u"表(&1)"_s);
-  AddTablePage(new FieldsPage(session_), u"字段(&2)"_s);
-  AddTablePage(new SearchPage(session_), u"查询(&5)"_s);
-  tablePages_->setCurrentIndex(1);
-  pages_->addWidget(tablePages_);
-  return pages_;
-}
-
-void FrmDesigner::AddTablePage(DesignPage* page, const QString& title) { tablePages_->addTab(page, title); }
-
-void FrmDesigner::AddPage(DesignPage* page) { pages_->addWidget(page); }
 
 void FrmDesigner::Connect() {
   commands_->OnEntry(u"mnuNewClass"_s, [this] { AddClass(); });
@@ -149,11 +98,12 @@ void FrmDesigner::ShowChosen() {
 
 void FrmDesigner::ShowState() {
   const Design& wanted = session_.Wanted();
-  intro_->setText(u"这里设计登记和归档用的表：%1 个类别，%2 个表，%3 个字典。\n\n"
-                  "在左边选一个表，或按 Ctrl+N 新建一个。改动在应用 (Ctrl+S) 之前都不写入数据库，随时可以撤消。"_s
-                      .arg(wanted.classes.size())
-                      .arg(wanted.tables.size())
-                      .arg(wanted.dictionaries.size()));
+  intro_->setText(
+      u"这里设计登记和归档用的表：%1 个类别，%2 个表，%3 个字典。\n\n"
+      "在左边选一个表，或按 Ctrl+N 新建一个。改动在应用 (Ctrl+S) 之前都不写入数据库，随时可以撤消。"_s
+          .arg(wanted.classes.size())
+          .arg(wanted.tables.size())
+          .arg(wanted.dictionaries.size()));
   const bool isChanged = session_.IsChanged();
   setWindowModified(isChanged);
   const auto enable = [this](const QString& entry, const QString& key, bool on) {
@@ -170,7 +120,8 @@ void FrmDesigner::ShowState() {
   enable(u"mnuRedo"_s, u"Redo"_s, session_.History().canRedo());
   QMenu& edit = commands_->Menu(u"mnuEdit"_s);
   const auto name = [&](const QString& entry, const QString& word, const QString& step) {
-    edit.findChild<QAction*>(entry)->setText(word + (step.isEmpty() ? QString() : u' ' + QString(step).replace(u'&', u"&&"_s)));
+    edit.findChild<QAction*>(entry)->setText(
+        word + (step.isEmpty() ? QString() : u' ' + QString(step).replace(u'&', u"&&"_s)));
   };
   name(u"mnuUndo"_s, u"撤消(&U)"_s, session_.History().undoText());
   name(u"mnuRedo"_s, u"重做(&R)"_s, session_.History().redoText());
@@ -230,8 +181,9 @@ void FrmDesigner::Import() {
     throw DataError(DataErrorKind::File, u"不能读取“%1”：%2"_s.arg(path, file.errorString()));
   const Design other = ParseDesign(file.readAll());
   const bool isDone = session_.Change(u"导入设计文件"_s, [&](Design& wanted) { wanted = Joined(wanted, other); });
-  status_->ShowNotice(isDone ? u"已加入文件中的 %1 个表、%2 个字典。"_s.arg(other.tables.size()).arg(other.dictionaries.size())
-                             : u"文件中的内容这里都已有。"_s);
+  status_->ShowNotice(
+      isDone ? u"已加入文件中的 %1 个表、%2 个字典。"_s.arg(other.tables.size()).arg(other.dictionaries.size())
+             : u"文件中的内容这里都已有。"_s);
 }
 
 void FrmDesigner::Export() {
@@ -272,7 +224,8 @@ void FrmDesigner::ReadAgain() {
   const BusyPointer busy;
   const QStringList lost = session_.ReadAgain();
   if (lost.isEmpty()) return status_->ShowNotice(u"已重新读取。"_s);
-  status_->ShowNotice(u"已重新读取；他人改过相同的内容，您的 %1 项改动以他人的为准：%2"_s.arg(lost.size()).arg(lost.join(u'；')));
+  status_->ShowNotice(
+      u"已重新读取；他人改过相同的内容，您的 %1 项改动以他人的为准：%2"_s.arg(lost.size()).arg(lost.join(u'；')));
 }
 
 void FrmDesigner::GiveUp() { session_.GiveUp(); }
@@ -289,13 +242,13 @@ void FrmDesigner::closeEvent(QCloseEvent* event) {
     if (QWidget* typing = focusWidget()) typing->clearFocus();
     if (session_.IsChanged()) {
       event->ignore();  // also where the question cannot be asked
-      const int answer = ShowMessage(u"有未应用的改动，是否应用？"_s, MessageFlag::YesNoCancel | MessageFlag::Question, kSystemTitle);
+      const int answer =
+          ShowMessage(u"有未应用的改动，是否应用？"_s, MessageFlag::YesNoCancel | MessageFlag::Question, kSystemTitle);
       const bool mayClose = answer == Answer::No || (answer == Answer::Yes && Apply());
       event->setAccepted(mayClose);
     }
     if (!event->isAccepted()) return;
-    KeepSizes(*columns_, kColumnSizes);
-    KeepSizes(*rows_, kRowSizes);
+    KeepSplitters();
   });
 }
 

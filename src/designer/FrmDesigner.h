@@ -25,11 +25,8 @@ class FindingsPanel;
 /// The designer: what there is on the left, the chosen table or part on the right, what is wrong beneath.
 class FrmDesigner : public QMainWindow {
  public:
-  /// @throws DataError where the design cannot be read
-  explicit FrmDesigner(std::shared_ptr<folvane::Connection> connection);
+  explicit FrmDesigner(DesignSession& session);
   ~FrmDesigner() override;
-
-  DesignSession& Session() { return session_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -39,6 +36,7 @@ class FrmDesigner : public QMainWindow {
   QWidget* NewPages();
   void AddTablePage(DesignPage* page, const QString& title);
   void AddPage(DesignPage* page);
+  void KeepSplitters() const;
   void Connect();
   void ShowChosen();
   void ShowState();
@@ -54,7 +52,7 @@ class FrmDesigner : public QMainWindow {
   void GiveUp();
   void Check();
 
-  DesignSession session_;
+  DesignSession& session_;
   std::unique_ptr<WindowCommands> commands_;
   WindowStatus* status_;
   DesignTree* tree_;

@@ -28,7 +28,11 @@ bool IsTableName(const Design& design, const QString& name) {
 }  // namespace
 
 NewTableDialog::NewTableDialog(DesignSession& session, int classId, QWidget* parent)
-    : QDialog(parent), session_(session), txtCaption_(new QLineEdit), txtName_(new QLineEdit), cboClass_(new QComboBox),
+    : QDialog(parent),
+      session_(session),
+      txtCaption_(new QLineEdit),
+      txtName_(new QLineEdit),
+      cboClass_(new QComboBox),
       cboLike_(new QComboBox) {
   setObjectName(u"NewTableDialog"_s);
   setWindowTitle(u"新建表"_s);

@@ -8,8 +8,8 @@
 #include <folvane/DataError.h>
 
 #include "design/Names.h"
-#include "design/TableEdits.h"
 #include "design/Shape.h"
+#include "design/TableEdits.h"
 #include "shell/EventGuard.h"
 #include "widgets/ViewHint.h"
 
@@ -84,9 +84,9 @@ TablePage::TablePage(DesignSession& session) : DesignPage(session, u"TablePage"_
   lblSums_ = NewHint({}, this);
   rows->addRow(lblSums_);
   const int width = fontMetrics().averageCharWidth() * 40;
-  for (QWidget* box : {static_cast<QWidget*>(txtCaption_), static_cast<QWidget*>(txtName_),
-                       static_cast<QWidget*>(cboKind_), static_cast<QWidget*>(cboClass_),
-                       static_cast<QWidget*>(cboParent_), static_cast<QWidget*>(cboRelation_)})
+  for (QWidget* box :
+       {static_cast<QWidget*>(txtCaption_), static_cast<QWidget*>(txtName_), static_cast<QWidget*>(cboKind_),
+        static_cast<QWidget*>(cboClass_), static_cast<QWidget*>(cboParent_), static_cast<QWidget*>(cboRelation_)})
     box->setMinimumWidth(width);
   setFocusProxy(txtCaption_);
 
@@ -94,7 +94,8 @@ TablePage::TablePage(DesignSession& session) : DesignPage(session, u"TablePage"_
     ChangeTable(u"修改表的标题"_s, [&](Design::Table& table) { table.caption = txtCaption_->text().trimmed(); });
   });
   ConnectGuarded(txtName_, &QLineEdit::editingFinished, this, &TablePage::Rename);
-  const auto take = [this](QComboBox* box, const QString& words, std::function<void(Design::Table&, const QVariant&)> set) {
+  const auto take = [this](QComboBox* box, const QString& words,
+                           std::function<void(Design::Table&, const QVariant&)> set) {
     ConnectGuarded(box, &QComboBox::activated, this, [this, box, words, set] {
       ChangeTable(words, [&](Design::Table& table) { set(table, box->currentData()); });
     });
@@ -107,7 +108,8 @@ TablePage::TablePage(DesignSession& session) : DesignPage(session, u"TablePage"_
     const Design::Table* parent = design::FindNamed(Session().Wanted().tables, table.parent);
     if (!parent) return;
     for (const Design::Field& field : table.fields)
-      if (table.relationField.isEmpty() && design::FindNamed(parent->fields, field.name)) table.relationField = field.name;
+      if (table.relationField.isEmpty() && design::FindNamed(parent->fields, field.name))
+        table.relationField = field.name;
   });
   take(cboRelation_, u"修改关联字段"_s,
        [](Design::Table& table, const QVariant& value) { table.relationField = value.toString(); });

@@ -73,7 +73,8 @@ PlanDialog::PlanDialog(const DesignPlan& plan, QWidget* parent) : QDialog(parent
 QWidget* PlanDialog::NewLosses(const DesignPlan& plan) {
   auto* inside = new QWidget;
   auto* rows = new QGridLayout(inside);
-  rows->addWidget(NewHint(u"下面的内容不在新的设计中。保留的表和列仍在数据库里，只是窗口中不再出现。"_s, this), 0, 0, 1, 2);
+  rows->addWidget(NewHint(u"下面的内容不在新的设计中。保留的表和列仍在数据库里，只是窗口中不再出现。"_s, this), 0, 0, 1,
+                  2);
   int row = 0;
   for (const DesignLoss& loss : plan.losses) {
     auto* words = new QLabel(loss.words);
@@ -106,8 +107,8 @@ std::vector<LossAnswer> PlanDialog::Answers() const {
 }
 
 void PlanDialog::Enable() {
-  const bool isAnswered = std::all_of(answers_.begin(), answers_.end(),
-                                      [](const QComboBox* answer) { return answer->currentIndex() > 0; });
+  const bool isAnswered =
+      std::all_of(answers_.begin(), answers_.end(), [](const QComboBox* answer) { return answer->currentIndex() > 0; });
   ok_->setEnabled(isAnswered);
   ok_->setToolTip(isAnswered ? QString() : u"请先选择怎样处理将丢失的数据"_s);
 }

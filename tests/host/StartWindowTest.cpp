@@ -47,6 +47,19 @@ TEST_P(StartWindowTest, EveryCardAndItsKeysOpenTheEntryOfTheName) {
   EXPECT_EQ(opened, expected);
 }
 
+TEST_P(StartWindowTest, TheDesignerIsTheAdministratorsAlone) {
+  const Session session = LogOn();
+  StartWindow window(session, [](const Entry&) {});
+  window.show();
+  bool isOpen = false;
+  WithWindow(u"FrmDesigner"_s, [&](QWidget& designer) { isOpen = designer.isVisible(); });
+  Click(Find(window, u"CmdDesign"_s));
+  EXPECT_TRUE(isOpen);
+  const Session other(host::HostDatabase::Open(Choice()), u"2"_s, host::kLocal);
+  const StartWindow clerks(other, [](const Entry&) {});
+  EXPECT_EQ(clerks.findChild<QWidget*>(u"CmdDesign"_s), nullptr);
+}
+
 TEST_P(StartWindowTest, EveryControlHasANameForScreenReaders) {
   const Session session = LogOn();
   StartWindow window(session, [](const Entry&) {});
