@@ -6,10 +6,11 @@
 
 namespace folvane::design {
 namespace {
+using namespace Qt::Literals::StringLiterals;
 
 using Control = Design::Control;
 
-constexpr int kText = 1, kDate = 4, kAgencyCode = 8, kArchiveDate = 9;
+constexpr int kText = 1, kDate = 4, kFondsCode = 6, kClassCode = 7, kAgencyCode = 8, kArchiveDate = 9;
 constexpr int kLongText = 100;  ///< bytes that are better shown in several lines
 
 // Twips.
@@ -59,6 +60,10 @@ bool Overlap(const Control& one, const Control& other) {
 }
 
 int ControlTypeFor(const Design::Field& field) {
+  // Columns with a meaning of their own; the day of registration is a text.
+  if (IsSame(field.name, u"CreatedDate"_s)) return kDate;
+  if (IsSame(field.name, u"FondsNo"_s)) return kFondsCode;
+  if (IsSame(field.name, u"AecNo"_s)) return kClassCode;
   if (field.type == u"日期型" || field.type == u"时间型") return kDate;
   if (field.type.startsWith(u"档案日期")) return kArchiveDate;
   if (!field.dictionary.isEmpty()) return kComboControl;

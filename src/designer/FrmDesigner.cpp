@@ -19,6 +19,8 @@
 #include "designer/NewTableDialog.h"
 #include "designer/PlacePage.h"
 #include "designer/PlanDialog.h"
+#include "entry/RegFormulaFile.h"
+#include "entry/RegIdRule.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/ModalWindow.h"
@@ -42,6 +44,15 @@ namespace folvane::designer {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+// A table that is new counts its records by the year unless somebody has said otherwise.
+void NumberNewTables(const DesignPlan& plan) {
+  for (const Design::Table& table : plan.wanted.tables) {
+    const auto has = [&](const QString& field) { return design::FindNamed(table.fields, field) != nullptr; };
+    if (design::FindNamed(plan.base.tables, table.name) || !has(u"RegID"_s) || !has(u"CreatedDate"_s)) continue;
+    if (!StoredRegFormula(table.name)) StoreRegFormula(table.name, RegFormula::CreatedDate);
+  }
+}
 
 const QString kFilter = u"设计文件(*.yaml)|*.yaml"_s;
 
@@ -217,6 +228,7 @@ bool FrmDesigner::Apply() {
   session_.Apply(plan, dialog.Answers());
   ShowState();
   status_->ShowNotice(u"已写入 %1 项改动。打开的窗口下次打开时生效。"_s.arg(plan.changes.size()));
+  NumberNewTables(plan);
   return true;
 }
 

@@ -1,15 +1,19 @@
 #include "designer/PlacePage.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 
 #include <folvane/DataError.h>
+#include <folvane/HostServices.h>
 
 #include "design/Names.h"
 #include "design/Shape.h"
 #include "design/TableEdits.h"
+#include "entry/RegFormulaFile.h"
+#include "entry/RegIdRule.h"
 #include "shell/EventGuard.h"
 #include "widgets/ViewHint.h"
 
@@ -57,6 +61,31 @@ QString PathOf(const Design& design, const Design::Class& item) {
   return path;
 }
 
+/// A way of numbering records, with the field whose year it counts in.
+struct Numbering {
+  int formula;
+  QString words, field;
+};
+
+const std::vector<Numbering>& Numberings() {
+  static const std::vector<Numbering> all{
+      {RegFormula::None, u"不自动编号"_s, {}},
+      {RegFormula::CreatedDate, u"按登记日期的年度，每年从 1 编起"_s, u"CreatedDate"_s},
+      {RegFormula::CreatedDateAndRights, u"按登记日期的年度，在各人权限范围内编"_s, u"CreatedDate"_s},
+      {RegFormula::FileDate, u"按成文日期的年度，每年从 1 编起"_s, u"FileDate"_s},
+      {RegFormula::FileDateAndRights, u"按成文日期的年度，在各人权限范围内编"_s, u"FileDate"_s},
+      {RegFormula::DocNo, u"取文件编号中的顺序号"_s, {}},
+      {RegFormula::BrowserCondition, u"在登记窗口列出的记录中编"_s, {}},
+      {RegFormula::AutoNumber, u"由数据库编号，或沿用上一份加 1"_s, {}}};
+  return all;
+}
+
+Numbering NumberingOf(int formula) {
+  for (const Numbering& each : Numberings())
+    if (each.formula == formula) return each;
+  return {formula, {}, {}};
+}
+
 QFormLayout* NewRows(QWidget& page) {
   auto* rows = new QFormLayout(&page);
   rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
@@ -81,12 +110,19 @@ TablePage::TablePage(DesignSession& session) : DesignPage(session, u"TablePage"_
   cboRelation_ = AddChoice(*rows, u"CboTableRelation"_s, u"关联字段(&R)"_s);
   cboParent_->setToolTip(u"例如案卷是卷内文件的上级表：在案卷中打开的是它自己的文件"_s);
   cboRelation_->setToolTip(u"两个表都有、值相同的字段"_s);
+  cboNumbering_ = AddChoice(*rows, u"CboNumbering"_s, u"登记号(&G)"_s);
+  cboNumbering_->setToolTip(u"登记号 RegID 怎样编。写在程序目录的 RegIDFormula.Ini 中，立即生效，不随应用写入数据库"_s);
+  for (const Numbering& each : Numberings()) cboNumbering_->addItem(each.words, each.formula);
+  lblNext_ = NewHint({}, this);
+  lblNext_->setObjectName(u"LblNext"_s);
+  rows->addRow(QString(), lblNext_);
   lblSums_ = NewHint({}, this);
   rows->addRow(lblSums_);
   const int width = fontMetrics().averageCharWidth() * 40;
   for (QWidget* box :
        {static_cast<QWidget*>(txtCaption_), static_cast<QWidget*>(txtName_), static_cast<QWidget*>(cboKind_),
-        static_cast<QWidget*>(cboClass_), static_cast<QWidget*>(cboParent_), static_cast<QWidget*>(cboRelation_)})
+        static_cast<QWidget*>(cboClass_), static_cast<QWidget*>(cboParent_), static_cast<QWidget*>(cboRelation_),
+        static_cast<QWidget*>(cboNumbering_)})
     box->setMinimumWidth(width);
   setFocusProxy(txtCaption_);
 
@@ -94,6 +130,7 @@ TablePage::TablePage(DesignSession& session) : DesignPage(session, u"TablePage"_
     ChangeTable(u"修改表的标题"_s, [&](Design::Table& table) { table.caption = txtCaption_->text().trimmed(); });
   });
   ConnectGuarded(txtName_, &QLineEdit::editingFinished, this, &TablePage::Rename);
+  ConnectGuarded(cboNumbering_, &QComboBox::activated, this, &TablePage::TakeNumbering);
   const auto take = [this](QComboBox* box, const QString& words,
                            std::function<void(Design::Table&, const QVariant&)> set) {
     ConnectGuarded(box, &QComboBox::activated, this, [this, box, words, set] {
@@ -113,6 +150,30 @@ TablePage::TablePage(DesignSession& session) : DesignPage(session, u"TablePage"_
   });
   take(cboRelation_, u"修改关联字段"_s,
        [](Design::Table& table, const QVariant& value) { table.relationField = value.toString(); });
+}
+
+// The next number is that of a record of today.
+void TablePage::ShowNumbering(const Design::Table& table) {
+  const bool hasNumber = design::FindNamed(table.fields, u"RegID"_s) != nullptr;
+  const Numbering now = NumberingOf(StoredRegFormula(table.name).value_or(RegFormula::None));
+  cboNumbering_->setEnabled(hasNumber);
+  ShowChoice(*cboNumbering_, now.formula, u"第 %1 种"_s.arg(now.formula));
+  lblNext_->clear();
+  if (!hasNumber) return lblNext_->setText(u"表中没有字段 RegID，没有登记号。"_s);
+  if (now.field.isEmpty()) return;
+  if (!design::FindNamed(table.fields, now.field))
+    return lblNext_->setText(u"这种编法要有字段 %1，表中没有，保存时会出错。"_s.arg(now.field));
+  const Design::Table* stored = design::FindNamed(Session().Stored().tables, table.name);
+  if (!stored || !design::FindNamed(stored->fields, now.field)) return;
+  const int next = NextRegId({table.name, now.formula, {}, {}}, now.field, Services().now().toString(u"yyyy"_s));
+  lblNext_->setText(u"今天登记的下一份编为 %1。"_s.arg(next));
+}
+
+void TablePage::TakeNumbering() {
+  if (!Table()) return;
+  StoreRegFormula(Table()->name, cboNumbering_->currentData().toInt());
+  Q_EMIT Session().Told(u"登记号的编法已写入 %1。"_s.arg(QDir::toNativeSeparators(RegFormulaPath())));
+  Refresh();
 }
 
 void TablePage::Rename() {
@@ -154,6 +215,7 @@ void TablePage::Refresh() {
         cboRelation_->addItem(u"%1 (%2)"_s.arg(field.caption, field.name), field.name);
   ShowChoice(*cboRelation_, table->relationField, table->relationField);
   cboRelation_->setEnabled(!table->parent.isEmpty());
+  ShowNumbering(*table);
   lblSums_->setText(u"%1 个字段，其中 %2 个在录入界面中，%3 个在列表中，%4 个可以查询。%5"_s.arg(table->fields.size())
                         .arg(std::count_if(table->controls.begin(), table->controls.end(),
                                            [](const Design::Control& control) { return !control.field.isEmpty(); }))

@@ -19,10 +19,12 @@ class TablePage : public DesignPage {
 
  private:
   void Rename();
+  void ShowNumbering(const Design::Table& table);
+  void TakeNumbering();
 
   QLineEdit *txtCaption_, *txtName_;
-  QComboBox *cboKind_, *cboClass_, *cboParent_, *cboRelation_;
-  QLabel* lblSums_;
+  QComboBox *cboKind_, *cboClass_, *cboParent_, *cboRelation_, *cboNumbering_;
+  QLabel *lblNext_, *lblSums_;
 };
 
 /// What a class is called, and under which one it stands.

@@ -10,6 +10,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kFormulaBuffer = 5;
+const QString kSection = u"RegFormula"_s;
 
 QStringList Heading() {
   const QString line = u"#--------------------------------------------------------------"_s;
@@ -45,13 +46,25 @@ QStringList Heading() {
           QString()};
 }
 
+TableProfile Profile() { return {RegFormulaPath(), kSection, Heading(), kFormulaBuffer}; }
+
 }  // namespace
 
 QString RegFormulaPath() { return ProgramFile(u"RegIDFormula.Ini"_s); }
 
 int LoadRegFormula(const QString& table, const Recordset& records) {
   if (!FieldExists(records, u"RegID"_s)) return 0;
-  return ToInteger(TableProfile{RegFormulaPath(), u"RegFormula"_s, Heading(), kFormulaBuffer}.Read(table));
+  return ToInteger(Profile().Read(table));
+}
+
+std::optional<int> StoredRegFormula(const QString& table) {
+  const QString text = ProfileFile(RegFormulaPath()).Read(kSection, table, {}, kFormulaBuffer);
+  return text.isEmpty() ? std::nullopt : std::optional(ToInteger(text));
+}
+
+void StoreRegFormula(const QString& table, int formula) {
+  Profile().Read(table);  // makes the file with its explanations
+  ProfileFile(RegFormulaPath()).Write(kSection, table, QString::number(formula));
 }
 
 }  // namespace folvane

@@ -122,6 +122,13 @@ TEST(TableEditsTest, NewFieldsStandOnTheFormWithoutHidingEachOther) {
   EXPECT_THAT(CheckDesign(whole), IsEmpty());
 }
 
+TEST(TableEditsTest, ColumnsWithAMeaningOfTheirOwnGetTheirControls) {
+  const Design::Table table = design::NewTable(u"T"_s, u"表"_s, 2, nullptr);
+  EXPECT_EQ(ControlOf(table, u"CreatedDate"_s)->type, 4) << "a new record has today there";
+  EXPECT_EQ(design::ControlTypeFor({u"fondsno"_s, u"全宗"_s, u"文本型"_s, 4, {}}), 6);
+  EXPECT_EQ(design::ControlTypeFor({u"AecNo"_s, u"类别"_s, u"文本型"_s, 4, {}}), 7);
+}
+
 TEST(TableEditsTest, AControlFollowsItsFieldUnlessItWasChosen) {
   Design::Table table = design::NewTable(u"T"_s, u"表"_s, 2, nullptr);
   for (const QString& name : {u"A"_s, u"B"_s, u"C"_s}) {

@@ -32,8 +32,8 @@ class DesignerTest : public WithSmallDesign {
   /// Chooses a node of the tree by its text.
   static void Choose(QWidget& window, const QString& node) {
     auto& tree = Find<QAbstractItemView>(window, QStringLiteral("TreDesign"));
-    const auto found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, node, 1,
-                                           Qt::MatchExactly | Qt::MatchRecursive);
+    const auto found =
+        tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, node, 1, Qt::MatchExactly | Qt::MatchRecursive);
     ASSERT_FALSE(found.isEmpty()) << node.toStdString();
     tree.setCurrentIndex(found.first());
   }
@@ -62,6 +62,7 @@ class DesignerTest : public WithSmallDesign {
     QAbstractItemModel& model = *Find<QAbstractItemView>(window, grid).model();
     return model.setData(model.index(row, column), value, role);
   }
+  const TempProgramDirectory directory_;
 };
 
 }  // namespace folvane::test

@@ -18,7 +18,6 @@ namespace folvane::test {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-
 using testing::IsEmpty;
 
 class FrmDesignerTest : public DesignerTest {
@@ -295,6 +294,24 @@ TEST_P(FrmDesignerTest, ClassesAreMadeNamedAndTakenOut) {
   EXPECT_EQ(stored.classes.back().name, u"急件");
   EXPECT_EQ(stored.classes.back().parent, 2);
   EXPECT_EQ(TableOf(stored, u"Lwdj"_s).classId, stored.classes.back().id);
+}
+
+TEST_P(FrmDesignerTest, ANewTableIsNumberedByTheYearAndTheWayCanBeChosen) {
+  Open([&](QWidget& window) {
+    Choose(window, u"收文管理"_s);
+    NewTable(window, u"合同登记"_s);
+    Apply(window);
+    EXPECT_THAT(QString::fromLatin1(directory_.Read(u"RegIDFormula.Ini"_s).right(5)), Says(u"=2"_s));
+    Database().Native(u"insert into 合同登记 (ArchiveID, RegID, CreatedDate) values ('1', 6, '%1-01-02')"_s.arg(
+        QDate::currentDate().year()));
+    ShowPage(window, u"TablePage"_s);
+    EXPECT_EQ(TextIn(window, u"LblNext"_s), u"今天登记的下一份编为 7。");
+    auto& numbering = Find<QComboBox>(window, u"CboNumbering"_s);
+    numbering.setCurrentIndex(numbering.findData(5));
+    Q_EMIT numbering.activated(numbering.currentIndex());
+    EXPECT_THAT(QString::fromLatin1(directory_.Read(u"RegIDFormula.Ini"_s).right(5)), Says(u"=5"_s));
+    EXPECT_THAT(TextIn(window, u"LblNext"_s), Says(u"FileDate"_s));
+  });
 }
 
 TEST_P(FrmDesignerTest, CellsFromASpreadsheetArePastedAsOneStep) {
