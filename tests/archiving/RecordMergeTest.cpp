@@ -84,6 +84,16 @@ TEST_P(RecordMergeTest, AMergedRecordIsNoLongerArchivedAndNothingIsDeleted) {
   EXPECT_THAT(progress_, ElementsAre(u"0/2"_s, u"1/2"_s));
 }
 
+TEST_P(RecordMergeTest, AKeyWithAQuoteIsThatOfItsRecordAndOfItsOriginals) {
+  AddOriginal(2, 1);
+  design_->Run(u"update Lwdj set ArchiveID='o''x' where ArchiveID='"_s + Key(2) + u"'"_s);
+  design_->Run(u"update Original_Text set RecordID='o''x'"_s);
+  RecordMerge(u"Lwdj"_s, Key(1)).Merge({u"o'x"_s}, [](int, int) {});
+  EXPECT_EQ(design_->Value(u"select FileStatus from Lwdj where ArchiveID='o''x'"_s), u"不归档"_s);
+  EXPECT_EQ(design_->Value(u"select Note from Lwdj where ArchiveID='o''x'"_s), u"旧已合并件"_s);
+  EXPECT_THAT(OriginalsOf(1), ElementsAre(u"2 2-1 正文2-1<合并件>"_s));
+}
+
 TEST_P(RecordMergeTest, ANoteOfNullStaysNull) {
   design_->Run(u"update Lwdj set Note=null"_s);
   Merge({2});
