@@ -172,5 +172,42 @@ TEST(ValuesThatFitAColumn, GuidsInBraces) {
   EXPECT_EQ(HeldInteger(AdoType::Guid, 5), kDoesNotFit);
 }
 
+TEST(ValuesThatFitAColumn, DaysAtMidnight) {
+  const ColumnDescriptor column = Column(AdoType::DbDate);
+  for (const char* text : {"2002-03-04", "2002/3/4", "20020304", "2002-03-04 00:00", "2002-03-04T00:00:00.000"})
+    EXPECT_EQ(Held(column, text), "2002-03-04") << text;
+  EXPECT_EQ(Held(column, "-0005-12-31"), "-0005-12-31");
+  EXPECT_EQ(Held(column, "+32767-12-31"), "+32767-12-31");
+  for (const char* text : {"2002-03-04 00:00:01", "2002-03-04 00:01", "2002-03-04 01:00", "2002-03-04 00:00:00.5",
+                           "2002-02-29", "+32768-01-01", "下周", "2002-03-04x00:00"})
+    EXPECT_EQ(Held(column, text), kDoesNotFit) << text;
+  EXPECT_EQ(HeldInteger(AdoType::DbDate, 20020304), kDoesNotFit);
+}
+
+TEST(ValuesThatFitAColumn, TimesOfDayToTheSecond) {
+  const ColumnDescriptor column = Column(AdoType::DbTime);
+  EXPECT_EQ(Held(column, "23:59:59"), "23:59:59");
+  EXPECT_EQ(Held(column, "05:06"), "05:06:00");
+  EXPECT_EQ(Held(column, "05:06:07.0"), "05:06:07");
+  for (const char* text :
+       {"05:06:07.5", "24:00:00", "05:60:00", "05:06:60", "5:06:07", "05-06-07", "05:06:", "05:06:07.", "05:06:07 "})
+    EXPECT_EQ(Held(column, text), kDoesNotFit) << text;
+}
+
+TEST(ValuesThatFitAColumn, MomentsWithTheFractionsThatTheirTypeKnows) {
+  const auto held = [](int type, const char* text) { return Held(Column(type), text); };
+  EXPECT_EQ(held(AdoType::DbTimeStamp, "2002-03-04 05:06:07.123456789"), "2002-03-04T05:06:07.123456789");
+  EXPECT_EQ(held(AdoType::DbTimeStamp, "2002/3/4 5:06:07"), "2002-03-04T05:06:07");
+  EXPECT_EQ(held(AdoType::DbTimeStamp, "2002/3/4 5:06:07.5"), kDoesNotFit);
+  EXPECT_EQ(held(AdoType::DbTimeStamp, "2002-03-04 05:06:07 x"), kDoesNotFit);
+  EXPECT_EQ(held(AdoType::Date, "2002-03-04 05:06:07.125"), "2002-03-04T05:06:07.125");
+  EXPECT_EQ(held(AdoType::Date, "1899-12-29 18:00:00"), "1899-12-29T18:00:00");
+  EXPECT_EQ(held(AdoType::Date, "2002-03-04 05:06:07.1255"), kDoesNotFit);
+  EXPECT_EQ(held(AdoType::FileTime, "2002-03-04 05:06:07.1234567"), "2002-03-04T05:06:07.1234567");
+  EXPECT_EQ(held(AdoType::FileTime, "1601-01-01"), "1601-01-01T00:00:00");
+  EXPECT_EQ(held(AdoType::FileTime, "1600-12-31"), kDoesNotFit);
+  EXPECT_EQ(held(AdoType::FileTime, "2002-03-04 05:06:07.12345678"), kDoesNotFit);
+}
+
 }  // namespace
 }  // namespace folvane::test
