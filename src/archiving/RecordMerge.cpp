@@ -32,7 +32,7 @@ RecordMerge::RecordMerge(QString table, const QString& target) : table_(std::mov
   Recordset originals;
   originals.Open(u"Select Max(FileOrder) From Original_Text Where RecordID = '"_s + target_ + u"'"_s,
                  SharedConnection(), CursorType::Static, LockType::ReadOnly);
-  if (!originals.EOF_()) nextFileOrder_ = OrderBehind(originals.Fields().Item(0).Text());
+  nextFileOrder_ = OrderBehind(originals.Fields().Item(0).Text());
 }
 
 QString RecordMerge::SearchStatement(const QString& where) const {

@@ -5,6 +5,7 @@
 #include "archiving/MergeFixture.h"
 #include "archiving/RecordMerge.h"
 #include "base/TypedValues.h"
+#include "data/Recordset.h"
 
 namespace folvane::test {
 namespace {
@@ -156,6 +157,26 @@ TEST_P(RecordMergeTest, NothingTickedChangesNothing) {
 TEST_P(RecordMergeTest, AnOrderBeyondSixteenBitsIsAnError) {
   AddOriginal(1, 32767);
   EXPECT_THROW(RecordMerge(u"Lwdj"_s, Key(1)), NumberError);
+}
+
+TEST_P(RecordMergeTest, AnOriginalWithoutAnOrderIsNotCopied) {
+  AddOriginal(2, 1);
+  AddOriginal(2, 2);
+  design_->Run(u"update Original_Text set FileOrder=null where ID='2-1'"_s);
+  Merge({2});
+  EXPECT_THAT(OriginalsOf(1), ElementsAre(u"3 2-2 正文2-2<合并件>"_s));
+  EXPECT_EQ(outcome_, u"已将 1 份记录合并一件"_s);
+}
+
+TEST_P(RecordMergeTest, AnAlternativeInTheConditionDoesNotLetTheSurvivorIn) {
+  const RecordMerge merge(u"Lwdj"_s, Key(1));
+  Recordset found;
+  found.Open(merge.SearchStatement(u"RegID = 2 Or RegID < 4"_s), Connected(), CursorType::Static, LockType::ReadOnly);
+  EXPECT_EQ(found.RecordCount(), 3);
+  merge.LeaveOutSurvivor(found);
+  EXPECT_EQ(found.RecordCount(), 2);
+  found.Find(u"ArchiveID = '"_s + Key(1) + u"'"_s);
+  EXPECT_TRUE(found.EOF_());
 }
 
 TEST_P(RecordMergeTest, TheSearchLeavesTheSurvivorOut) {
