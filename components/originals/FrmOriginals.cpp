@@ -178,7 +178,6 @@ void FrmOriginals::Rename(const QString& id, const QString& name) {
 // One by one: what goes wrong with one leaves the others as they are.
 void FrmOriginals::Delete() {
   const std::vector<Original> going = Selected();
-  if (going.empty()) return;
   const QString question =
       going.size() == 1 ? u"确定要删除当前原文吗?"_s : u"确定要删除选中的 %1 个原文吗?"_s.arg(going.size());
   if (!Ask(question, windowTitle(), kInformationIcon)) return;
@@ -191,12 +190,12 @@ void FrmOriginals::Delete() {
 
 void FrmOriginals::MoveUp() {
   const std::vector<int> rows = list_->SelectedRows();
-  if (!rows.empty() && rows.front() > 0) MoveRows(rows, rows.front() - 1);
+  MoveRows(rows, rows.front() - 1);
 }
 
 void FrmOriginals::MoveDown() {
   const std::vector<int> rows = list_->SelectedRows();
-  if (!rows.empty() && rows.back() < int(shown_.size()) - 1) MoveRows(rows, rows.back() + 2);
+  MoveRows(rows, rows.back() + 2);
 }
 
 void FrmOriginals::MoveRows(const std::vector<int>& rows, int before) {

@@ -115,7 +115,8 @@ Original RecordOriginals::Add(const FileToAdd& file, const TransferProgress& pro
 OriginalPlace RecordOriginals::FreePlace(const QString& type) {
   for (int left = kMostTries; left > 0; --left) {
     const OriginalPlace place{Store().PathOfToday(), createdname().CreateName(), type};
-    if (!HasRow(u"ID = "_s + Quoted(place.id)) && !Store().Has(place)) return place;
+    if (HasRow(u"ID = "_s + Quoted(place.id))) continue;
+    if (!Store().Has(place)) return place;
   }
   throw DataError(DataErrorKind::Other, u"无法为原文生成唯一的编号，请稍后再试。"_s);
 }
@@ -149,7 +150,7 @@ std::optional<bool> RecordOriginals::IsKept(const Original& original) const {
 void RecordOriginals::Insert(const Original& original) {
   const ResultSet last(*connection_,
                        u"Select Max(FileOrder) From Original_Text Where RecordID = "_s + Quoted(recordId_));
-  const int order = last.RowCount() > 0 ? last.Text(0, 0).toInt() + 1 : 1;
+  const int order = last.Text(0, 0).toInt() + 1;
   connection_->Execute(u"Insert Into Original_Text(ID,Original_Name,Type,RecordID,Size,FileOrder,FilePath) Values("_s +
                        QStringList{Quoted(original.id), Quoted(original.name), Quoted(original.type), Quoted(recordId_),
                                    QString::number(original.size), QString::number(order), Quoted(original.filePath)}
@@ -177,7 +178,8 @@ void RecordOriginals::Reorder(const std::vector<Original>& inOrder) {
 bool RecordOriginals::Delete(const Original& original) {
   DeleteOriginals(u" Where "_s + RowOf(original.id));
   try {
-    return !HasRow(u"ID = "_s + Quoted(original.id)) && Store().Has(original.Place());
+    if (HasRow(u"ID = "_s + Quoted(original.id))) return false;
+    return Store().Has(original.Place());
   } catch (const DataError&) {
     return true;  // a store that cannot be asked has not removed anything either
   }

@@ -32,7 +32,7 @@ RecordMerge::RecordMerge(QString table, const QString& target) : table_(std::mov
   Recordset originals;
   originals.Open(u"Select Max(FileOrder) From Original_Text Where RecordID = '"_s + target_ + u"'"_s,
                  SharedConnection(), CursorType::Static, LockType::ReadOnly);
-  if (!originals.EOF_()) nextFileOrder_ = OrderBehind(originals.Fields().Item(0).Text());
+  nextFileOrder_ = OrderBehind(originals.Fields().Item(0).Text());
 }
 
 QString RecordMerge::SearchStatement(const QString& where) const {
@@ -47,19 +47,19 @@ void RecordMerge::LeaveOutSurvivor(Recordset& found) const {
 void RecordMerge::Merge(const QStringList& keys, const Progress& progress) {
   for (const QString& key : keys) {
     progress(merged_, int(keys.size()));
-    MergeOne(EscapeSql(key));
+    MergeOne(key);
     ++merged_;
   }
 }
 
 void RecordMerge::MergeOne(const QString& key) {
   const std::shared_ptr<Connection> connection = SharedConnection();
-  const QString ofRecord = u" Where ArchiveID = '"_s + EscapeSql(key) + u"'"_s;
+  const QString quoted = u'\'' + EscapeSql(key) + u'\'', ofRecord = u" Where ArchiveID = "_s + quoted;
   connection->Execute(u"Update "_s + table_ + u" Set FileStatus = '不归档'"_s + ofRecord);
   if (!hasNote_) hasNote_ = HasNote(table_);
   if (*hasNote_) connection->Execute(u"Update "_s + table_ + u" Set Note = Note + '已合并件'"_s + ofRecord);
   Recordset originals;
-  originals.Open(u"Select * From Original_Text Where RecordID = '"_s + key + u"' Order By FileOrder"_s, connection,
+  originals.Open(u"Select * From Original_Text Where RecordID = "_s + quoted + u" Order By FileOrder"_s, connection,
                  CursorType::Static, LockType::ReadOnly);
   for (; !originals.EOF_(); originals.MoveNext()) {
     try {

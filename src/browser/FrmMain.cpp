@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QPointer>
 #include <QSplitter>
 #include <QTreeView>
 #include <algorithm>
@@ -45,9 +46,9 @@ using namespace Qt::Literals::StringLiterals;
 
 void ShowRecordBrowser() {
   DefaultInstance<FrmMain>::Unload();
-  FrmMain& window = DefaultInstance<FrmMain>::Get();
-  ShowModal(window, [&window] { window.Start(); });
-  if (DefaultInstance<FrmMain>::IsLoaded()) RunGuarded([&window] { window.End(); });
+  const QPointer<FrmMain> window(&DefaultInstance<FrmMain>::Get());
+  ShowModal(*window, [&window] { window->Start(); });
+  if (window) RunGuarded([&window] { window->End(); });  // a host may have opened another one meanwhile
 }
 
 FrmMain::FrmMain() {
@@ -183,7 +184,6 @@ void FrmMain::RunReport(const ReportRow& report) {
 }
 
 void FrmMain::Start() {
-  if (status_->IsStarted()) return;
   tables_->Start();
   status_->SetStarted(true);
   listView_->setFocus();
@@ -271,7 +271,7 @@ void FrmMain::LiftFilter() {
 }
 
 void FrmMain::ShowOriginalsMenu(const QPoint& at) {
-  if (listView_->CurrentRow() == 0 || !parameters_.Grants().lookFile) return;
+  if (listView_->CurrentRow() == 0) return;
   commands_->OriginalsMenu().popup(originals_->viewport()->mapToGlobal(at));
 }
 

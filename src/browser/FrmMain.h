@@ -41,7 +41,7 @@ class FrmMain : public QMainWindow {
   FrmMain();
   ~FrmMain() override;
 
-  /// The work of the first activation; later ones do nothing. @throws DataError
+  /// The work of the first activation. @throws DataError
   void Start();
   /// Keeps the table in view for the next start and lets go of the records; nothing the second time. The closing of the
   /// window does it, after the windows over it have been closed; whoever hides it calls this.

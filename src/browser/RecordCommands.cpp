@@ -22,11 +22,11 @@ namespace folvane {
 using namespace Qt::Literals::StringLiterals;
 
 void RecordCommands::Add() {
-  if (!list_.Table().isEmpty() && list_.Records().IsOpen()) OpenEntry(u"1"_s);
+  if (list_.Records().IsOpen()) OpenEntry(u"1"_s);
 }
 
 void RecordCommands::Change() {
-  if (!list_.Table().isEmpty() && list_.View().CurrentRow() > 0) OpenEntry(u"0"_s);
+  if (list_.View().CurrentRow() > 0) OpenEntry(u"0"_s);
 }
 
 void RecordCommands::OpenEntry(const QString& addOnOpen) {
@@ -49,7 +49,7 @@ void RecordCommands::Delete() {
 
 void RecordCommands::DeleteSelected() {
   const QStringList keys = list_.SelectedKeys();
-  if (list_.Table().isEmpty() || keys.isEmpty()) return;
+  if (keys.isEmpty()) return;
   status_.ShowNotice(u"选中 %1 条记录"_s.arg(keys.size()));
   const int answer =
       ShowMessage(u"确定要删除当前文件及相关原文吗?"_s, MessageFlag::YesNo | MessageFlag::Information, kSystemTitle);
@@ -64,7 +64,6 @@ void RecordCommands::DeleteSelected() {
 }
 
 void RecordCommands::HandToFlow(const QString& flowTable) {
-  if (list_.Table().isEmpty()) return;
   for (const QString& key : list_.SelectedKeys()) {
     if (!TransferRecord(list_.Table(), key, flowTable)) return;
     list_.Reload(key);

@@ -27,7 +27,6 @@ QByteArray RowWriter::Text(std::size_t rows) const {
 }
 
 void RowWriter::Add(std::vector<QVariant> values) {
-  Q_ASSERT(qsizetype(values.size()) == columns_.size());
   for (QVariant& value : values) full_.parameters.push_back(std::move(value));
   if (full_.parameters.size() < rowsToStatement_ * values.size()) return;
   DatabaseSession::Of(connection_).ExecuteNative(full_);

@@ -25,7 +25,9 @@ class WriteBack {
   }
 
   void Gather(const ComboEntries& combo) {
-    const QString id = Dictionary(combo.dataField);
+    design_.SetFilter(u"FieldName = '"_s + EscapeSql(combo.dataField) + u"'"_s);
+    if (design_.EOF_()) return;  // the field was taken out of the design meanwhile
+    const QString id = Dictionary(design_[u"AuxiDictDetails"_s].Text());
     for (const QString& entry : combo.entries) {
       if (!HasEntry(id, entry)) AddEntry(id, entry);
     }
@@ -40,9 +42,7 @@ class WriteBack {
   }
 
  private:
-  QString Dictionary(const QString& field) {
-    design_.SetFilter(u"FieldName = '"_s + EscapeSql(field) + u"'"_s);
-    const QString name = design_.EOF_() ? QString() : design_[u"AuxiDictDetails"_s].Text();
+  QString Dictionary(const QString& name) {
     dictionaries_.SetFilter(u"Name = '"_s + EscapeSql(name) + u"'"_s);
     if (!dictionaries_.EOF_()) return dictionaries_[u"DicID"_s].Text();
     if (!made_.contains(name)) made_.insert(name, MakeDictionary(name));

@@ -128,7 +128,7 @@ void RecordLifecycle::Return() {
   if (IsEmpty()) return;
   if (lastBookmark_ > 1) {
     IgnoreErrors([this] { records_.SetBookmark(lastBookmark_); });  // the record may be gone
-  } else if (HasRow()) {
+  } else {
     records_.MoveFirst();
   }
   if (!HasRow()) records_.MoveFirst();
@@ -136,7 +136,7 @@ void RecordLifecycle::Return() {
 
 // What the database refused may be a record that someone else has changed since it was read.
 void RecordLifecycle::ReadAgain() {
-  if (HasRow()) IgnoreErrors([this] { records_.Resync(AffectKind::Current); });
+  IgnoreErrors([this] { records_.Resync(AffectKind::Current); });
 }
 
 void RecordLifecycle::Delete() {
@@ -198,7 +198,7 @@ bool RecordLifecycle::Move(Step step) {
 }
 
 void RecordLifecycle::NoteMoved() {
-  if (HasRow() && state_ == RecordState::Browse) lastBookmark_ = records_.Bookmark();
+  if (HasRow()) lastBookmark_ = records_.Bookmark();
 }
 
 void RecordLifecycle::ToggleCopyAll() {
@@ -208,7 +208,7 @@ void RecordLifecycle::ToggleCopyAll() {
 }
 
 bool RecordLifecycle::Follow(const TypedField& field) {
-  if (!HasRow() || state_ == RecordState::Browse) return false;
+  if (state_ == RecordState::Browse) return false;
   return FollowTyping(records_, rule_, field, state_ == RecordState::Add);
 }
 

@@ -53,7 +53,8 @@ bool RecordSave::PassesChecks() {
   failure = CheckData(fields, lifecycle_.Layout());
   if (failure) return Refuse(*failure);
   failure = CheckArchiveDates(fields);
-  return !failure || Refuse(*failure, true);
+  if (failure) return Refuse(*failure, true);
+  return true;
 }
 
 bool RecordSave::Refuse(const CheckFailure& failure, bool marked) {

@@ -89,7 +89,8 @@ void FlowSheets::RequeryHeads() {
 }
 
 bool FlowSheets::IsIdle() const {
-  return Head(flow_.statusColumn) == flow_.idle || Head(flow_.statusColumn) == flow_.ended;
+  const QString status = Head(flow_.statusColumn);
+  return status == flow_.idle || status == flow_.ended;
 }
 
 QString FlowSheets::NextDetailSerial() const {

@@ -5,6 +5,7 @@
 #include "archiving/MergeFixture.h"
 #include "archiving/RecordMerge.h"
 #include "base/TypedValues.h"
+#include "data/Recordset.h"
 
 namespace folvane::test {
 namespace {
@@ -84,6 +85,16 @@ TEST_P(RecordMergeTest, AMergedRecordIsNoLongerArchivedAndNothingIsDeleted) {
   EXPECT_THAT(progress_, ElementsAre(u"0/2"_s, u"1/2"_s));
 }
 
+TEST_P(RecordMergeTest, AKeyWithAQuoteIsThatOfItsRecordAndOfItsOriginals) {
+  AddOriginal(2, 1);
+  design_->Run(u"update Lwdj set ArchiveID='o''x' where ArchiveID='"_s + Key(2) + u"'"_s);
+  design_->Run(u"update Original_Text set RecordID='o''x'"_s);
+  RecordMerge(u"Lwdj"_s, Key(1)).Merge({u"o'x"_s}, [](int, int) {});
+  EXPECT_EQ(design_->Value(u"select FileStatus from Lwdj where ArchiveID='o''x'"_s), u"不归档"_s);
+  EXPECT_EQ(design_->Value(u"select Note from Lwdj where ArchiveID='o''x'"_s), u"旧已合并件"_s);
+  EXPECT_THAT(OriginalsOf(1), ElementsAre(u"2 2-1 正文2-1<合并件>"_s));
+}
+
 TEST_P(RecordMergeTest, ANoteOfNullStaysNull) {
   design_->Run(u"update Lwdj set Note=null"_s);
   Merge({2});
@@ -146,6 +157,26 @@ TEST_P(RecordMergeTest, NothingTickedChangesNothing) {
 TEST_P(RecordMergeTest, AnOrderBeyondSixteenBitsIsAnError) {
   AddOriginal(1, 32767);
   EXPECT_THROW(RecordMerge(u"Lwdj"_s, Key(1)), NumberError);
+}
+
+TEST_P(RecordMergeTest, AnOriginalWithoutAnOrderIsNotCopied) {
+  AddOriginal(2, 1);
+  AddOriginal(2, 2);
+  design_->Run(u"update Original_Text set FileOrder=null where ID='2-1'"_s);
+  Merge({2});
+  EXPECT_THAT(OriginalsOf(1), ElementsAre(u"3 2-2 正文2-2<合并件>"_s));
+  EXPECT_EQ(outcome_, u"已将 1 份记录合并一件"_s);
+}
+
+TEST_P(RecordMergeTest, AnAlternativeInTheConditionDoesNotLetTheSurvivorIn) {
+  const RecordMerge merge(u"Lwdj"_s, Key(1));
+  Recordset found;
+  found.Open(merge.SearchStatement(u"RegID = 2 Or RegID < 4"_s), Connected(), CursorType::Static, LockType::ReadOnly);
+  EXPECT_EQ(found.RecordCount(), 3);
+  merge.LeaveOutSurvivor(found);
+  EXPECT_EQ(found.RecordCount(), 2);
+  found.Find(u"ArchiveID = '"_s + Key(1) + u"'"_s);
+  EXPECT_TRUE(found.EOF_());
 }
 
 TEST_P(RecordMergeTest, TheSearchLeavesTheSurvivorOut) {

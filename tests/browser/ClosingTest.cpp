@@ -1,3 +1,4 @@
+#include <QPointer>
 #include <QPushButton>
 
 #include "browser/BrowserTest.h"
@@ -78,6 +79,18 @@ TEST_P(BrowserClosingTest, HiddenItWaitsForTheEntryWindowAndEndsAsIfClosed) {
     browser.Key(u"Mod"_s).trigger();
   });
   EXPECT_TRUE(messages.Requests().empty());
+  EXPECT_EQ(Remembered(), u"Lwdj,"_s);
+  EXPECT_FALSE(Shared().CurrentRecords.IsOpen());
+}
+
+TEST_P(BrowserClosingTest, OneThatIsOpenedMeanwhileTakesItsPlace) {
+  InBrowser([&](const Browser& browser) {
+    const QPointer<QWidget> first(&browser.Window());
+    InBrowser([&](const Browser& second) {
+      EXPECT_FALSE(first);
+      EXPECT_EQ(second.Status(), u"当前记录：第1条/共12条"_s);
+    });
+  });
   EXPECT_EQ(Remembered(), u"Lwdj,"_s);
   EXPECT_FALSE(Shared().CurrentRecords.IsOpen());
 }

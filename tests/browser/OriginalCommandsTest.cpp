@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -164,6 +165,8 @@ TEST_P(OriginalCommandsTest, NothingHappensWithoutARecord) {
     for (const QString& entry :
          {u"mnu_Pop1_AddFile"_s, u"mnu_Pop2_Browse"_s, u"mnu_Pop3_Scan"_s, u"mnu_Pop4_DelFile"_s})
       browser.Entry(entry).trigger();
+    Q_EMIT OriginalsOf(browser).customContextMenuRequested({5, 5});
+    EXPECT_FALSE(QApplication::activePopupWidget());
   });
   EXPECT_THAT(Told(), testing::IsEmpty());
   EXPECT_EQ(messages.Texts(), QStringList());

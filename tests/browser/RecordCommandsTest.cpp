@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QItemSelectionModel>
 #include <gmock/gmock.h>
 
@@ -108,6 +109,29 @@ TEST_P(RecordCommandsTest, WithoutASelectedRowNothingIsDeletedAndNothingAsked) {
     browser.Key(u"Del"_s).trigger();
   });
   EXPECT_EQ(Count(u"Lwdj"_s), u"12"_s);
+}
+
+TEST_P(RecordCommandsTest, WithoutACurrentRowNoRecordIsOpenedAndNoneGoesIntoAFlow) {
+  InBrowser([&](const Browser& browser) {
+    browser.List().selectionModel()->clear();
+    log_->Take();
+    browser.Key(u"Mod"_s).trigger();
+    browser.Entry(u"mnu_Manager1_Distribute"_s).trigger();
+    EXPECT_EQ(log_->Take(), QStringList());
+    EXPECT_EQ(QApplication::activeModalWidget(), &browser.Window());
+  });
+}
+
+TEST_P(RecordCommandsTest, RecordsThatTheEntryWindowLeftClosedTakeNoNewOne) {
+  InBrowser([&](const Browser& browser) {
+    LeaveEntryOn(DesignedDatabase::Key(12), [](FrmInput&) { Shared().CurrentRecords.Close(); });
+    browser.Key(u"Mod"_s).trigger();
+    EXPECT_EQ(browser.List().model()->rowCount(), 0);
+    browser.Key(u"NEW"_s).trigger();
+    EXPECT_EQ(QApplication::activeModalWidget(), &browser.Window());
+    browser.Key(u"Refresh"_s).trigger();
+    EXPECT_EQ(browser.Status(), u"当前记录：第1条/共12条"_s);
+  });
 }
 
 TEST_P(RecordCommandsTest, TheDeleteKeyIsMeantForTheListAlone) {

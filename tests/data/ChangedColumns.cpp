@@ -75,6 +75,7 @@ TEST_P(ChangedColumns, AColumnThatHasLostItsLengthIsNotTakenForOneOf255) {
   WriteByStatement(QString(301, u'x'));
   EXPECT_EQ(Stored(2, u"code"_s), QString(301, u'x'));
   EXPECT_EQ(Size(), 2147483647);
+  EXPECT_EQ(Open(u"Select code From files"_s)->Fields().Item(0).DefinedSize(), 2147483647);
 }
 
 TEST_P(ChangedColumns, AColumnThatWasGivenALengthOf255CutsNothing) {

@@ -182,6 +182,15 @@ TEST_P(Types, AViewIsDescribedWithoutAKey) {
   EXPECT_TRUE(view->key.empty());
 }
 
+TEST_P(Types, ANumberInAColumnWithoutATypeIsComparedAsTheNumberItIs) {
+  if (!OnSqlite()) GTEST_SKIP() << "PostgreSQL has no columns without a type";
+  Database().Native(u"CREATE TABLE loose (id integer PRIMARY KEY, anything)"_s);
+  Database().Native(u"INSERT INTO loose VALUES (1, 1e300), (2, '2.5'), (3, 3), (4, 1)"_s);
+  Recordset records;
+  records.Open(u"Select id From loose Where anything>1.5"_s, Connected());
+  EXPECT_EQ(records.RecordCount(), 3);
+}
+
 }  // namespace
 
 }  // namespace folvane::test

@@ -12,6 +12,10 @@ const std::vector<StatementCase> kTextStatements{
     {"unequal", WHERE("t<>'abc'"), {"3", "5"}},
     {"in a list", WHERE("t In ('abc')"), {"1", "2"}},
     {"in a list of digits", WHERE("t In ('9 ','10')"), {"3", "5"}},
+    {"in a list of keys, with blanks behind the stored one",
+     "Update Mixed Set t='2002030410111200  ' Where id=1",
+     {"1"},
+     WHERE("t In ('2002030410111200','2002030410111201')")},
     {"not in a list", WHERE("t Not In ('abc','9')"), {"3"}},
     {"greater than digits", WHERE("t>'9 '"), {"1", "2"}},
     {"at least digits", WHERE("t>='9'"), {"1", "2", "5"}},
@@ -147,6 +151,15 @@ const std::vector<StatementCase> kNumberStatements{
     {"Cast to a text", VALUE("Cast(n As varchar(10))+'x'"), {"5x"}},
     {"Cast a float to a text", VALUE("Cast(f As varchar(10))"), {"2.5"}},
     {"Cast to a decimal", VALUE("Cast('1.25' As decimal(9,1))"), {"1.3"}},
+    {"Cast to the types of whole numbers",
+     VALUE("Cast('5' As int),Cast('5' As integer),Cast('5' As smallint),Cast('5' As tinyint),Cast('5' As bigint)"),
+     {"5|5|5|5|5"}},
+    {"Cast to a bit", VALUE("Cast('5' As bit),Cast(n-5 As bit),Cast('-1' As bit)"), {"1|0|1"}},
+    {"Cast to the types of fractions",
+     VALUE("Cast('2.5' As float),Cast('2.5' As real),Cast('2.5' As decimal),Cast('2.25' As numeric(9,1)),"
+           "Cast('2.00005' As money)"),
+     {"2.5|2.5|3|2.3|2.0001"}},
+    {"Cast to no type", VALUE("Cast('2.5' As number)"), {"error: Untranslatable"}},
     {"stored from nothing", "Update Mixed Set n='' Where id=1", {"0"}, AFTER("n")},
     {"stored from a fraction", "Update Mixed Set n=7.9 Where id=1", {"7"}, AFTER("n")},
     {"stored from the text of a fraction", "Update Mixed Set n='7.9' Where id=1", {"error: Conversion"}, AFTER("n")},
@@ -212,10 +225,31 @@ const std::vector<StatementCase> kDateStatements{
      VALUE(
          "Convert(varchar(10),day,120),Convert(varchar(10),day,111),Convert(char(8),day,112),Convert(varchar,day,102)"),
      {"2002-03-04|2002/03/04|20020304|2002.03.04"}},
+    {"Convert with the styles of two digits for the year",
+     "Select Convert(varchar(30),moment,1),Convert(varchar(30),moment,2),Convert(varchar(30),moment,3),"
+     "Convert(varchar(30),moment,4),Convert(varchar(30),moment,5),Convert(varchar(30),moment,10),"
+     "Convert(varchar(30),moment,11),Convert(varchar(30),moment,12) From Mixed Where id=5",
+     {"02/28/99|99.02.28|28/02/99|28.02.99|28-02-99|02-28-99|99/02/28|990228"}},
+    {"Convert with the styles of four digits for the year",
+     "Select Convert(varchar(30),moment,101),Convert(varchar(30),moment,102),Convert(varchar(30),moment,103),"
+     "Convert(varchar(30),moment,104),Convert(varchar(30),moment,105),Convert(varchar(30),moment,110),"
+     "Convert(varchar(30),moment,111),Convert(varchar(30),moment,112),Convert(varchar(30),moment,23) "
+     "From Mixed Where id=5",
+     {"02/28/1999|1999.02.28|28/02/1999|28.02.1999|28-02-1999|02-28-1999|1999/02/28|19990228|1999-02-28"}},
+    {"Convert with the styles of times",
+     "Select Convert(varchar(30),moment,0),Convert(varchar(30),moment,100),Convert(varchar(30),moment,8),"
+     "Convert(varchar(30),moment,108),Convert(varchar(30),moment,20),Convert(varchar(30),moment,120),"
+     "Convert(varchar(30),moment,21),Convert(varchar(30),moment,121) From Mixed Where id=5",
+     {"Feb 28 1999 11:59PM|Feb 28 1999 11:59PM|23:59:59|23:59:59|1999-02-28 23:59:59|1999-02-28 23:59:59|"
+      "1999-02-28 23:59:59.000|1999-02-28 23:59:59.000"}},
+    {"Convert with a style that is none", VALUE("Convert(varchar(30),moment,6)"), {"error: Untranslatable"}},
     {"Convert without a style", VALUE("Convert(varchar,moment)"), {"Mar  4 2002 10:20AM"}},
     {"Convert a moment",
      VALUE("Convert(varchar(30),moment,20),Convert(varchar(16),moment,20)"),
      {"2002-03-04 10:20:30|2002-03-04 10:20"}},
+    {"Cast to the types of dates",
+     VALUE("Year(Cast('20030405' As datetime)),Month(Cast('20030405' As smalldatetime))"),
+     {"2003|4"}},
     {"Convert to a date", WHERE("day=Convert(datetime,'20020304')"), {"1"}},
     {"Convert no date", VALUE("Convert(datetime,t)"), {"error: Conversion"}},
     {"a text column as a date", "Select id From Mixed Where day<Cast('2002-01-01' As datetime)", {"5"}},
@@ -250,6 +284,17 @@ const std::vector<StatementCase> kFunctionStatements{
     {"NullIf", VALUE("NullIf(t,'ABC'),NullIf(n,'6')"), {"<null>|5"}},
     {"Sign", "Select Sign(n) From Mixed Where id=2", {"-1"}},
     {"char is filled up", VALUE("Convert(char(5),'ab')+'|'"), {"ab   |"}},
+    {"nchar is filled up, varchar and nvarchar are not",
+     VALUE("Convert(nchar(5),'ab')+'|',Convert(varchar(5),'ab')+'|',Convert(nvarchar(5),'ab')+'|'"),
+     {"ab   ||ab||ab|"}},
+    {"types without a size are cut at thirty",
+     VALUE("Len(Cast(Replicate('ab',20) As char)),Len(Cast(Replicate('ab',20) As nchar)),"
+           "Len(Cast(Replicate('ab',20) As varchar)),Len(Cast(Replicate('ab',20) As nvarchar))"),
+     {"30|30|30|30"}},
+    {"texts without an end are not cut",
+     VALUE("Len(Cast(Replicate('ab',20) As text)),Len(Cast(Replicate('ab',20) As ntext)),"
+           "Len(Cast(Replicate('ab',20) As varchar(max)))"),
+     {"40|40|40"}},
     {"varchar is cut", VALUE("Cast('abcdef' As varchar(3)),Cast('abc' As nvarchar(9))"), {"abc|abc"}},
 };
 

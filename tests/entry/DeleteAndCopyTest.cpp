@@ -26,6 +26,19 @@ TEST_P(DeleteAndCopyTest, DeletesARecordWithItsOriginals) {
       false, 2);
 }
 
+TEST_P(DeleteAndCopyTest, DeletesNoRecordThatIsBeingChanged) {
+  AddRecords(1);
+  DesignTitle();
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"新"_s);
+    input.Do(u"DelRecord"_s);
+    EXPECT_TRUE(input.KeyOn(u"SaveRecord"_s)) << "the toolbar has gone over to it at once";
+    input.Do(u"CancelRecord"_s);
+  });
+  EXPECT_TRUE(boxes_.Requests().empty());
+  EXPECT_EQ(Count(), u"1"_s);
+}
+
 TEST_P(DeleteAndCopyTest, HasNoRecordAfterTheLastIsDeleted) {
   AddRecords(1);
   DesignTitle();

@@ -59,6 +59,14 @@ TEST_P(DictionaryWriteBackTest, MakesNoDictionaryWithoutItsEntries) {
   EXPECT_FALSE(Connected()->InTransaction());
 }
 
+TEST_P(DictionaryWriteBackTest, AddsNothingForAFieldThatWasTakenOutOfTheDesign) {
+  AddDictionary();
+  WriteBackDictionaries(u"Lwdj"_s, {{u"Title"_s, {u"新"_s}}, {u"FileStatus"_s, {u"已归档"_s}}});
+  EXPECT_EQ(Value(u"select count(*) from AssistantDictionary"_s), u"1"_s);
+  EXPECT_EQ(Value(u"select count(*) from AssistantDicKey where Name = '新'"_s), u"0"_s);
+  EXPECT_EQ(Entries(u"d1"_s), u"2"_s);
+}
+
 TEST_P(DictionaryWriteBackTest, KeepsAnApostrophe) {
   AddDictionary();
   WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {u"it's"_s}}});

@@ -133,6 +133,18 @@ TEST_P(EntryCloseTest, LetsTheProofingRulesFindItsControlsOnlyWhileItIsOpen) {
   EXPECT_EQ(rules.FindControl(1, ControlKind::Txt), nullptr);
 }
 
+TEST_P(EntryCloseTest, IsClosedAgainWithoutAWord) {
+  InWindow([&](const Input& input) {
+    EXPECT_FALSE(input.Form().Shown().empty());
+    input.Window().close();
+    tags_.clear();
+    EXPECT_TRUE(input.Window().close());
+    EXPECT_TRUE(input.Form().Shown().empty());
+  });
+  EXPECT_TRUE(tags_.isEmpty());
+  EXPECT_TRUE(boxes_.Requests().empty());
+}
+
 TEST_P(EntryCloseTest, ThrowsToTheCallerWhatFailsWhileItOpens) {
   OpenRecords();
   Run(u"drop table DynamicWindows"_s);

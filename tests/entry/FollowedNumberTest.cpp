@@ -76,6 +76,22 @@ TEST_P(FollowedNumberTest, TheNumberFollowsTheDatesOfANewRecordOnly) {
   });
 }
 
+TEST_P(FollowedNumberTest, BehindTheGreatestOfAllThereIsNoNumber) {
+  Formula(RegFormula::FileDate);
+  AddRecords(1);
+  Run(u"update Lwdj set FileDate = '2003-01-01', RegID = 2147483647"_s);
+  Design({u"FileDate"_s, u"日期"_s, ControlKind::DTP});
+  Design({u"RegID"_s, u"登记号"_s});
+  InWindow(
+      [&](const Input& input) {
+        input.Retype(u"DTP(1)"_s, u"2003-05-06"_s);
+        EXPECT_EQ(input.Text(u"Txt(1)"_s), u"1"_s) << "as it was";
+        EXPECT_TRUE(boxes_.Requests().empty());
+        input.Do(u"CancelRecord"_s);
+      },
+      true);
+}
+
 TEST_P(FollowedNumberTest, TheNumberFollowsAnArchiveDateOfANewRecord) {
   Formula(RegFormula::CreatedDate);
   AddRecords(1);

@@ -250,6 +250,15 @@ TEST_P(FrmInputTest, LetsAUserWithoutTheRightToEditMoveAndReadOnly) {
   EXPECT_EQ(Value(u"select count(*) from Lwdj where Amaintitle = '改'"_s), u"0"_s);
 }
 
+TEST_P(FrmInputTest, BeginsNoRecordForAUserWithoutTheRightToEdit) {
+  AddRecords(1);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Right(Parameter::Edit, u"0"_s);
+  InWindow([](const Input& input) { EXPECT_EQ(input.Position(), u"当前记录：第1条/共1条"_s); }, true);
+  EXPECT_TRUE(boxes_.Requests().empty());
+  EXPECT_EQ(Value(u"select count(*) from Lwdj"_s), u"1"_s);
+}
+
 FOLVANE_ON_EACH_DATABASE(FrmInputTest);
 
 }  // namespace

@@ -99,6 +99,31 @@ TEST_P(RecordLifecycleTest, KeepsARecordThatTheDatabaseDoesNotDelete) {
   EXPECT_EQ(lifecycle.State(), RecordState::Browse);
 }
 
+TEST_P(RecordLifecycleTest, DropsAFirstRecordThatTheDatabaseRefused) {
+  Run(u"delete from Lwdj"_s);
+  Refuse(u"Lwdj"_s, u"insert"_s, u"new.ArchiveID <> ''"_s);
+  RecordLifecycle lifecycle = Opened(1);
+  lifecycle.StartNewRecord(false);
+  EXPECT_THROW(lifecycle.Write(), DataError);
+  EXPECT_EQ(lifecycle.State(), RecordState::Add);
+  lifecycle.Cancel();
+  EXPECT_FALSE(lifecycle.HasRow());
+  EXPECT_FALSE(lifecycle.IsPending());
+  EXPECT_EQ(lifecycle.State(), RecordState::Browse);
+}
+
+TEST_P(RecordLifecycleTest, CancelsWhatWaitsInAnotherRecordToo) {
+  RecordLifecycle lifecycle = Opened(1);
+  Shared().CurrentRecords[u"Amaintitle"_s].SetValue(u"新"_s);
+  lifecycle.Move(Step::Next);
+  EXPECT_EQ(Shared().CurrentRecords.EditMode(), EditModeKind::None);
+  EXPECT_TRUE(lifecycle.IsPending());
+  lifecycle.Cancel();
+  EXPECT_FALSE(lifecycle.IsPending());
+  lifecycle.Move(Step::First);
+  EXPECT_EQ(Title(), u"一"_s);
+}
+
 TEST_P(RecordLifecycleTest, TellsOfAMoveThatLedNowhere) {
   RecordLifecycle lifecycle = Opened(2);
   EXPECT_TRUE(lifecycle.Move(Step::Next));

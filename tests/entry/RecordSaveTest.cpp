@@ -1,3 +1,5 @@
+#include <folvane/DataError.h>
+
 #include "EntryFixture.h"
 #include "entry/RecordSave.h"
 #include "shell/Messages.h"
@@ -245,6 +247,25 @@ TEST_P(RecordSaveTest, AsksAgainWhenTheRecordIsChangedWhileTheQuestionStands) {
   EXPECT_FALSE(Save());
   EXPECT_EQ(form_.said.size(), 3u);
   EXPECT_EQ(Stored(u"Amaintitle"_s), u"第三人"_s);
+}
+
+TEST_P(RecordSaveTest, PassesOnThatTheDatabaseWroteNothingThoughNobodyElseDid) {
+  Edit(kTitleBox, u"我的"_s);
+  if (OnSqlite()) {
+    Run(u"create trigger Ignore before update on Lwdj begin select raise(ignore); end"_s);
+  } else {
+    Run(u"create function Ignore() returns trigger language plpgsql as 'begin return null; end'"_s);
+    Run(u"create trigger Ignore before update on Lwdj for each row execute function Ignore()"_s);
+  }
+  try {
+    Save();
+    ADD_FAILURE() << "it was saved";
+  } catch (const DataError& error) {
+    EXPECT_EQ(error.Kind(), DataErrorKind::Conflict);
+  }
+  EXPECT_TRUE(form_.said.empty());
+  EXPECT_EQ(Stored(u"Amaintitle"_s), u"一"_s);
+  EXPECT_EQ(lifecycle_->State(), RecordState::Modify);
 }
 
 TEST_P(RecordSaveTest, TellsOfANumberThatAnotherRecordHasGotMeanwhile) {

@@ -32,6 +32,13 @@ TEST_P(RuleEditorTest, ReadsRulesIntoTheirLines) {
   EXPECT_EQ(TakeStatements().last(), u"Select * From SaveCollect Where TableName='Lwdj' And ControlType <> 0 "_s);
 }
 
+TEST_P(RuleEditorTest, PassesOverRulesThatBelongToNoLine) {
+  for (const int line : {-1, 0, 99}) AddRule(line);
+  RuleEditor::Lines lines;
+  lines[0] = {u"文号"_s, u"只能是"_s, u"自定义格式"_s};
+  EXPECT_EQ(editor_.ReadRules(), lines);
+}
+
 TEST_P(RuleEditorTest, OffersTheFieldsOfItsTable) {
   EXPECT_EQ(editor_.FillFieldValue(), QStringList{u"文号"_s});
   EXPECT_EQ(TakeStatements().last(), u"Select ChnFieldName from DynamicWindows Where TableName='Lwdj'"_s);
@@ -73,6 +80,11 @@ TEST_P(RuleEditorTest, KnowsNoControlOfAFieldThatIsNotOnTheForm) {
   Run(u"delete from SaveControls"_s);
   editor_.SaveTemp(0, {u"文号"_s, u"等于"_s, u"1"_s});
   EXPECT_TRUE(editor_.Pending(0).contains(u"'DocNo','0','0','文号'"_s));
+}
+
+TEST_P(RuleEditorTest, KnowsNoColumnOfAFieldThatIsNotInTheDesign) {
+  EXPECT_TRUE(editor_.SaveTemp(0, {u"年度"_s, u"等于"_s, u"1"_s}));
+  EXPECT_TRUE(editor_.Pending(0).contains(u"'','0','0','年度'"_s)) << qPrintable(editor_.Pending(0));
 }
 
 TEST_P(RuleEditorTest, UpdatesARuleThatIsThere) {

@@ -102,6 +102,39 @@ TEST_P(FlowSheetsTest, ColumnsOfTextsServeAsThoseOfNumbersDo) {
   EXPECT_EQ(sheets.DeleteDetail(), QString());
 }
 
+TEST_P(FlowSheetsTest, ASerialThatIsNoNumberIsPassedOverUnlessItIsTheGreatest) {
+  Database().Native(u"alter table PassRead_Details rename to Before"_s);
+  Database().Native(u"create table PassRead_Details (Register_ID varchar(20), File_ID varchar(10))"_s);
+  AddHeads(Circulation());
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles({});
+  const auto add = [&](const QString& serial) {
+    Database().Native(u"insert into PassRead_Details (Register_ID,File_ID) values ('%1','%2')"_s.arg(K(3), serial));
+  };
+  add(u"9"_s);
+  add(u"(补)"_s);
+  EXPECT_EQ(sheets.NextDetailSerial(), u"10"_s);
+  add(u"补"_s);
+  EXPECT_THROW(sheets.NextDetailSerial(), DataError);
+}
+
+TEST_P(FlowSheetsTest, ASheetThatIsGoneLeavesTheListAtItsPlace) {
+  AddHeads(Circulation());
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles(u"12"_s);
+  Database().Native(u"delete from PassRead_File where Register_ID='"_s + K(2) + u'\'');
+  sheets.RequeryHeads();
+  EXPECT_EQ(sheets.Key(), K(1)) << "which stands there now";
+  Database().Native(u"delete from PassRead_File where Register_ID='"_s + K(1) + u'\'');
+  sheets.RequeryHeads();
+  EXPECT_EQ(sheets.Key(), K(3)) << "the last one";
+  Database().Native(u"delete from PassRead_File"_s);
+  sheets.RequeryHeads();
+  EXPECT_FALSE(sheets.HasHeads());
+  sheets.RequeryHeads();
+  EXPECT_FALSE(sheets.HasHeads());
+}
+
 TEST_P(FlowSheetsTest, ASerialBeyondSixteenBitsIsAnError) {
   AddHeads(Circulation());
   FlowSheets sheets(Circulation());

@@ -146,8 +146,31 @@ TEST_P(SheetStatementsTest, WhatAnotherUserDeletedIsNotWritten) {
   sheets.LoadFiles({});
   HeadValues head = sheets.ReadHead();
   DetailValues detail = sheets.ReadDetail();
+  EXPECT_EQ(sheets.TakeHeadChanges() + sheets.TakeDetailChanges(), QString());
   Database().Native(u"delete from PassRead_File"_s);
   Database().Native(u"delete from PassRead_Details"_s);
+  EXPECT_EQ(sheets.UpdateHead(head, head).kind, SaveOutcome::Gone);
+  EXPECT_EQ(sheets.UpdateDetail(detail, detail).kind, SaveOutcome::Gone);
+  EXPECT_NE(sheets.TakeHeadChanges(), QString());
+  EXPECT_EQ(sheets.TakeHeadChanges(), sheets.TakeDetailChanges());
+}
+
+TEST_P(SheetStatementsTest, WhatTheDatabaseDoesNotWriteIsNotToldAsWritten) {
+  AddHeads(Circulation());
+  AddDetail(Circulation(), K(3), 1, u"a"_s);
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles({});
+  HeadValues head = sheets.ReadHead();
+  DetailValues detail = sheets.ReadDetail();
+  for (const QString& table : {u"PassRead_File"_s, u"PassRead_Details"_s}) {
+    if (OnSqlite()) {
+      Database().Native(u"create trigger Ignore_%1 before update on %1 begin select raise(ignore); end"_s.arg(table));
+      continue;
+    }
+    Database().Native(
+        u"create or replace function Ignore() returns trigger language plpgsql as 'begin return null; end'"_s);
+    Database().Native(u"create trigger Ignore before update on %1 for each row execute function Ignore()"_s.arg(table));
+  }
   EXPECT_EQ(sheets.UpdateHead(head, head).kind, SaveOutcome::Gone);
   EXPECT_EQ(sheets.UpdateDetail(detail, detail).kind, SaveOutcome::Gone);
 }

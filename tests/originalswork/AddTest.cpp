@@ -2,6 +2,7 @@
 
 #include "components/originals/AddQueue.h"
 #include "originalswork/WorkFixture.h"
+#include "support/NoMoreFiles.h"
 
 namespace folvane::test {
 namespace {
@@ -95,6 +96,25 @@ TEST_P(AddOriginalsTest, AFileThatChangesMeanwhileLeavesNeither) {
   auto originals =
       Watched([&](WatchedStore& store) { store.afterPut = [&] { Source(u"a.txt"_s, "first and more"); }; });
   EXPECT_TRUE(ErrorOf([&] { originals.Add(FileToAdd::At(path)); }).endsWith(u"在读取时被修改，没有添加。"_s));
+  EXPECT_EQ(FileCount() + RowCount(), 0);
+}
+
+TEST_P(AddOriginalsTest, AFileThatIsRemovedOnceItWasReadIsKept) {
+  const QString path = Source(u"a.txt"_s, "first");
+  auto originals = Watched([&](WatchedStore& store) { store.afterPut = [&] { QFile::remove(path); }; });
+  EXPECT_EQ(Content(originals.Add(FileToAdd::At(path))), "first");
+  EXPECT_EQ(Names(), QStringList(u"a.txt"_s));
+}
+
+TEST_P(AddOriginalsTest, AFileThatCannotBeOpenedIsTold) {
+  const QString path = Source(u"a.txt"_s, "a");
+  auto originals = Originals();
+  QString problem;
+  {
+    const NoMoreFiles none;
+    problem = ErrorOf([&] { originals.Add(FileToAdd::At(path)); });
+  }
+  EXPECT_TRUE(problem.startsWith(u"文件 %1 无法读取："_s.arg(path))) << problem.toStdString();
   EXPECT_EQ(FileCount() + RowCount(), 0);
 }
 

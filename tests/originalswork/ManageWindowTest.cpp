@@ -79,6 +79,18 @@ TEST_P(ManageWindowTest, RenamesWithF2) {
   });
 }
 
+TEST_P(ManageWindowTest, ANameForAnOriginalThatHasGoneMeanwhileIsDropped) {
+  AddThree();
+  InWindow([&](QWidget& window) {
+    List(window).model()->setData(List(window).model()->index(0, 0), u"新名"_s);
+    Originals().Delete(Originals().Read().front());
+    Press(window, u"CmdRefresh"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Shown(window), QStringList({u"乙"_s, u"丙"_s}));
+  });
+  EXPECT_EQ(Names(), QStringList({u"乙.txt"_s, u"丙.txt"_s}));
+}
+
 TEST_P(ManageWindowTest, ANameIsNotEmptied) {
   AddThree();
   MessageBoxes boxes;
@@ -192,6 +204,30 @@ TEST_P(ManageWindowTest, DroppedFilesAreOfferedForAdding) {
     Drop(window, dropped, {5, 5});
     ASSERT_TRUE(WaitUntil([&] { return Shown(window) == QStringList(u"新"_s); }));
     EXPECT_EQ(TextIn(window, u"LblState"_s), u"已添加 1 个原文。"_s);
+  });
+}
+
+TEST_P(ManageWindowTest, WhoeverThinksBetterOfItAddsAndExportsNothing) {
+  AddThree();
+  FileDialogs files;
+  files.Answer({}).Answer({});
+  InWindow([&](QWidget& window) {
+    const QString state = TextIn(window, u"LblState"_s);
+    WithWindow(u"frmAddOriginals"_s, [](QWidget& adding) { adding.close(); });
+    Press(window, u"CmdAdd"_s);
+    Choose(window, 0);
+    Press(window, u"CmdExport"_s);
+    EXPECT_EQ(TextIn(window, u"LblState"_s), state);
+  });
+  EXPECT_EQ(files.Requests().size(), 2u);
+  EXPECT_EQ(RowCount(), 3);
+}
+
+TEST_P(ManageWindowTest, AClipboardWithoutAnImageOrFilesIsTold) {
+  QGuiApplication::clipboard()->clear();
+  InWindow([&](QWidget& window) {
+    test::Press(List(window), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(TextIn(window, u"LblState"_s), u"剪贴板中没有图像或文件。"_s);
   });
 }
 

@@ -1,4 +1,5 @@
 #include "originalswork/WorkFixture.h"
+#include "support/FullDisk.h"
 
 namespace folvane::test {
 namespace {
@@ -99,6 +100,27 @@ TEST_P(RecordOriginalsTest, AnExportIsWholeOrNotThere) {
   Originals().Export(added, path);
   EXPECT_EQ(program_.Read(u"out.txt"_s).size(), 1 << 20);
   EXPECT_TRUE(ErrorOf([&] { Originals().Export(added, program_.Path(u"none/out.txt"_s)); }).contains(u"无法写入"_s));
+}
+
+TEST_P(RecordOriginalsTest, AnExportOntoAFullDiskIsTold) {
+  const Original added = Added(u"正文.txt"_s, "a few bytes");
+  const QString path = program_.Path(u"out.txt"_s);
+  QString problem;
+  {
+    const FullDisk full(4);
+    problem = ErrorOf([&] { Originals().Export(added, path); });
+  }
+  EXPECT_TRUE(problem.startsWith(u"文件 %1 无法写入："_s.arg(path))) << problem.toStdString();
+  EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_P(RecordOriginalsTest, AFileThatTheDeletionDoesNotReachIsTold) {
+  const std::vector<Original> three = AddThree();
+  EXPECT_FALSE(Originals().Delete(three[0]));
+  Shared().OriginalRoot = program_.Path(u"elsewhere"_s);
+  EXPECT_TRUE(Originals().Delete(three[1]));
+  EXPECT_EQ(Names(), QStringList(u"丙.txt"_s));
+  EXPECT_EQ(FileCount(), 2);
 }
 
 TEST_P(RecordOriginalsTest, AnotherRecordsOriginalsAreNotTouched) {

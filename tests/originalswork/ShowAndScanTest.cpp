@@ -66,6 +66,34 @@ TEST_P(ShowAndScanTest, EnterShowsTheSelectedOriginal) {
   });
 }
 
+TEST_P(ShowAndScanTest, OfSeveralSelectedNoneIsShown) {
+  Added(u"甲.txt"_s, "one");
+  Added(u"乙.txt"_s, "two");
+  Do(Request(), u"frmOriginals"_s, [&](QWidget& window) {
+    auto& list = Find<QTreeView>(window, u"LvOriginals"_s);
+    list.selectAll();
+    list.setCurrentIndex(list.model()->index(1, 0));
+    list.selectAll();
+    Press(list, Qt::Key_Return);
+    EXPECT_EQ(QApplication::activeModalWidget(), &window);
+  });
+}
+
+TEST_P(ShowAndScanTest, TheWindowStaysWhileAnotherOneIsOpenOverIt) {
+  Added(u"甲.txt"_s, "one");
+  Do(Request(), u"frmOriginals"_s, [&](QWidget& window) {
+    auto& list = Find<QTreeView>(window, u"LvOriginals"_s);
+    ClickItem(list, list.model()->index(0, 0));
+    WithWindow(u"frmViewer"_s, [&](QWidget&) {
+      window.close();
+      EXPECT_TRUE(window.isVisible());
+    });
+    Press(list, Qt::Key_Return);
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+  });
+}
+
 TEST_P(ShowAndScanTest, ThumbnailsComeOneAfterTheOther) {
   Added(u"甲.png"_s, Picture());
   Added(u"乙.png"_s, "no picture");
@@ -88,6 +116,21 @@ TEST_P(ShowAndScanTest, WhatWasScannedIsAddedAtOnce) {
   Do(Request(u"ScanState"_s), u"frmScan"_s, [](QWidget& window) { ScanOne(window); });
   EXPECT_EQ(Names(), QStringList(u"扫描件 2002-03-04 1000.pdf"_s));
   EXPECT_EQ(FileCount(), 1);
+}
+
+TEST_P(ShowAndScanTest, TheWindowTellsWhatWasScannedFromIt) {
+  TestScanner();
+  Do(Request(), u"frmOriginals"_s, [&](QWidget& window) {
+    QAction& scan = FindAction(window, u"TlbOriginals"_s, u"CmdScan"_s);
+    const QString before = TextIn(window, u"LblState"_s);
+    WithWindow(u"frmScan"_s, [](QWidget& scanning) { Click(Find(scanning, u"CmdCancel"_s)); });
+    scan.trigger();
+    EXPECT_EQ(TextIn(window, u"LblState"_s), before);
+    WithWindow(u"frmScan"_s, [](QWidget& scanning) { ScanOne(scanning); });
+    scan.trigger();
+    EXPECT_EQ(TextIn(window, u"LblState"_s), u"已添加 1 个原文。"_s);
+  });
+  EXPECT_EQ(RowCount(), 1);
 }
 
 TEST_P(ShowAndScanTest, AScanThatCannotBeAddedStaysUntilItIs) {

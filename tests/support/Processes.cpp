@@ -11,7 +11,7 @@ namespace folvane::test {
 
 namespace {
 
-constexpr unsigned kPatience = 60;
+constexpr unsigned kLongestLife = 60;
 
 struct Pipe {
   Pipe() {
@@ -31,7 +31,7 @@ QByteArray ReadAll(int end) {
 
 // Nothing of the process that it copies may be closed or freed: connections of that are still in use.
 [[noreturn]] void WorkInCopy(const std::function<QByteArray()>& work, int start, int answer) {
-  alarm(kPatience);
+  alarm(kLongestLife);
   ReadAll(start);
   try {
     const QByteArray text = work();

@@ -68,16 +68,26 @@ constexpr std::array kFunctions{
 };
 
 constexpr std::array kCastTypes{
-    CastType{"char", V::Text, true, false, false},          CastType{"nchar", V::Text, true, false, false},
-    CastType{"varchar", V::Text, false, false, false},      CastType{"nvarchar", V::Text, false, false, false},
-    CastType{"text", V::Text, false, true, false},          CastType{"ntext", V::Text, false, true, false},
-    CastType{"int", V::Integer, false, false, false},       CastType{"integer", V::Integer, false, false, false},
-    CastType{"smallint", V::Integer, false, false, false},  CastType{"tinyint", V::Integer, false, false, false},
-    CastType{"bigint", V::Integer, false, false, false},    CastType{"bit", V::Integer, false, false, true},
-    CastType{"float", V::Float, false, false, false},       CastType{"real", V::Float, false, false, false},
-    CastType{"decimal", V::Decimal, false, false, false},   CastType{"numeric", V::Decimal, false, false, false},
-    CastType{"money", V::Decimal, false, false, false},     CastType{"datetime", V::Date, false, false, false},
-    CastType{"smalldatetime", V::Date, false, false, false}};
+    CastType{"char", V::Text, CastType::Padded},
+    CastType{"nchar", V::Text, CastType::Padded},
+    CastType{"varchar", V::Text},
+    CastType{"nvarchar", V::Text},
+    CastType{"text", V::Text, CastType::Unlimited},
+    CastType{"ntext", V::Text, CastType::Unlimited},
+    CastType{"int", V::Integer},
+    CastType{"integer", V::Integer},
+    CastType{"smallint", V::Integer},
+    CastType{"tinyint", V::Integer},
+    CastType{"bigint", V::Integer},
+    CastType{"bit", V::Integer, CastType::Bit},
+    CastType{"float", V::Float},
+    CastType{"real", V::Float},
+    CastType{"decimal", V::Decimal},
+    CastType{"numeric", V::Decimal},
+    CastType{"money", V::Decimal},
+    CastType{"datetime", V::Date},
+    CastType{"smalldatetime", V::Date},
+};
 
 struct Style {
   int number;

@@ -38,11 +38,16 @@ const char* DateStyle(int style);
 
 /// A type that Cast and Convert know.
 struct CastType {
+  enum Trait {
+    Plain,
+    Padded,     ///< char: filled with blanks
+    Unlimited,  ///< text: not cut at 30 characters when no size is given
+    Bit,
+  };
+
   const char* name;
   ValueType type;
-  bool isPadded;     ///< char: filled with blanks
-  bool isUnlimited;  ///< text: not cut at 30 characters when no size is given
-  bool isBit;
+  Trait trait = Plain;
 };
 
 const CastType* FindCastType(const QString& name);

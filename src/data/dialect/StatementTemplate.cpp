@@ -87,7 +87,6 @@ void StatementTemplate::Keep(Position from, Position to) {
 void StatementTemplate::KeepLiteral(const Literal& literal) {
   key_[length_++] = char16_t(kFirstSign + literal.kind * 256 + literal.traits);
   literals_.push_back(literal);
-  afterLike_ = false;
 }
 
 StatementTemplate::Position StatementTemplate::ReadWord(Position at) {

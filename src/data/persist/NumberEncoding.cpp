@@ -57,9 +57,9 @@ bool EncodeBoolean(const Cell& cell, QByteArray& buffer) {
 
 std::optional<double> RealNumber(const Cell& cell) {
   if (cell.kind == Cell::Real) return cell.real;
-  const double limit = double(qint64(1) << 53);
+  constexpr qint64 kLimit = qint64(1) << 53;  // beyond it not every whole number is one of these
   if (cell.kind == Cell::Integer)
-    return std::fabs(double(cell.integer)) <= limit ? std::optional(double(cell.integer)) : std::nullopt;
+    return cell.integer >= -kLimit && cell.integer <= kLimit ? std::optional(double(cell.integer)) : std::nullopt;
   if (cell.kind != Cell::Text) return std::nullopt;
   // A text is kept as a number only where it reads the same afterwards.
   const QByteArray text = cell.bytes.trimmed().toByteArray();

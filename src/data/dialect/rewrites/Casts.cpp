@@ -35,16 +35,17 @@ ExpressionPtr ToText(const Expression& value, const CastType& type, RewriteConte
     text = DateAsText(inner, value.style, dialect);
   else if (inner->column && value.style > 0 && *dialect.formatDateInText)
     text = Native(dialect.formatDateInText, {text, Constant(QLatin1String(PatternOf(value.style)))}, ValueType::Text);
-  if (value.size < 0 || type.isUnlimited) return text;
+  if (value.size < 0 || type.trait == CastType::Unlimited) return text;
   const int size = value.size > 0 ? value.size : kDefaultLength;
-  return Native(type.isPadded ? dialect.padText : dialect.cutText, {text, Digits(size)}, ValueType::Text);
+  return Native(type.trait == CastType::Padded ? dialect.padText : dialect.cutText, {text, Digits(size)},
+                ValueType::Text);
 }
 
 ExpressionPtr ToInteger(const Expression& value, const CastType& type, RewriteContext& context) {
   ExpressionPtr number = Coerce(value.parts[0], ValueType::Integer, context);
   if (number->type != ValueType::Integer && number->type != ValueType::Null)
     number = Native(context.Dialect().numberToInteger, {number}, ValueType::Integer);
-  return type.isBit ? Native(context.Dialect().toBit, {number}, ValueType::Integer) : number;
+  return type.trait == CastType::Bit ? Native(context.Dialect().toBit, {number}, ValueType::Integer) : number;
 }
 
 ExpressionPtr ToDecimal(const Expression& value, RewriteContext& context) {
