@@ -16,6 +16,7 @@
 
 #include "host/Accounts.h"
 #include "host/Message.h"
+#include "host/readymade/ReadyMade.h"
 
 namespace folvane::host {
 namespace {

@@ -5,29 +5,16 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/Ddl.h"
-#include "host/demo/DesignRows.h"
+#include "catalogue/RowWriter.h"
+#include "host/demo/ClerkTraces.h"
+#include "host/demo/DemoDesign.h"
 #include "host/demo/EventRecords.h"
-#include "host/demo/FixedRows.h"
 #include "host/demo/IncomingRecords.h"
 #include "host/demo/OutgoingRecords.h"
 
 namespace folvane::demo {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-void DropAll(Connection& connection, const std::vector<TableDesign>& designs) {
-  for (const Table& table : CatalogueTables()) DropTable(connection, table.name);
-  for (const TableDesign& design : designs) DropTable(connection, design.name);
-}
-
-// The indexes of the business tables wait until the rows are in.
-void CreateBusinessTables(Connection& connection, const std::vector<TableDesign>& designs) {
-  for (const TableDesign& design : designs) {
-    Table table = design.Physical();
-    table.indexes.clear();
-    CreateTable(connection, table);
-  }
-}
 
 // Where the originals lie, and that it is the demo database, which wants no passwords.
 void WriteSettings(Connection& connection, const QString& directory) {
@@ -38,10 +25,10 @@ void WriteSettings(Connection& connection, const QString& directory) {
   settings.Finish();
 }
 
-void WriteRecords(Connection& connection, const DemoOptions& options, const QString& store) {
+void WriteRecords(Connection& connection, const DemoOptions& options, const Design& design, const QString& store) {
   constexpr int kRecordsToReport = 10'000;
   const Plan plan = Plan::For(options.records, options.today);
-  const Words words;
+  const Words words(design);
   Random random(options.seed);
   Originals originals(connection, store, plan.first, random);
   FlowSheets sheets(connection, words, plan.today, random);
@@ -67,17 +54,18 @@ void MakeDemoDatabase(Connection& connection, const DemoOptions& options) {
   if (options.records < Plan::kFewest || options.records > Plan::kMost)
     throw std::invalid_argument("the demo has 100 to 1000000 records");
   const QString store = options.storeDirectory.isEmpty() ? QString() : QDir(options.storeDirectory).absolutePath();
-  const std::vector<TableDesign> designs = ReadTableDesigns();
+  const Design design = DemoDesign();
   Transaction transaction(connection);
-  if (options.replace) DropAll(connection, designs);
+  if (options.replace) {
+    for (const Table& table : CatalogueTables()) DropTable(connection, table.name);
+    DropTables(connection, design);
+  }
   CreateCatalogue(connection);
-  CreateBusinessTables(connection, designs);
-  WriteFixedRows(connection);
-  WriteDictionaries(connection);
-  WriteDesign(connection, designs);
+  MakeTables(connection, design);
+  WriteClerkTraces(connection, design);
   WriteSettings(connection, store);
-  WriteRecords(connection, options, store);
-  for (const TableDesign& design : designs) CreateIndexes(connection, design.Physical());
+  WriteRecords(connection, options, design, store);
+  MakeIndexes(connection);
   transaction.Commit();
   if (options.progress) options.progress(options.records, options.records);
 }

@@ -66,7 +66,7 @@ Letter IncomingRecords::NewLetter(const QDateTime& registered) {
   letter.kind = random.Pick(sender.documents);
   letter.title = words.Title(sender.name, letter.kind, letter.written.year(), random);
   if (!random.Chance(3)) letter.docNo = NextDocNo(sender, letter.written.year());
-  if (random.Chance(30)) letter.security = random.Pick(words.List(u"密级"_s).mid(0, random.Chance(95) ? 2 : 4));
+  if (random.Chance(30)) letter.security = random.Pick(words.List(u"密级"_s).mid(1, random.Chance(95) ? 2 : 4));
   letter.department = random.Pick(words.List(u"承办科室"_s));
   letter.copies = random.Between(1, 5);
   letter.pages = random.Chance(5) ? 0 : random.Between(1, random.Chance(80) ? 8 : 60);
@@ -106,7 +106,8 @@ void IncomingRecords::Add(const Letter& letter, const QString& fileStatus, bool 
        letter.department, mustAnswer ? QVariant(DayText(day.addDays(random.Between(3, 20)))) : QVariant(),
        random.Chance(55) ? QVariant(words.Fill(random.Pick(words.List(u"处理意见"_s)), year_, random)) : QVariant(),
        states.dispense, states.read, states.handle, done ? QVariant(DayDigits(finished)) : QVariant(),
-       TextOrNull(fileStatus), random.Chance(90) ? QVariant(random.Pick(words.List(u"载体"_s))) : QVariant(u""_s),
+       TextOrNull(fileStatus),
+       random.Chance(90) ? QVariant(random.Pick(words.List(u"载体"_s).mid(0, 2))) : QVariant(u""_s),
        TextOrNull(letter.note)});
 }
 

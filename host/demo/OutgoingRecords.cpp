@@ -9,11 +9,10 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QStringList kOutgoingColumns{
-    u"ArchiveID"_s,  u"RegID"_s,         u"CreatedDate"_s, u"DocNo"_s,         u"FileDate"_s,      u"Amaintitle"_s,
-    u"MainSend"_s,   u"ResponsibleBy"_s, u"CopySend"_s,    u"DocType"_s,       u"SecurityClass"_s, u"Urgency"_s,
-    u"AecNo"_s,      u"Department"_s,    u"Drafter"_s,     u"Signer"_s,        u"Phone"_s,         u"SbtWord"_s,
-    u"FondsNo"_s,    u"Quantity"_s,      u"Pages"_s,       u"DisPenseState"_s, u"ReadState"_s,     u"HandleState"_s,
-    u"FileStatus"_s, u"Note"_s};
+    u"ArchiveID"_s,  u"RegID"_s,         u"CreatedDate"_s, u"DocNo"_s,       u"FileDate"_s,      u"Amaintitle"_s,
+    u"MainSend"_s,   u"ResponsibleBy"_s, u"CopySend"_s,    u"DocType"_s,     u"SecurityClass"_s, u"Urgency"_s,
+    u"Department"_s, u"Drafter"_s,       u"Signer"_s,      u"Phone"_s,       u"FondsNo"_s,       u"Quantity"_s,
+    u"PageCount"_s,  u"DisPenseState"_s, u"ReadState"_s,   u"HandleState"_s, u"FileStatus"_s,    u"Note"_s};
 constexpr int kOutgoingWithSheets = 500, kOutgoingWithFiles = 150;
 
 // Which word a kind of document is numbered under.
@@ -61,7 +60,7 @@ void OutgoingRecords::WriteYear(int year, int begin, int end) {
     const Letter letter = NewLetter(calendar_.At(i, total));
     const bool kept = archived.Next();
     const QString entityClass = around_.random.Pick(classes);
-    Add(letter, entityClass, StatusOf(year, kept), i >= total - std::min(total / 3, kOutgoingWithSheets));
+    Add(letter, StatusOf(year, kept), i >= total - std::min(total / 3, kOutgoingWithSheets));
     const auto originals = around_.originals.Attach(letter, i >= total - kOutgoingWithFiles);
     around_.recordDone();
     if (!kept) continue;
@@ -85,7 +84,7 @@ Letter OutgoingRecords::NewLetter(const QDateTime& registered) {
   letter.title = words.Title(letter.author, letter.kind, registered.date().year(), random);
   regId_ = ++lastNumbers_[word];
   letter.docNo = u"%1〔%2〕%3号"_s.arg(word).arg(registered.date().year()).arg(regId_);
-  if (random.Chance(15)) letter.security = random.Pick(words.List(u"密级"_s).mid(0, 2));
+  if (random.Chance(15)) letter.security = random.Pick(words.List(u"密级"_s).mid(1, 2));
   letter.department = random.Pick(words.List(u"承办科室"_s));
   letter.copies = random.Between(5, 80);
   letter.pages = random.Between(1, 20);
@@ -99,18 +98,16 @@ QString OutgoingRecords::StatusOf(int year, bool archived) {
   return around_.random.Chance(90) ? u"需归档"_s : QString();
 }
 
-void OutgoingRecords::Add(const Letter& letter, const QString& entityClass, const QString& fileStatus, bool recent) {
+void OutgoingRecords::Add(const Letter& letter, const QString& fileStatus, bool recent) {
   Random& random = around_.random;
   const Words& words = around_.words;
   const QString dispensed = recent ? around_.sheets.ForOutgoing(letter, regId_) : around_.sheets.LongDone().dispense;
-  // Some clerks write the pages with their unit, which no number column takes.
-  const QString pages = random.Chance(97) ? QString::number(letter.pages) : QString::number(letter.pages) + u"页"_s;
   const auto some = [&](int percent, const QString& text) {
     return random.Chance(percent) ? QVariant(text) : QVariant();
   };
   rows_.Add({letter.key,
              qlonglong(regId_),
-             DayDigits(letter.registered.date()),
+             DayText(letter.registered.date()),
              letter.docNo,
              DayText(letter.written),
              letter.title,
@@ -120,15 +117,13 @@ void OutgoingRecords::Add(const Letter& letter, const QString& entityClass, cons
              letter.kind,
              TextOrNull(letter.security),
              some(25, random.Pick(words.List(u"缓急"_s))),
-             some(80, entityClass),
              letter.department,
              words.Person(random),
              random.Pick(words.List(u"签发人"_s)),
              QString::asprintf("0700-%08d", 86'000'000 + random.Below(1'000'000)),
-             TextOrNull(words.Matter(letter.title)),
              u"0188"_s,
              qlonglong(letter.copies),
-             pages,
+             qlonglong(letter.pages),
              dispensed,
              u"未传阅"_s,
              u"未处理"_s,

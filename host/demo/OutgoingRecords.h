@@ -20,7 +20,7 @@ class OutgoingRecords {
  private:
   void WriteYear(int year, int begin, int end);
   Letter NewLetter(const QDateTime& registered);
-  void Add(const Letter& letter, const QString& entityClass, const QString& fileStatus, bool recent);
+  void Add(const Letter& letter, const QString& fileStatus, bool recent);
   QString StatusOf(int year, bool archived);
 
   RecordContext around_;

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "host/demo/ArchiveNumbers.h"
+
 namespace folvane::demo {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int kItemsToBox = 20;
-
-QString Padded(int number) { return QString::number(number).rightJustified(4, u'0'); }
+constexpr int kDigits = 4;  ///< of items and boxes
 
 }  // namespace
 
@@ -16,9 +17,10 @@ SingleRecords::SingleRecords(const RecordContext& around)
     : around_(around),
       keys_(KeyKind::SingleItem, around.random),
       rows_(around.connection, u"Gdwj"_s,
-            {u"ArchiveID"_s, u"FondsNo"_s, u"FileYear"_s, u"AecNo"_s, u"Retention"_s, u"ItemNo"_s, u"ArchiveNo"_s,
-             u"Amaintitle"_s, u"DocNo"_s, u"DocType"_s, u"ResponsibleBy"_s, u"FileDate"_s, u"CreatedDate"_s,
-             u"SecurityClass"_s, u"Quantity"_s, u"BoxNo"_s, u"ArchiveFlag"_s, u"Note"_s, u"InputDate"_s}) {}
+            {u"ArchiveID"_s,     u"FondsNo"_s, u"CategoryCode"_s,  u"FileYear"_s,   u"AecNo"_s,
+             u"Retention"_s,     u"ItemNo"_s,  u"ArchiveNo"_s,     u"Amaintitle"_s, u"DocNo"_s,
+             u"DocType"_s,       u"Version"_s, u"ResponsibleBy"_s, u"FileDate"_s,   u"CreatedDate"_s,
+             u"SecurityClass"_s, u"Carrier"_s, u"PageCount"_s,     u"BoxNo"_s,      u"Note"_s}) {}
 
 int SingleRecords::OpenYear(int year) {
   year_ = {};
@@ -32,16 +34,30 @@ int SingleRecords::OpenYear(int year) {
 
 void SingleRecords::Take(const Letter& letter, const QString& entityClass, const std::vector<StoredFile>& originals) {
   const QDateTime moment = spring_->At(taken_++, year_.singles);
-  const QString fonds = u"0188"_s;
-  const QString year = QString::number(year_.year);
   const QString retention = around_.random.Pick(around_.words.List(u"保管期限"_s));
-  const QString fixed = QStringList{fonds, year, entityClass, around_.words.Code(u"保管期限"_s, retention)}.join(u'-');
+  const QString fixed = NumberBeginning(around_.words, year_.year, retention) + u'-' + entityClass;
   const int item = ++lastItems_[fixed];
   const QString key = keys_.At(moment);
-  rows_.Add({key, fonds, year, entityClass, retention, qlonglong(item), fixed + u'-' + Padded(item), letter.title,
-             letter.docNo, letter.kind, letter.author, DayText(letter.written), DayDigits(letter.registered.date()),
-             TextOrNull(letter.security), qlonglong(std::max(1, letter.pages)), Padded((item - 1) / kItemsToBox + 1),
-             u"已组卷"_s, TextOrNull(letter.note), DayText(moment.date())});
+  rows_.Add({key,
+             kFonds,
+             kCategory,
+             QString::number(year_.year),
+             entityClass,
+             retention,
+             qlonglong(item),
+             fixed + u'-' + Padded(item, kDigits),
+             letter.title,
+             letter.docNo,
+             letter.kind,
+             u"正本"_s,
+             letter.author,
+             DayText(letter.written),
+             DayText(letter.registered.date()),
+             TextOrNull(letter.security),
+             u"纸质"_s,
+             qlonglong(std::max(1, letter.pages)),
+             Padded((item - 1) / kItemsToBox + 1, kDigits),
+             TextOrNull(letter.note)});
   around_.originals.Share(key, originals);
 }
 

@@ -8,12 +8,16 @@ void InitDemoResources() { Q_INIT_RESOURCE(demo); }
 namespace folvane::demo {
 using namespace Qt::Literals::StringLiterals;
 
-std::vector<QStringList> ReadLines(const QString& file) {
+QByteArray ReadData(const QString& file) {
   InitDemoResources();
   QFile data(u":/folvane/demo/"_s + file);
   if (!data.open(QIODevice::ReadOnly)) throw std::runtime_error("no demo data " + file.toStdString());
+  return data.readAll();
+}
+
+std::vector<QStringList> ReadLines(const QString& file) {
   std::vector<QStringList> lines;
-  for (const QString& line : QString::fromUtf8(data.readAll()).split(u'\n')) {
+  for (const QString& line : QString::fromUtf8(ReadData(file)).split(u'\n')) {
     if (line.trimmed().isEmpty() || line.startsWith(u'#')) continue;
     QStringList parts;
     for (const QString& part : line.split(u'|')) parts << part.trimmed();
@@ -22,16 +26,14 @@ std::vector<QStringList> ReadLines(const QString& file) {
   return lines;
 }
 
-TextLists TextLists::Read(const QString& file) {
-  TextLists lists;
+QHash<QString, QStringList> ReadLists(const QString& file) {
+  QHash<QString, QStringList> lists;
+  QString name;
   for (const QStringList& line : ReadLines(file)) {
-    const QString& text = line[0];
-    if (text.startsWith(u'[')) {
-      lists.names << text.mid(1, text.size() - 2);
-      lists.entries[lists.names.last()];
-    } else {
-      lists.entries[lists.names.last()].push_back({text, line.value(1)});
-    }
+    if (line[0].startsWith(u'['))
+      name = line[0].mid(1, line[0].size() - 2);
+    else
+      lists[name] << line[0];
   }
   return lists;
 }

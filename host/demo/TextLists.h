@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -10,20 +11,14 @@ void InitDemoResources();
 
 namespace folvane::demo {
 
+/// A data file. @throws std::runtime_error when there is no such file
+QByteArray ReadData(const QString& file);
+
 /// The lines of a data file without comments and empty lines, each taken apart at "|" and trimmed.
 /// @throws std::runtime_error when there is no such file
 std::vector<QStringList> ReadLines(const QString& file);
 
-struct Entry {
-  QString text, code;
-};
-
-/// A file of lists: "[name]", then one entry to a line, with a code behind "|" where it has one.
-struct TextLists {
-  QStringList names;  ///< in the order of the file
-  QHash<QString, std::vector<Entry>> entries;
-
-  static TextLists Read(const QString& file);
-};
+/// A file of lists by name: "[name]", then one entry to a line.
+QHash<QString, QStringList> ReadLists(const QString& file);
 
 }  // namespace folvane::demo

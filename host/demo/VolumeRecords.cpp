@@ -2,22 +2,22 @@
 
 #include <algorithm>
 
+#include "host/demo/ArchiveNumbers.h"
+
 namespace folvane::demo {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QStringList kVolumeColumns{u"ArchiveID"_s,     u"FondsNo"_s,  u"FileYear"_s,      u"Retention"_s,
-                                 u"VolumeNo"_s,      u"FolderNo"_s, u"SecurityClass"_s, u"Amaintitle"_s,
-                                 u"ResponsibleBy"_s, u"Quantity"_s, u"DocStartDate"_s,  u"DocEndDate"_s,
-                                 u"Location"_s,      u"Keeper"_s,   u"Note"_s,          u"InputDate"_s};
-const QStringList kItemColumns{u"ArchiveID"_s,   u"FondsNo"_s,       u"FileYear"_s,      u"Retention"_s,
-                               u"VolumeNo"_s,    u"FolderNo"_s,      u"ArchiveNo"_s,     u"DocOrder"_s,
-                               u"DocNo"_s,       u"Amaintitle"_s,    u"ResponsibleBy"_s, u"FileDate"_s,
-                               u"CreatedDate"_s, u"SecurityClass"_s, u"PageNo"_s,        u"Quantity"_s,
-                               u"ArchiveFlag"_s, u"Note"_s,          u"InputDate"_s};
-const QString kFonds = u"0188"_s;
-
-QString Padded(int number, int width) { return QString::number(number).rightJustified(width, u'0'); }
+const QStringList kVolumeColumns{u"ArchiveID"_s, u"FondsNo"_s,  u"CategoryCode"_s,  u"FileYear"_s,   u"Retention"_s,
+                                 u"VolumeNo"_s,  u"FolderNo"_s, u"SecurityClass"_s, u"Amaintitle"_s, u"ResponsibleBy"_s,
+                                 u"ItemCount"_s, u"Quantity"_s, u"DocStartDate"_s,  u"DocEndDate"_s, u"Location"_s,
+                                 u"Keeper"_s,    u"Carrier"_s};
+const QStringList kItemColumns{u"ArchiveID"_s, u"FondsNo"_s,     u"CategoryCode"_s,  u"FileYear"_s,
+                               u"Retention"_s, u"VolumeNo"_s,    u"FolderNo"_s,      u"ArchiveNo"_s,
+                               u"ItemNo"_s,    u"DocNo"_s,       u"Amaintitle"_s,    u"ResponsibleBy"_s,
+                               u"FileDate"_s,  u"CreatedDate"_s, u"SecurityClass"_s, u"PageNo"_s,
+                               u"Quantity"_s,  u"Note"_s,        u"InputDate"_s};
+constexpr int kVolumeDigits = 4, kItemDigits = 3;
 
 }  // namespace
 
@@ -55,11 +55,11 @@ void VolumeRecords::Take(const Letter& letter, const std::vector<StoredFile>& or
   volume.pages += pages;
   volume.lastDay = DayText(letter.registered.date());
   if (volume.security.isEmpty()) volume.security = letter.security;
-  itemRows_.Add({key, kFonds, QString::number(year_.year), volume.retention, volume.volumeNo, volume.folderNo,
-                 volume.folderNo + u'-' + Padded(pageNo, 3), qlonglong(volume.documents), TextOrNull(letter.docNo),
-                 letter.title, letter.author, DayText(letter.written), DayText(letter.registered.date()),
-                 TextOrNull(letter.security), qlonglong(pageNo), qlonglong(pages), u"已组卷"_s, TextOrNull(letter.note),
-                 DayText(moment.date())});
+  itemRows_.Add({key, kFonds, kCategory, QString::number(year_.year), volume.retention, volume.volumeNo,
+                 volume.folderNo, volume.folderNo + u'-' + Padded(volume.documents, kItemDigits),
+                 qlonglong(volume.documents), TextOrNull(letter.docNo), letter.title, letter.author,
+                 DayText(letter.written), DayText(letter.registered.date()), TextOrNull(letter.security),
+                 qlonglong(pageNo), qlonglong(pages), TextOrNull(letter.note), DayText(moment.date())});
   originals_.Share(key, originals);
 }
 
@@ -69,24 +69,21 @@ void VolumeRecords::OpenVolume(const Letter& letter, const QDateTime& moment) {
   Volume volume;
   volume.key = volumeKeys_.At(moment);
   volume.retention = random_.Pick(words_.List(u"保管期限"_s));
-  volume.volumeNo = Padded(++lastVolumes_[volume.retention], 4);
-  volume.folderNo =
-      QStringList{kFonds, QString::number(year_.year), words_.Code(u"保管期限"_s, volume.retention), volume.volumeNo}
-          .join(u'-');
+  volume.volumeNo = Padded(++lastVolumes_[volume.retention], kVolumeDigits);
+  volume.folderNo = NumberBeginning(words_, year_.year, volume.retention) + u'-' + volume.volumeNo;
   volume.title = letter.title + u"等来文"_s;
   volume.firstDay = DayText(letter.registered.date());
-  volume.inputDate = moment.date();
   volume_ = volume;
 }
 
 void VolumeRecords::CloseVolume() {
   if (!volume_) return;
   const Volume& volume = *volume_;
-  volumeRows_.Add({volume.key, kFonds, QString::number(year_.year), volume.retention, volume.volumeNo, volume.folderNo,
-                   TextOrNull(volume.security), volume.title, u"青岚市人民政府办公室"_s, qlonglong(volume.pages),
-                   volume.firstDay, volume.lastDay,
+  volumeRows_.Add({volume.key, kFonds, kCategory, QString::number(year_.year), volume.retention, volume.volumeNo,
+                   volume.folderNo, TextOrNull(volume.security), volume.title, u"青岚市人民政府办公室"_s,
+                   qlonglong(volume.documents), qlonglong(volume.pages), volume.firstDay, volume.lastDay,
                    random_.Chance(90) ? QVariant(random_.Pick(words_.List(u"存放位置"_s))) : QVariant(),
-                   words_.Person(random_), QVariant(), DayText(volume.inputDate)});
+                   words_.Person(random_), u"纸质"_s});
   volume_.reset();
 }
 

@@ -30,7 +30,6 @@ class VolumeRecords {
  private:
   struct Volume {
     QString key, retention, volumeNo, folderNo, title, security;
-    QDate inputDate;
     QString firstDay, lastDay;
     int documents = 0, pages = 0;
   };

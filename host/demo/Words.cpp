@@ -14,15 +14,13 @@ QStringList DocumentsFrom(const QString& side) {
 
 }  // namespace
 
-Words::Words() {
-  for (const QString& file : {u"words.txt"_s, u"dictionaries.txt"_s}) {
-    const TextLists read = TextLists::Read(file);
-    for (const QString& name : read.names)
-      for (const Entry& entry : read.entries[name]) {
-        lists_[name] << entry.text;
-        codes_[name][entry.text] = entry.code;
-      }
-  }
+Words::Words(const Design& design) {
+  lists_ = ReadLists(u"words.txt"_s);
+  for (const Design::Dictionary& dictionary : design.dictionaries)
+    for (const Design::DictionaryEntry& entry : dictionary.entries) {
+      lists_[dictionary.name] << entry.text;
+      codes_[dictionary.name][entry.text] = entry.code;
+    }
   for (const QStringList& line : ReadLines(u"senders.txt"_s))
     senders_.push_back({line[0], line[1].split(u' '), DocumentsFrom(line[2])});
 }
@@ -50,13 +48,6 @@ QString Words::Fill(QString pattern, int year, Random& random) const {
 QString Words::Title(const QString& author, const QString& kind, int year, Random& random) const {
   const QString subject = Fill(random.Pick(List(kind)), year, random);
   return subject.startsWith(u"关于"_s) ? author + subject : subject;
-}
-
-QString Words::Matter(const QString& title) const {
-  for (const QString& list : {u"工作"_s, u"活动"_s, u"项目"_s, u"机构"_s, u"会议"_s, u"资金"_s})
-    for (const QString& matter : List(list))
-      if (title.contains(matter)) return matter;
-  return {};
 }
 
 QString Words::Person(Random& random) const {

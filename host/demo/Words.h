@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <vector>
 
+#include <folvane/Design.h>
+
 #include "host/demo/Random.h"
 
 namespace folvane::demo {
@@ -15,10 +17,10 @@ struct Sender {
   QStringList documents;  ///< kinds of document that come from above, beside or below
 };
 
-/// The vocabulary of the demo: lists by name and what is put together of them.
+/// The vocabulary of the demo: lists and dictionaries by name and what is put together of them.
 class Words {
  public:
-  Words();
+  explicit Words(const Design& design);
 
   const QStringList& List(const QString& name) const;
   /// The code of an entry in archive numbers, "" when it has none.
@@ -30,8 +32,6 @@ class Words {
   /// A title of that kind of document.
   QString Title(const QString& author, const QString& kind, int year, Random& random) const;
   QString Person(Random& random) const;
-  /// The matter that a title is about, in the words of the lists; "" when none of them is in it.
-  QString Matter(const QString& title) const;
 
  private:
   QHash<QString, QStringList> lists_;

@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 const QString kParameters = u"FrmArchivePara"_s, kVolumeTitle = u"FrmInAmain"_s, kArchive = u"FrmArchive"_s,
               kMergedTable = u"FrmSelTbl"_s, kMerge = u"FrmSearchResult"_s, kQuery = u"frmSimFind"_s,
               kSettings = u"FrmTransferSettings"_s;
-const QString kVolume = u"0188-2026-30-0902"_s;
+const QString kVolume = u"0188-WS·2026-D30-0902"_s;
 constexpr int kTicked = 40, kMerged = 3;
 constexpr QSize kArchiveSize(1180, 720);
 constexpr int kOkKey = 1;
@@ -29,6 +29,14 @@ void ChooseDocuments() {
                                   QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
+void EnterVolume(const QString& window, const QString& number) {
+  In<QWidget>(window, u"F_FondsNo(1)"_s).setProperty("text", u"0188"_s);
+  hands::Retype(In<QWidget>(window, u"Txt(1)"_s), u"WS"_s);
+  hands::Retype(In<QWidget>(window, u"Txt(2)"_s), u"2026"_s);
+  In<QWidget>(window, u"Cmb(1)"_s).setProperty("text", u"30年"_s);
+  hands::Retype(In<QWidget>(window, u"Txt(3)"_s), number);
+}
+
 void PlanTransferFromBrowser(Tour& tour) {
   tour.Step(u"send three documents into the archive"_s, OnTop(kBrowser), [] {
     ChooseDocuments();
@@ -36,10 +44,7 @@ void PlanTransferFromBrowser(Tour& tour) {
     hands::ClickKey(Window(kBrowser), u"tlb"_s, u"Archive"_s);
   });
   tour.Step(u"say into which volume"_s, Shown(kParameters), [&tour] {
-    In<QWidget>(kParameters, u"F_FondsNo(1)"_s).setProperty("text", u"0188"_s);
-    hands::Retype(In<QWidget>(kParameters, u"Txt(1)"_s), u"2026"_s);
-    In<QWidget>(kParameters, u"Cmb(1)"_s).setProperty("text", u"30年"_s);
-    hands::Retype(In<QWidget>(kParameters, u"Txt(2)"_s), u"0901"_s);
+    EnterVolume(kParameters, u"0901"_s);
     tour.Picture(Window(kParameters), u"archive-parameters"_s);
     hands::Click(In<QWidget>(kParameters, u"CmdOK"_s));
   });
@@ -91,10 +96,7 @@ void PlanTransferFromWindow(Tour& tour) {
     TickForty();
     const QString last = Waiting().model()->index(kTicked - 1, 0).data().toString();
     Expect(last == QString::number(kTicked), u"the last has the number "_s + last);
-    In<QWidget>(kArchive, u"F_FondsNo(1)"_s).setProperty("text", u"0188"_s);
-    hands::Retype(In<QWidget>(kArchive, u"Txt(1)"_s), u"2026"_s);
-    In<QWidget>(kArchive, u"Cmb(1)"_s).setProperty("text", u"30年"_s);
-    hands::Retype(In<QWidget>(kArchive, u"Txt(2)"_s), u"0902"_s);
+    EnterVolume(kArchive, u"0902"_s);
     hands::Click(In<QCheckBox>(kArchive, u"Check2"_s));
   });
   tour.Step(
@@ -126,7 +128,7 @@ void PlanTransferFromWindow(Tour& tour) {
 // Opens the classes above the table on the way.
 void GoToTable(const QString& key) {
   QAbstractItemModel& tree = *Tree().model();
-  for (const QString& node : {u"C5\\"_s, key}) {
+  for (const QString& node : {u"C8\\"_s, key}) {
     const auto found = tree.match(tree.index(0, 0), Qt::UserRole, node, 1, Qt::MatchExactly | Qt::MatchRecursive);
     Expect(!found.isEmpty(), u"no node "_s + node);
     hands::ClickItem(Tree(), found.first());

@@ -1,5 +1,10 @@
+#include <gmock/gmock.h>
+
+#include <folvane/Design.h>
+
 #include "base/CodePage.h"
 #include "demo/DemoFixture.h"
+#include "host/demo/TextLists.h"
 
 namespace folvane::test {
 namespace {
@@ -7,6 +12,19 @@ using namespace Qt::Literals::StringLiterals;
 
 class DemoDesign : public DemoTest {};
 FOLVANE_ON_EACH_DATABASE(DemoDesign);
+
+TEST_P(DemoDesign, HasNothingThatTheCheckWarnsOf) {
+  QStringList warnings;
+  for (const DesignFinding& finding : CheckDesign(ReadDesign(*Connected()), Connected().get())) {
+    if (finding.weight != DesignFinding::Weight::Note) warnings << finding.where + u'：' + finding.what;
+  }
+  EXPECT_THAT(warnings, testing::IsEmpty());
+}
+
+TEST(DemoDesignFile, StandsAsAnExportWouldWriteIt) {
+  const QByteArray text = demo::ReadData(u"demo.yaml"_s);
+  EXPECT_EQ(DesignText(ParseDesign(text)), text);
+}
 
 TEST_P(DemoDesign, NamesOnlyTablesAndFieldsThatAreThere) {
   const QStringList statements{
@@ -105,13 +123,13 @@ TEST_P(DemoDesign, HangsEveryTableUnderAClassWithoutSubclasses) {
   EXPECT_GE(Count(u"Design_ClassRelation Where Class_Parent = 1"_s), 3);
 }
 
-TEST_P(DemoDesign, SaysFileArchiveEmptyAndNothingOfTheKindOfATable) {
+TEST_P(DemoDesign, SaysFileArchiveAndNothingOfTheKindOfATable) {
   EXPECT_EQ(Column(u"Select DISTINCT tablename From DynamicWindows where tabletype='F' Order By tablename"_s),
             (QStringList{u"Fwdj"_s, u"Lwdj"_s}));
   EXPECT_EQ(Column(u"Select DISTINCT tablename From DynamicWindows where tabletype='A' Order By tablename"_s).size(),
             2);
-  EXPECT_EQ(Column(u"Select DISTINCT tablename From DynamicWindows where tabletype=''"_s), QStringList{u"Dsj"_s});
-  EXPECT_EQ(Column(u"Select DISTINCT tablename From DynamicWindows where tabletype is null"_s), QStringList{u"Gdwj"_s});
+  EXPECT_EQ(Column(u"Select DISTINCT tablename From DynamicWindows where tabletype='' Order By tablename"_s),
+            (QStringList{u"Dsj"_s, u"Gdwj"_s}));
 }
 
 TEST_P(DemoDesign, TakesEveryValueThatTheDemoHoldsWithinItsLength) {

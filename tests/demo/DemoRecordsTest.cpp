@@ -127,7 +127,7 @@ TEST_P(DemoRecords, OfTheArchiveHaveNumbersThatNoTwoShare) {
   }
   const QStringList item =
       Select(u"Select ArchiveNo,FondsNo,FileYear,AecNo,ItemNo From Gdwj Where Retention = '永久'"_s).at(0);
-  EXPECT_EQ(item[0], u"%1-%2-%3-YJ-%4"_s.arg(item[1], item[2], item[3], item[4].rightJustified(4, u'0')));
+  EXPECT_EQ(item[0], u"%1-WS·%2-00Y-%3-%4"_s.arg(item[1], item[2], item[3], item[4].rightJustified(4, u'0')));
 }
 
 TEST_P(DemoRecords, ThatAreArchivedStandInTheArchiveToo) {

@@ -13,6 +13,7 @@
 #include "host/Accounts.h"
 #include "host/LogOnDialog.h"
 #include "host/NewOffice.h"
+#include "host/readymade/ReadyMade.h"
 #include "support/Accessibility.h"
 #include "support/WindowDriver.h"
 
