@@ -82,7 +82,8 @@ DictionariesPage::DictionariesPage(DesignSession& session)
   RestoreSizes(*beside_, kSizesName, {460, 440});
   auto* down = new QVBoxLayout(this);
   down->addWidget(beside_, 1);
-  down->addWidget(NewHint(u"字段在“字段”中选用字典；字典改名时字段随之更改。词条按排序号列出，代号用在档号中。"_s, this));
+  down->addWidget(
+      NewHint(u"字段在“字段”中选用字典；字典改名时字段随之更改。词条按排序号列出，代号用在档号中。"_s, this));
   setFocusProxy(dictionaries_);
   ConnectGuarded(dictionaries_, &DesignGrid::CurrentRowChanged, this, [this] { entries_->Refresh(); });
 }

@@ -35,9 +35,9 @@ QString LabelFor(const std::vector<Thing>& things, const QString& name) {
 template <class Thing>
 const Thing& LabelledBy(const std::vector<Thing>& things, const QString& text) {
   const QString label = text.trimmed();
-  for (const auto fits : {+[](const Thing& thing, const QString& sought) { return LabelOf(thing) == sought; },
-                          +[](const Thing& thing, const QString& sought) { return design::IsSame(thing.name, sought); },
-                          +[](const Thing& thing, const QString& sought) { return thing.caption == sought; }}) {
+  for (const auto fits : {+[](const Thing&thing, const QString&sought) { return LabelOf(thing) == sought; },
+                          +[](const Thing&thing, const QString&sought) { return design::IsSame(thing.name, sought); },
+                          +[](const Thing&thing, const QString&sought) { return thing.caption == sought; }}) {
     const auto found = std::find_if(things.begin(), things.end(), [&](const Thing& each) { return fits(each, label); });
     if (found != things.end()) return *found;
   }
