@@ -11,8 +11,8 @@ class Connection;
 
 namespace folvane::transfer {
 
-/// A value that a part of a number might have: an entry of its dictionary, the first fonds or class, this year; 1 for
-/// the running number and where nothing better is known. @throws DataError
+/// A value that a part of a number might have, from what the database holds; 1 where nothing better is known.
+/// @throws DataError
 QString SampleValue(Connection& connection, const NumberFormat& format, std::size_t part, BusinessTables& tables);
 
 /// The number that these values make, as a transfer composes it; without a folder's last part where that is asked for.

@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "components/transfer/SettingsStore.h"
-#include "components/transfer/Suggestions.h"
 #include "design/transfer/BusinessTables.h"
 #include "design/transfer/Finding.h"
+#include "design/transfer/Suggestions.h"
 
 namespace folvane::transfer {
 

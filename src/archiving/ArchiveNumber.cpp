@@ -2,18 +2,12 @@
 
 #include <folvane/ClsCodeConvert.h>
 
-#include "base/CodePage.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-// A class, too, is looked up among the fonds.
-bool IsFondsOrClass(const QString& field) {
-  return field.compare(u"FondsNo"_s, Qt::CaseInsensitive) == 0 || field.compare(u"AecNo"_s, Qt::CaseInsensitive) == 0;
-}
 
 QString KeyCodeOf(const QString& table, const QString& field, const QString& value) {
   Recordset records;
@@ -57,10 +51,8 @@ QString LookupCodeName(int kind, const QString& code) {
 }
 
 QString ComposeNoPiece(const NumberField& field, const QString& value, const QString& table) {
-  if (IsFondsOrClass(field.name))
-    return LimitByteLength(field.showCode ? value : LookupCodeName(1, value), field.length);
-  const QString piece = LimitByteLength(field.showCode ? KeyCodeOf(table, field.name, value) : value, field.length);
-  return QString(std::max(0, field.length - ByteLength(piece)), u'0') + piece;
+  if (IsFondsOrClass(field.name)) return NumberPiece(field, field.showCode ? value : LookupCodeName(1, value));
+  return NumberPiece(field, field.showCode ? KeyCodeOf(table, field.name, value) : value);
 }
 
 QString FixedPieces(const NumberFormat& format, const QString& table) {

@@ -6,6 +6,7 @@
 #include <folvane/ArchiveRules.h>
 
 #include "data/Recordset.h"
+#include "design/transfer/NumberPiece.h"
 
 namespace folvane {
 
@@ -39,9 +40,5 @@ QString FixedPieces(const NumberFormat& format, const QString& table);
 /// The name of a fonds (kind 1), or of a class of the current fonds (kind 2); "" when there is none, and for any other
 /// kind. @throws DataError
 QString LookupCodeName(int kind, const QString& code);
-
-/// A composed number without the first separator. That is expected to be one character: of a number that begins without
-/// one, the first character is lost.
-inline QString WithoutFirstSeparator(const QString& number) { return number.mid(1); }
 
 }  // namespace folvane

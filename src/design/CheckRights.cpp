@@ -25,19 +25,6 @@ std::function<void(Design&)> WithoutRights(const Design::User& user, const Desig
   };
 }
 
-// What the database says to the condition, "" when it takes it. The rows themselves are not asked for.
-QString RefusalOf(Connection& connection, const Design::Rights& rights) {
-  const TableInfo* info = DatabaseSession::Of(connection).Table(rights.table);
-  if (!info || !NameComplaint(rights.table).isEmpty()) return {};
-  try {
-    const ResultSet none(connection, u"Select * From %1 Where 1 = 2 And (%2)"_s.arg(rights.table, rights.condition));
-  } catch (const DataError& error) {
-    if (error.Kind() == DataErrorKind::Lost || error.Kind() == DataErrorKind::Locked) throw;
-    return error.Message();
-  }
-  return {};
-}
-
 void CheckCondition(Checked& checked, const Design::User& user, const Design::Rights& rights, const QString& where) {
   if (rights.condition.isEmpty()) {
     if (rights.conditionFields.isEmpty()) return;
@@ -96,6 +83,18 @@ void CheckUser(Checked& checked, const Design::User& user) {
 }
 
 }  // namespace
+
+QString RefusalOf(Connection& connection, const Design::Rights& rights) {
+  const TableInfo* info = DatabaseSession::Of(connection).Table(rights.table);
+  if (!info || !NameComplaint(rights.table).isEmpty()) return {};
+  try {
+    const ResultSet none(connection, u"Select * From %1 Where 1 = 2 And (%2)"_s.arg(rights.table, rights.condition));
+  } catch (const DataError& error) {
+    if (error.Kind() == DataErrorKind::Lost || error.Kind() == DataErrorKind::Locked) throw;
+    return error.Message();
+  }
+  return {};
+}
 
 void CheckRights(Checked& checked) {
   const std::vector<Design::User>& users = checked.design.users;

@@ -1,99 +1,11 @@
-#include "catalogue/Catalogue.h"
-#include "data/DatabaseSession.h"
 #include "design/Checks.h"
-#include "design/PhysicalTables.h"
+#include "design/DesignedTransfers.h"
 #include "design/transfer/FormatCheck.h"
 #include "design/transfer/SetCheck.h"
 
 namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-constexpr int kAnyLength = 2147483647;
-
-// As the database has the column, or as it will be made of the field.
-ColumnInfo ColumnFor(const Design::Field& field) {
-  const Column column = ColumnOf(field);
-  switch (column.type) {
-    case ColumnType::Integer:
-      return {field.name, AdoType::Integer, 4};
-    case ColumnType::Date:
-      return {field.name, AdoType::DbDate, 6};
-    case ColumnType::Text:
-      return {field.name, AdoType::VarChar, column.length};
-    default:
-      return {field.name, AdoType::LongVarChar, kAnyLength};
-  }
-}
-
-bool IsAsked(const Design::Table& table, const QString& field) {
-  return std::any_of(table.controls.begin(), table.controls.end(), [&](const Design::Control& control) {
-    return control.type != 3 && control.type != 5 && IsSame(control.field, field);
-  });
-}
-
-void PutColumn(transfer::BusinessTable& table, const ColumnInfo& column) {
-  auto field = std::find_if(table.fields.begin(), table.fields.end(),
-                            [&](const transfer::TableField& known) { return IsSame(known.name, column.name); });
-  if (field == table.fields.end()) {
-    field = table.fields.emplace(field);
-    field->name = column.name;
-  }
-  field->isThere = true;
-  field->adoType = column.type;
-  field->size = column.definedSize;
-}
-
-transfer::BusinessTable TableFor(const Checked& checked, const Design::Table& table) {
-  transfer::BusinessTable found{table.name, table.caption, table.kind};
-  found.isDesigned = !table.fields.empty();
-  found.isThere = found.isDesigned;
-  for (const Design::Field& field : table.fields) {
-    found.fields.push_back(
-        {field.name, field.caption, field.type, field.dictionary, field.length, true, IsAsked(table, field.name)});
-    PutColumn(found, ColumnFor(field));
-  }
-  if (found.isThere) PutColumn(found, {u"ArchiveID"_s, AdoType::VarChar, 20});
-  if (!checked.connection) return found;
-  if (const TableInfo* info = DatabaseSession::Of(*checked.connection).Table(table.name)) {
-    found.isThere = true;
-    for (const ColumnInfo& column : info->columns) PutColumn(found, column);
-  }
-  return found;
-}
-
-transfer::BusinessTables TablesFor(const Checked& checked) {
-  std::vector<transfer::BusinessTable> tables;
-  for (const Design::Table& table : checked.design.tables) tables.push_back(TableFor(checked, table));
-  // Transfers may name tables that only the database knows.
-  for (const Design::TransferMap& map : checked.design.transfers)
-    for (const QString& name : {map.source, map.destination}) {
-      Design::Table unknown;
-      unknown.name = name;
-      if (!name.isEmpty() && !FindNamed(checked.design.tables, name)) tables.push_back(TableFor(checked, unknown));
-    }
-  return transfer::BusinessTables(std::move(tables));
-}
-
-transfer::NumberFormat FormatFor(const Design::Table& table) {
-  transfer::NumberFormat format{table.name, {}, table.numberField, table.folderNumberField};
-  for (const Design::NumberPart& part : table.numberParts)
-    format.parts.push_back({part.field, part.caption, part.separator, QString::number(part.length), part.showsCode});
-  return format;
-}
-
-transfer::Settings SettingsFor(const Design& design) {
-  transfer::Settings settings;
-  for (const Design::TransferMap& map : design.transfers) {
-    transfer::TransferSet set{QString::number(settings.sets.size() + 1), map.source, map.destination};
-    for (const Design::TransferLink& link : map.links)
-      set.links.push_back({link.source, link.destination, link.caption});
-    settings.sets.push_back(std::move(set));
-  }
-  for (const Design::Table& table : design.tables)
-    if (!table.numberParts.empty()) settings.formats.push_back(FormatFor(table));
-  return settings;
-}
 
 void Add(Checked& checked, const QString& kind, const QString& where, const transfer::Findings& found,
          const QString& remedy, const std::function<void(Design&)>& mend) {
@@ -146,8 +58,8 @@ void CheckMaps(Checked& checked, const transfer::Settings& settings, transfer::B
 }  // namespace
 
 void CheckTransfers(Checked& checked) {
-  transfer::BusinessTables tables = TablesFor(checked);
-  const transfer::Settings settings = SettingsFor(checked.design);
+  transfer::BusinessTables tables = TablesOf(checked.design, checked.connection);
+  const transfer::Settings settings = SettingsOf(checked.design);
   CheckFormats(checked, settings, tables);
   CheckMaps(checked, settings, tables);
 }

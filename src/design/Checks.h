@@ -26,6 +26,9 @@ void CheckForms(Checked& checked);
 void CheckLists(Checked& checked);
 /// Archive numbers and transfers, as the settings of transfers check them.
 void CheckTransfers(Checked& checked);
+/// What the database says to the condition of rights, "" when it takes it or has no such table. The rows themselves are
+/// not asked for. @throws DataError where it cannot be asked
+QString RefusalOf(Connection& connection, const Design::Rights& rights);
 /// Users and their rights; conditions are tried on the database.
 void CheckRights(Checked& checked);
 /// Reports and their templates; those are looked for where a folder is given.

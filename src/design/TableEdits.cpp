@@ -239,4 +239,17 @@ void RenameDictionary(Design& design, const QString& from, const QString& to) {
     for (Design::Field& field : table.fields) Replace(field.dictionary, from, to);
 }
 
+int RemoveDictionary(Design& design, const QString& name) {
+  std::erase_if(design.dictionaries, [&](const Design::Dictionary& each) { return IsSame(each.name, name); });
+  int uses = 0;
+  for (Design::Table& table : design.tables) {
+    for (const Design::Field& field : std::vector<Design::Field>(table.fields)) {
+      if (!IsSame(field.dictionary, name)) continue;
+      ChangeField(table, field.name, [](Design::Field& changed) { changed.dictionary.clear(); });
+      ++uses;
+    }
+  }
+  return uses;
+}
+
 }  // namespace folvane::design

@@ -49,5 +49,7 @@ void RemoveClass(Design& design, int id);
 
 /// Gives a dictionary another name, wherever the design names it.
 void RenameDictionary(Design& design, const QString& from, const QString& to);
+/// Takes a dictionary out; the fields that offered its entries have none then. @return how many those are
+int RemoveDictionary(Design& design, const QString& name);
 
 }  // namespace folvane::design

@@ -76,7 +76,7 @@ ThingRules<Field> FieldsPage::Rules() const {
     const Design::Table* table = design::FindNamed(design.tables, TableName());
     return table ? &table->fields : nullptr;
   };
-  rules.fresh = [this](const Design&) { return NewFieldOf(*Table()); };
+  rules.fresh = [this](const Design& design) { return NewFieldOf(*design::FindNamed(design.tables, TableName())); };
   rules.add = [this](Design& wanted, const Field& field) {
     design::AddField(*design::FindNamed(wanted.tables, TableName()), field);
   };

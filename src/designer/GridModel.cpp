@@ -3,7 +3,6 @@
 #include "widgets/PlainTip.h"
 
 namespace folvane::designer {
-using namespace Qt::Literals::StringLiterals;
 
 GridModel::GridModel(DesignSession& session, std::vector<GridColumn> columns, QObject* parent)
     : QAbstractTableModel(parent), session_(session), columns_(std::move(columns)) {}
@@ -54,25 +53,6 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   const bool isCheck = Column(index.column()).kind == GridColumn::Kind::Check;
   if (role != (isCheck ? Qt::CheckStateRole : Qt::EditRole)) return false;
   return Write(index.row(), index.column(), isCheck ? QVariant(value.toInt() == Qt::Checked) : value);
-}
-
-void GridModel::PasteAt(int row, int column, const QStringList& lines) {
-  session_.History().beginMacro(u"粘贴"_s);
-  for (const QString& line : lines) {
-    if (row >= Count() && (!CanAdd() || Add() < 0)) break;
-    Refresh();
-    int at = column;
-    for (const QString& cell : line.split(u'\t')) {
-      const QModelIndex place = index(row, at++);
-      if (!place.isValid()) break;
-      if (Column(place.column()).kind == GridColumn::Kind::Check)
-        setData(place, cell == u"是" ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-      else
-        setData(place, cell);
-    }
-    ++row;
-  }
-  session_.History().endMacro();
 }
 
 }  // namespace folvane::designer

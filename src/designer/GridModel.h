@@ -38,7 +38,7 @@ class GridModel : public QAbstractTableModel {
   virtual int Move(int row, int by) = 0;
   /// Puts lines of cells that are parted by tabs over those from there on, as one step. Rows that are missing are
   /// added.
-  void PasteAt(int row, int column, const QStringList& lines);
+  virtual void PasteAt(int row, int column, const QStringList& lines) = 0;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -42,7 +42,7 @@ SearchPage::SearchPage(DesignSession& session) : DesignPage(session, u"SearchPag
     const Design::Table* table = design::FindNamed(design.tables, TableName());
     return table ? &table->searchFields : nullptr;
   };
-  rules.fresh = [this](const Design&) { return NextOf(*Table()); };
+  rules.fresh = [this](const Design& design) { return NextOf(*design::FindNamed(design.tables, TableName())); };
   rules.number = NumberInOrder;
 
   auto field = ChoiceOf(&SearchField::field, 20, [this](int) {

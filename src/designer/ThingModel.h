@@ -86,11 +86,14 @@ class ThingModel : public GridModel {
 
   bool CanAdd() const override { return bool(rules_.fresh) && rules_.locate(Session().Wanted()); }
   int Add() override {
-    const T item = rules_.fresh(Session().Wanted());
-    const bool isDone = Session().Change(QStringLiteral("新增") + design::Shape<T>::TitleOf(item), [&](Design& wanted) {
-      rules_.add ? rules_.add(wanted, item) : ListIn(wanted, rules_).push_back(item);
-    });
-    return isDone ? Count() - 1 : -1;
+    try {
+      const T item = rules_.fresh(Session().Wanted());
+      const QString words = QStringLiteral("新增") + design::Shape<T>::TitleOf(item);
+      return Session().Change(words, [&](Design& wanted) { Put(wanted, item); }) ? Count() - 1 : -1;
+    } catch (const DataError& error) {
+      Q_EMIT Session().Told(error.Message());
+      return -1;
+    }
   }
 
   void Remove(const std::vector<int>& rows) override {
@@ -110,6 +113,15 @@ class ThingModel : public GridModel {
         if (const auto at = std::find(list.begin(), list.end(), item); at != list.end()) list.erase(at);
       }
     });
+  }
+
+  void PasteAt(int row, int column, const QStringList& lines) override {
+    Refused refused;
+    Session().Change(QStringLiteral("粘贴"), [&](Design& wanted) {
+      for (const QString& line : lines) row += PasteLine(wanted, row, column, line.split(u'\t'), refused);
+    });
+    if (refused.count > 0)
+      Q_EMIT Session().Told(QStringLiteral("%1 处未能粘贴：%2").arg(refused.count).arg(refused.reason));
   }
 
   bool CanMove() const override { return bool(rules_.number); }
@@ -139,14 +151,60 @@ class ThingModel : public GridModel {
   bool Write(int row, int column, const QVariant& value) override {
     const ThingColumn<T>& own = columns_[std::size_t(column)];
     const QString words = QStringLiteral("修改%1的%2").arg(design::Shape<T>::TitleOf(*At(row)), own.look.title);
-    return Session().Change(words, [&](Design& wanted) {
-      std::vector<T>& list = ListIn(wanted, rules_);
-      own.write(wanted, list[std::size_t(row)], value);
-      RequireSingle(list, list[std::size_t(row)]);
-    });
+    return Session().Change(words, [&](Design& wanted) { Set(wanted, row, own, value); });
   }
 
  private:
+  /// What could not be pasted.
+  struct Refused {
+    int count = 0;
+    QString reason;  ///< of the last one
+  };
+
+  void Put(Design& wanted, const T& item) const {
+    rules_.add ? rules_.add(wanted, item) : ListIn(wanted, rules_).push_back(item);
+  }
+
+  void Set(Design& wanted, int row, const ThingColumn<T>& column, const QVariant& value) const {
+    std::vector<T>& list = ListIn(wanted, rules_);
+    column.write(wanted, list[std::size_t(row)], value);
+    RequireSingle(list, list[std::size_t(row)]);
+  }
+
+  // Does it wholly or not at all.
+  template <class Work>
+  static bool Attempt(Design& wanted, Refused& refused, const Work& work) {
+    const Design before = wanted;
+    try {
+      work();
+      return true;
+    } catch (const DataError& error) {
+      wanted = before;
+      refused = {refused.count + 1, error.Message()};
+      return false;
+    }
+  }
+
+  // A new row whose first cell is refused is not added. Answers how many rows it takes.
+  int PasteLine(Design& wanted, int row, int at, const QStringList& cells, Refused& refused) const {
+    const Design before = wanted;
+    const bool isNew = std::size_t(row) >= ListIn(wanted, rules_).size();
+    if (isNew && (!rules_.fresh || cells.join(QString()).trimmed().isEmpty())) return 0;
+    if (isNew && !Attempt(wanted, refused, [&] { Put(wanted, rules_.fresh(wanted)); })) return 0;
+    for (const QString& cell : cells) {
+      if (std::size_t(at) >= columns_.size()) break;
+      const ThingColumn<T>& own = columns_[std::size_t(at++)];
+      const bool isLocked = !own.write || (own.isLocked && own.isLocked(ListIn(wanted, rules_)[std::size_t(row)]));
+      const bool isCheck = own.look.kind == GridColumn::Kind::Check;
+      const QVariant value = isCheck ? QVariant(cell.trimmed() == QStringLiteral("是")) : QVariant(cell);
+      if (isLocked || Attempt(wanted, refused, [&] { Set(wanted, row, own, value); })) continue;
+      if (!isNew || &cell != &cells.front()) continue;
+      wanted = before;
+      return 0;
+    }
+    return 1;
+  }
+
   static std::vector<GridColumn> LooksOf(const std::vector<ThingColumn<T>>& columns) {
     std::vector<GridColumn> looks;
     for (const ThingColumn<T>& column : columns) looks.push_back(column.look);

@@ -16,19 +16,6 @@ bool IsWhole(int type) {
          type == AdoType::UnsignedTinyInt;
 }
 
-QString FlawOfValue(const QString& value, const ColumnInfo& column) {
-  switch (GroupOfType(column.type)) {
-    case TypeGroup::Number:
-      if (!sql::FloatFromText(value)) return u"“%1”不是数字"_s.arg(value);
-      if (IsWhole(column.type) && !sql::IntegerFromText(value)) return u"“%1”不是整数"_s.arg(value);
-      return {};
-    case TypeGroup::Date:
-      return sql::DateFromText(value) ? QString() : u"“%1”不是日期"_s.arg(value);
-    default:
-      return {};
-  }
-}
-
 bool IsCaptionOf(const QueryConditionRow& condition, const std::vector<DictionaryFieldRow>& design) {
   return std::any_of(design.begin(), design.end(), [&](const DictionaryFieldRow& field) {
     return field.chnFieldName == condition.chnCompField &&
@@ -53,6 +40,19 @@ const TableInfo* TableWith(const QString& column, const QString& table, Connecti
 
 }  // namespace
 
+QString FlawOfValue(const QString& value, int adoType) {
+  switch (GroupOfType(adoType)) {
+    case TypeGroup::Number:
+      if (!sql::FloatFromText(value)) return u"“%1”不是数字"_s.arg(value);
+      if (IsWhole(adoType) && !sql::IntegerFromText(value)) return u"“%1”不是整数"_s.arg(value);
+      return {};
+    case TypeGroup::Date:
+      return sql::DateFromText(value) ? QString() : u"“%1”不是日期"_s.arg(value);
+    default:
+      return {};
+  }
+}
+
 QString FlawOf(const QueryConditionRow& condition, const std::vector<DictionaryFieldRow>& design,
                Connection& connection) {
   const QString missing = u"表中没有字段“%1”"_s.arg(condition.chnCompField);
@@ -63,7 +63,7 @@ QString FlawOf(const QueryConditionRow& condition, const std::vector<DictionaryF
   if (!IsCaptionOf(condition, design))
     return missing + u"，实际比较的是“%1”"_s.arg(CaptionOf(condition.compField, design));
   if (column < 0 || IsPatternOperator(condition.compRelation)) return {};
-  return FlawOfValue(condition.compValue, table->columns[size_t(column)]);
+  return FlawOfValue(condition.compValue, table->columns[size_t(column)].type);
 }
 
 }  // namespace folvane

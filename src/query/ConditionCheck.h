@@ -17,4 +17,7 @@ namespace folvane {
 QString FlawOf(const QueryConditionRow& condition, const std::vector<DictionaryFieldRow>& design,
                Connection& connection);
 
+/// Why a column of that ADO type cannot be compared with a value, in words for the user; "" when it can.
+QString FlawOfValue(const QString& value, int adoType);
+
 }  // namespace folvane

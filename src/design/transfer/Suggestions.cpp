@@ -1,4 +1,4 @@
-#include "components/transfer/Suggestions.h"
+#include "design/transfer/Suggestions.h"
 
 #include "design/transfer/GivenFields.h"
 
