@@ -34,8 +34,6 @@ class FrmDesigner : public QMainWindow {
  private:
   void LayOut();
   QWidget* NewPages();
-  void AddTablePage(DesignPage* page, const QString& title);
-  void AddPage(DesignPage* page);
   void KeepSplitters() const;
   void Connect();
   void ShowChosen();

@@ -59,6 +59,28 @@ TEST_P(FrmDesignerTest, ShowsTheClassesTablesAndFieldsOfTheDesign) {
   });
 }
 
+TEST_P(FrmDesignerTest, EveryPageOfTheTreeOpensAndSaysWhatItsControlsAre) {
+  Open([&](QWidget& window) {
+    const QAbstractItemModel& tree = *Find<QAbstractItemView>(window, u"TreDesign"_s).model();
+    auto& pages = Find<QStackedWidget>(window, u"Pages"_s);
+    QStringList shown;
+    for (int row = 1; row < tree.rowCount(); ++row) {
+      Choose(window, tree.index(row, 0).data().toString());
+      shown << pages.currentWidget()->objectName();
+      EXPECT_EQ(UnnamedControls(window), QStringList()) << shown.last().toStdString();
+    }
+    EXPECT_EQ(shown, (QStringList{u"DictionariesPage"_s, u"CodesPage"_s, u"TransfersPage"_s, u"ReportsPage"_s,
+                                  u"UsersPage"_s}));
+    Choose(window, u"收文登记"_s);
+    auto& tabs = Find<QTabWidget>(window, u"TabTable"_s);
+    for (int at = 0; at < tabs.count(); ++at) {
+      tabs.setCurrentIndex(at);
+      EXPECT_EQ(UnnamedControls(window), QStringList()) << tabs.tabText(at).toStdString();
+    }
+    EXPECT_FALSE(window.isWindowModified());
+  });
+}
+
 TEST_P(FrmDesignerTest, ANewTableIsMadeFilledAndRegisteredInTheDatabase) {
   Open([&](QWidget& window) {
     Choose(window, u"收文管理"_s);

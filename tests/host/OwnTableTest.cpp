@@ -26,8 +26,8 @@ QAction& Command(QWidget& window, const QString& name) { return Find<QAction>(wi
 
 QTreeView& ChooseIn(QWidget& window, const QString& tree, const QString& node) {
   auto& view = Find<QTreeView>(window, tree);
-  const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, node, -1,
-                                         Qt::MatchExactly | Qt::MatchRecursive);
+  const auto found =
+      view.model()->match(view.model()->index(0, 0), Qt::DisplayRole, node, -1, Qt::MatchExactly | Qt::MatchRecursive);
   EXPECT_FALSE(found.isEmpty()) << node.toStdString();
   if (!found.isEmpty()) view.setCurrentIndex(found.last());
   return view;
