@@ -9,6 +9,7 @@
 #include "host/Appearance.h"
 #include "host/Entries.h"
 #include "host/tour/ArchiveWork.h"
+#include "host/tour/DesignerWork.h"
 #include "host/tour/ExchangeWork.h"
 #include "host/tour/FlowWork.h"
 #include "host/tour/Hands.h"
@@ -194,6 +195,9 @@ void PlanWalk(Tour& tour) {
   PlanFileOpen(tour);
   PlanUserWithoutRights(tour);
   PlanOtherEntries(tour);
+  tour.Step(u"log on to another database"_s, Shown(kStart), [] { hands::Click(In<QWidget>(kStart, u"CmdLogOn"_s)); });
+  PlanOwnTable(tour);
+  tour.Step(u"close the browser"_s, Shown(kBrowser), [] { Window(kBrowser).close(); });
   tour.Step(u"leave"_s, Shown(kStart), [] { hands::Click(In<QWidget>(kStart, u"CmdExit"_s)); });
 }
 
