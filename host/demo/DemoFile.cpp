@@ -38,7 +38,8 @@ void WriteDemoProfiles(const QString& directory) {
   const QString line = u"#--------------------------------------------------------------"_s;
   WriteProfile(directory + u"/YearFormula.Ini"_s,
                {line, u"# 自定义字段显示数据"_s, u"#要求：表中含有该字段,字段名用英文名！"_s, QString(),
-                u"[YearFormula]"_s, u"Lwdj=CreatedDate"_s, u"Fwdj=DocNo"_s, QString()});
+                u"[YearFormula]"_s, u"Lwdj=CreatedDate"_s, u"Fwdj=DocNo"_s, u"Hyjy=CreatedDate"_s,
+                u"Htdj=CreatedDate"_s, u"Gdwj=FileYear"_s, u"Wsda_Aj=FileYear"_s, u"Zpda=FileYear"_s, QString()});
   // Documents that are registered are numbered anew each year.
   WriteProfile(directory + u"/RegIDFormula.Ini"_s,
                {line, u"# RegID Formula Rule2 按文件时间累加"_s, line, QString(), u"[RegFormula]"_s, u"Lwdj=2"_s,

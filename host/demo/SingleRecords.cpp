@@ -19,7 +19,7 @@ SingleRecords::SingleRecords(const RecordContext& around)
       rows_(around.connection, u"Gdwj"_s,
             {u"ArchiveID"_s,     u"FondsNo"_s, u"CategoryCode"_s,  u"FileYear"_s,   u"AecNo"_s,
              u"Retention"_s,     u"ItemNo"_s,  u"ArchiveNo"_s,     u"Amaintitle"_s, u"DocNo"_s,
-             u"DocType"_s,       u"Version"_s, u"ResponsibleBy"_s, u"FileDate"_s,   u"CreatedDate"_s,
+             u"DocType"_s,       u"Version"_s, u"ResponsibleBy"_s, u"FileDate"_s,   u"RegisterDate"_s,
              u"SecurityClass"_s, u"Carrier"_s, u"PageCount"_s,     u"BoxNo"_s,      u"Note"_s}) {}
 
 int SingleRecords::OpenYear(int year) {

@@ -40,11 +40,30 @@ void CheckFormats(Checked& checked, const transfer::Settings& settings, transfer
   }
 }
 
+// After a transfer the record above the documents takes its pages and days from these fields, whatever else there is.
+void CheckSums(Checked& checked, const Design::TransferMap& map, transfer::BusinessTables& tables) {
+  const Design::Table* destination = FindNamed(checked.design.tables, map.destination);
+  const transfer::BusinessTable& table = tables.Get(map.destination);
+  if (!destination || destination->parent.isEmpty() || !table.isThere) return;
+  QStringList missing;
+  for (const QString& field : {u"Quantity"_s, u"CreatedDate"_s})
+    if (!table.Has(field)) missing << field;
+  if (missing.isEmpty()) return;
+  checked.findings.push_back({DesignFinding::Weight::Error,
+                              u"transfer-sums"_s,
+                              Shape<Design::TransferMap>::TitleOf(map),
+                              u"目标表没有字段“%1”，上级表的合计由它得出"_s.arg(missing.join(u"、"_s)),
+                              u"归档不能进行或会失败"_s,
+                              u"请在目标表中增加这些字段"_s,
+                              {}});
+}
+
 void CheckMaps(Checked& checked, const transfer::Settings& settings, transfer::BusinessTables& tables) {
   for (std::size_t at = 0; at < settings.sets.size(); ++at) {
     const Design::TransferMap& map = checked.design.transfers[at];
     const QString where = Shape<Design::TransferMap>::TitleOf(map);
     Add(checked, u"transfer-map"_s, where, transfer::CheckSet(settings, at, tables), u"请修改归档对应"_s, {});
+    CheckSums(checked, map, tables);
     for (std::size_t link = 0; link < map.links.size(); ++link) {
       const auto without = [map, gone = map.links[link]](Design& design) {
         if (Design::TransferMap* found = FindSame(design.transfers, map)) std::erase(found->links, gone);

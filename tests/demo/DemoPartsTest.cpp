@@ -152,7 +152,12 @@ TEST_F(DemoFile, ComesWithTheFieldsThatTheTreeBrowsesBy) {
                        "\r\n"
                        "[YearFormula]\r\n"
                        "Lwdj=CreatedDate\r\n"
-                       "Fwdj=DocNo\r\n"_s));
+                       "Fwdj=DocNo\r\n"
+                       "Hyjy=CreatedDate\r\n"
+                       "Htdj=CreatedDate\r\n"
+                       "Gdwj=FileYear\r\n"
+                       "Wsda_Aj=FileYear\r\n"
+                       "Zpda=FileYear\r\n"_s));
 }
 
 TEST_F(DemoFile, CountsTheDocumentsOfAYear) {

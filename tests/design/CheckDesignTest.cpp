@@ -156,6 +156,16 @@ std::vector<Broken> BrokenTransfers() {
        }},
       {"transfer-map", [](Design& design) { design.transfers[0].destination = u"Nirgends"_s; },
        [](Design& design) { design.transfers[0].destination = u"Gdwj"_s; }},
+      // The table above takes sums of what the destination does not have.
+      {"transfer-sums",
+       [](Design& design) {
+         TableOf(design, u"Gdwj"_s).parent = u"Lwdj"_s;
+         TableOf(design, u"Gdwj"_s).relationField = u"SecurityClass"_s;
+       },
+       [](Design& design) {
+         for (const auto& [name, type] : {std::pair{u"Quantity"_s, u"数值型"_s}, {u"CreatedDate"_s, u"文本型"_s}})
+           TableOf(design, u"Gdwj"_s).fields.push_back({name, name, type, 10, {}});
+       }},
   };
 }
 
