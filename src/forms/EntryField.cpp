@@ -97,7 +97,7 @@ class CmbField : public ComboField {
  public:
   CmbField(const FieldSpec& spec, QWidget* parent) : ComboField(spec, new EditCombo(parent)) {
     auto& list = static_cast<EditCombo&>(Widget());
-    FillDictionary(list, spec.dictionary);
+    if (!spec.dictionary.isEmpty()) FillDictionary(list, spec.dictionary);
     list.SetText({});  // the first entry of a list shows itself
   }
 };

@@ -1,11 +1,11 @@
 #include "forms/EntryForm.h"
 
 #include <QLabel>
-#include <QPoint>
 #include <algorithm>
 
 #include <folvane/DataError.h>
 
+#include "forms/EntryParts.h"
 #include "forms/LengthGuard.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
@@ -19,14 +19,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 // Twips of the design.
-constexpr int kToolbarRoom = 500;
-constexpr int kLabelLeft = 1000;
-constexpr int kLabelDown = 60;
-constexpr int kMarkRoom = 120;
-constexpr QPoint kNotePlace(500, 120);
+constexpr ControlPlace kNotePlace{500, 120, 0, 0, ControlPlace::Own};
 constexpr qsizetype kNamesInNote = 5;
-
-int DesignTop(const LayoutRow& row) { return row.top + kToolbarRoom; }
 
 bool IsGuarded(int controlType) {
   return !ControlArrayName(controlType).isEmpty() && controlType != ControlKind::DTP &&
@@ -82,13 +76,8 @@ void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
   if (ControlArrayName(row.control.type).isEmpty()) return;
   RequireSound(row, records);
   const QString dictionary = u"'"_s + row.dictionary + u"'"_s;
-  auto made = NewField({row.control.type, row.control.index, row.dataField, row.fieldType, row.caption,
-                        LimitOf(row, records), dictionary},
-                       Area());
-  EntryField& field = *fields_.emplace_back(std::move(made));
-  const bool isCombo = row.control.type == ControlKind::Cmb;
-  Place(field.Widget(),
-        {row.left, DesignTop(row), row.width, row.height, isCombo ? Design::OneLine : Design::AsDesigned});
+  EntryField& field = *fields_.emplace_back(NewField(row, LimitOf(row, records), dictionary, Area()));
+  Place(field.Widget(), FieldPlace(row));
   if (IsRequired(row)) field.Widget().setAccessibleDescription(u"必填"_s);
   if (IsGuarded(row.control.type)) new LengthGuard(field);
   binding_.Add(field);
@@ -96,29 +85,17 @@ void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
 }
 
 void EntryForm::BuildLabel(const LayoutRow& row, int number) {
-  const QPoint place(row.left - kLabelLeft - CaptionOverhang(row.caption), DesignTop(row) + kLabelDown);
-  QLabel& label = NewLabel(ControlName(u"F_Lbl"_s, number), row.caption, place);
-  label.setProperty("Tag", QString::number(place.y()));
-  if (IsRequired(row)) MarkRequired(number, place);
+  AddLabel(NewCaption(row, number, Area()), CaptionPlace(row));
+  if (IsRequired(row)) AddLabel(NewSign(number, Area()), SignPlace(row));
 }
 
-QLabel& EntryForm::NewLabel(const QString& name, const QString& text, const QPoint& place) {
-  QLabel& label = *labels_.emplace_back(std::make_unique<QLabel>(text, Area()));
-  label.setObjectName(name);
-  label.setTextFormat(Qt::PlainText);
-  Place(label, {place.x(), place.y(), 0, 0, Design::Own});
-  return label;
+void EntryForm::AddLabel(std::unique_ptr<QLabel> label, const ControlPlace& place) {
+  Place(*labels_.emplace_back(std::move(label)), place);
 }
 
 bool EntryForm::IsRequired(const LayoutRow& row) const {
   const std::vector<ControlId>& required = layout_.RequiredList;
   return std::find(required.begin(), required.end(), row.control) != required.end();
-}
-
-// A label of its own, so that the caption keeps its text and its place.
-void EntryForm::MarkRequired(int number, const QPoint& captionPlace) {
-  const QPoint place(std::max(0, captionPlace.x() - kMarkRoom), captionPlace.y());
-  NewLabel(ControlName(u"Required"_s, number), u"*"_s, place).setToolTip(u"必填"_s);
 }
 
 void EntryForm::TellArranged() {
@@ -128,11 +105,12 @@ void EntryForm::TellArranged() {
   }
   if (captions.isEmpty()) return;
   const QString more = captions.size() > kNamesInNote ? u"等%1个字段"_s.arg(captions.size()) : QString();
-  NewLabel(u"LayoutNote"_s,
-           u"界面设计中没有可用的位置或大小，已自动安排："_s +
-               captions.first(std::min(captions.size(), kNamesInNote)).join(u'、') + more,
-           kNotePlace)
-      .setToolTip(PlainTip(captions.join(u'、')));
+  const QString names = captions.first(std::min(captions.size(), kNamesInNote)).join(u'、') + more;
+  auto note = std::make_unique<QLabel>(u"界面设计中没有可用的位置或大小，已自动安排："_s + names, Area());
+  note->setObjectName(u"LayoutNote"_s);
+  note->setTextFormat(Qt::PlainText);
+  note->setToolTip(PlainTip(captions.join(u'、')));
+  AddLabel(std::move(note), kNotePlace);
 }
 
 void EntryForm::RequireSound(const LayoutRow& row, const Recordset& records) const {

@@ -41,9 +41,8 @@ class EntryForm : public ScrolledFields {
   void RequireSound(const LayoutRow& row, const Recordset& records) const;
   void BuildField(const LayoutRow& row, Recordset& records);
   void BuildLabel(const LayoutRow& row, int number);
-  QLabel& NewLabel(const QString& name, const QString& text, const QPoint& place);
+  void AddLabel(std::unique_ptr<QLabel> label, const ControlPlace& place);
   bool IsRequired(const LayoutRow& row) const;
-  void MarkRequired(int number, const QPoint& captionPlace);
   void TellArranged();
 
   EntryLayout layout_;

@@ -1,6 +1,7 @@
 #include "forms/EntryLayout.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "base/CodePage.h"
 #include "base/TypedValues.h"
@@ -11,12 +12,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// Twips. Nobody can see a field that begins or ends farther to the right than the widest screen.
-constexpr int kFarthestRight = 57'600;
-constexpr int kFarthestDown = 240'000;
-constexpr int kHighest = -500;  // the room above the first fields
+// Twips.
 constexpr int kUsualWidth = 3000, kLine = 300, kSeveralLines = 900;
 constexpr int kArrangedLeft = 1500, kGap = 150;
+constexpr int kNoMeasure = std::numeric_limits<int>::min();
 
 constexpr int kCaptionBytes = 11;  // that fit between a caption's usual place and its field
 constexpr int kTwipsPerByte = 90;
@@ -33,29 +32,26 @@ QString LayoutStatement(const QString& table) {
          "Order By SaveControls.KeyOrder"_s;
 }
 
-/// A number of the design within limits; none for null, for what is no number and for one out of all reason.
-std::optional<int> Within(int least, int most, const Field& field) {
+/// A measure of the design; one out of all reason for null and for what is no number.
+int Measure(const Field& field) {
   try {
-    const int number = ToInteger(field.Text());
-    if (number >= least && number <= most) return number;
+    return ToInteger(field.Text());
   } catch (const NumberError&) {
+    return kNoMeasure;
   }
-  return {};
 }
 
+bool IsWithin(int number, int least, int most) { return number >= least && number <= most; }
+
 /// Answers whether the row has a place of its own.
-bool ReadPlace(const Recordset& design, LayoutRow& row) {
-  const auto left = Within(0, kFarthestRight, design[u"F_Left"_s]);
-  const auto top = Within(kHighest, kFarthestDown, design[u"F_Top"_s]);
-  const auto width = Within(1, kFarthestRight, design[u"F_Width"_s]);
-  const auto height = Within(0, kFarthestDown, design[u"F_Height"_s]);
-  const bool hasPlace = left && top;
-  row.left = hasPlace ? *left : kArrangedLeft + CaptionOverhang(row.caption);
-  row.top = top.value_or(0);
-  row.width = width.value_or(kUsualWidth);
-  row.height = height.value_or(row.control.type == ControlKind::Txt_MLine ? kSeveralLines : kLine);
+bool GiveSize(LayoutRow& row) {
+  const bool hasPlace = IsWithin(row.left, 0, kFarthestRight) && IsWithin(row.top, kFarthestUp, kFarthestDown);
+  const bool hasWidth = IsWithin(row.width, 1, kFarthestRight);
+  const bool hasHeight = IsWithin(row.height, 0, kFarthestDown);
+  if (!hasWidth) row.width = kUsualWidth;
+  if (!hasHeight) row.height = row.control.type == ControlKind::Txt_MLine ? kSeveralLines : kLine;
   const bool needsHeight = row.control.type != ControlKind::Cmb;
-  row.isArranged = !hasPlace || !width || (needsHeight && !height);
+  row.isArranged = !hasPlace || !hasWidth || (needsHeight && !hasHeight);
   return hasPlace;
 }
 
@@ -65,6 +61,7 @@ void PutBelow(std::vector<LayoutRow>& rows, const std::vector<size_t>& placeless
     if (!std::binary_search(placeless.begin(), placeless.end(), i)) end = std::max(end, rows[i].top + rows[i].height);
   }
   for (const size_t i : placeless) {
+    rows[i].left = kArrangedLeft + CaptionOverhang(rows[i].caption);
     rows[i].top = end + kGap;
     end = rows[i].top + rows[i].height;
   }
@@ -79,6 +76,10 @@ LayoutRow ReadRow(const Recordset& design) {
   row.caption = design[u"ChnFieldName"_s].Text();
   row.fieldLong = design[u"FieldLong"_s].Text();
   row.dictionary = design[u"AuxiDictDetails"_s].Text();
+  row.left = Measure(design[u"F_Left"_s]);
+  row.top = Measure(design[u"F_Top"_s]);
+  row.width = Measure(design[u"F_Width"_s]);
+  row.height = Measure(design[u"F_Height"_s]);
   return row;
 }
 
@@ -102,6 +103,13 @@ std::optional<int> LimitIn(const QString& hint) {
 
 int CaptionOverhang(const QString& caption) { return kTwipsPerByte * std::max(0, ByteLength(caption) - kCaptionBytes); }
 
+void ArrangeRows(std::vector<LayoutRow>& rows) {
+  std::vector<size_t> placeless;
+  for (size_t i = 0; i < rows.size(); ++i)
+    if (!GiveSize(rows[i])) placeless.push_back(i);
+  PutBelow(rows, placeless);
+}
+
 EntryLayout ReadEntryLayout(const std::shared_ptr<Connection>& connection, const QString& table) {
   EntryLayout layout;
   for (auto* list : {&layout.KeyList, &layout.RequiredList, &layout.FixedLengthList}) list->emplace_back();
@@ -109,17 +117,12 @@ EntryLayout ReadEntryLayout(const std::shared_ptr<Connection>& connection, const
 
   Recordset design;
   design.Open(LayoutStatement(table), connection);
-  std::vector<size_t> placeless;
   try {
-    for (; !design.EOF_(); design.MoveNext()) {
-      LayoutRow row = ReadRow(design);
-      if (!ReadPlace(design, row)) placeless.push_back(layout.rows.size());
-      AddRow(layout, design, row);
-    }
+    for (; !design.EOF_(); design.MoveNext()) AddRow(layout, design, ReadRow(design));
   } catch (const NumberError&) {
     layout.failure = std::current_exception();
   }
-  PutBelow(layout.rows, placeless);
+  ArrangeRows(layout.rows);
   return layout;
 }
 

@@ -27,6 +27,10 @@ enum : int {
 };
 }  // namespace ControlKind
 
+// Twips. Nobody can see a field that begins or ends farther to the right than the widest screen.
+inline constexpr int kFarthestRight = 57'600, kFarthestDown = 240'000;
+inline constexpr int kFarthestUp = -500;  ///< in the room above the first fields
+
 /// Names a control: its kind and its number within the kind. 0, 0 names none.
 struct ControlId {
   int type = 0;
@@ -81,8 +85,12 @@ std::optional<int> LimitIn(const QString& hint);
 /// What a caption needs to the left of its usual place, in twips, so that it ends before its field.
 int CaptionOverhang(const QString& caption);
 
-/// Reads the design of a table's entry form. A control without a usable place stands under those that have one, and one
-/// without a usable size gets that of its kind. @throws DataError when the design cannot be asked for
+/// Puts a control without a usable place under those that have one, and gives one without a usable size that of its
+/// kind.
+void ArrangeRows(std::vector<LayoutRow>& rows);
+
+/// Reads the design of a table's entry form, with its rows arranged. @throws DataError when the design cannot be asked
+/// for
 EntryLayout ReadEntryLayout(const std::shared_ptr<Connection>& connection, const QString& table);
 
 }  // namespace folvane

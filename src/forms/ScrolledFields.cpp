@@ -27,10 +27,10 @@ ScrolledFields::ScrolledFields(QWidget* parent)
   connect(bar_, &QScrollBar::valueChanged, this, &ScrolledFields::PutAllInPlace);
 }
 
-void ScrolledFields::Place(QWidget& control, const Design& design) {
+void ScrolledFields::Place(QWidget& control, const ControlPlace& design) {
   control.setProperty("DesignTop", design.top);
   placed_.push_back({&control, design});
-  PutInPlace(placed_.back());
+  PutInSight(placed_.back());
   control.show();
 }
 
@@ -45,27 +45,20 @@ void ScrolledFields::Forget() {
   FitBar();
 }
 
-void ScrolledFields::PutInPlace(const Placed& placed) {
-  const TwipScale scale(*this);
-  const Design& design = placed.design;
-  const QPoint corner(scale.ToPixels(design.left), scale.ToPixels(design.top - bar_->value()));
-  if (design.size == Design::Own) {
-    placed.control->move(corner);
-    placed.control->adjustSize();
-    return;
-  }
-  const int designed = design.size == Design::OneLine ? 0 : scale.ToPixels(design.height);
-  placed.control->setGeometry(
-      QRect(corner, QSize(scale.ToPixels(design.width), std::max(designed, scale.LineHeight()))));
+void ScrolledFields::PutInSight(const Placed& placed) {
+  ControlPlace place = placed.design;
+  place.top -= bar_->value();
+  PutInPlace(*placed.control, place, TwipScale(*this));
 }
 
 void ScrolledFields::PutAllInPlace() {
-  for (const Placed& placed : placed_) PutInPlace(placed);
+  for (const Placed& placed : placed_) PutInSight(placed);
 }
 
 int ScrolledFields::EndOf(const Placed& placed) const {
   const int height = TwipScale(*this).ToTwips(placed.control->height());
-  return placed.design.top + std::max(height, placed.design.size == Design::AsDesigned ? placed.design.height : 0);
+  return placed.design.top +
+         std::max(height, placed.design.size == ControlPlace::AsDesigned ? placed.design.height : 0);
 }
 
 const ScrolledFields::Placed* ScrolledFields::Find(const QWidget& control) const {

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <vector>
 
+#include "forms/ControlPlace.h"
 #include "forms/EntryField.h"
 
 class QScrollBar;
@@ -22,12 +23,8 @@ class ScrolledFields : public QWidget {
   /// Where controls are made.
   QWidget* Area() const { return area_; }
 
-  struct Design {
-    int left = 0, top = 0, width = 0, height = 0;  ///< twips
-    enum Size { AsDesigned, OneLine, Own } size = AsDesigned;
-  };
   /// Puts a control at its place and shows it. The top is kept as the control's dynamic property DesignTop.
-  void Place(QWidget& control, const Design& design);
+  void Place(QWidget& control, const ControlPlace& design);
   /// Makes the area reach down to a placed control's end, and follow the focus to it.
   void Reach(EntryField& field);
   /// Forgets all controls.
@@ -46,9 +43,9 @@ class ScrolledFields : public QWidget {
  private:
   struct Placed {
     QWidget* control;
-    Design design;
+    ControlPlace design;
   };
-  void PutInPlace(const Placed& placed);
+  void PutInSight(const Placed& placed);
   void PutAllInPlace();
   void BringIntoSight(const QWidget& control);
   int EndOf(const Placed& placed) const;

@@ -54,8 +54,8 @@ void BuildColumns(RecordListModel& list, const QString& table) {
   list.SetColumns(std::move(columns));
 }
 
-int ColumnWidths::DesignedWidth(int twips) const {
-  return twips <= kHiddenTwips ? 1 : std::max(TwipScale(list_).ToPixels(twips), kNarrowest);
+int DesignedColumnWidth(const QWidget& list, int twips) {
+  return twips <= kHiddenTwips ? 1 : std::max(TwipScale(list).ToPixels(twips), kNarrowest);
 }
 
 // A box before the first cell takes no room from what the design has for its text.
@@ -71,7 +71,7 @@ void ColumnWidths::Show(const QString& table) {
   const std::vector<ListColumn>& columns = model_.Columns();
   QHeaderView& header = *list_.header();
   for (size_t at = 0; at < columns.size(); ++at) {
-    const int width = kept.value(columns[at].key.toUpper(), DesignedWidth(columns[at].width));
+    const int width = kept.value(columns[at].key.toUpper(), DesignedColumnWidth(list_, columns[at].width));
     header.resizeSection(int(at), width + BoxRoom(at));
   }
   const int last = int(columns.size()) - 1;
@@ -87,7 +87,7 @@ void ColumnWidths::Keep() {
   QHash<QString, int> widths;
   for (size_t at = 0; at + 1 < columns.size(); ++at) {
     const int width = list_.header()->sectionSize(int(at)) - BoxRoom(at);
-    if (width != DesignedWidth(columns[at].width)) widths.insert(columns[at].key.toUpper(), width);
+    if (width != DesignedColumnWidth(list_, columns[at].width)) widths.insert(columns[at].key.toUpper(), width);
   }
   if (widths != ReadWidths(table_)) SaveWidths(table_, widths);
   table_.clear();

@@ -3,6 +3,7 @@
 #include <QString>
 
 class QTreeView;
+class QWidget;
 
 namespace folvane {
 
@@ -11,6 +12,9 @@ class RecordListModel;
 /// Gives a list the columns that the design has for a table, and as the last one the hidden column of the record's key.
 /// Rows that the list had are gone.
 void BuildColumns(RecordListModel& list, const QString& table);
+
+/// The width of a column in pixels. One as narrow as a dot is meant not to be seen.
+int DesignedColumnWidth(const QWidget& list, int twips);
 
 /// The widths of a list's columns: as the design has them, or as the user left them for the table.
 class ColumnWidths {
@@ -24,7 +28,6 @@ class ColumnWidths {
   void Keep();
 
  private:
-  int DesignedWidth(int twips) const;
   int BoxRoom(size_t column) const;
 
   QTreeView& list_;
