@@ -99,15 +99,18 @@ void DesignGrid::Refresh() {
   const int row = before.row(), column = std::max(before.column(), 0);
   model_.Refresh();
   if (!view_->currentIndex().isValid() && model_.rowCount() > 0)
-    view_->setCurrentIndex(model_.index(std::clamp(row, 0, model_.rowCount() - 1), column));
+    MakeCurrent(model_.index(std::clamp(row, 0, model_.rowCount() - 1), column));
   Enable();
   Q_EMIT CurrentRowChanged();
 }
 
 int DesignGrid::CurrentRow() const { return view_->currentIndex().row(); }
 
-void DesignGrid::GoTo(int row) {
-  view_->setCurrentIndex(model_.index(row, std::max(view_->currentIndex().column(), 0)));
+void DesignGrid::GoTo(int row) { MakeCurrent(model_.index(row, std::max(view_->currentIndex().column(), 0))); }
+
+// Also while the Ctrl of a shortcut is held, which would leave a cell unselected.
+void DesignGrid::MakeCurrent(const QModelIndex& cell) {
+  view_->selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
 }
 
 std::vector<int> DesignGrid::SelectedRows() const {

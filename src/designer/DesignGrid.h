@@ -38,6 +38,7 @@ class DesignGrid : public QWidget {
   QAction* NewKey(const QString& name, const QString& icon, const QString& tip, const QString& shortcut,
                   void (DesignGrid::*run)());
   void Enable();
+  void MakeCurrent(const QModelIndex& cell);
   std::vector<int> SelectedRows() const;
   void Add();
   void Remove();

@@ -185,7 +185,8 @@ class ThingModel : public GridModel {
     }
   }
 
-  // A new row whose first cell is refused is not added. Answers how many rows it takes.
+  // A new row whose first cell is refused is not added; empty cells leave it as new ones are. Answers how many rows it
+  // takes.
   int PasteLine(Design& wanted, int row, int at, const QStringList& cells, Refused& refused) const {
     const Design before = wanted;
     const bool isNew = std::size_t(row) >= ListIn(wanted, rules_).size();
@@ -194,6 +195,7 @@ class ThingModel : public GridModel {
     for (const QString& cell : cells) {
       if (std::size_t(at) >= columns_.size()) break;
       const ThingColumn<T>& own = columns_[std::size_t(at++)];
+      if (isNew && cell.isEmpty() && &cell != &cells.front()) continue;
       const bool isLocked = !own.write || (own.isLocked && own.isLocked(ListIn(wanted, rules_)[std::size_t(row)]));
       const bool isCheck = own.look.kind == GridColumn::Kind::Check;
       const QVariant value = isCheck ? QVariant(cell.trimmed() == QStringLiteral("是")) : QVariant(cell);
