@@ -56,8 +56,7 @@ QAction& Command(const QString& name) {
 void FillFields() {
   auto& grid = In<QAbstractItemView>(kDesigner, u"GrdFields"_s);
   const auto set = [&](int row, int column, const QVariant& value) {
-    Expect(grid.model()->setData(grid.model()->index(row, column), value),
-           In<QLabel>(kDesigner, u"Notice"_s).text());
+    Expect(grid.model()->setData(grid.model()->index(row, column), value), In<QLabel>(kDesigner, u"Notice"_s).text());
   };
   set(2, 0, u"合同名称"_s);
   int row = 2;
@@ -105,7 +104,8 @@ void PlanTable(Tour& tour) {
   });
   tour.Step(u"look at its form and its list"_s, OnTop(kDesigner), [&tour] {
     auto& pages = In<QTabWidget>(kDesigner, u"TabTable"_s);
-    for (const auto& [page, picture] : {std::pair{u"FormPage"_s, u"own-form"_s}, std::pair{u"ListPage"_s, u"own-list"_s}}) {
+    for (const auto& [page, picture] :
+         {std::pair{u"FormPage"_s, u"own-form"_s}, std::pair{u"ListPage"_s, u"own-list"_s}}) {
       pages.setCurrentWidget(&In<QWidget>(kDesigner, page));
       tour.Picture(Window(kDesigner), picture);
     }
@@ -142,7 +142,8 @@ void Fill(const QString& field, const QString& text) {
 }
 
 void PlanFirstRecord(Tour& tour) {
-  tour.Step(u"open 文件登记 of the own office"_s, Shown(kStart), [] { hands::Click(In<QWidget>(kStart, u"FileOpen"_s)); });
+  tour.Step(u"open 文件登记 of the own office"_s, Shown(kStart),
+            [] { hands::Click(In<QWidget>(kStart, u"FileOpen"_s)); });
   tour.Step(u"choose the class of the own table"_s, Shown(kBrowser), ChooseTable);
   tour.Step(u"choose the own table"_s, Shown(kBrowser), ChooseTable);
   tour.Step(u"begin its first record"_s, Shown(kBrowser),

@@ -13,8 +13,9 @@ namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kInput = 1, kNumber = 2, kDate = 3, kChoice = 4;     ///< kinds of input of the simple query
-constexpr int kByteWidth = 110, kNarrowest = 700, kWidest = 4500;  ///< of list columns, twips
+constexpr int kInput = 1, kNumber = 2, kDate = 3, kChoice = 4;  ///< kinds of input of the simple query
+// Twips of list columns: values are seldom as long as they may be, captions are shown whole.
+constexpr int kValueByte = 45, kCaptionByte = 110, kColumnMargin = 200, kNarrowest = 700, kWidest = 5700;
 
 void Replace(QString& name, const QString& from, const QString& to) {
   if (IsSame(name, from)) name = to;
@@ -37,6 +38,17 @@ void ForLinkEnds(Design& design, const QString& table,
 void RequireName(const QString& name) {
   if (const QString complaint = NameComplaint(name); !complaint.isEmpty())
     throw DataError(DataErrorKind::Usage, complaint + u'。');
+}
+
+int UsualWidth(const Design::Field& field) {
+  const int caption = ByteLength(field.caption) * kCaptionByte + kColumnMargin;
+  return std::clamp(std::max(field.length * kValueByte, caption), kNarrowest, kWidest);
+}
+
+// A column whose width nobody has chosen follows its field.
+void FollowWidth(Design::Table& table, const Design::Field& before, const Design::Field& now) {
+  for (Design::ListColumn& column : table.columns)
+    if (IsSame(column.field, now.name) && column.width == UsualWidth(before)) column.width = UsualWidth(now);
 }
 
 int FreeSearchIndex(const Design::Table& table, int type) {
@@ -73,8 +85,7 @@ QString NameFor(const QString& caption, const std::function<bool(const QString& 
 void AddToList(Design::Table& table, const Design::Field& field) {
   int order = 0;
   for (const Design::ListColumn& column : table.columns) order = std::max(order, column.order);
-  const int width = std::clamp(std::max(field.length, ByteLength(field.caption) + 2) * kByteWidth, kNarrowest, kWidest);
-  table.columns.push_back({field.name, field.caption, width, order + 1});
+  table.columns.push_back({field.name, field.caption, UsualWidth(field), order + 1});
 }
 
 void SetSearchType(const Design::Table& table, Design::SearchField& field, int type) {
@@ -107,6 +118,7 @@ void ChangeField(Design::Table& table, const QString& name, const std::function<
   if (!field) return;
   const Design::Field before = *field;
   change(*field);
+  FollowWidth(table, before, *field);
   const int usual = ControlTypeFor(before), fits = ControlTypeFor(*field);
   for (std::size_t at = 0; at < table.controls.size(); ++at) {
     Design::Control& control = table.controls[at];
@@ -140,8 +152,10 @@ void RenameField(Design& design, const QString& table, const QString& from, cons
 void CaptionField(Design::Table& table, const QString& name, const QString& caption) {
   Design::Field* field = FindNamed(table.fields, name);
   if (!field) return;
-  const QString before = field->caption;
+  const Design::Field old = *field;
+  const QString before = old.caption;
   field->caption = caption;
+  FollowWidth(table, old, *field);
   const auto follow = [&](auto& parts) {
     for (auto& part : parts)
       if (IsSame(part.field, name) && part.caption == before) part.caption = caption;

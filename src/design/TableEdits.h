@@ -24,8 +24,8 @@ void SetSearchType(const Design::Table& table, Design::SearchField& field, int t
 /// The kind of input that the simple query has for a field.
 int SearchTypeFor(const Design::Field& field);
 
-/// Changes what a field is like. Its control and its input in the query become those that fit it now, where they were
-/// those that fitted it before.
+/// Changes what a field is like. Its control, its input in the query and the width of its column become those that fit
+/// it now, where they were those that fitted it before.
 void ChangeField(Design::Table& table, const QString& name, const std::function<void(Design::Field&)>& change);
 /// Gives a field another name, wherever the design names it.
 /// @throws DataError Usage for a name that a column cannot have or that another field has

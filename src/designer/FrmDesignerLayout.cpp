@@ -9,7 +9,9 @@
 #include "designer/DictionariesPage.h"
 #include "designer/FieldsPage.h"
 #include "designer/FindingsPanel.h"
+#include "designer/FormPage.h"
 #include "designer/FrmDesigner.h"
+#include "designer/ListPage.h"
 #include "designer/NumberPage.h"
 #include "designer/PlacePage.h"
 #include "designer/ReportsPage.h"
@@ -69,6 +71,8 @@ QWidget* FrmDesigner::NewPages() {
   tablePages_->setObjectName(u"TabTable"_s);
   tablePages_->addTab(new TablePage(session_), u"表(&1)"_s);
   tablePages_->addTab(new FieldsPage(session_), u"字段(&2)"_s);
+  tablePages_->addTab(new FormPage(session_), u"录入界面(&3)"_s);
+  tablePages_->addTab(new ListPage(session_), u"列表(&4)"_s);
   tablePages_->addTab(new SearchPage(session_), u"查询(&5)"_s);
   tablePages_->addTab(new NumberPage(session_), u"档号(&6)"_s);
   tablePages_->setCurrentIndex(1);

@@ -148,6 +148,19 @@ TEST(TableEditsTest, AControlFollowsItsFieldUnlessItWasChosen) {
   EXPECT_EQ(table.searchFields[3].type, 4);
 }
 
+TEST(TableEditsTest, AColumnIsAsWideAsItsFieldNeedsUntilSomebodyChooses) {
+  Design::Table table = design::NewTable(u"T"_s, u"表"_s, 2, nullptr);
+  design::AddField(table, {u"A"_s, u"甲"_s, u"文本型"_s, 60, {}});
+  EXPECT_EQ(table.columns.back().width, 2700);
+  design::ChangeField(table, u"A"_s, [](Design::Field& field) { field.length = 20; });
+  EXPECT_EQ(table.columns.back().width, 900);
+  design::CaptionField(table, u"A"_s, u"一个很长的标题"_s);
+  EXPECT_EQ(table.columns.back().width, 14 * 110 + 200);
+  table.columns.back().width = 1234;
+  design::ChangeField(table, u"A"_s, [](Design::Field& field) { field.length = 100; });
+  EXPECT_EQ(table.columns.back().width, 1234);
+}
+
 TEST(TableEditsTest, AnArrangedFormHasTwoColumnsInTheOrderOfTheEnterKey) {
   Design small = SmallDesign();
   Design::Table& letters = TableOf(small, u"Lwdj"_s);
