@@ -5,7 +5,7 @@
 # the product needs no other proof: that source is compiled by itself and reads its header first, see .clang-format.
 function(folvane_check_headers)
   folvane_headers_alone(public "" include)
-  folvane_headers_alone(low folvane_core_pch src/base src/data src/catalogue src/design host/demo)
+  folvane_headers_alone(low folvane_core_pch src/base src/data src/catalogue src/design host/demo host/readymade)
   set(floors)
   foreach(folder IN ITEMS shell widgets forms records query originals reports flows archiving entry bulk browser designer)
     list(APPEND floors src/${folder})

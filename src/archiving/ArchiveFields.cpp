@@ -18,7 +18,8 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kFieldCharacters = 28;
+// What a field wants, and what it gets by with in a narrow panel.
+constexpr int kFieldCharacters = 28, kFewestCharacters = 10;
 
 bool IsCutToLimit(int controlType) {
   return controlType == ControlKind::Txt || controlType == ControlKind::F_Aec || controlType == ControlKind::F_FondsNo;
@@ -90,7 +91,7 @@ void ArchiveFields::AddField(const LayoutRow& row, const QString& last) {
   const int at = int(fields_.size());
   grid_->addWidget(&label, at, 0, Qt::AlignRight | Qt::AlignVCenter);
   grid_->addWidget(&field.Widget(), at, 1);
-  field.Widget().setMinimumWidth(fontMetrics().averageCharWidth() * kFieldCharacters);
+  field.Widget().setMinimumWidth(fontMetrics().averageCharWidth() * kFewestCharacters);
   if (at > 1) QWidget::setTabOrder(&fields_[size_t(at) - 2]->Widget(), &field.Widget());
   label.show();
   field.Widget().show();
@@ -119,7 +120,8 @@ void ArchiveFields::Tell(const QString& what, const QString& failure) {
 }
 
 QSize ArchiveFields::sizeHint() const {
-  return widget()->minimumSizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+  const int more = fontMetrics().averageCharWidth() * (kFieldCharacters - kFewestCharacters);
+  return widget()->minimumSizeHint() + QSize(more + verticalScrollBar()->sizeHint().width(), 0);
 }
 
 }  // namespace folvane

@@ -46,6 +46,22 @@ class FrmArchiveParaTest : public ParameterTest {
 
 FOLVANE_ON_EACH_DATABASE(FrmArchiveParaTest);
 
+TEST_P(FrmArchiveParaTest, TheFieldsFitIntoANarrowWindow) {
+  AskFor(u"FondsNo"_s, u"全宗号"_s, 6);
+  AskFor(u"FileYear"_s, u"年度"_s);
+  Part(u"ItemNo"_s);
+  InWindow([&](QWidget& window) {
+    constexpr int kNarrow = 230;
+    window.resize(kNarrow, window.height());
+    const auto& frame = Find<QWidget>(window, u"Frame1"_s);
+    for (const QString& name : {u"F_FondsNo(1)"_s, u"Txt(1)"_s}) {
+      const auto& field = Find<QWidget>(window, name);
+      EXPECT_TRUE(WaitUntil([&] { return field.mapTo(&frame, QPoint(field.width(), 0)).x() <= frame.width(); }))
+          << name.toStdString();
+    }
+  });
+}
+
 TEST_P(FrmArchiveParaTest, EachFieldHasItsControlWithCaptionFieldAndLimit) {
   AskFor(u"FondsNo"_s, u"全宗号"_s, 6);
   AskFor(u"AecNo"_s, u"实体分类号"_s, 7);

@@ -7,6 +7,8 @@
 
 #include <folvane/ClsFolvane.h>
 #include <folvane/DataError.h>
+#include <folvane/Design.h>
+#include <folvane/Designer.h>
 
 #include "host/demo/DemoDatabase.h"
 #include "monkey/Cage.h"
@@ -85,6 +87,22 @@ class MonkeyTest : public testing::Test {
   ClsFolvane folvane_;
   int refused_ = 0;
 };
+
+// What it applies is another design than before, but one that can be read, checked and worked with.
+TEST_F(MonkeyTest, LeavesADesignThatHoldsTogether) {
+  const DrivenByTest byMonkey;
+  const int events = events_ / 3;
+  Monkey monkey(quint64(seed_), events, [&](int) { cage_.NextStep(); });
+  monkey.Run([](quint64) { ShowDesigner(); });
+  EXPECT_FALSE(connection_->InTransaction());
+  EXPECT_EQ(database_->Value(u"PRAGMA integrity_check"_s), u"ok"_s);
+  const Design design = ReadDesign(*connection_);
+  for (const DesignFinding& finding : CheckDesign(design, connection_.get()))
+    EXPECT_NE(finding.kind, u"column-missing"_s) << (finding.where + finding.what).toStdString();
+  EXPECT_EQ(ParseDesign(DesignText(design)), design);
+  std::printf("monkey: seed %d, %d events in the designer, longest event %d ms (%s)\n", seed_, monkey.Steps(),
+              monkey.Times().Longest(), monkey.Times().LongestEvent().constData());
+}
 
 TEST_F(MonkeyTest, DoesNoHarmInAnyWindow) {
   std::printf("monkey: FOLVANE_MONKEY_SEED=%d FOLVANE_MONKEY_EVENTS=%d\n", seed_, events_);
