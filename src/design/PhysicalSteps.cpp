@@ -65,8 +65,19 @@ class Steps {
     return true;
   }
 
+  // The tables of the flows are the library's own, and are as they are.
+  void RequireOwnColumns(const Design::Table& table, const folvane::Table& own) const {
+    const Design::Table* before = FindSame(base_.tables, table);
+    for (const Design::Field& field : table.fields) {
+      if (own.Find(field.name) || (before && FindNamed(before->fields, field.name))) continue;
+      throw DataError(DataErrorKind::Usage,
+                      u"“%1”是系统自己的表，没有%2这一列，也不能增加。"_s.arg(own.name, WordFor(table, field)));
+    }
+  }
+
   void Make(const Design::Table& table) {
-    if (FindCatalogueTable(table.name) || table.fields.empty()) return;
+    if (const folvane::Table* own = FindCatalogueTable(table.name)) return RequireOwnColumns(table, *own);
+    if (table.fields.empty()) return;
     if (const TableInfo* info = session_.Table(table.name)) return MakeColumns(table, *info);
     if (!IsToBeMade(table, table.name, u"表“%1”"_s.arg(table.name.left(60)))) return;
     std::vector<Column> columns;

@@ -67,9 +67,9 @@ const QStringList& FieldTypeNames() {
 }
 
 QString NameFor(const QString& caption, const std::function<bool(const QString& name)>& isTaken) {
-  constexpr int kLongestWord = 20;
+  constexpr int kLongestWord = 20, kLongestCaption = 100;
   QString base;
-  for (const QChar c : caption)
+  for (const QChar c : caption.left(kLongestCaption))
     if (NameComplaint(u"甲"_s + c).isEmpty() && (!base.isEmpty() || !c.isDigit())) base += c;
   if (base.isEmpty()) base = u"字段"_s;
   // A short one that cannot be a name is a word of the databases.

@@ -14,7 +14,7 @@ CommandDesign DesignerCommands() {
         {u"mnuRemove"_s, u"删去(&R)"_s, u"del"_s, u""_s, u"从设计中删去选中的类别或表"_s},
         {},
         {u"mnuImport"_s, u"从文件导入(&I)..."_s, u"open"_s, u"Ctrl+O"_s, u"把设计文件中的内容加进来"_s},
-        {u"mnuExport"_s, u"导出到文件(&E)..."_s, u"copyall"_s, u"Ctrl+E"_s, u"把选中的表或全部设计存成文件"_s},
+        {u"mnuExport"_s, u"导出到文件(&E)..."_s, u"copyall"_s, u"Ctrl+Shift+E"_s, u"把选中的表或全部设计存成文件"_s},
         {},
         {u"mnuApply"_s, u"预览并应用(&A)..."_s, u"save"_s, u"Ctrl+S"_s, u"看过将要写入的内容，再写入数据库"_s},
         {u"mnuReadAgain"_s, u"重新读取(&F)"_s, u"refresh"_s, u"F5"_s, u"读取他人的改动，您的改动保留"_s},

@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "catalogue/Catalogue.h"
 #include "design/FormArrangement.h"
 #include "design/TableEdits.h"
 #include "designer/DesignGrid.h"
@@ -78,6 +79,8 @@ ThingRules<Field> FieldsPage::Rules() const {
   };
   rules.fresh = [this](const Design& design) { return NewFieldOf(*design::FindNamed(design.tables, TableName())); };
   rules.add = [this](Design& wanted, const Field& field) {
+    if (FindCatalogueTable(TableName()))
+      throw DataError(DataErrorKind::Usage, u"“%1”是系统自己的表，不能增加字段。"_s.arg(TableName()));
     design::AddField(*design::FindNamed(wanted.tables, TableName()), field);
   };
   rules.remove = [this](Design& wanted, const Field& field) { design::RemoveField(wanted, TableName(), field.name); };

@@ -53,6 +53,18 @@ TEST_P(RefusedDesignTest, TwoFieldsOrTablesOfOneNameAreRefused) {
   EXPECT_THAT(RefusalOfTable(u"LWDJ"_s), testing::Not(""));
 }
 
+TEST_P(RefusedDesignTest, ATableOfTheLibrarysOwnGetsNoColumns) {
+  const auto withField = [](const QString& field) {
+    return [field](Design& design) {
+      Design::Table sheets{u"Distribute_File"_s, u"文件分发"_s, u"L"_s, 0, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+      sheets.fields = {{u"MainTitle"_s, u"题名"_s, u"文本型"_s, 0, {}}, {field, u"另一个"_s, u"文本型"_s, 0, {}}};
+      design.tables.push_back(sheets);
+    };
+  };
+  EXPECT_TRUE(Refusal(withField(u"新字段"_s)).contains(u"不能增加"_s)) << Refusal(withField(u"新字段"_s)).toStdString();
+  EXPECT_EQ(Refusal(withField(u"Doc_No"_s)), QString());
+}
+
 TEST_P(RefusedDesignTest, WhatRowsCannotHoldIsRefused) {
   EXPECT_THAT(Refusal([](Design& design) { design.tables.emplace_back().name = u"Leer"_s; }).toStdString(),
               HasSubstr("不能存入数据库"));
