@@ -266,7 +266,7 @@ QString FormPage::SelectionInWords() const {
   if (canvas_->IsOrdering())
     return u"依次点击控件，或用 Tab 走到它再按空格；下一个是第 %1 个，Esc 结束"_s.arg(canvas_->NextNumber());
   const FormItem* item = canvas_->CurrentItem();
-  if (!item) return u"点击控件，或按 Tab 选择"_s;
+  if (!item) return u"点击控件，或按 Tab 选择；按空格后再按 Tab 可多选"_s;
   QString words = u"%1 (%2)"_s.arg(item->row.caption, item->row.dataField);
   if (const std::size_t count = canvas_->Selected().size(); count > 1)
     words = u"选中 %1 个控件，以“%2”为准"_s.arg(count).arg(item->row.caption);
