@@ -190,7 +190,7 @@ void FormCanvas::keyPressEvent(QKeyEvent* event) {
       isTaken = Cancel();
     else if (event->matches(QKeySequence::SelectAll))
       Select(KeyOrder(table_));
-    else if (isOrdering_ && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return) && current_ >= 0)
+    else if (isOrdering_ && current_ >= 0 && QList{Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}.contains(event->key()))
       GiveNumber(current_);
     else if (event->key() == Qt::Key_Space && current_ >= 0)
       Has(kept_, current_) ? void(std::erase(kept_, current_)) : kept_.push_back(current_);
@@ -234,6 +234,7 @@ bool FormCanvas::Cancel() {
     drag_ = {};
     guides_.clear();
     ShowTable(table_);
+    Q_EMIT SelectionChanged();
     return true;
   }
   if (isOrdering_) {

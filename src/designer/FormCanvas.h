@@ -53,6 +53,8 @@ class FormCanvas : public QWidget {
 
  Q_SIGNALS:
   void SelectionChanged();
+  /// Something is being dragged there, in pixels.
+  void Dragged(const QPoint& at);
   /// A field was dropped there, in twips.
   void FieldDropped(const QString& field, const QPoint& place);
   /// A number was given, or the numbering has ended.

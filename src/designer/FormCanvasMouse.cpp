@@ -117,11 +117,15 @@ void FormCanvas::mouseMoveEvent(QMouseEvent* event) {
   drag_.isFree = event->modifiers() & Qt::AltModifier;
   if ((at - drag_.start).manhattanLength() >= QApplication::startDragDistance()) drag_.isOn = true;
   if (!drag_.isOn) return;
-  if (drag_.kind == Drag::Band) return ShowMarks();
   RunGuarded([&] {
-    Design::Table table = table_;
-    DragWork()(table);
-    ShowTable(table);
+    if (drag_.kind == Drag::Band) {
+      ShowMarks();
+    } else {
+      Design::Table table = table_;
+      DragWork()(table);
+      ShowTable(table);
+    }
+    Q_EMIT Dragged(at);
   });
 }
 

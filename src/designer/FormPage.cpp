@@ -17,11 +17,13 @@
 #include "designer/FormFoot.h"
 #include "shell/EventGuard.h"
 #include "widgets/KeptSizes.h"
+#include "widgets/ViewHint.h"
 
 namespace folvane::designer {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+constexpr int kDragMargin = 20;                  // pixels that are kept in sight around a drag
 constexpr int kUsualGrid = 120, kFineGrid = 60;  // twips
 const QString kSidesKept = u"FrmDesigner.Form"_s;
 
@@ -48,6 +50,7 @@ FormPage::FormPage(DesignSession& session)
   };
   canvas_ = new FormCanvas(change, nullptr);
   canvas_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  scroll_->setObjectName(u"FormScroll"_s);
   scroll_->setWidget(canvas_);
   scroll_->setWidgetResizable(true);
   scroll_->setFocusPolicy(Qt::NoFocus);
@@ -80,6 +83,7 @@ QWidget* FormPage::NewSide() {
   fields_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   fields_->setDragEnabled(true);
   fields_->setToolTip(u"拖到界面上，或双击、按回车放到最后"_s);
+  AddEmptyHint(*fields_, u"所有字段都在界面中"_s);
   auto* title = new QLabel(u"不在界面中的字段"_s);
   title->setBuddy(fields_);
   auto* side = new QWidget;
@@ -153,6 +157,10 @@ void FormPage::AddKeys() {
 
 void FormPage::Connect() {
   ConnectGuarded(canvas_, &FormCanvas::SelectionChanged, this, &FormPage::ShowSelection);
+  connect(canvas_, &FormCanvas::Dragged, this, [this](const QPoint& at) {
+    ShowFoot();
+    scroll_->ensureVisible(at.x(), at.y(), kDragMargin, kDragMargin);
+  });
   ConnectGuarded(canvas_, &FormCanvas::FieldDropped, this, &FormPage::PutOnAt);
   ConnectGuarded(canvas_, &FormCanvas::OrderingChanged, this, [this] {
     order_->setChecked(canvas_->IsOrdering());
@@ -238,11 +246,15 @@ void FormPage::SetKind(int type) {
   ShowSelection();
 }
 
-void FormPage::ShowSelection() {
+void FormPage::ShowFoot() {
   const FormItem* item = canvas_->CurrentItem();
   const QString words = SelectionInWords();
   foot_->Show(words, item, item && Table() ? design::FindNamed(Table()->fields, item->row.dataField) : nullptr);
   canvas_->setAccessibleDescription(words);
+}
+
+void FormPage::ShowSelection() {
+  ShowFoot();
   for (const Key& key : keys_) key.action->setEnabled(canvas_->Selected().size() >= key.least);
   putOn_->setEnabled(fields_->count() > 0);
   const QRect box = canvas_->CurrentBox();
@@ -254,10 +266,10 @@ QString FormPage::SelectionInWords() const {
   if (canvas_->IsOrdering())
     return u"依次点击控件，或用 Tab 走到它再按空格；下一个是第 %1 个，Esc 结束"_s.arg(canvas_->NextNumber());
   const FormItem* item = canvas_->CurrentItem();
-  if (!item) return u"点击控件，或按 Tab 选择"_s;
+  if (!item) return u"点击控件，或按 Tab 选择；按空格后再按 Tab 可多选"_s;
   QString words = u"%1 (%2)"_s.arg(item->row.caption, item->row.dataField);
   if (const std::size_t count = canvas_->Selected().size(); count > 1)
-    words = u"选中 %1 个控件，以%2为准"_s.arg(count).arg(words);
+    words = u"选中 %1 个控件，以“%2”为准"_s.arg(count).arg(item->row.caption);
   return item->trouble.isEmpty() ? words : words + u"："_s + item->trouble;
 }
 

@@ -40,6 +40,7 @@ class FormPage : public DesignPage {
   void PutOnAt(const QString& field, const QPoint& place);
   void TakeOffSelected();
   void ShowSelection();
+  void ShowFoot();
   QString SelectionInWords() const;
   void SetMeasureOf(int Design::Control::*measure, int value);
   void SetKind(int type);

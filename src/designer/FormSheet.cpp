@@ -102,7 +102,7 @@ void FormSheet::paintEvent(QPaintEvent*) {
   if (frame_.width() <= 0 || frame_.height() <= 0) return;
   const TwipScale scale(*this);
   QPainter painter(this);
-  painter.setPen(QPen(palette().color(QPalette::Mid), 1, Qt::DashLine));
+  painter.setPen(QPen(palette().color(QPalette::PlaceholderText), 1, Qt::DashLine));
   painter.drawRect(scale.ToPixels(frame_.x()), scale.ToPixels(frame_.y()), scale.ToPixels(frame_.width()),
                    scale.ToPixels(frame_.height()));
 }

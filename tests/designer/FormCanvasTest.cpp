@@ -1,5 +1,8 @@
 #include <QDropEvent>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
 
 #include "designer/FormFixture.h"
 
@@ -96,8 +99,10 @@ TEST_F(FormCanvasTest, EscapeGivesUpADrag) {
   QTest::mousePress(&Canvas(), Qt::LeftButton, {}, from);
   QTest::mouseMove(&Canvas(), from + kDown40);
   EXPECT_NE(Middle(u"DTP(2)"_s), from);
+  EXPECT_EQ(Find<QSpinBox>(Page(), u"FormTop"_s).value(), 2040);
   Press(Canvas(), Qt::Key_Escape);
   EXPECT_EQ(Middle(u"DTP(2)"_s), from);
+  EXPECT_EQ(Find<QSpinBox>(Page(), u"FormTop"_s).value(), 1440);
   QTest::mouseRelease(&Canvas(), Qt::LeftButton, {}, from + kDown40);
   EXPECT_EQ(Steps(), 0);
 }
@@ -109,6 +114,23 @@ TEST_F(FormCanvasTest, NothingLeavesTheForm) {
   EXPECT_EQ(PlaceOf(u"FileDate"_s), QPoint(6300 - 1350, 1440));
   Drag(Middle(u"DTP(2)"_s), {90'000, 90'000}, Qt::AltModifier);
   EXPECT_EQ(PlaceOf(u"FileDate"_s), QPoint(57'600 - 3600, 240'000 - 300));
+}
+
+TEST_F(FormCanvasTest, ADragBeyondTheEdgeScrolls) {
+  auto& bar = *Find<QScrollArea>(Page(), u"FormScroll"_s).verticalScrollBar();
+  EXPECT_EQ(bar.value(), 0);
+  Drag(Middle(u"DTP(2)"_s), Middle(u"DTP(2)"_s) + QPoint(0, 600));
+  EXPECT_GT(bar.value(), 0);
+  EXPECT_EQ(Selected(), QStringList{u"FileDate"_s});
+}
+
+TEST_F(FormCanvasTest, WhatIsSelectedByKeysIsBroughtIntoSight) {
+  Change([](Design::Table& table) { table.controls[4].top = 20'000; });
+  auto& bar = *Find<QScrollArea>(Page(), u"FormScroll"_s).verticalScrollBar();
+  Canvas().setFocus(Qt::TabFocusReason);
+  for (int i = 0; i < 4; ++i) Press(Canvas(), Qt::Key_Tab);
+  EXPECT_EQ(Selected(), QStringList{u"FileDate"_s});
+  EXPECT_GT(bar.value(), 500);
 }
 
 TEST_F(FormCanvasTest, AHandleSizesAControl) {

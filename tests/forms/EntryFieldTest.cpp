@@ -186,6 +186,11 @@ TEST_F(ComboFields, ListTheDictionaryInItsOrderAndBeginEmpty) {
   EXPECT_EQ(field->Text(), QString());
 }
 
+TEST_F(ComboFields, WithoutADictionaryAskForNone) {
+  const auto field = NewField({ControlKind::Cmb, 1, u"F"_s, {}, u"字段"_s, {}, {}}, &Window());
+  EXPECT_EQ(static_cast<QComboBox&>(field->Widget()).count(), 0);
+}
+
 TEST_F(ComboFields, TellOfAnEntryChosenFromTheListOnce) {
   const auto field = ShownField(ControlKind::Cmb);
   auto& combo = static_cast<QComboBox&>(field->Widget());
