@@ -1,22 +1,16 @@
 #include "designer/UsersPage.h"
 
 #include <QAction>
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
 #include <QSplitter>
-#include <QStandardItemModel>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include "designer/ConditionDialog.h"
 #include "designer/DesignGrid.h"
 #include "designer/Labels.h"
-#include "designer/SeenRows.h"
+#include "designer/SeenPanel.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "widgets/KeptSizes.h"
-#include "widgets/ViewHint.h"
 
 namespace folvane::designer {
 namespace {
@@ -57,7 +51,7 @@ QString WordsFor(const Rights& rights) {
 
 // The words follow the ticks unless they were written by hand.
 ThingColumn<Rights> Tick(bool Rights::*member, const QString& tip) {
-  auto column = ColumnOf(member, 10);
+  auto column = ColumnOf(member, 9);
   column.look.tip = tip;
   column.write = [member](Design&, Rights& rights, const QVariant& value) {
     const bool follows = rights.words.isEmpty() || rights.words == WordsFor(rights);
@@ -84,10 +78,7 @@ Rights NextRights(const Design& design, const User& user) {
 UsersPage::UsersPage(DesignSession& session)
     : DesignPage(session, u"UsersPage"_s),
       condition_(new QAction(u"条件(&C)..."_s, this)),
-      table_(new QComboBox),
-      words_(new QLabel),
-      seen_(new QStandardItemModel(this)),
-      view_(new QTableView),
+      seen_(new SeenPanel(session)),
       beside_(new QSplitter),
       below_(new QSplitter(Qt::Vertical)) {
   users_ = new DesignGrid(NewUsers(), u"GrdUsers"_s, u"用户(&U)"_s, u"还没有用户。\n按 Ins 增加一个。"_s, this);
@@ -106,7 +97,7 @@ UsersPage::UsersPage(DesignSession& session)
   beside_->addWidget(users_);
   beside_->addWidget(rights_);
   below_->addWidget(beside_);
-  below_->addWidget(NewSeen());
+  below_->addWidget(seen_);
   RestoreSizes(*beside_, kUserColumns, {260, 640});
   RestoreSizes(*below_, kUserRows, {340, 240});
   auto* down = new QVBoxLayout(this);
@@ -114,7 +105,6 @@ UsersPage::UsersPage(DesignSession& session)
   setFocusProxy(users_);
   ConnectGuarded(users_, &DesignGrid::CurrentRowChanged, this, [this] { rights_->Refresh(); });
   ConnectGuarded(rights_, &DesignGrid::CurrentRowChanged, this, &UsersPage::FollowRights);
-  ConnectGuarded(table_, &QComboBox::activated, this, [this](int) { ShowSeen(); });
 }
 
 UsersPage::~UsersPage() {
@@ -122,41 +112,13 @@ UsersPage::~UsersPage() {
   KeepSizes(*below_, kUserRows);
 }
 
-QWidget* UsersPage::NewSeen() {
-  table_->setObjectName(u"CmbSeenTable"_s);
-  table_->setToolTip(u"看哪个表"_s);
-  words_->setObjectName(u"LblSeen"_s);
-  words_->setTextFormat(Qt::PlainText);
-  words_->setWordWrap(true);
-  view_->setObjectName(u"GrdSeen"_s);
-  view_->setAccessibleName(u"该用户看到的记录"_s);
-  view_->setModel(seen_);
-  view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  view_->setAlternatingRowColors(true);
-  view_->setWordWrap(false);
-  view_->setTabKeyNavigation(false);
-  view_->verticalHeader()->setDefaultSectionSize(view_->fontMetrics().height() + 8);
-  view_->horizontalHeader()->setStretchLastSection(true);
-  view_->horizontalHeader()->setHighlightSections(false);
-  AddEmptyHint(*view_, u"没有可以看到的记录。"_s);
-  auto* title = new QLabel(u"该用户看到的(&V)"_s);
-  title->setBuddy(table_);
-  auto* head = new QHBoxLayout;
-  head->addWidget(title);
-  head->addWidget(table_);
-  head->addWidget(words_, 1);
-  auto* box = new QWidget;
-  auto* down = new QVBoxLayout(box);
-  down->setContentsMargins(0, 0, 0, 0);
-  down->setSpacing(2);
-  down->addLayout(head);
-  down->addWidget(view_, 1);
-  return box;
+void UsersPage::showEvent(QShowEvent* event) {
+  DesignPage::showEvent(event);
+  seen_->SeeAgain();
 }
 
 void UsersPage::Refresh() {
-  FillTables();
+  seen_->FillTables();
   users_->Refresh();
 }
 
@@ -197,17 +159,17 @@ GridModel* UsersPage::NewRights() {
     return user ? &user->rights : nullptr;
   };
   rules.fresh = [this](const Design& design) { return NextRights(design, *UserIn(design)); };
-  auto words = ColumnOf(&Rights::words, 22);
+  auto words = ColumnOf(&Rights::words, 16);
   words.look.tip = u"用户看到的说明"_s;
   return new ThingModel<Rights>(Session(), rules,
                                 {TableColumn(), Tick(&Rights::mayEdit, u"可以增加、修改和删除记录"_s),
                                  Tick(&Rights::mayPrint, u"可以打印和导出"_s),
-                                 Tick(&Rights::mayLookAtOriginals, u"可以查看原文"_s), words, ConditionColumn()},
+                                 Tick(&Rights::mayLookAtOriginals, u"可以查看原文"_s), ConditionColumn(), words},
                                 this);
 }
 
 ThingColumn<Rights> UsersPage::TableColumn() {
-  auto table = ChoiceOf(&Rights::table, 20, [this](int) { return LabelsOf(Session().Wanted().tables); });
+  auto table = ChoiceOf(&Rights::table, 16, [this](int) { return LabelsOf(Session().Wanted().tables); });
   table.read = [this](const Rights& rights) { return LabelFor(Session().Wanted().tables, rights.table); };
   // A condition names the fields of its table.
   table.write = [this](Design& wanted, Rights& rights, const QVariant& value) {
@@ -223,7 +185,7 @@ ThingColumn<Rights> UsersPage::TableColumn() {
 
 ThingColumn<Rights> UsersPage::ConditionColumn() {
   ThingColumn<Rights> column;
-  column.look = {u"条件"_s, GridColumn::Kind::Text, 30, {}, u"用户只能看到符合条件的记录，按“条件...”组合"_s};
+  column.look = {u"条件"_s, GridColumn::Kind::Text, 22, {}, u"用户只能看到符合条件的记录，按“条件...”组合"_s};
   column.read = [this](const Rights& rights) {
     const Design::Table* table = design::FindNamed(Session().Wanted().tables, rights.table);
     return table ? ConditionShown(rights.condition, *table) : rights.condition;
@@ -231,34 +193,13 @@ ThingColumn<Rights> UsersPage::ConditionColumn() {
   return column;
 }
 
-void UsersPage::FillTables() {
-  const QString shown = table_->currentData().toString();
-  table_->clear();
-  for (const Design::Table& table : Session().Wanted().tables) table_->addItem(LabelOf(table), table.name);
-  table_->setCurrentIndex(std::max(table_->findData(shown), table_->count() > 0 ? 0 : -1));
-}
-
 void UsersPage::FollowRights() {
-  const Rights* rights = RightsIn(Session().Wanted());
-  condition_->setEnabled(rights && design::FindNamed(Session().Wanted().tables, rights->table));
-  if (rights && table_->findData(rights->table) >= 0) table_->setCurrentIndex(table_->findData(rights->table));
-  ShowSeen();
-}
-
-void UsersPage::ShowSeen() {
-  seen_->clear();
-  words_->clear();
-  const User* user = UserIn(Session().Wanted());
-  if (!user || table_->currentIndex() < 0) return;
-  const SeenRows seen =
-      RowsSeenBy(user->id, table_->currentData().toString(), Session().Wanted(), *Session().Database());
-  words_->setText(seen.words);
-  seen_->setHorizontalHeaderLabels(seen.captions);
-  for (const QStringList& cells : seen.rows) {
-    QList<QStandardItem*> row;
-    for (const QString& cell : cells) row << new QStandardItem(cell);
-    seen_->appendRow(row);
-  }
+  const Design& wanted = Session().Wanted();
+  const User* user = UserIn(wanted);
+  const Rights* rights = RightsIn(wanted);
+  condition_->setEnabled(rights && design::FindNamed(wanted.tables, rights->table));
+  if (rights) seen_->ChooseTable(rights->table);
+  seen_->ShowUser(user ? user->id : QString());
 }
 
 void UsersPage::EditCondition() {
