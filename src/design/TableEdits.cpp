@@ -13,7 +13,7 @@ namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kInput = 1, kNumber = 2, kDate = 3, kChoice = 4;  ///< kinds of input of the simple query
+constexpr int kTextInput = 1, kNumberRange = 2, kDateRange = 3, kEntryChoice = 4;  ///< kinds of input of the simple query
 // Twips of list columns: values are seldom as long as they may be, captions are shown whole.
 constexpr int kValueByte = 45, kCaptionByte = 110, kColumnMargin = 200, kNarrowest = 700, kWidest = 5700;
 
@@ -95,9 +95,9 @@ void SetSearchType(const Design::Table& table, Design::SearchField& field, int t
 }
 
 int SearchTypeFor(const Design::Field& field) {
-  if (field.type.startsWith(u"日期") || field.type.startsWith(u"时间")) return kDate;
-  if (field.type == u"数值型" || field.type == u"数字型" || field.type == u"自动编号") return kNumber;
-  return field.dictionary.isEmpty() ? kInput : kChoice;
+  if (field.type.startsWith(u"日期") || field.type.startsWith(u"时间")) return kDateRange;
+  if (field.type == u"数值型" || field.type == u"数字型" || field.type == u"自动编号") return kNumberRange;
+  return field.dictionary.isEmpty() ? kTextInput : kEntryChoice;
 }
 
 void AddToSearch(Design::Table& table, const Design::Field& field) {

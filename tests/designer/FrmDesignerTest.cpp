@@ -61,6 +61,7 @@ TEST_P(FrmDesignerTest, ShowsTheClassesTablesAndFieldsOfTheDesign) {
 
 TEST_P(FrmDesignerTest, EveryPageOfTheTreeOpensAndSaysWhatItsControlsAre) {
   Open([&](QWidget& window) {
+    window.resize(1180, 740);
     const QAbstractItemModel& tree = *Find<QAbstractItemView>(window, u"TreDesign"_s).model();
     auto& pages = Find<QStackedWidget>(window, u"Pages"_s);
     QStringList shown;
@@ -196,6 +197,28 @@ TEST_P(FrmDesignerTest, TheSameChangedTwiceIsToldAndReadingAgainKeepsTheRest) {
   Design stored = Read();
   EXPECT_EQ(FieldOf(stored, u"Lwdj"_s, u"RegID"_s).caption, u"编号");
   EXPECT_EQ(FieldOf(stored, u"Lwdj"_s, u"Amaintitle"_s).caption, u"文件题名");
+}
+
+TEST_P(FrmDesignerTest, WhatCannotBeWrittenStaysWanted) {
+  Open([&](QWidget& window) {
+    Choose(window, u"收文登记"_s);
+    Set(window, u"GrdFields"_s, 2, 0, u"标题"_s);
+    NewTable(window, u"合同登记"_s);
+    WithWindow(u"PlanDialog"_s, [&](QWidget& dialog) {
+      WithSmallDesign::Apply([](Design& other) { FieldOf(other, u"Lwdj"_s, u"Amaintitle"_s).caption = u"文件题名"_s; });
+      Click(Find(dialog, u"CmdOK"_s));
+    });
+    Run(window, u"mnuDesign"_s, u"mnuApply"_s);
+    EXPECT_EQ(boxes_.Requests().size(), 1u);
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_FALSE(Connected()->InTransaction());
+    EXPECT_EQ(Shown(window, u"GrdFields"_s).size(), 3) << "the new table is still there, in the window alone";
+    EXPECT_THROW(Database().Value(u"select count(*) from 合同登记"_s), std::runtime_error);
+    Run(window, u"mnuDesign"_s, u"mnuReadAgain"_s);
+    Choose(window, u"收文登记"_s);
+    Apply(window);
+  });
+  EXPECT_EQ(Database().Value(u"select count(*) from 合同登记"_s), u"0");
 }
 
 TEST_P(FrmDesignerTest, WhatIsWrongIsToldAtOnceAndMendedByAKey) {
