@@ -178,7 +178,8 @@ bool ConditionDialog::Try() {
 
 void ConditionDialog::Tell(const QString& words, bool isWrong) {
   QPalette colours = palette();
-  if (isWrong) colours.setColor(QPalette::WindowText, QColor(0xc0, 0x39, 0x2b));
+  const bool isDark = colours.color(QPalette::Window).lightness() < 128;
+  if (isWrong) colours.setColor(QPalette::WindowText, isDark ? QColor(0xff, 0x7b, 0x6b) : QColor(0xc0, 0x39, 0x2b));
   result_->setPalette(colours);
   result_->setText(words);
 }

@@ -139,21 +139,19 @@ void NumberPage::ShowExample() {
   const Design::Table* table = Table();
   const design::NumberExample example = table ? design::ExampleOf(Session().Wanted(), *table) : design::NumberExample();
   const bool hasNumber = !example.number.isEmpty();
-  const QString length = hasNumber ? u"（最长 %1 字节）"_s.arg(example.mostBytes) : QString();
-  example_->setText(hasNumber ? example.number + length : u"（没有格式）"_s);
+  example_->setText(hasNumber ? example.number : u"（没有格式）"_s);
   const bool hasFolder = table && table->folderNumberField != kNoField && !example.folder.isEmpty();
   folderExample_->setText(hasFolder ? example.folder : kNoField);
-  complaints_->setText(Complaints());
+  complaints_->setText(hasNumber ? u"档号最长 %1 字节。"_s.arg(example.mostBytes) + Complaints() : QString());
 }
 
 QString NumberPage::Complaints() const {
   const Design::Table* table = Table();
-  if (!table || table->numberParts.empty()) return {};
   transfer::BusinessTables tables = design::TablesOf(Session().Wanted(), Session().Database().get());
   QStringList sentences;
   for (const transfer::Finding& finding : transfer::CheckFormat(design::FormatOf(*table), tables))
     sentences << finding.text + u'。';
-  return sentences.isEmpty() ? u"格式没有问题。"_s : sentences.join(u'\n');
+  return sentences.isEmpty() ? u"格式没有问题。"_s : sentences.join(QString());
 }
 
 GridModel* NumberPage::NewParts() {

@@ -26,7 +26,7 @@ class NumberPage : public DesignPage {
   QWidget* NewExample();
   void ShowChoices();
   void ShowExample();
-  /// What is wrong with the format as a whole, one sentence a line.
+  /// What is wrong with the format as a whole, in sentences. There is a table.
   QString Complaints() const;
 
   DesignGrid* parts_;

@@ -7,7 +7,10 @@
 #include <QSplitter>
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <folvane/Icons.h>
 
 #include "designer/ConditionDialog.h"
 #include "designer/DesignGrid.h"
@@ -57,7 +60,7 @@ QString WordsFor(const Rights& rights) {
 
 // The words follow the ticks unless they were written by hand.
 ThingColumn<Rights> Tick(bool Rights::*member, const QString& tip) {
-  auto column = ColumnOf(member, 10);
+  auto column = ColumnOf(member, 9);
   column.look.tip = tip;
   column.write = [member](Design&, Rights& rights, const QVariant& value) {
     const bool follows = rights.words.isEmpty() || rights.words == WordsFor(rights);
@@ -139,6 +142,7 @@ QWidget* UsersPage::NewSeen() {
   view_->verticalHeader()->setDefaultSectionSize(view_->fontMetrics().height() + 8);
   view_->horizontalHeader()->setStretchLastSection(true);
   view_->horizontalHeader()->setHighlightSections(false);
+  view_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   AddEmptyHint(*view_, u"没有可以看到的记录。"_s);
   auto* title = new QLabel(u"该用户看到的(&V)"_s);
   title->setBuddy(table_);
@@ -146,6 +150,7 @@ QWidget* UsersPage::NewSeen() {
   head->addWidget(title);
   head->addWidget(table_);
   head->addWidget(words_, 1);
+  head->addWidget(NewRefreshKey());
   auto* box = new QWidget;
   auto* down = new QVBoxLayout(box);
   down->setContentsMargins(0, 0, 0, 0);
@@ -153,6 +158,23 @@ QWidget* UsersPage::NewSeen() {
   down->addLayout(head);
   down->addWidget(view_, 1);
   return box;
+}
+
+QToolButton* UsersPage::NewRefreshKey() {
+  auto* key = new QToolButton;
+  key->setObjectName(u"CmdSeeAgain"_s);
+  key->setIcon(Icon(u"refresh"_s));
+  key->setAutoRaise(true);
+  key->setShortcut(QKeySequence(u"Shift+F5"_s));
+  key->setToolTip(u"重新读取记录 (Shift+F5)"_s);
+  key->setAccessibleName(u"重新读取记录"_s);
+  ConnectGuarded(key, &QToolButton::clicked, this, &UsersPage::SeeAgain);
+  return key;
+}
+
+void UsersPage::showEvent(QShowEvent* event) {
+  DesignPage::showEvent(event);
+  RunGuarded([this] { SeeAgain(); });
 }
 
 void UsersPage::Refresh() {
@@ -197,17 +219,17 @@ GridModel* UsersPage::NewRights() {
     return user ? &user->rights : nullptr;
   };
   rules.fresh = [this](const Design& design) { return NextRights(design, *UserIn(design)); };
-  auto words = ColumnOf(&Rights::words, 22);
+  auto words = ColumnOf(&Rights::words, 16);
   words.look.tip = u"用户看到的说明"_s;
   return new ThingModel<Rights>(Session(), rules,
                                 {TableColumn(), Tick(&Rights::mayEdit, u"可以增加、修改和删除记录"_s),
                                  Tick(&Rights::mayPrint, u"可以打印和导出"_s),
-                                 Tick(&Rights::mayLookAtOriginals, u"可以查看原文"_s), words, ConditionColumn()},
+                                 Tick(&Rights::mayLookAtOriginals, u"可以查看原文"_s), ConditionColumn(), words},
                                 this);
 }
 
 ThingColumn<Rights> UsersPage::TableColumn() {
-  auto table = ChoiceOf(&Rights::table, 20, [this](int) { return LabelsOf(Session().Wanted().tables); });
+  auto table = ChoiceOf(&Rights::table, 16, [this](int) { return LabelsOf(Session().Wanted().tables); });
   table.read = [this](const Rights& rights) { return LabelFor(Session().Wanted().tables, rights.table); };
   // A condition names the fields of its table.
   table.write = [this](Design& wanted, Rights& rights, const QVariant& value) {
@@ -223,7 +245,7 @@ ThingColumn<Rights> UsersPage::TableColumn() {
 
 ThingColumn<Rights> UsersPage::ConditionColumn() {
   ThingColumn<Rights> column;
-  column.look = {u"条件"_s, GridColumn::Kind::Text, 30, {}, u"用户只能看到符合条件的记录，按“条件...”组合"_s};
+  column.look = {u"条件"_s, GridColumn::Kind::Text, 22, {}, u"用户只能看到符合条件的记录，按“条件...”组合"_s};
   column.read = [this](const Rights& rights) {
     const Design::Table* table = design::FindNamed(Session().Wanted().tables, rights.table);
     return table ? ConditionShown(rights.condition, *table) : rights.condition;
@@ -245,13 +267,23 @@ void UsersPage::FollowRights() {
   ShowSeen();
 }
 
+void UsersPage::SeeAgain() {
+  seenFor_.reset();
+  ShowSeen();
+}
+
+// The database is asked only where the answer may be another one.
 void UsersPage::ShowSeen() {
+  const Design& wanted = Session().Wanted();
+  const User* user = UserIn(wanted);
+  const Design::Table* table = design::FindNamed(wanted.tables, table_->currentData().toString());
+  const Question question{user ? *user : User(), table ? *table : Design::Table()};
+  if (seenFor_ == question) return;
+  seenFor_ = question;
   seen_->clear();
   words_->clear();
-  const User* user = UserIn(Session().Wanted());
-  if (!user || table_->currentIndex() < 0) return;
-  const SeenRows seen =
-      RowsSeenBy(user->id, table_->currentData().toString(), Session().Wanted(), *Session().Database());
+  if (!user || !table) return;
+  const SeenRows seen = RowsSeenBy(user->id, table->name, wanted, *Session().Database());
   words_->setText(seen.words);
   seen_->setHorizontalHeaderLabels(seen.captions);
   for (const QStringList& cells : seen.rows) {
@@ -259,6 +291,7 @@ void UsersPage::ShowSeen() {
     for (const QString& cell : cells) row << new QStandardItem(cell);
     seen_->appendRow(row);
   }
+  view_->resizeColumnsToContents();
 }
 
 void UsersPage::EditCondition() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "designer/DesignPage.h"
 #include "designer/ThingModel.h"
 
@@ -8,6 +10,7 @@ class QLabel;
 class QSplitter;
 class QStandardItemModel;
 class QTableView;
+class QToolButton;
 
 namespace folvane::designer {
 
@@ -21,13 +24,22 @@ class UsersPage : public DesignPage {
 
  protected:
   void Refresh() override;
+  void showEvent(QShowEvent* event) override;
 
  private:
+  /// What the rows that are shown depend on.
+  struct Question {
+    Design::User user;
+    Design::Table table;
+    bool operator==(const Question&) const = default;
+  };
+
   GridModel* NewUsers();
   GridModel* NewRights();
   ThingColumn<Design::Rights> TableColumn();
   ThingColumn<Design::Rights> ConditionColumn();
   QWidget* NewSeen();
+  QToolButton* NewRefreshKey();
   /// The current user of a design, and the rights in a table that are current; null for none.
   const Design::User* UserIn(const Design& design) const;
   const Design::Rights* RightsIn(const Design& design) const;
@@ -35,6 +47,7 @@ class UsersPage : public DesignPage {
   void FillTables();
   void FollowRights();
   void ShowSeen();
+  void SeeAgain();
   void EditCondition();
 
   DesignGrid *users_, *rights_ = nullptr;
@@ -44,6 +57,7 @@ class UsersPage : public DesignPage {
   QStandardItemModel* seen_;
   QTableView* view_;
   QSplitter *beside_, *below_;
+  std::optional<Question> seenFor_;
 };
 
 }  // namespace folvane::designer
