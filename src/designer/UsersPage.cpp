@@ -1,25 +1,16 @@
 #include "designer/UsersPage.h"
 
 #include <QAction>
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLabel>
 #include <QSplitter>
-#include <QStandardItemModel>
-#include <QTableView>
-#include <QToolButton>
 #include <QVBoxLayout>
-
-#include <folvane/Icons.h>
 
 #include "designer/ConditionDialog.h"
 #include "designer/DesignGrid.h"
 #include "designer/Labels.h"
-#include "designer/SeenRows.h"
+#include "designer/SeenPanel.h"
 #include "shell/EventGuard.h"
 #include "shell/ModalWindow.h"
 #include "widgets/KeptSizes.h"
-#include "widgets/ViewHint.h"
 
 namespace folvane::designer {
 namespace {
@@ -87,10 +78,7 @@ Rights NextRights(const Design& design, const User& user) {
 UsersPage::UsersPage(DesignSession& session)
     : DesignPage(session, u"UsersPage"_s),
       condition_(new QAction(u"条件(&C)..."_s, this)),
-      table_(new QComboBox),
-      words_(new QLabel),
-      seen_(new QStandardItemModel(this)),
-      view_(new QTableView),
+      seen_(new SeenPanel(session)),
       beside_(new QSplitter),
       below_(new QSplitter(Qt::Vertical)) {
   users_ = new DesignGrid(NewUsers(), u"GrdUsers"_s, u"用户(&U)"_s, u"还没有用户。\n按 Ins 增加一个。"_s, this);
@@ -109,7 +97,7 @@ UsersPage::UsersPage(DesignSession& session)
   beside_->addWidget(users_);
   beside_->addWidget(rights_);
   below_->addWidget(beside_);
-  below_->addWidget(NewSeen());
+  below_->addWidget(seen_);
   RestoreSizes(*beside_, kUserColumns, {260, 640});
   RestoreSizes(*below_, kUserRows, {340, 240});
   auto* down = new QVBoxLayout(this);
@@ -117,7 +105,6 @@ UsersPage::UsersPage(DesignSession& session)
   setFocusProxy(users_);
   ConnectGuarded(users_, &DesignGrid::CurrentRowChanged, this, [this] { rights_->Refresh(); });
   ConnectGuarded(rights_, &DesignGrid::CurrentRowChanged, this, &UsersPage::FollowRights);
-  ConnectGuarded(table_, &QComboBox::activated, this, [this](int) { ShowSeen(); });
 }
 
 UsersPage::~UsersPage() {
@@ -125,60 +112,13 @@ UsersPage::~UsersPage() {
   KeepSizes(*below_, kUserRows);
 }
 
-QWidget* UsersPage::NewSeen() {
-  table_->setObjectName(u"CmbSeenTable"_s);
-  table_->setToolTip(u"看哪个表"_s);
-  words_->setObjectName(u"LblSeen"_s);
-  words_->setTextFormat(Qt::PlainText);
-  words_->setWordWrap(true);
-  view_->setObjectName(u"GrdSeen"_s);
-  view_->setAccessibleName(u"该用户看到的记录"_s);
-  view_->setModel(seen_);
-  view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  view_->setAlternatingRowColors(true);
-  view_->setWordWrap(false);
-  view_->setTabKeyNavigation(false);
-  view_->verticalHeader()->setDefaultSectionSize(view_->fontMetrics().height() + 8);
-  view_->horizontalHeader()->setStretchLastSection(true);
-  view_->horizontalHeader()->setHighlightSections(false);
-  view_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  AddEmptyHint(*view_, u"没有可以看到的记录。"_s);
-  auto* title = new QLabel(u"该用户看到的(&V)"_s);
-  title->setBuddy(table_);
-  auto* head = new QHBoxLayout;
-  head->addWidget(title);
-  head->addWidget(table_);
-  head->addWidget(words_, 1);
-  head->addWidget(NewRefreshKey());
-  auto* box = new QWidget;
-  auto* down = new QVBoxLayout(box);
-  down->setContentsMargins(0, 0, 0, 0);
-  down->setSpacing(2);
-  down->addLayout(head);
-  down->addWidget(view_, 1);
-  return box;
-}
-
-QToolButton* UsersPage::NewRefreshKey() {
-  auto* key = new QToolButton;
-  key->setObjectName(u"CmdSeeAgain"_s);
-  key->setIcon(Icon(u"refresh"_s));
-  key->setAutoRaise(true);
-  key->setShortcut(QKeySequence(u"Shift+F5"_s));
-  key->setToolTip(u"重新读取记录 (Shift+F5)"_s);
-  key->setAccessibleName(u"重新读取记录"_s);
-  ConnectGuarded(key, &QToolButton::clicked, this, &UsersPage::SeeAgain);
-  return key;
-}
-
 void UsersPage::showEvent(QShowEvent* event) {
   DesignPage::showEvent(event);
-  RunGuarded([this] { SeeAgain(); });
+  seen_->SeeAgain();
 }
 
 void UsersPage::Refresh() {
-  FillTables();
+  seen_->FillTables();
   users_->Refresh();
 }
 
@@ -253,45 +193,13 @@ ThingColumn<Rights> UsersPage::ConditionColumn() {
   return column;
 }
 
-void UsersPage::FillTables() {
-  const QString shown = table_->currentData().toString();
-  table_->clear();
-  for (const Design::Table& table : Session().Wanted().tables) table_->addItem(LabelOf(table), table.name);
-  table_->setCurrentIndex(std::max(table_->findData(shown), table_->count() > 0 ? 0 : -1));
-}
-
 void UsersPage::FollowRights() {
-  const Rights* rights = RightsIn(Session().Wanted());
-  condition_->setEnabled(rights && design::FindNamed(Session().Wanted().tables, rights->table));
-  if (rights && table_->findData(rights->table) >= 0) table_->setCurrentIndex(table_->findData(rights->table));
-  ShowSeen();
-}
-
-void UsersPage::SeeAgain() {
-  seenFor_.reset();
-  ShowSeen();
-}
-
-// The database is asked only where the answer may be another one.
-void UsersPage::ShowSeen() {
   const Design& wanted = Session().Wanted();
   const User* user = UserIn(wanted);
-  const Design::Table* table = design::FindNamed(wanted.tables, table_->currentData().toString());
-  const Question question{user ? *user : User(), table ? *table : Design::Table()};
-  if (seenFor_ == question) return;
-  seenFor_ = question;
-  seen_->clear();
-  words_->clear();
-  if (!user || !table) return;
-  const SeenRows seen = RowsSeenBy(user->id, table->name, wanted, *Session().Database());
-  words_->setText(seen.words);
-  seen_->setHorizontalHeaderLabels(seen.captions);
-  for (const QStringList& cells : seen.rows) {
-    QList<QStandardItem*> row;
-    for (const QString& cell : cells) row << new QStandardItem(cell);
-    seen_->appendRow(row);
-  }
-  view_->resizeColumnsToContents();
+  const Rights* rights = RightsIn(wanted);
+  condition_->setEnabled(rights && design::FindNamed(wanted.tables, rights->table));
+  if (rights) seen_->ChooseTable(rights->table);
+  seen_->ShowUser(user ? user->id : QString());
 }
 
 void UsersPage::EditCondition() {
