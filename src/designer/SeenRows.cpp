@@ -13,7 +13,7 @@ namespace folvane::designer {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kMostRows = 50;
+constexpr int kMostSeen = 50;
 
 // Why the table cannot be asked, "" when it can.
 QString ReasonNotToAsk(const Design::Table& table, const QString& condition, const TableInfo* info) {
@@ -40,7 +40,7 @@ void ReadRows(SeenRows& seen, const Design::Table& table, const QString& conditi
     seen.captions << column.caption;
   }
   const qint64 count = CountOf(table.name, condition, connection);
-  seen.words = count > kMostRows ? u"共 %1 条记录，下面是前 %2 条。"_s.arg(count).arg(kMostRows)
+  seen.words = count > kMostSeen ? u"共 %1 条记录，下面是前 %2 条。"_s.arg(count).arg(kMostSeen)
                                  : u"共 %1 条记录。"_s.arg(count);
   if (names.isEmpty()) {
     seen.words += u"列表中没有已经建立的列。"_s;
@@ -48,7 +48,7 @@ void ReadRows(SeenRows& seen, const Design::Table& table, const QString& conditi
   }
   const ResultSet rows(
       connection,
-      u"Select Top %1 %2 From %3%4"_s.arg(kMostRows).arg(names.join(u',')).arg(table.name, Where(condition)));
+      u"Select Top %1 %2 From %3%4"_s.arg(kMostSeen).arg(names.join(u',')).arg(table.name, Where(condition)));
   for (qint64 row = 0; row < rows.RowCount(); ++row) {
     QStringList cells;
     for (int column = 0; column < rows.ColumnCount(); ++column) cells << rows.Text(row, column);
