@@ -13,15 +13,13 @@ namespace folvane::designer {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-using Kind = DesignNode::Kind;
-
 constexpr int kKindRole = Qt::UserRole + 1, kKeyRole = Qt::UserRole + 2;
 constexpr int kDeepest = 50;    ///< classes that are their own parents end somewhere
 const QString kLoose = u"0"_s;  ///< the node of tables that hang under no class of the design
 
 DesignNode NodeOf(const QStandardItem* item) {
   if (!item) return {};
-  return {Kind(item->data(kKindRole).toInt()), item->data(kKeyRole).toString()};
+  return {DesignNode::Kind(item->data(kKindRole).toInt()), item->data(kKeyRole).toString()};
 }
 
 }  // namespace
@@ -53,7 +51,7 @@ QStandardItem* DesignTree::NewItem(const QString& text, const QString& icon, con
   auto* item = new QStandardItem(Icon(icon), text);
   item->setData(int(node.kind), kKindRole);
   item->setData(node.key, kKeyRole);
-  item->setToolTip(PlainTip(node.kind == Kind::Table ? text + u' ' + node.key : text));
+  item->setToolTip(PlainTip(node.kind == DesignNode::Kind::Table ? text + u' ' + node.key : text));
   return item;
 }
 
@@ -85,7 +83,8 @@ void DesignTree::AddTables(QStandardItem& above, int classId) {
     return design::FindByKey(design.classes, QString::number(table.classId)) != nullptr;
   };
   const auto add = [&](QStandardItem& node, const Design::Table& table, const auto& self, int depth) -> void {
-    auto* item = NewItem(table.caption.isEmpty() ? table.name : table.caption, u"table"_s, {Kind::Table, table.name});
+    auto* item = NewItem(table.caption.isEmpty() ? table.name : table.caption, u"table"_s,
+                         {DesignNode::Kind::Table, table.name});
     node.appendRow(item);
     if (depth > kDeepest) return;
     for (const Design::Table& below : design.tables)
@@ -102,8 +101,8 @@ void DesignTree::AddTables(QStandardItem& above, int classId) {
 void DesignTree::AddClasses(QStandardItem& above, int parent, int depth) {
   for (const Design::Class& each : session_.Wanted().classes) {
     if (each.parent != parent || depth > kDeepest) continue;
-    auto* item =
-        NewItem(each.name.isEmpty() ? u"(无名)"_s : each.name, u"close"_s, {Kind::Class, QString::number(each.id)});
+    auto* item = NewItem(each.name.isEmpty() ? u"(无名)"_s : each.name, u"close"_s,
+                         {DesignNode::Kind::Class, QString::number(each.id)});
     above.appendRow(item);
     AddClasses(*item, each.id, depth + 1);
     AddTables(*item, each.id);
@@ -123,13 +122,14 @@ void DesignTree::Refresh() {
   }
   auto* fresh = new QStandardItemModel(this);
   std::swap(items_, fresh);
-  auto* root = NewItem(u"类别与表"_s, u"root"_s, {Kind::Root, {}});
+  auto* root = NewItem(u"类别与表"_s, u"root"_s, {DesignNode::Kind::Root, {}});
   items_->appendRow(root);
   AddClasses(*root, 1, 0);
-  auto* loose = NewItem(u"不在类别中的表"_s, u"close"_s, {Kind::Class, kLoose});
+  auto* loose = NewItem(u"不在类别中的表"_s, u"close"_s, {DesignNode::Kind::Class, kLoose});
   AddTables(*loose, 0);
   loose->hasChildren() ? root->appendRow(loose) : delete loose;
-  for (const Page& page : pages_) items_->appendRow(NewItem(page.title, page.icon, {Kind::Page, page.name}));
+  for (const Page& page : pages_)
+    items_->appendRow(NewItem(page.title, page.icon, {DesignNode::Kind::Page, page.name}));
   if (Outline() == before) {
     std::swap(items_, fresh);
     delete fresh;
@@ -142,7 +142,7 @@ void DesignTree::Refresh() {
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &DesignTree::CurrentChanged);
     expandAll();
     for (const QString& key : closed)
-      for (const Kind kind : {Kind::Class, Kind::Table})
+      for (const DesignNode::Kind kind : {DesignNode::Kind::Class, DesignNode::Kind::Table})
         if (const QStandardItem* item = Find({kind, key})) collapse(item->index());
     GoTo(current);
     if (!currentIndex().isValid()) setCurrentIndex(items_->index(0, 0));
