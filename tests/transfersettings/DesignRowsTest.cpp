@@ -10,8 +10,9 @@ class DesignRowsTest : public DesignTest {
  protected:
   void SetUp() override {
     DesignTest::SetUp();
-    design_->Run(u"create table Host (Name varchar(20), Part varchar(20), Day date, Moment timestamp, Amount integer, "
-                 "Share double precision, Note varchar(20))"_s);
+    design_->Run(
+        u"create table Host (Name varchar(20), Part varchar(20), Day date, Moment timestamp, Amount integer, "
+        "Share double precision, Note varchar(20))"_s);
     design_->Run(u"insert into Host values ('甲','1','2002-03-04','2002-03-04 05:06:07',5,2.5,null)"_s);
     design_->Run(u"insert into Host values ('甲','2',null,null,null,null,'it''s')"_s);
     design_->Run(u"insert into Host values ('乙','1',null,null,null,null,null)"_s);
