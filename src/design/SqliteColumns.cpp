@@ -25,12 +25,12 @@ void Run(Connection& connection, const QByteArray& statement) {
   DatabaseSession::Of(connection).ExecuteNative({statement, {}});
 }
 
-// What ends the type of a column and begins a constraint.
+// Whether a word ends the type of a column and begins a constraint.
 bool BeginsConstraint(const Token& token) {
   static const QSet<QString> words{u"constraint"_s, u"primary"_s,   u"not"_s,     u"null"_s,
                                    u"unique"_s,     u"check"_s,     u"default"_s, u"collate"_s,
                                    u"references"_s, u"generated"_s, u"as"_s};
-  return token.kind == TokenKind::Word && words.contains(token.text.toLower());
+  return words.contains(token.text.toLower());
 }
 
 /// Where the type of a column stands in the statement that made its table.

@@ -173,7 +173,7 @@ TEST(SqliteColumns, HoweverTheirNamesAndTypesAreWritten) {
 
 TEST(SqliteColumns, ADeclarationThatIsNotUnderstoodIsRefused) {
   for (const QString& columns : {u"(a, b)"_s, u"(a NOT NULL)"_s, u"(b text)"_s, u"(a varchar(5"_s, u"(b text, a"_s,
-                                 u"AS SELECT 1"_s, u"(b, (a text))"_s, u"(b) a text"_s, u"(, b)"_s})
+                                 u"AS SELECT 1"_s, u"(b, (a text))"_s, u"(b) a text"_s, u"(, b)"_s, u"(b varchar(5"_s})
     EXPECT_THROW(design::Redeclared(u"CREATE TABLE t "_s + columns, u"a"_s, u"text"_s), DataError)
         << qPrintable(columns);
 }
