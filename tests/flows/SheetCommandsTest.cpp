@@ -130,6 +130,10 @@ TEST_P(SheetCommandsTest, ADetailThatAnotherUserDeletesMeanwhileIsShownNoMore) {
     Press(Details(window), Qt::Key_Enter);
     EXPECT_EQ(Details(window).model()->rowCount(), 1);
     EXPECT_EQ(Cell(Details(window), 0, 2), u"a"_s);
+    bool isOpened = false;
+    WithWindow(u"frmPassEdit"_s, [&](QWidget&) { isOpened = true; });
+    Press(Details(window), Qt::Key_Enter);
+    EXPECT_TRUE(isOpened) << "the one that is left is current";
   });
   EXPECT_TRUE(boxes_.Requests().empty());
 }
