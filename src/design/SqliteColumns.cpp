@@ -25,12 +25,12 @@ void Run(Connection& connection, const QByteArray& statement) {
   DatabaseSession::Of(connection).ExecuteNative({statement, {}});
 }
 
-// What ends the type of a column and begins a constraint.
+// Whether a word ends the type of a column and begins a constraint.
 bool BeginsConstraint(const Token& token) {
   static const QSet<QString> words{u"constraint"_s, u"primary"_s,   u"not"_s,     u"null"_s,
                                    u"unique"_s,     u"check"_s,     u"default"_s, u"collate"_s,
                                    u"references"_s, u"generated"_s, u"as"_s};
-  return token.kind == TokenKind::Word && words.contains(token.text.toLower());
+  return words.contains(token.text.toLower());
 }
 
 /// Where the type of a column stands in the statement that made its table.
@@ -39,11 +39,10 @@ class TypePlace {
   TypePlace(const QString& statement, const QString& column) : tokens_(sql::Tokenize(statement)) {
     std::size_t at = 0;
     while (!Is(at, u"("_s) && !IsEnd(at)) ++at;
+    if (IsEnd(at)) return;
     for (++at; !IsEnd(at); at = AfterElement(at)) {
       const Token& name = tokens_[at];
-      const bool isName =
-          name.kind == TokenKind::Word || name.kind == TokenKind::Quoted || name.kind == TokenKind::Text;
-      if (!isName || !IsSame(name.text, column)) continue;
+      if (name.kind == TokenKind::Sign || !IsSame(name.text, column)) continue;
       ReadType(at + 1);
       return;
     }
@@ -52,16 +51,16 @@ class TypePlace {
   qsizetype begin = -1, end = -1;
 
  private:
-  bool IsEnd(std::size_t at) const { return at >= tokens_.size() || tokens_[at].kind == TokenKind::End; }
+  bool IsEnd(std::size_t at) const { return tokens_[at].kind == TokenKind::End; }
   bool Is(std::size_t at, const QString& sign) const {
-    return !IsEnd(at) && tokens_[at].kind == TokenKind::Sign && tokens_[at].text == sign;
+    return tokens_[at].kind == TokenKind::Sign && tokens_[at].text == sign;
   }
 
   // Behind the comma that ends the element; the end of the list is the end.
   std::size_t AfterElement(std::size_t at) const {
     for (int depth = 0; !IsEnd(at); ++at) {
       if (Is(at, u"("_s)) ++depth;
-      if (Is(at, u")"_s) && --depth < 0) return tokens_.size();
+      if (Is(at, u")"_s) && --depth < 0) return tokens_.size() - 1;
       if (Is(at, u","_s) && depth == 0) return at + 1;
     }
     return at;

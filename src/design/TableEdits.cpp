@@ -13,7 +13,8 @@ namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kTextInput = 1, kNumberRange = 2, kDateRange = 3, kEntryChoice = 4;  ///< kinds of input of the simple query
+// Kinds of input of the simple query.
+constexpr int kTextInput = 1, kNumberRange = 2, kDateRange = 3, kEntryChoice = 4;
 // Twips of list columns: values are seldom as long as they may be, captions are shown whole.
 constexpr int kValueByte = 45, kCaptionByte = 110, kColumnMargin = 200, kNarrowest = 700, kWidest = 5700;
 

@@ -180,6 +180,78 @@ TEST_P(ApplyDesignTest, ADictionaryThatGainedAnEntryMeanwhileIsNotRemoved) {
   EXPECT_EQ(Database().Value(u"select count(*) from AssistantDicKey"_s), u"3"_s);
 }
 
+TEST_P(ApplyDesignTest, WhatBothRemovedIsNoConflict) {
+  const Design base = Read();
+  Apply([](Design& design) { design = {}; });
+  const DesignPlan plan = PlanDesign(*Connected(), base, {});
+  EXPECT_TRUE(plan.statements.isEmpty());
+  ApplyDesign(*Connected(), plan);
+  EXPECT_EQ(Read(), Design());
+}
+
+TEST_P(ApplyDesignTest, WhatAnotherChangedIsNotRemoved) {
+  const Design base = Read();
+  Apply([other = u"另"_s](Design& design) {
+    design.classes[0].name = design.tables[0].caption = design.dictionaries[0].entries[0].code = other;
+    design.fonds[0].name = design.entityClasses[0].name = design.retentions[0].code = other;
+    design.transfers[0].links[0].caption = design.reports[0].name = design.users[0].name = other;
+  });
+  const auto isRefused = [&](auto list) {
+    Design mine = base;
+    (mine.*list).clear();
+    try {
+      PlanDesign(*Connected(), base, mine);
+    } catch (const DataError& error) {
+      return error.Kind() == DataErrorKind::Conflict;
+    }
+    return false;
+  };
+  EXPECT_TRUE(isRefused(&Design::classes) && isRefused(&Design::tables) && isRefused(&Design::dictionaries));
+  EXPECT_TRUE(isRefused(&Design::fonds) && isRefused(&Design::entityClasses) && isRefused(&Design::retentions));
+  EXPECT_TRUE(isRefused(&Design::transfers) && isRefused(&Design::reports) && isRefused(&Design::users));
+}
+
+TEST_P(ApplyDesignTest, EachOfTwoLossesHasItsOwnAnswer) {
+  AddLetter(u"1"_s, u"通知"_s);
+  Database().Native(u"update Lwdj set SecurityClass = '内部'"_s);
+  const Design base = Read();
+  Design wanted = base;
+  std::erase_if(TableOf(wanted, u"Lwdj"_s).fields,
+                [](const auto& field) { return field.name == u"Amaintitle" || field.name == u"SecurityClass"; });
+  const DesignPlan plan = PlanDesign(*Connected(), base, wanted);
+  ASSERT_EQ(plan.losses.size(), 2u);
+  const bool titleFirst = plan.losses[0].column.toLower() == u"amaintitle"_s;
+  EXPECT_THROW(ApplyDesign(*Connected(), plan, {LossAnswer::Keep}), DataError) << "only one was answered";
+  ApplyDesign(*Connected(), plan,
+              {titleFirst ? LossAnswer::Keep : LossAnswer::Lose, titleFirst ? LossAnswer::Lose : LossAnswer::Keep});
+  EXPECT_TRUE(Has(u"Lwdj"_s, u"Amaintitle"_s));
+  EXPECT_FALSE(Has(u"Lwdj"_s, u"SecurityClass"_s));
+}
+
+TEST_P(ApplyDesignTest, AColumnThatWasEmptyWhenItWasAskedAboutIsNotLost) {
+  const Design base = Read();
+  Design wanted = base;
+  std::erase_if(TableOf(wanted, u"Lwdj"_s).fields, [](const auto& field) { return field.name == u"Amaintitle"; });
+  const DesignPlan plan = PlanDesign(*Connected(), base, wanted);
+  EXPECT_TRUE(plan.losses.empty());
+  AddLetter(u"1"_s, u"通知"_s);
+  EXPECT_THROW(ApplyDesign(*Connected(), plan), DataError);
+  EXPECT_EQ(Database().Value(u"select Amaintitle from Lwdj"_s), u"通知"_s);
+  EXPECT_EQ(Read(), base);
+}
+
+TEST_P(ApplyDesignTest, ARowThatTheDatabaseDoesNotWriteIsAConflict) {
+  if (OnSqlite()) {
+    Database().Native(u"create trigger Ignore before update on DynamicWindows begin select raise(ignore); end"_s);
+  } else {
+    Database().Native(u"create function Ignore() returns trigger language plpgsql as 'begin return null; end'"_s);
+    Database().Native(
+        u"create trigger Ignore before update on DynamicWindows for each row execute function Ignore()"_s);
+  }
+  const QString refusal = Refusal([](Design& design) { FieldOf(design, u"Lwdj"_s, u"RegID"_s).caption = u"号"_s; });
+  EXPECT_TRUE(refusal.startsWith(u"其他用户同时删除了"_s)) << qPrintable(refusal);
+}
+
 TEST_P(ApplyDesignTest, ColumnsOfTheHostStayWithTheRowsThatAreWrittenAgain) {
   Database().Native(u"alter table ArchiveNo_Format add column Room varchar(9)"_s);
   Database().Native(u"update ArchiveNo_Format set Room = FieldName where TableName = 'Gdwj'"_s);

@@ -167,8 +167,34 @@ TEST(SqliteColumns, OnlyTheTypeOfTheColumnIsWrittenAnew) {
   EXPECT_EQ(design::Redeclared(before, u"note"_s, u"varchar(20)"_s),
             u"CREATE TABLE \"t\" (/* Note */ a varchar(5) DEFAULT 'Note varchar(3), (', "
             u"[Note] varchar(20) COLLATE NOCASE NOT NULL, CHECK (Note <> 'x'))"_s);
-  EXPECT_THROW(design::Redeclared(u"CREATE TABLE t (a, b)"_s, u"a"_s, u"text"_s), DataError);
-  EXPECT_THROW(design::Redeclared(u"CREATE TABLE t (a text)"_s, u"c"_s, u"text"_s), DataError);
+}
+
+TEST(SqliteColumns, HoweverTheirNamesAndTypesAreWritten) {
+  const auto widened = [](const QString& columns) {
+    return design::Redeclared(u"CREATE TABLE t "_s + columns, u"a"_s, u"text"_s).mid(15);
+  };
+  EXPECT_EQ(widened(u"(\"A\" varchar(5))"_s), u"(\"A\" text)"_s);
+  EXPECT_EQ(widened(u"('a' varchar, b int)"_s), u"('a' text, b int)"_s);
+  EXPECT_EQ(widened(u"(b numeric(9, 2) CHECK (b > 0, b < 9), a nvarchar ( 5 )) WITHOUT ROWID"_s),
+            u"(b numeric(9, 2) CHECK (b > 0, b < 9), a text) WITHOUT ROWID"_s);
+  EXPECT_EQ(widened(u"(PRIMARY KEY (a, b), b int, a varchar(5) REFERENCES c (a))"_s),
+            u"(PRIMARY KEY (a, b), b int, a text REFERENCES c (a))"_s);
+  EXPECT_EQ(widened(u"(a varchar(5) DEFAULT (1), b)"_s), u"(a text DEFAULT (1), b)"_s);
+  EXPECT_EQ(widened(u"(a double precision UNIQUE)"_s), u"(a text UNIQUE)"_s);
+}
+
+TEST(SqliteColumns, ADeclarationThatIsNotUnderstoodIsRefused) {
+  for (const QString& columns : {u"(a, b)"_s, u"(a NOT NULL)"_s, u"(b text)"_s, u"(a varchar(5"_s, u"(b text, a"_s,
+                                 u"AS SELECT 1"_s, u"(b, (a text))"_s, u"(b) a text"_s, u"(, b)"_s, u"(b varchar(5"_s})
+    EXPECT_THROW(design::Redeclared(u"CREATE TABLE t "_s + columns, u"a"_s, u"text"_s), DataError)
+        << qPrintable(columns);
+}
+
+TEST(SqliteColumns, AViewHasNoColumnsToBeWidened) {
+  const auto database = TestDatabase::Create("SQLite");
+  database->Native(u"create view Seen as select 1 as a"_s);
+  const auto connection = database->Connect();
+  EXPECT_THROW(design::RedeclareStatements(*connection, u"Seen"_s, u"a"_s, u"text"_s), DataError);
 }
 
 }  // namespace

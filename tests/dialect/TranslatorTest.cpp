@@ -164,6 +164,54 @@ TEST_F(TranslatorTest, ARefusalNamesTheForm) {
   }
 }
 
+TEST_F(TranslatorTest, AFunctionWithOtherArgumentsThanItsOwnIsRefused) {
+  for (const char* call : {"Count(1,2)",
+                           "Sum(RegID,2)",
+                           "Avg(RegID,2)",
+                           "Max(RegID,2)",
+                           "Min(RegID,2)",
+                           "IsNull(1)",
+                           "IsNull(1,2,3)",
+                           "Coalesce(1)",
+                           "NullIf(1)",
+                           "NullIf(1,2,3)",
+                           "Len()",
+                           "Len(Title,1)",
+                           "Left(Title)",
+                           "Left(Title,1,2)",
+                           "Right(Title)",
+                           "Right(Title,1,2)",
+                           "SubString(Title,1)",
+                           "SubString(Title,1,2,3)",
+                           "CharIndex(Title)",
+                           "CharIndex('a',Title,1,2)",
+                           "Replace(Title,'a')",
+                           "Replace(Title,'a','b','c')",
+                           "LTrim(Title,1)",
+                           "RTrim(Title,1)",
+                           "Upper(Title,1)",
+                           "Lower(Title,1)",
+                           "Replicate('a')",
+                           "Replicate('a',1,2)",
+                           "Space(1,2)",
+                           "Ascii('a',1)",
+                           "Char(1,2)",
+                           "IsNumeric('1',2)",
+                           "Str()",
+                           "Str(1,2,3,4)",
+                           "Abs(1,2)",
+                           "Sign(1,2)",
+                           "Round(1)",
+                           "Round(1,2,3)",
+                           "Floor(1,2)",
+                           "Ceiling(1,2)",
+                           "Year()",
+                           "Month(1,2)",
+                           "Day(1,2)",
+                           "GetDate(1)"})
+    EXPECT_THROW(Text(DialectKind::Sqlite, u"Select %1 From files"_s.arg(QLatin1String(call))), DataError) << call;
+}
+
 TEST_F(TranslatorTest, TheTableToWriteBackToIsTheOneThatIsReadAlone) {
   Translator translator(DialectKind::Sqlite, lookup_);
   const auto base = [&](const char* statement) { return translator.BaseTable(QString::fromUtf8(statement)); };

@@ -67,6 +67,19 @@ TEST_P(EntryErrorsTest, PassesOverAProofingRuleWithABrokenPattern) {
   EXPECT_EQ(Stored(u"Amaintitle"_s), u"新题"_s);
 }
 
+TEST_P(EntryErrorsTest, TellsThatADateBoxStandsOnNoDateAndTakesTheNewRecordBack) {
+  Design({u"Pages"_s, u"页数"_s, ControlKind::DTP});
+  InWindow([&](const Input& input) {
+    input.Do(u"AddNewRecord"_s);
+    EXPECT_EQ(boxes_.Requests().size(), 1u);
+    EXPECT_TRUE(input.KeyOn(u"CancelRecord"_s));
+    input.Do(u"CancelRecord"_s);
+    EXPECT_FALSE(input.KeyOn(u"CancelRecord"_s));
+  });
+  EXPECT_EQ(boxes_.Requests().size(), 1u);
+  EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
+}
+
 TEST_P(EntryErrorsTest, PassesOverANumberThatIsTooGreatWhileItIsTyped) {
   Formula(RegFormula::DocNo);
   Flag(u"UseSpecialSign"_s, true);

@@ -93,6 +93,7 @@ TEST_P(RecordLifecycleTest, StandsOnTheRecordBeforeADeletedOneOrOnTheFirst) {
 TEST_P(RecordLifecycleTest, KeepsARecordThatTheDatabaseDoesNotDelete) {
   RecordLifecycle lifecycle = Opened(2);
   Run(u"delete from Lwdj where ArchiveID = '2'"_s);
+  lifecycle.NoteChange();
   EXPECT_THROW(lifecycle.Delete(), DataError);
   EXPECT_EQ(Title(), u"二"_s);
   EXPECT_FALSE(lifecycle.IsPending());

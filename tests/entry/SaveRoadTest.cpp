@@ -27,6 +27,18 @@ TEST_P(SaveRoadTest, GoesOverToEditingWithinHalfASecondOfTheFirstKey) {
   EXPECT_TRUE(boxes_.Requests().empty());
 }
 
+TEST_P(SaveRoadTest, SavesByItsShortcutOnceTheToolbarHasGoneOverToEditing) {
+  AddRecords(1);
+  DesignTitle();
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"慢"_s);
+    input.AwaitEditing();
+    input.PressIn(u"Txt(1)"_s, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(Stored(u"Amaintitle"_s), u"慢"_s);
+    EXPECT_FALSE(input.KeyOn(u"SaveRecord"_s));
+  });
+}
+
 TEST_P(SaveRoadTest, LosesNoSaveThatIsPressedRightAfterTheFirstKey) {
   AddRecords(1);
   DesignTitle();

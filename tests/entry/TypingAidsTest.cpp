@@ -47,6 +47,24 @@ TEST_P(TypingAidsTest, EnterWalksThroughEveryKindOfField) {
   });
 }
 
+TEST_P(TypingAidsTest, EnterMarksWhatADateHoldsAndNothingInATextBox) {
+  AddRecords(1);
+  Run(u"update Lwdj set CreatedDate = '20020304', DocNo = '甲'"_s);
+  Design({u"Amaintitle"_s, u"题名"_s});
+  Design({u"CreatedDate"_s, u"日期"_s, ControlKind::DTP_Arch});
+  Design({u"DocNo"_s, u"文号"_s});
+  InWindow([](const Input& input) {
+    input.PressIn(u"Txt(1)"_s, Qt::Key_Return);
+    const auto* date = input.Control(u"DTP_Arch(1)"_s).findChild<QLineEdit*>();
+    ASSERT_TRUE(date);
+    EXPECT_EQ(date->selectedText(), u"20020304"_s);
+    input.PressIn(u"DTP_Arch(1)"_s, Qt::Key_Return);
+    const auto& text = static_cast<QLineEdit&>(input.Control(u"Txt(2)"_s));
+    EXPECT_EQ(text.text(), u"甲"_s);
+    EXPECT_EQ(text.selectedText(), QString());
+  });
+}
+
 TEST_P(TypingAidsTest, EnterOnTheLastFieldSavesAndStartsTheNext) {
   AddRecords(1);
   DesignTwo();

@@ -1,3 +1,4 @@
+#include <QComboBox>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTableView>
@@ -130,6 +131,41 @@ TEST_P(RouteDialogsTest, ARouteIsMadeOfPeopleAndUnits) {
   });
   EXPECT_TRUE(EditRoute(Circulation(), u"1"_s));
   EXPECT_EQ(Route(u"1"_s), u"王主任 → 办公室 → 结束"_s);
+}
+
+TEST_P(RouteDialogsTest, PeopleAreOfferedAheadOfUnitsAndAnyModeCanBeTyped) {
+  design_->Insert(u"UserPopedom"_s, u"UserID,UserName"_s, {u"5"_s, u"王主任"_s});
+  design_->Run(u"insert into AssistantDictionary (DicID,Name) values ('d',%1)"_s.arg(Circulation().unitDictionary));
+  design_->Insert(u"AssistantDicKey"_s, u"DicID,Name,Note"_s, {u"d"_s, u"办公室"_s, u"1"_s});
+  design_->Insert(u"AssistantDicKey"_s, u"DicID,Name,Note"_s, {u"d"_s, u"财务处"_s, u"2"_s});
+  AddRoute(u"1"_s, {u"1|甲|单人审核|0"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    const auto& people = Find<QListWidget>(window, u"lstPeople"_s);
+    QStringList offered;
+    for (int row = 0; row < people.count(); ++row) offered << people.item(row)->text();
+    EXPECT_THAT(offered, ElementsAre(u"王主任"_s, u"办公室"_s, u"财务处"_s));
+    auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+    grid.setCurrentIndex(grid.model()->index(0, 2));
+    auto* mode = grid.viewport()->findChild<QComboBox*>();
+    ASSERT_TRUE(mode);
+    Retype(*mode, u"会签"_s);
+    Press(*mode, Qt::Key_Return);
+    EXPECT_TRUE(WaitUntil([&] { return grid.model()->index(0, 2).data() == u"会签"_s; }));
+    Press(window, Qt::Key_Escape);
+  });
+  EXPECT_FALSE(EditRoute(Circulation(), u"1"_s));
+}
+
+TEST_P(RouteDialogsTest, EnterOnAKeyOfTheNodesEndsTheDialogAndAddsNone) {
+  AddRoute(u"1"_s, {u"1|甲|单人审核|0"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    auto& add = Find<QWidget>(window, u"CmdAddNode"_s);
+    add.setFocus();
+    Press(add, Qt::Key_Return);
+    EXPECT_EQ(Find<QTableView>(window, u"DgNodes"_s).model()->rowCount(), 1);
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_TRUE(EditRoute(Circulation(), u"1"_s));
 }
 
 TEST_P(RouteDialogsTest, ARemovedNodeIsPassedBy) {

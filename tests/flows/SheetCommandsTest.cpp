@@ -117,6 +117,27 @@ TEST_P(SheetCommandsTest, EnterOpensTheDialogOfTheActiveGrid) {
   });
 }
 
+TEST_P(SheetCommandsTest, ADetailThatAnotherUserDeletesMeanwhileIsShownNoMore) {
+  AddHeads(Circulation(), 1);
+  AddDetail(Circulation(), K(1), 1, u"a"_s);
+  AddDetail(Circulation(), K(1), 2, u"b"_s);
+  Open(u"frmPassFile"_s, [this](QWidget& window) {
+    ClickGrid(Details(window), 1);
+    WithWindow(u"frmPassEdit"_s, [this](QWidget& dialog) {
+      Database().Native(u"delete from PassRead_Details where File_ID=2"_s);
+      dialog.close();
+    });
+    Press(Details(window), Qt::Key_Enter);
+    EXPECT_EQ(Details(window).model()->rowCount(), 1);
+    EXPECT_EQ(Cell(Details(window), 0, 2), u"a"_s);
+    bool isOpened = false;
+    WithWindow(u"frmPassEdit"_s, [&](QWidget&) { isOpened = true; });
+    Press(Details(window), Qt::Key_Enter);
+    EXPECT_TRUE(isOpened) << "the one that is left is current";
+  });
+  EXPECT_TRUE(boxes_.Requests().empty());
+}
+
 TEST_P(SheetCommandsTest, EmptyQuantitiesBecomeZeroAsTheBoxIsLeft) {
   AddHeads(Distribution(), 1);
   AddDetail(Distribution(), K(1), 1, u"a"_s);

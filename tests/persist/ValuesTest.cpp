@@ -163,16 +163,33 @@ TEST(ValuesInRecordSetFiles, Bytes) {
 }
 
 TEST(ValuesInRecordSetFiles, FieldsTellTheTypeThatAdoGivesThem) {
-  const std::pair<ColumnSpec, int> columns[]{
-      {{1, u"a"_s, 129, 4, kFixed}, 129}, {{1, u"a"_s, 129, 4, kVariable}, 200}, {{1, u"a"_s, 129, 4, kLong}, 201},
-      {{1, u"a"_s, 130, 4, kFixed}, 130}, {{1, u"a"_s, 130, 4, kVariable}, 202}, {{1, u"a"_s, 130, 4, kLong}, 203},
-      {{1, u"a"_s, 128, 4, kFixed}, 128}, {{1, u"a"_s, 128, 4, kVariable}, 204}, {{1, u"a"_s, 128, 4, kLong}, 205},
-      {{1, u"a"_s, 131, 19, kFixed}, 131}};
-  for (const auto& [column, type] : columns) {
+  struct Told {
+    ColumnSpec column;
+    int type;
+    const char* name;
+  };
+  const Told columns[]{
+      {{1, u"a"_s, 129, 4, kFixed}, 129, "adChar"},         {{1, u"a"_s, 129, 4, kVariable}, 200, "adVarChar"},
+      {{1, u"a"_s, 129, 4, kLong}, 201, "adLongVarChar"},   {{1, u"a"_s, 130, 4, kFixed}, 130, "adWChar"},
+      {{1, u"a"_s, 130, 4, kVariable}, 202, "adVarWChar"},  {{1, u"a"_s, 130, 4, kLong}, 203, "adLongVarWChar"},
+      {{1, u"a"_s, 128, 4, kFixed}, 128, "adBinary"},       {{1, u"a"_s, 128, 4, kVariable}, 204, "adVarBinary"},
+      {{1, u"a"_s, 128, 4, kLong}, 205, "adLongVarBinary"}, {{1, u"a"_s, 3, 4, kFixed}, 3, "adInteger"},
+      {{1, u"a"_s, 131, 19, kFixed}, 131, "adNumeric"}};
+  for (const auto& [column, type, name] : columns) {
     const Printed printed = PrintedFile(FlatHead(1, 0) + ColumnBytes(column) + Hex("0F"));
     EXPECT_EQ(printed.fields[0][u"type"_s].toInt(), type);
+    EXPECT_EQ(printed.fields[0][u"typeName"_s].toString(), QLatin1String(name));
     EXPECT_EQ(printed.fields[0][u"storedType"_s].toInt(), column.type);
   }
+}
+
+TEST(ValuesInRecordSetFiles, FieldsTellTheirFlagsByName) {
+  const auto flags = [](int set) {
+    const Printed printed = PrintedFile(FlatHead(1, 0) + ColumnBytes({1, u"a"_s, 3, 4, set}) + Hex("0F"));
+    return printed.fields[0][u"flagNames"_s].toArray();
+  };
+  EXPECT_EQ(flags(0x34), (QJsonArray{u"write"_s, u"fixed"_s, u"nullable"_s}));
+  EXPECT_EQ(flags(0x1058), (QJsonArray{u"writeUnknown"_s, u"fixed"_s, u"mayBeNull"_s, u"cacheDeferred"_s}));
 }
 
 TEST(ValuesInRecordSetFiles, NullsAreTold) {

@@ -171,6 +171,18 @@ TEST_P(RecordListTest, AColumnClickSortsAndStoresTheOrder) {
                   u"Update FindCirOrder Set OrderStr = 'Amaintitle Asc' Where TableName = 'Lwdj' and UserID=1"_s));
 }
 
+TEST_P(RecordListTest, AColumnClickSortsASingleRecordTooAndAnEmptyListNot) {
+  Open(1);
+  list_.SortByColumn(1);
+  EXPECT_EQ(StoredOrder(), u"Amaintitle Asc"_s);
+  design_->Run(u"delete from Lwdj"_s);
+  list_.ShowFromStart();
+  log_->Take();
+  list_.SortByColumn(0);
+  EXPECT_EQ(log_->Take(), QStringList());
+  EXPECT_EQ(StoredOrder(), u"Amaintitle Asc"_s);
+}
+
 TEST_P(RecordListTest, AHostMayHaveAColumnOfChineseSortedByPinyin) {
   if (DatabaseSession::Of(*Connected()).NativeDriver().PinyinCollation().isEmpty())
     GTEST_SKIP() << "no collation by pinyin here";

@@ -46,6 +46,13 @@ TEST_F(TickNumbersTest, StandInAColumnOfTheirOwnBeforeTheFields) {
   EXPECT_FALSE(model_.HasFieldColumns());
 }
 
+TEST_F(TickNumbersTest, RowsHaveNoCaptionsAndBehindTheLastColumnThereIsNone) {
+  Fill(2);
+  for (const int section : {-1, 3, 99})
+    EXPECT_FALSE(model_.headerData(section, Qt::Horizontal, Qt::DisplayRole).isValid()) << section;
+  EXPECT_FALSE(model_.headerData(1, Qt::Vertical, Qt::DisplayRole).isValid());
+}
+
 TEST_F(TickNumbersTest, ListsWithoutThemKeepTheirColumns) {
   model_.SetTickable(true);
   model_.SetColumns({{u"Amaintitle"_s, u"题名"_s, 900, {}}, {u"ArchiveId"_s, u"ID"_s, 1, {}}});
