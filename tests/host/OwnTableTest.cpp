@@ -20,7 +20,7 @@ namespace folvane::test {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kSecret = u"correct horse"_s;
+const QString kOfficeSecret = u"correct horse"_s;
 
 QAction& Command(QWidget& window, const QString& name) { return Find<QAction>(window, name); }
 
@@ -50,11 +50,11 @@ class OwnTableTest : public testing::Test {
       for (int row = 0; row < designs.count(); ++row) designs.item(row)->setCheckState(Qt::Unchecked);
       Click(Find(dialog, u"CmdBrowse"_s));
       Retype(Find<QLineEdit>(dialog, u"TxtName"_s), u"李馆长"_s);
-      for (const QString& box : {u"TxtPassword"_s, u"TxtRepeat"_s}) Retype(Find<QLineEdit>(dialog, box), kSecret);
+      for (const QString& box : {u"TxtPassword"_s, u"TxtRepeat"_s}) Retype(Find<QLineEdit>(dialog, box), kOfficeSecret);
       Click(Find(dialog, u"CmdOK"_s));
     });
     Click(Find(logOn, u"CmdNew"_s));
-    Retype(Find<QLineEdit>(logOn, u"TxtPassword"_s), kSecret);
+    Retype(Find<QLineEdit>(logOn, u"TxtPassword"_s), kOfficeSecret);
     Click(Find(logOn, u"CmdOK"_s));
     EXPECT_EQ(logOn.result(), QDialog::Accepted);
     return logOn.TakeSession();
