@@ -49,7 +49,8 @@ void PlanOffice(Tour& tour) {
 
 QAction& Command(const QString& name) {
   auto* action = Window(kDesigner).findChild<QAction*>(name);
-  Expect(action && action->isEnabled(), name + u" is off"_s);
+  Expect(action, u"no "_s + name);
+  Expect(action->isEnabled(), name + u" is off"_s);
   return *action;
 }
 

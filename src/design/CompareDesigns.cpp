@@ -31,12 +31,21 @@ class Comparison {
         if (const Item* before = FindSame(from.*list, item))
           CompareItems(*before, item, Below(where, item));
         else
-          changes.push_back({Below(where, item), u"新增"_s});
+          changes.push_back({Below(where, item), u"新增"_s + SizeOf(item)});
       }
     });
   }
 
  private:
+  template <class Item>
+  static QString SizeOf(const Item&) {
+    return {};
+  }
+  static QString SizeOf(const Design::Table& table) { return u"，%1 个字段"_s.arg(table.fields.size()); }
+  static QString SizeOf(const Design::Dictionary& dictionary) {
+    return u"，%1 个词条"_s.arg(dictionary.entries.size());
+  }
+
   template <class Item>
   static QString Below(const QString& where, const Item& item) {
     return where + (where.isEmpty() ? QString() : u" "_s) + Shape<Item>::TitleOf(item);

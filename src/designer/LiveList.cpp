@@ -33,7 +33,7 @@ LiveList::LiveList(QWidget* parent)
 void LiveList::Show(const Design::Table* table, const std::shared_ptr<Connection>& connection) {
   columns_ = table ? table->columns : std::vector<Design::ListColumn>();
   rows_->clear();
-  if (columns_.empty()) return hint_->ShowHint(table ? u"列表中还没有列"_s : QString());
+  if (!table || columns_.empty()) return hint_->ShowHint(table ? u"列表中还没有列"_s : QString());
   ShowColumns();
   try {
     hint_->ShowHint(FillFrom(table->name, connection));

@@ -174,6 +174,14 @@ TEST(TableEditsTest, AnArrangedFormHasTwoColumnsInTheOrderOfTheEnterKey) {
                                   std::pair(1440, 6300)));
 }
 
+TEST(CompareDesignsTest, WhatIsNewIsToldWithItsSize) {
+  QStringList changes;
+  for (const DesignChange& change : CompareDesigns({}, SmallDesign())) changes << change.where + u' ' + change.what;
+  EXPECT_TRUE(changes.contains(u"表“收文登记”(Lwdj) 新增，5 个字段"_s)) << changes.join(u'\n').toStdString();
+  EXPECT_TRUE(changes.contains(u"字典“密级” 新增，2 个词条"_s));
+  EXPECT_TRUE(changes.contains(u"类别“收文管理”(2) 新增"_s));
+}
+
 TEST(RebaseDesignTest, BothSidesChangesComeTogetherAndTheOthersWinWhereTheyMeet) {
   const Design base = SmallDesign();
   Design mine = base, theirs = base;
