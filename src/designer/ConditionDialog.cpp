@@ -14,6 +14,7 @@
 #include "designer/ConditionRow.h"
 #include "designer/Labels.h"
 #include "designer/SeenRows.h"
+#include "designer/TroubleText.h"
 #include "shell/EventGuard.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/ViewHint.h"
@@ -168,20 +169,12 @@ void ConditionDialog::Follow() {
 bool ConditionDialog::Try() {
   pause_->stop();
   if (const QString flaw = isFree_ ? QString() : FlawOf(Lines(), columns_); !flaw.isEmpty()) {
-    Tell(flaw + u'。', true);
+    ShowTrouble(*result_, flaw + u'。', true);
     return false;
   }
   const TriedCondition tried = TryCondition(Condition(), table_, connection_);
-  Tell(tried.words, tried.isRefused);
+  ShowTrouble(*result_, tried.words, tried.isRefused);
   return !tried.isRefused;
-}
-
-void ConditionDialog::Tell(const QString& words, bool isWrong) {
-  QPalette colours = palette();
-  const bool isDark = colours.color(QPalette::Window).lightness() < 128;
-  if (isWrong) colours.setColor(QPalette::WindowText, isDark ? QColor(0xff, 0x7b, 0x6b) : QColor(0xc0, 0x39, 0x2b));
-  result_->setPalette(colours);
-  result_->setText(words);
 }
 
 void ConditionDialog::accept() {

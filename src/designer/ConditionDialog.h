@@ -39,7 +39,6 @@ class ConditionDialog : public QDialog {
   void Follow();
   /// Tells what the condition gives. @return whether it can be kept
   bool Try();
-  void Tell(const QString& words, bool isWrong);
 
   Design design_;
   Design::Table table_;

@@ -15,6 +15,7 @@
 #include "design/FormArrangement.h"
 #include "design/Shape.h"
 #include "designer/FormFoot.h"
+#include "designer/Labels.h"
 #include "shell/EventGuard.h"
 #include "widgets/KeptSizes.h"
 #include "widgets/ViewHint.h"
@@ -187,7 +188,7 @@ void FormPage::ListFields() {
       return design::MakesControl(control) && design::IsSame(control.field, field.name);
     };
     if (std::any_of(Table()->controls.begin(), Table()->controls.end(), isIts)) continue;
-    auto* item = new QListWidgetItem(u"%1 (%2)"_s.arg(field.caption, field.name), fields_);
+    auto* item = new QListWidgetItem(LabelOf(field), fields_);
     item->setData(Qt::UserRole, field.name);
   }
   if (fields_->count() > 0) fields_->setCurrentRow(std::clamp(row, 0, fields_->count() - 1));

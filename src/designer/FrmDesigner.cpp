@@ -1,5 +1,6 @@
 #include "designer/FrmDesigner.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QFile>
 #include <QLabel>
@@ -125,7 +126,6 @@ void FrmDesigner::ShowState() {
   const bool isLoose = node.kind == DesignNode::Kind::Class && node.key == u"0";
   enable(u"mnuRemove"_s, u"Remove"_s,
          (node.kind == DesignNode::Kind::Class && !isLoose) || node.kind == DesignNode::Kind::Table);
-  enable(u"mnuApply"_s, u"Apply"_s, true);
   enable(u"mnuGiveUp"_s, {}, isChanged);
   enable(u"mnuUndo"_s, u"Undo"_s, session_.History().canUndo());
   enable(u"mnuRedo"_s, u"Redo"_s, session_.History().canRedo());
@@ -210,8 +210,19 @@ void FrmDesigner::Export() {
   status_->ShowNotice(u"已导出到“%1”。"_s.arg(path));
 }
 
+// What is being typed counts, and the keyboard stays where it is.
+void FrmDesigner::TakeTyped() {
+  QWidget* typing = focusWidget();
+  if (!typing) return;
+  QWidget* stays = typing;  // of an editor in a cell the grid
+  for (QWidget* above = typing->parentWidget(); above; above = above->parentWidget())
+    if (qobject_cast<QAbstractItemView*>(above)) stays = above;
+  typing->clearFocus();
+  stays->setFocus();
+}
+
 bool FrmDesigner::Apply() {
-  if (QWidget* typing = focusWidget()) typing->clearFocus();  // what is being typed counts
+  TakeTyped();
   DesignPlan plan;
   {
     const BusyPointer busy;
@@ -251,7 +262,7 @@ void FrmDesigner::Check() {
 void FrmDesigner::closeEvent(QCloseEvent* event) {
   event->accept();
   RunGuarded([&] {
-    if (QWidget* typing = focusWidget()) typing->clearFocus();
+    TakeTyped();
     if (session_.IsChanged()) {
       event->ignore();  // also where the question cannot be asked
       const int answer =

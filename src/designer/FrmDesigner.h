@@ -45,6 +45,7 @@ class FrmDesigner : public QMainWindow {
   void Remove();
   void Import();
   void Export();
+  void TakeTyped();
   bool Apply();
   void ReadAgain();
   void GiveUp();

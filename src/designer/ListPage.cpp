@@ -10,6 +10,7 @@
 
 #include "design/TableEdits.h"
 #include "designer/DesignGrid.h"
+#include "designer/Labels.h"
 #include "designer/LiveList.h"
 #include "designer/ThingModel.h"
 #include "shell/EventGuard.h"
@@ -22,13 +23,6 @@ using namespace Qt::Literals::StringLiterals;
 using ListColumn = Design::ListColumn;
 
 const QString kHalvesKept = u"FrmDesigner.List"_s;
-
-QString WordsOf(const Design::Field& field) { return u"%1 (%2)"_s.arg(field.caption, field.name); }
-
-QString WordsOf(const Design::Table& table, const QString& name) {
-  const Design::Field* field = design::FindNamed(table.fields, name);
-  return field ? WordsOf(*field) : name;
-}
 
 bool HasColumn(const Design::Table& table, const QString& field) {
   return design::FindNamed(table.columns, field) != nullptr;
@@ -43,14 +37,10 @@ std::vector<Design::Field> FieldsWithoutColumn(const Design::Table& table) {
 
 // Gives a column the field that was chosen, or named; a caption that was the field's follows.
 void GiveField(const Design::Table& table, ListColumn& column, const QString& words) {
-  for (const Design::Field& field : table.fields) {
-    if (words != WordsOf(field) && words != field.caption && !design::IsSame(words, field.name)) continue;
-    const Design::Field* before = design::FindNamed(table.fields, column.field);
-    if (!before || column.caption == before->caption) column.caption = field.caption;
-    column.field = field.name;
-    return;
-  }
-  throw DataError(DataErrorKind::Usage, u"表中没有字段“%1”。"_s.arg(words));
+  const Design::Field& field = LabelledBy(table.fields, words);
+  const Design::Field* before = design::FindNamed(table.fields, column.field);
+  if (!before || column.caption == before->caption) column.caption = field.caption;
+  column.field = field.name;
 }
 
 void NumberColumns(std::vector<ListColumn>& columns) {
@@ -127,11 +117,13 @@ GridModel* ListPage::NewModel() {
     if (!Table()) return choices;
     for (const Design::Field& each : Table()->fields) {
       const bool isOwn = design::IsSame(Table()->columns[std::size_t(row)].field, each.name);
-      if (isOwn || !HasColumn(*Table(), each.name)) choices << WordsOf(each);
+      if (isOwn || !HasColumn(*Table(), each.name)) choices << LabelOf(each);
     }
     return choices;
   };
-  field.read = [this](const ListColumn& column) { return Table() ? WordsOf(*Table(), column.field) : column.field; };
+  field.read = [this](const ListColumn& column) {
+    return Table() ? LabelFor(Table()->fields, column.field) : column.field;
+  };
   field.write = [tableOf](Design& design, ListColumn& column, const QVariant& value) {
     GiveField(*tableOf(design), column, value.toString());
   };

@@ -12,7 +12,9 @@
 #include "design/Names.h"
 #include "design/Shape.h"
 #include "design/TableEdits.h"
+#include "designer/Labels.h"
 #include "designer/PlacePage.h"
+#include "designer/TroubleText.h"
 #include "shell/EventGuard.h"
 #include "widgets/DialogKeys.h"
 #include "widgets/ViewHint.h"
@@ -46,7 +48,7 @@ NewTableDialog::NewTableDialog(DesignSession& session, int classId, QWidget* par
   cboClass_->setCurrentIndex(std::max(0, cboClass_->findData(classId)));
   cboLike_->addItem(u"(只有登记号、登记日期和题名)"_s, QString());
   for (const Design::Table& table : session.Wanted().tables)
-    if (!table.fields.empty()) cboLike_->addItem(u"%1 (%2)"_s.arg(table.caption, table.name), table.name);
+    if (!table.fields.empty()) cboLike_->addItem(LabelOf(table), table.name);
 
   auto* rows = new QFormLayout(this);
   rows->addRow(u"标题(&T)"_s, txtCaption_);
@@ -73,25 +75,18 @@ void NewTableDialog::FollowCaption() {
   txtName_->setText(caption.isEmpty() ? QString() : design::NameFor(caption, isTaken));
 }
 
-void NewTableDialog::Complain(const QString& text) {
-  lblMessage_->setText(text);
-  QPalette colours = palette();
-  colours.setColor(QPalette::WindowText, QColor(0xc0, 0x39, 0x2b));
-  lblMessage_->setPalette(colours);
-}
-
 void NewTableDialog::accept() {
   const QString caption = txtCaption_->text().trimmed(), name = txtName_->text().trimmed();
   const Design& wanted = session_.Wanted();
   if (caption.isEmpty()) {
     txtCaption_->setFocus();
-    return Complain(u"请填写标题。"_s);
+    return ShowTrouble(*lblMessage_, u"请填写标题。"_s, true);
   }
   QString complaint = design::NameComplaint(name);
   if (complaint.isEmpty() && IsTableName(wanted, name)) complaint = u"已有表“%1”"_s.arg(name);
   if (!complaint.isEmpty()) {
     txtName_->setFocus();
-    return Complain(complaint + u'。');
+    return ShowTrouble(*lblMessage_, complaint + u'。', true);
   }
   const int classId = cboClass_->currentData().toInt();
   const Design::Table* like = design::FindNamed(wanted.tables, cboLike_->currentData().toString());

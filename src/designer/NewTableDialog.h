@@ -24,7 +24,6 @@ class NewTableDialog : public QDialog {
 
  private:
   void FollowCaption();
-  void Complain(const QString& text);
 
   DesignSession& session_;
   QLineEdit *txtCaption_, *txtName_;

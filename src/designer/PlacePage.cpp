@@ -12,6 +12,7 @@
 #include "design/Names.h"
 #include "design/Shape.h"
 #include "design/TableEdits.h"
+#include "designer/Labels.h"
 #include "entry/RegFormulaFile.h"
 #include "entry/RegIdRule.h"
 #include "shell/EventGuard.h"
@@ -207,12 +208,11 @@ void TablePage::Refresh() {
   cboRelation_->clear();
   cboRelation_->addItem(u"(无)"_s, QString());
   for (const Design::Table& other : wanted.tables)
-    if (&other != table) cboParent_->addItem(u"%1 (%2)"_s.arg(other.caption, other.name), other.name);
+    if (&other != table) cboParent_->addItem(LabelOf(other), other.name);
   ShowChoice(*cboParent_, table->parent, table->parent);
   if (const Design::Table* parent = design::FindNamed(wanted.tables, table->parent))
     for (const Design::Field& field : table->fields)
-      if (design::FindNamed(parent->fields, field.name))
-        cboRelation_->addItem(u"%1 (%2)"_s.arg(field.caption, field.name), field.name);
+      if (design::FindNamed(parent->fields, field.name)) cboRelation_->addItem(LabelOf(field), field.name);
   ShowChoice(*cboRelation_, table->relationField, table->relationField);
   cboRelation_->setEnabled(!table->parent.isEmpty());
   ShowNumbering(*table);

@@ -7,6 +7,7 @@
 #include "design/Shape.h"
 #include "query/Comparison.h"
 #include "query/ConditionCheck.h"
+#include "shell/SqlText.h"
 
 namespace folvane::designer {
 namespace {
@@ -14,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kBegins = u"开头为"_s, kEmpty = u"为空"_s, kNotEmpty = u"不为空"_s;
 
-QString Literal(QString text) { return u'\'' + text.replace(u'\'', u"''"_s) + u'\''; }
+QString Literal(const QString& text) { return u'\'' + EscapeSql(text) + u'\''; }
 
 // Numbers and dates are empty only as nulls.
 bool IsTextField(const Design::Table& table, const QString& name) {

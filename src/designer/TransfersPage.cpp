@@ -55,9 +55,9 @@ TransfersPage::TransfersPage(DesignSession& session)
   links_ = new DesignGrid(NewLinks(), u"GrdLinks"_s, u"字段对应(&L)"_s,
                           u"还没有字段对应。\n按“按名称配对”加入名称或标题相同的字段，或按 Ins 增加一行。"_s, this);
   pair_->setObjectName(u"GrdLinksPair"_s);
-  pair_->setShortcut(QKeySequence(u"Ctrl+M"_s));
+  pair_->setShortcut(QKeySequence(u"Ctrl+J"_s));
   pair_->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  pair_->setToolTip(u"把两表中名称或标题相同、还没有对应的字段配成对 (Ctrl+M)"_s);
+  pair_->setToolTip(u"把两表中名称或标题相同、还没有对应的字段配成对 (Ctrl+J)"_s);
   ConnectGuarded(pair_, &QAction::triggered, this, &TransfersPage::Pair);
   addAction(pair_);
   links_->AddKey(pair_);

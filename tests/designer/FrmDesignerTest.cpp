@@ -82,6 +82,38 @@ TEST_P(FrmDesignerTest, EveryPageOfTheTreeOpensAndSaysWhatItsControlsAre) {
   });
 }
 
+// Of two keys alike that could be meant the toolkit runs neither.
+TEST_P(FrmDesignerTest, NoPageTakesAKeyOfTheWindow) {
+  Open([&](QWidget& window) {
+    QStringList own, pages;
+    for (const QAction* action : window.findChildren<QAction*>()) {
+      if (action->shortcut().isEmpty()) continue;
+      const bool isWindows = action->shortcutContext() == Qt::WindowShortcut;
+      (isWindows ? own : pages) << action->shortcut().toString();
+    }
+    EXPECT_TRUE(own.contains(u"Ctrl+S"_s) && pages.contains(u"Ins"_s));
+    EXPECT_EQ(own.removeDuplicates(), 0);
+    for (const QString& keys : pages) EXPECT_FALSE(own.contains(keys)) << keys.toStdString();
+  });
+}
+
+TEST_P(FrmDesignerTest, ApplyingTakesWhatIsBeingTypedAndLeavesTheKeyboardThere) {
+  Open([&](QWidget& window) {
+    Choose(window, u"收文登记"_s);
+    auto& grid = Find<QAbstractItemView>(window, u"GrdFields"_s);
+    grid.setFocus();
+    grid.setCurrentIndex(grid.model()->index(2, 0));
+    grid.edit(grid.currentIndex());
+    auto* editor = grid.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText(u"标题"_s);
+    Apply(window);
+    EXPECT_EQ(window.focusWidget(), &grid);
+  });
+  Design stored = Read();
+  EXPECT_EQ(FieldOf(stored, u"Lwdj"_s, u"Amaintitle"_s).caption, u"标题");
+}
+
 TEST_P(FrmDesignerTest, ANewTableIsMadeFilledAndRegisteredInTheDatabase) {
   Open([&](QWidget& window) {
     Choose(window, u"收文管理"_s);
@@ -374,7 +406,7 @@ TEST_P(FrmDesignerTest, CellsFromASpreadsheetArePastedAsOneStep) {
   });
 }
 
-TEST_P(FrmDesignerTest, WithoutAConnectionOrWithAVanishedOneItSaysSo) {
+TEST_P(FrmDesignerTest, WithoutAConnectionItSaysSo) {
   Shared().Connection.reset();
   EXPECT_THROW(ShowDesigner(), DataError);
 }

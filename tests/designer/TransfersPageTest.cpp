@@ -21,13 +21,13 @@ TEST_P(TransfersPageTest, ShowsTheMapsWithCaptionsAndWhatBecomesOfValues) {
 
 TEST_P(TransfersPageTest, PairingAddsWhatIsCalledAlikeAsOneStep) {
   Grid(kLinks).setFocus();
-  Press(Grid(kLinks), Qt::Key_M, Qt::ControlModifier);
+  Press(Grid(kLinks), Qt::Key_J, Qt::ControlModifier);
   EXPECT_EQ(Rows(kLinks).value(1), u"密级 SecurityClass|密级 SecurityClass|原样写入");
   EXPECT_EQ(Links().size(), 2u);
   EXPECT_EQ(Links()[1].caption, u"密级");
   EXPECT_EQ(Told(), u"加入了 1 行字段对应。");
   EXPECT_EQ(StepName(), u"按名称配对");
-  Press(Grid(kLinks), Qt::Key_M, Qt::ControlModifier);
+  Press(Grid(kLinks), Qt::Key_J, Qt::ControlModifier);
   EXPECT_EQ(Told(), u"没有名称或标题相同、还没有对应的字段。");
   Undo();
   EXPECT_EQ(Links().size(), 1u);
@@ -55,7 +55,7 @@ TEST_P(TransfersPageTest, AFieldThatIsOnlyWantedYetHasAFateToo) {
     TableOf(design, u"Gdwj"_s).fields.push_back({u"Unit"_s, u"责任者"_s, u"文本型"_s, 20, {}});
   });
   GoTo(kLinks, 0);
-  Press(Grid(kLinks), Qt::Key_M, Qt::ControlModifier);
+  Press(Grid(kLinks), Qt::Key_J, Qt::ControlModifier);
   EXPECT_EQ(Rows(kLinks).size(), 3);
   EXPECT_NE(Rows(kLinks).value(2).section(u'|', 2), u"原样写入") << "200 into 20";
 }
