@@ -159,6 +159,14 @@ TEST_P(Searches, AFilterKnowsNullQuotesAndDates) {
   EXPECT_EQ(Filtered("filed = '2002-03-04'"), Of("1"));
 }
 
+TEST_P(Searches, AStarInAFilterTriesEveryPlaceForWhatFollows) {
+  const QString all = Filtered("code Like '*'").join(u' ');
+  EXPECT_EQ(Filtered("code Like '*-0*1'"), Of("1 3"));
+  EXPECT_EQ(Filtered("code Like '*-*0*'").join(u' '), all);
+  // "-0" is there, "1" is there, yet not one behind the other.
+  EXPECT_EQ(Filtered("code Like '*-01'"), QStringList());
+}
+
 TEST_P(Searches, AFilterStandsOnTheFirstRowItShows) {
   records_->MoveLast();
   records_->SetFilter(u"code Like 'B*'"_s);

@@ -136,6 +136,37 @@ TEST_P(Types, ATextWithoutALengthHasNoLimit) {
   EXPECT_EQ(result.columns[0].definedSize, kUnlimited);
 }
 
+TEST_P(Types, SqliteColumnsHaveTheTypesThatOtherDatabasesNameThem) {
+  if (!OnSqlite()) GTEST_SKIP() << "a server knows its types";
+  const Described declared[]{{"nvarchar(7)", AdoType::VarWChar, 7},
+                             {"character varying(8)", AdoType::VarChar, 8},
+                             {"nchar(9)", AdoType::WChar, 9},
+                             {"ntext", AdoType::LongVarWChar, kUnlimited},
+                             {"clob", AdoType::LongVarChar, kUnlimited},
+                             {"tinyint", AdoType::UnsignedTinyInt, 1},
+                             {"bit", AdoType::Boolean, 2},
+                             {"float", AdoType::Double, 8},
+                             {"money", AdoType::Currency, 8},
+                             {"decimal(5,2)", AdoType::Numeric, 19},
+                             {"datetime", AdoType::DbTimeStamp, 16},
+                             {"SmallDateTime", AdoType::DbTimeStamp, 16},
+                             {"time", AdoType::DbTime, 6},
+                             {"image", AdoType::LongVarBinary, kUnlimited},
+                             {"varbinary(10)", AdoType::VarBinary, 10},
+                             {"binary(11)", AdoType::Binary, 11},
+                             {"whatever", AdoType::LongVarChar, kUnlimited}};
+  QStringList columns;
+  for (std::size_t i = 0; i < std::size(declared); ++i)
+    columns.append(u"c%1 %2"_s.arg(i).arg(QLatin1String(declared[i].name)));
+  Database().Native(u"CREATE TABLE Declared (%1)"_s.arg(columns.join(u',')));
+  const std::optional<TableInfo> table = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"Declared"_s);
+  ASSERT_TRUE(table);
+  for (std::size_t i = 0; i < std::size(declared); ++i) {
+    EXPECT_EQ(table->columns[i].type, declared[i].type) << declared[i].name;
+    EXPECT_EQ(table->columns[i].definedSize, declared[i].size) << declared[i].name;
+  }
+}
+
 TEST_P(Types, ATableIsDescribedWhateverTheCaseOfItsName) {
   const std::optional<TableInfo> table = DatabaseSession::Of(*Connected()).NativeDriver().Describe(u"KINDS"_s);
   ASSERT_TRUE(table);

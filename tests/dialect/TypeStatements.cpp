@@ -123,6 +123,7 @@ const std::vector<StatementCase> kNumberStatements{
     {"a decimal of nothing", WHERE("d=''"), {"error: Conversion"}},
     {"a float", WHERE("f='2.50'"), {"1"}},
     {"a negative number", WHERE("n=-3"), {"2"}},
+    {"a number with an exponent", WHERE("id>1e-1 And id<=2E0 And id<.5e+1"), {"1", "2"}},
     {"an expression and a quoted number", WHERE("n+1='6'"), {"1"}},
     {"a count and a quoted number", "Select t From Mixed Where n>'50' Group By t Having Count(*)='1'", {"9"}},
     {"a text column and a number", "Select id From Mixed Where t=10 And id=3", {"3"}},

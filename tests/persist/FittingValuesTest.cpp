@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
+#include "data/persist/ColumnPlan.h"
 #include "data/persist/JsonSink.h"
 #include "data/persist/ValueEncoder.h"
 
@@ -170,6 +171,18 @@ TEST(ValuesThatFitAColumn, GuidsInBraces) {
                            "{01234567-89AB-CDEF-0123-456789ABCDEG}", "{0123456--89AB-CDEF-0123-456789ABCDEF}"})
     EXPECT_EQ(Held(column, text), kDoesNotFit) << text;
   EXPECT_EQ(HeldInteger(AdoType::Guid, 5), kDoesNotFit);
+}
+
+TEST(ValuesThatFitNoColumn, GoIntoATextOfAnyLength) {
+  for (const int type : {AdoType::Integer, AdoType::Numeric, AdoType::DbDate, AdoType::Char}) {
+    ColumnDescriptor column = Column(type);
+    column.maxLength = 4;
+    column.flags = ColumnFlag::Fixed;
+    const ColumnDescriptor any = OtherDescriptors(column).back();
+    EXPECT_EQ(any.type, AdoType::WChar) << type;
+    EXPECT_EQ(any.maxLength, kNoLimit) << type;
+    EXPECT_FALSE(any.flags & ColumnFlag::Fixed) << type;
+  }
 }
 
 TEST(ValuesThatFitAColumn, DaysAtMidnight) {

@@ -27,22 +27,29 @@ QByteArray Longer(QByteArray column, const QByteArray& more) {
   return column + more;
 }
 
+/// A column of the rows behind a chapter that equals one of the row that the chapter stands in.
+QByteArray InCommon(quint32 parent, quint32 child) { return Number(parent) + Number(child) + Number(0); }
+
 /// The chapter "Lines", whose rows have the first column of both record sets in common.
-QByteArray Chapter(int ordinal, const QByteArray& child = {}) {
+QByteArray Chapter(int ordinal, const QByteArray& child = {}, const QByteArray& relation = InCommon(1, 1)) {
   return Longer(ColumnBytes({ordinal, u"Lines"_s, 136, 4, 0x2010}),
-                child + Number(12) + Number(1) + Number(1) + Number(0) + Number(0));
+                child + Number(quint32(relation.size())) + relation + Number(0));
 }
 
 }  // namespace
 
-QByteArray HierarchyFile() {
-  return FlatHead(2, 1) + ColumnBytes({1, u"OrderId"_s, 3, 4, 0x14}) + Chapter(2) + FlatHead(2, 2).sliced(kFirstSet) +
+namespace {
+QByteArray FileOf(const QByteArray& chapter) {
+  return FlatHead(2, 1) + ColumnBytes({1, u"OrderId"_s, 3, 4, 0x14}) + chapter + FlatHead(2, 2).sliced(kFirstSet) +
          Longer(ColumnBytes({1, u"OrderId"_s, 3, 4, 0x14}), Number(2)) +
          Longer(ColumnBytes({2, u"Text"_s, 130, 20, 0x24}), Number(2)) + Hex("07 7F 01 00 00 00") +
          Hex("87 02 00 00 00 FF 01 00 00 00 02 41 00 8A 02 00 00 00 40 00 02 42 00") +
          Hex("8D 02 00 00 00 C0 00 01 00 00 00 02 43 00") + Hex("87 02 00 00 00 7F 01 00 00 00 8C 02 00 00 00") +
          Hex("0F");
 }
+}  // namespace
+
+QByteArray HierarchyFile() { return FileOf(Chapter(2)); }
 
 QByteArray NestedSets(int count) {
   QByteArray file = FlatHead(1, 0) + Chapter(1);
@@ -70,6 +77,12 @@ TEST(HierarchicalRecordSetFiles, AreShownWhole) {
   EXPECT_EQ(printed.rows[1][u"original"_s], (QJsonObject{{u"OrderId"_s, 1}, {u"Text"_s, u"A"_s}}));
   EXPECT_EQ(printed.rows[2][u"status"_s], u"inserted"_s);
   EXPECT_EQ(printed.rows[3][u"status"_s], u"deleted"_s);
+}
+
+TEST(HierarchicalRecordSetFiles, TellEveryColumnThatARelationIsAbout) {
+  const QByteArray file = FileOf(Chapter(2, {}, InCommon(1, 2) + InCommon(3, 4)));
+  EXPECT_EQ(Copied(file), file);
+  EXPECT_EQ(PrintedFile(file).fields[1][u"relation"_s], (QJsonArray{QJsonArray{1, 2, 0}, QJsonArray{3, 4, 0}}));
 }
 
 TEST(HierarchicalRecordSetFiles, AreNotOpenedAsOneRecordSet) {
