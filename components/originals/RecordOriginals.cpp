@@ -150,7 +150,7 @@ std::optional<bool> RecordOriginals::IsKept(const Original& original) const {
 void RecordOriginals::Insert(const Original& original) {
   const ResultSet last(*connection_,
                        u"Select Max(FileOrder) From Original_Text Where RecordID = "_s + Quoted(recordId_));
-  const int order = last.Text(0, 0).toInt() + 1;
+  const qint64 order = qint64(last.Text(0, 0).toInt()) + 1;
   connection_->Execute(u"Insert Into Original_Text(ID,Original_Name,Type,RecordID,Size,FileOrder,FilePath) Values("_s +
                        QStringList{Quoted(original.id), Quoted(original.name), Quoted(original.type), Quoted(recordId_),
                                    QString::number(original.size), QString::number(order), Quoted(original.filePath)}

@@ -13,7 +13,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 qint16 OrderBehind(const QString& greatest) {
-  const int next = greatest.isEmpty() ? 1 : ToInteger(greatest) + 1;
+  const qint64 next = greatest.isEmpty() ? 1 : qint64(ToInteger(greatest)) + 1;
   if (next != qint16(next)) throw NumberError(u"原文顺序号 %1 太大，不能再加原文。"_s.arg(greatest));
   return qint16(next);
 }

@@ -37,8 +37,8 @@ std::vector<Design::Table> OfferingTables(const Design& design) {
 
 // One more than the highest number in use.
 QString NextReportId(const std::vector<Report>& reports) {
-  int highest = 1000;
-  for (const Report& report : reports) highest = std::max(highest, report.id.toInt());
+  qint64 highest = 1000;
+  for (const Report& report : reports) highest = std::max(highest, qint64(report.id.toInt()));
   return QString::number(highest + 1);
 }
 

@@ -24,8 +24,8 @@ const QString kUserColumns = u"FrmDesigner.UsersPage.Columns"_s, kUserRows = u"F
 bool IsAdministrator(const User& user) { return user.id.toInt() == 1; }
 
 QString NextUserId(const std::vector<User>& users) {
-  int highest = 0;
-  for (const User& user : users) highest = std::max(highest, user.id.toInt());
+  qint64 highest = 0;
+  for (const User& user : users) highest = std::max(highest, qint64(user.id.toInt()));
   return QString::number(highest + 1);
 }
 

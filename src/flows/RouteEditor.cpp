@@ -152,8 +152,8 @@ void RouteEditor::AppendRow(const RouteNode& node) {
 
 // A new node comes behind the last one, which goes on to it from now on.
 void RouteEditor::AddNode() {
-  int greatest = 0;
-  for (const RouteNode& node : Nodes()) greatest = std::max(greatest, node.number.toInt());
+  qint64 greatest = 0;
+  for (const RouteNode& node : Nodes()) greatest = std::max(greatest, qint64(node.number.toInt()));
   const QString number = QString::number(greatest + 1);
   const int last = nodes_.rowCount() - 1;
   if (last >= 0 && nodes_.index(last, Next).data().toString() == kRouteEnd)

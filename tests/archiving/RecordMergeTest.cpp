@@ -114,6 +114,15 @@ TEST_P(RecordMergeTest, ASurvivorWithoutOriginalsStartsAtOnePlusTheOldOrder) {
   EXPECT_THAT(OriginalsOf(1), ElementsAre(u"4 2-3 正文2-3<合并件>"_s));
 }
 
+TEST_P(RecordMergeTest, ASurvivorWhoseOrdersAreUsedUpTakesNoMoreOriginals) {
+  for (const int last : {32767, 2147483647}) {
+    AddOriginal(1, last);
+    EXPECT_THROW(RecordMerge(u"Lwdj"_s, Key(1)).NextFileOrder(), NumberError) << last;
+  }
+  AddOriginal(2, 32766);
+  EXPECT_EQ(RecordMerge(u"Lwdj"_s, Key(2)).NextFileOrder(), 32767);
+}
+
 TEST_P(RecordMergeTest, TheShiftIsTheSameForAllSoThatOrdersMayMeet) {
   AddOriginal(2, 1);
   AddOriginal(3, 1);

@@ -82,6 +82,10 @@ TEST_P(UsersPageTest, UsersHaveNumbersOfTheirOwnAndTheAdministratorStays) {
   }
   Write(kUsers, 2, 1, u"012"_s);
   EXPECT_EQ(Told(), u"已有编号为 12 的用户。");
+  Write(kUsers, 2, 1, u"2147483647"_s);
+  Add(kUsers, u"赵五"_s);
+  EXPECT_EQ(Wanted().users.back().id, u"2147483648");
+  for (int step = 0; step < 3; ++step) Undo();  // the name, the user, the number
   Write(kUsers, 0, 1, u"7"_s);
   EXPECT_EQ(Told(), u"系统管理员的编号是 1，不能更改。");
   Write(kUsers, 2, 0, u" "_s);
