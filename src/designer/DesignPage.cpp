@@ -10,6 +10,11 @@ DesignPage::DesignPage(DesignSession& session, const QString& name) : session_(s
   connect(&session, &DesignSession::Changed, this, &DesignPage::ShowChange);
 }
 
+// The focus leaves a box only while the widgets go, and what was typed there would be taken by a page that is no more.
+DesignPage::~DesignPage() {
+  for (QObject* box : findChildren<QObject*>()) box->disconnect(this);
+}
+
 void DesignPage::SetTable(const QString& table) {
   table_ = table;
   ShowChange();

@@ -12,6 +12,8 @@ class DesignPage : public QWidget {
   Q_OBJECT
 
  public:
+  ~DesignPage() override;
+
   /// Has a page show that table from now on, where it is one that shows tables.
   void SetTable(const QString& table);
 

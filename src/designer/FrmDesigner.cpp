@@ -69,7 +69,8 @@ FrmDesigner::FrmDesigner(DesignSession& session) : session_(session) {
   ShowState();
 }
 
-FrmDesigner::~FrmDesigner() = default;
+// What still stands in a box is taken now, not while the window goes.
+FrmDesigner::~FrmDesigner() { hide(); }
 
 void FrmDesigner::Connect() {
   commands_->OnEntry(u"mnuNewClass"_s, [this] { AddClass(); });

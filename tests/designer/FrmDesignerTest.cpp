@@ -12,6 +12,7 @@
 #include <folvane/DataError.h>
 
 #include "designer/DesignerFixture.h"
+#include "designer/FrmDesigner.h"
 #include "support/Accessibility.h"
 
 namespace folvane::test {
@@ -371,6 +372,20 @@ TEST_P(FrmDesignerTest, ClassesAreMadeNamedAndTakenOut) {
   EXPECT_EQ(stored.classes.back().name, u"急件");
   EXPECT_EQ(stored.classes.back().parent, 2);
   EXPECT_EQ(TableOf(stored, u"Lwdj"_s).classId, stored.classes.back().id);
+}
+
+TEST_P(FrmDesignerTest, AWindowThatGoesWhileItIsShownTakesWhatWasTyped) {
+  designer::DesignSession session(Connected());
+  auto window = std::make_unique<designer::FrmDesigner>(session);
+  window->show();
+  window->activateWindow();
+  Choose(*window, u"收文管理"_s);
+  auto& name = Find<QLineEdit>(*window, u"TxtClassName"_s);
+  name.setFocus();
+  ASSERT_TRUE(WaitUntil([&] { return name.hasFocus(); }));
+  name.setText(u"来文"_s);
+  window.reset();
+  EXPECT_EQ(session.Wanted().classes.front().name, u"来文");
 }
 
 TEST_P(FrmDesignerTest, ANewTableIsNumberedByTheYearAndTheWayCanBeChosen) {
