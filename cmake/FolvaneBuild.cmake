@@ -28,10 +28,11 @@ target_compile_options(folvane_options INTERFACE -Wall -Wextra -Werror -Wnon-vir
 target_compile_options(folvane_options INTERFACE $<$<CONFIG:Release>:-Wno-maybe-uninitialized>)
 target_compile_definitions(folvane_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 
-# Under FOLVANE_SANITIZE each library has a twin NAME_sanitized of the same sources beside it.
+# Under FOLVANE_SANITIZE each library has a twin NAME_sanitized of the same sources beside it. It is not optimised: with
+# all that is looked after, optimising would take longer than the tests gain by it.
 add_library(folvane_sanitizers INTERFACE)
 target_compile_options(folvane_sanitizers INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
-                                                    -fno-omit-frame-pointer -O1 -g1 -Wno-maybe-uninitialized)
+                                                    -fno-omit-frame-pointer -O0 -g1)
 target_link_options(folvane_sanitizers INTERFACE -fsanitize=address,undefined)
 
 # folvane_precompiled(NAME HEADERS header... LINKS target...)
@@ -76,7 +77,12 @@ function(folvane_static name)
       folvane_twins_of(links ${arg_LINKS})
       list(APPEND links folvane_sanitizers)
       string(APPEND pch _sanitized)
-      set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24)
+      set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24 AUTOMOC OFF)
+      # What moc makes of the headers is the same for both.
+      set(mocs ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp)
+      set_source_files_properties(${mocs} PROPERTIES GENERATED ON)
+      target_sources(${target} PRIVATE ${mocs})
+      add_dependencies(${target} ${name}_autogen)
     endif()
     target_link_libraries(${target} PUBLIC folvane_options Qt6::Core ${links})
     target_precompile_headers(${target} REUSE_FROM ${pch})

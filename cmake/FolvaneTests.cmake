@@ -1,12 +1,13 @@
 # The test programs. Each is linked twice where sanitized twins are wanted, from the same objects: the tests themselves
 # are not instrumented, what they test is.
 
-# folvane_test(NAME [SOURCES file...] [DEFINITIONS name=value...] DEPENDS target...)
+# folvane_test(NAME [EACH_DATABASE_SANITIZED] [SOURCES file...] [DEFINITIONS name=value...] DEPENDS target...)
 #
 # Makes the GoogleTest program test_NAME of all sources in the calling folder and SOURCES, and the test NAME, which runs
-# it beside a PostgreSQL server; with twins also test_NAME_sanitized and the test NAME_sanitized.
+# it beside a PostgreSQL server; with twins also test_NAME_sanitized and the test NAME_sanitized. That one leaves out
+# PostgreSQL: above the drivers both databases lead through the same code. EACH_DATABASE_SANITIZED leaves out nothing.
 function(folvane_test name)
-  cmake_parse_arguments(arg "" "" "SOURCES;DEFINITIONS;DEPENDS" ${ARGN})
+  cmake_parse_arguments(arg "EACH_DATABASE_SANITIZED" "" "SOURCES;DEFINITIONS;DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   set(objects test_${name}_objects)
   add_library(${objects} OBJECT ${sources} ${arg_SOURCES})
@@ -24,7 +25,11 @@ function(folvane_test name)
   if(FOLVANE_SANITIZE)
     folvane_twins_of(twins folvane_testsupport ${arg_DEPENDS})
     folvane_test_program(${name}_sanitized ${objects} ${twins} folvane_sanitizers)
-    set_tests_properties(${name}_sanitized PROPERTIES LABELS sanitized ENVIRONMENT "${sanitizer_environment}")
+    set(environment "${sanitizer_environment}")
+    if(NOT arg_EACH_DATABASE_SANITIZED)
+      list(APPEND environment "GTEST_FILTER=-*/PostgreSQL")
+    endif()
+    set_tests_properties(${name}_sanitized PROPERTIES LABELS sanitized ENVIRONMENT "${environment}")
   endif()
 endfunction()
 
