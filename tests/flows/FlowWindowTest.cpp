@@ -47,6 +47,7 @@ TEST_P(FlowWindowTest, TheGridsOfHandling) {
                             u"归还日期"_s, u"实际归还日期"_s, u"归还份数"_s, u"办理结果"_s));
     EXPECT_TRUE(Key(window, u"Read"_s).isVisible());
     EXPECT_EQ(Key(window, u"Read"_s).text(), u"办理"_s);
+    EXPECT_TRUE(Find<QMenu>(window, Handling().routeMenu).menuAction()->isVisible());
   });
 }
 
@@ -58,6 +59,7 @@ TEST_P(FlowWindowTest, HasteningHidesTheRoute) {
   Open(u"frmTranSact"_s, [](QWidget& window) {
     EXPECT_EQ(window.windowTitle(), u"催办单管理"_s);
     EXPECT_FALSE(Key(window, u"Read"_s).isVisible());
+    EXPECT_FALSE(Find<QMenu>(window, Handling().routeMenu).menuAction()->isVisible());
     EXPECT_EQ(Details(window).model()->rowCount(), 1);
     EXPECT_EQ(Cell(Details(window), 0, 2), u"reminded"_s);
   });

@@ -180,6 +180,20 @@ TEST_P(RouteDialogsTest, ARemovedNodeIsPassedBy) {
   EXPECT_EQ(Route(u"1"_s), u"甲 → 丙 → 结束"_s);
 }
 
+TEST_P(RouteDialogsTest, WithoutItsFirstNodeARouteWantsAnother) {
+  AddRoute(u"1"_s, {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|0"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+    grid.setCurrentIndex(grid.model()->index(0, 0));
+    Click(Find<QWidget>(window, u"CmdDelNode"_s));
+    EXPECT_TRUE(TextIn(window, u"LblFaults"_s).startsWith(u"请改正：没有第 1 号节点"_s));
+    grid.model()->setData(grid.model()->index(0, 0), u"1"_s);
+    Click(Find<QWidget>(window, u"CmdOK"_s));
+  });
+  EXPECT_TRUE(EditRoute(Circulation(), u"1"_s));
+  EXPECT_EQ(Route(u"1"_s), u"乙 → 结束"_s);
+}
+
 TEST_P(RouteDialogsTest, HowFarARouteIsIsShownWithItsDetails) {
   AddHead(Handling(), {u"7"_s, u"11"_s, u"处理中"_s});
   AddRoute(u"7"_s, {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|0"_s});

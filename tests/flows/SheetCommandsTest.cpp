@@ -93,6 +93,7 @@ TEST_P(SheetCommandsTest, ASerialThatIsTakenOrBlankIsRefused) {
       Click(Find<QWidget>(dialog, u"cmdSave"_s));
       EXPECT_EQ(boxes_.Last().text, u"对不起，登记号不能为空！"_s);
       EXPECT_EQ(boxes_.Last().flags, 48);
+      EXPECT_TRUE(Find<QWidget>(dialog, u"txtID"_s).hasFocus());
       Find<QWidget>(dialog, u"txtID"_s).setProperty("text", u"1"_s);  // its own: not looked up
       Click(Find<QWidget>(dialog, u"cmdSave"_s));
       EXPECT_FALSE(dialog.isVisible());
