@@ -28,6 +28,7 @@ TEST_P(RecordsetModelTest, ShowsTheRowsUnderFilterAndSortWithoutMoving) {
   ASSERT_EQ(model_.rowCount(), 3);
   EXPECT_EQ(model_.index(0, 1).data().toString(), u"题名3"_s);
   EXPECT_EQ(model_.index(2, 1).data().toString(), u"题名1"_s);
+  EXPECT_EQ(model_.index(0, 0).data().toString(), DesignedDatabase::Key(3)) << "the first field of all";
   EXPECT_EQ(records_.AbsolutePosition(), 2);
   records_.SetFilter(u"RegID = 2"_s);
   model_.Reset();
