@@ -233,6 +233,19 @@ TEST_P(Keysets, LeaveOtherStatementsToBeReadWhole) {
   }
 }
 
+TEST_P(Keysets, LeaveTablesWhoseKeyIsNoExactValueToBeReadWhole) {
+  for (const QString& type : {u"double precision"_s, u"numeric(9,2)"_s, u"date"_s}) {
+    const QString key = type == u"date" ? u"'2001-01-' || substr('0' || id, length('0' || id) - 1)"_s : u"id + 0.5"_s;
+    Meanwhile(u"CREATE TABLE rough (id %1 PRIMARY KEY, note text)"_s.arg(type));
+    Meanwhile(u"INSERT INTO rough SELECT %1, note FROM papers WHERE id < 29"_s.arg(
+        OnSqlite() ? key : u"CAST(%1 AS %2)"_s.arg(key, type)));
+    const auto records = Open(u"Select * From rough Order By id"_s);
+    Meanwhile(u"UPDATE rough SET note = 'changed'"_s);
+    EXPECT_EQ(At(*records, 20, u"note"_s), u"n20"_s) << qPrintable(type);
+    Meanwhile(u"DROP TABLE rough"_s);
+  }
+}
+
 TEST_P(Keysets, LeaveSmallTablesAndSmallResultsToBeReadWhole) {
   RowReading::Border() = {500, 150};
   const auto few = Open(u"Select * From papers Where year = 2004"_s);

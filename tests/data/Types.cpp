@@ -109,6 +109,18 @@ TEST_P(Types, ATruthValueCanBeChangedByItself) {
   EXPECT_EQ((*Open())[u"flag"_s].Value(), QVariant(1LL));
 }
 
+TEST_P(Types, AnEmptyValueOfAnyTypeIsNull) {
+  Database().Native(u"INSERT INTO Kinds (id, small, day, title) VALUES (1, 5, '2002-03-04', 'x')"_s);
+  const auto records = Open();
+  (*records)[u"small"_s].SetValue(QVariant(QMetaType::fromType<int>()));
+  (*records)[u"day"_s].SetValue(QVariant(QMetaType::fromType<QDate>()));
+  (*records)[u"title"_s].SetValue(QVariant(QMetaType::fromType<QString>()));
+  records->UpdateBatch();
+  const auto reader = Open();
+  for (const QString& name : {u"small"_s, u"day"_s, u"title"_s})
+    EXPECT_TRUE((*reader)[name].IsNull()) << qPrintable(name);
+}
+
 TEST_P(Types, AMomentWithAFractionOfASecondCanBeChanged) {
   Database().Native(u"INSERT INTO Kinds (id, moment) VALUES (1, '2002-03-04 05:06:07.891234')"_s);
   const auto records = Open();
