@@ -8,6 +8,7 @@
 #include "data/Recordset.h"
 #include "records/ListOrder.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 #include "shell/TableFields.h"
 
 namespace folvane {
@@ -29,7 +30,7 @@ std::vector<OrderItem> WithFieldNames(const QString& table, const std::vector<Or
   std::vector<OrderItem> items;
   for (const OrderItem& item : chosen) {
     const auto fields = ReadFields(u"Select FieldName from DynamicWindows Where TableName='"_s + table +
-                                   u"' and ChnFieldName='"_s + item.field + u"'"_s);
+                                   u"' and ChnFieldName='"_s + EscapeSql(item.field) + u"'"_s);
     if (!fields.empty()) items.push_back({fields.front().fieldName, item.descending});
   }
   return items;
