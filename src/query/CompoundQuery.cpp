@@ -10,6 +10,7 @@
 #include "query/ConditionCheck.h"
 #include "shell/EventGuard.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -69,7 +70,7 @@ QStringList CompoundQuery::ValuesFor(const QString& caption) {
   for (const auto& row :
        Read<DictionaryEntryRow>(u"select DISTINCT name from AssistantDicKey where DicID=(select Dicid from "
                                 "AssistantDictionary where name='"_s +
-                                caption.trimmed() + u"')"_s)) {
+                                EscapeSql(caption.trimmed()) + u"')"_s)) {
     if (!row.name.trimmed().isEmpty()) values << row.name;
   }
   return values;
@@ -100,8 +101,8 @@ void CompoundQuery::Add(const ShownCondition& typed) {
 
 QueryConditionRow CompoundQuery::Map(const ShownCondition& condition) {
   const std::vector<DictionaryFieldRow> fields =
-      Read<DictionaryFieldRow>(u"Select FieldName from DynamicWindows Where ChnFieldName='"_s + condition.field +
-                               u"' and TableName='"_s + table_ + u"'"_s);
+      Read<DictionaryFieldRow>(u"Select FieldName from DynamicWindows Where ChnFieldName='"_s +
+                               EscapeSql(condition.field) + u"' and TableName='"_s + table_ + u"'"_s);
   if (!fields.empty()) field_ = fields.front().fieldName;
   KeepUnlessEmpty(comparison_, ComparisonOperator(condition.relation));
   KeepUnlessEmpty(connector_, Connector(condition.connector));
@@ -128,7 +129,7 @@ void CompoundQuery::Save(const QueryConditionRow& row) const {
                            row.compValue,
                            row.andOrRelation,
                            row.chnAndOrRelation,
-                           row.chnCompField,
+                           EscapeSql(row.chnCompField),
                            row.chnCompRelation};
   Run(u"Insert Into FindCirSave(OrderNo,TableName,CompField,CompRelation,CompValue,AndOrRelation,ChnAndOrRelation,"
       "ChnCompField,ChnCompRelation) Values('"_s +

@@ -3,6 +3,7 @@
 #include "data/Recordset.h"
 #include "shell/RegistryValues.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -11,12 +12,12 @@ using namespace Qt::Literals::StringLiterals;
 QString StatementFor(int kind, const QString& code) {
   switch (kind) {
     case 1:
-      return u"Select FondsName from FondsDefine Where FondsNo='"_s + code + u'\'';
+      return u"Select FondsName from FondsDefine Where FondsNo='"_s + EscapeSql(code) + u'\'';
     case 2:
-      return u"Select ClassName from EntityClass  Where ClassNo='"_s + code + u"' and FondsNo = '"_s +
+      return u"Select ClassName from EntityClass  Where ClassNo='"_s + EscapeSql(code) + u"' and FondsNo = '"_s +
              QueryValue(kLocalMachine, kFondsSet, u"CurrFondsNo"_s) + u'\'';
     case 3:
-      return u"Select Code from RetentionYear Where Name='"_s + code + u'\'';
+      return u"Select Code from RetentionYear Where Name='"_s + EscapeSql(code) + u'\'';
     default:
       return {};
   }

@@ -4,6 +4,7 @@
 
 #include "data/Recordset.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -22,8 +23,8 @@ QString FirstText(const QString& statement, const QString& column) {
 }
 
 QString GetReportId(const QString& group, const QString& name) {
-  return FirstText(u"select report_id from report_index where report_group_id ='"_s + group + u"'and report_name ='"_s +
-                       name + u'\'',
+  return FirstText(u"select report_id from report_index where report_group_id ='"_s + EscapeSql(group) +
+                       u"'and report_name ='"_s + EscapeSql(name) + u'\'',
                    u"Report_ID"_s);
 }
 

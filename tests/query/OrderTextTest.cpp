@@ -116,9 +116,10 @@ TEST_P(OrderChoiceTest, AnOrderThatIsKeptSortsTheRecords) {
   EXPECT_EQ(records[u"RegID"_s].Text(), u"11"_s);
 }
 
-TEST_P(OrderChoiceTest, ACaptionWithAQuoteIsRefusedByTheDatabase) {
-  EXPECT_THROW(KeepOrder(u"Lwdj"_s, {{u"题'名"_s, true}}), DataError);
-  EXPECT_EQ(Kept(), QStringList());
+TEST_P(OrderChoiceTest, ACaptionWithAQuoteStandsForItsOwnField) {
+  EXPECT_EQ(KeepOrder(u"Lwdj"_s, {{u"x' or '1'='1"_s, true}}).sql, QString());
+  Run(u"update DynamicWindows set ChnFieldName='题''名' where FieldName='Amaintitle'"_s);
+  EXPECT_EQ(KeepOrder(u"Lwdj"_s, {{u"题'名"_s, true}}).sql, u"Amaintitle Desc"_s);
 }
 
 }  // namespace

@@ -38,6 +38,12 @@ TEST_P(ConvertChn, Kind3TurnsThePeriodsNameIntoItsCode) {
   EXPECT_EQ(Statements(), QStringList{u"Select Code from RetentionYear Where Name='永久'"_s});
 }
 
+TEST_P(ConvertChn, ACodeIsLookedUpAsItIs) {
+  Run({u"Insert Into RetentionYear Values ('C''', '长期''')"_s});
+  EXPECT_EQ(convert_.ConvertChn(3, u"长期'"_s), u"C'"_s);
+  for (const qint16 kind : {1, 2, 3}) EXPECT_EQ(convert_.ConvertChn(kind, u"' or '1'='1"_s), QString()) << kind;
+}
+
 TEST_P(ConvertChn, Kind4IsEmptyAndAsksNothing) {
   EXPECT_EQ(convert_.ConvertChn(4, u"001"_s), QString());
   EXPECT_EQ(convert_.ConvertChn(0, u"001"_s), QString());

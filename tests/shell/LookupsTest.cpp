@@ -51,6 +51,13 @@ TEST_P(FillDictionaryTest, TakesABracketedSelectForTheName) {
   EXPECT_EQ(test::Entries(list), (QStringList{u"秘密"_s, u"机密"_s}));
 }
 
+TEST_P(Lookups, GetReportIdTakesANameAsItIs) {
+  Run({u"Insert Into Report_Index Values ('7', 'Fwdj', '发文目录')"_s,
+       u"Insert Into Report_Index Values ('8', 'Fwdj', '''02 年目录')"_s});
+  EXPECT_EQ(GetReportId(u"Fwdj"_s, u"'02 年目录"_s), u"8"_s);
+  EXPECT_EQ(GetReportId(u"Fwdj"_s, u"' or '1'='1"_s), QString());
+}
+
 TEST_P(Lookups, GetMaxValueIsZeroOnAnEmptyTable) {
   EXPECT_EQ(GetMaxValue(u"OrderNo"_s, u"SimSearch"_s).toLongLong(), 0);
   EXPECT_EQ(Statements(), QStringList{u"Select Max(OrderNo) From SimSearch"_s});
