@@ -85,6 +85,16 @@ class ClassTreeTest : public DesignTest {
 
 FOLVANE_ON_EACH_DATABASE(ClassTreeTest);
 
+TEST_P(ClassTreeTest, ANodeTellsItsKeyKindAndTagByItsRoles) {
+  const int node =
+      tree_.AddNode(tree_.AddNode(0, u"R"_s, u"根"_s, NodeImage::Table), u"K\\"_s, u"收文"_s, NodeImage::Table, 7);
+  const QModelIndex index = tree_.IndexOf(node);
+  EXPECT_EQ(index.data(Qt::DisplayRole), u"收文"_s);
+  EXPECT_EQ(index.data(Qt::UserRole), u"K\\"_s);
+  EXPECT_EQ(index.data(Qt::UserRole + 1), NodeImage::Table);
+  EXPECT_EQ(index.data(Qt::UserRole + 2), 7);
+}
+
 TEST_P(ClassTreeTest, ClassesHangUnderTheRootAndUnderEachOther) {
   design_->AddClass(2, u"文书"_s);
   design_->AddClass(3, u"收文"_s, 2);
