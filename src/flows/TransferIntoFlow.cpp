@@ -8,6 +8,7 @@
 #include "flows/PassedErrors.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 namespace {
@@ -60,8 +61,8 @@ void TransferIntoFlow(const FieldList& fields, const QString& tableName, const Q
   const Flow& flow = FlowOf(flowTable);
   const QString archiveId = TextOf(fields, u"ArchiveID"_s);
   Recordset heads;
-  heads.Open(u"Select * from "_s + flowTable + u" where File_ID='"_s + archiveId + u"' And File_Table = '"_s +
-                 tableName + u'\'',
+  heads.Open(u"Select * from "_s + flowTable + u" where File_ID='"_s + EscapeSql(archiveId) +
+                 u"' And File_Table = '"_s + tableName + u'\'',
              SharedConnection(), CursorType::Static, LockType::Pessimistic);
   const QString view = u"\n\r是否要查看"_s + flow.word + u"信息？"_s;
   QString question = u"文件已经转移到"_s + flow.word + u"模块中！"_s + view;
@@ -78,7 +79,8 @@ void TransferIntoFlow(const FieldList& fields, const QString& tableName, const Q
 
 bool TransferRecord(const QString& tableName, const QString& archiveId, const QString& flowTable) {
   Recordset record;
-  record.Open(u"Select * from "_s + tableName + u" Where ArchiveID='"_s + archiveId + u'\'', SharedConnection());
+  record.Open(u"Select * from "_s + tableName + u" Where ArchiveID='"_s + EscapeSql(archiveId) + u'\'',
+              SharedConnection());
   if (record.EOF_()) {
     ShowMessage(u"该文件已不存在，可能其他人也更改或删除该文件！"_s, MessageFlag::Information, kSystemTitle);
     return false;

@@ -1,6 +1,7 @@
 #include "reports/ReportSelection.h"
 
 #include "records/RecordStatement.h"
+#include "shell/SqlText.h"
 
 namespace folvane {
 using namespace Qt::Literals::StringLiterals;
@@ -10,7 +11,7 @@ QString GetSelectionClause(const QString& table, const QStringList& keys) {
 }
 
 QString RecordSelection(const QString& table, const QString& archiveId) {
-  return table + u".Archiveid = '"_s + archiveId + u"'"_s;
+  return table + u".Archiveid = '"_s + EscapeSql(archiveId) + u"'"_s;
 }
 
 SheetReport ReportOfSheet(const SheetTables& tables, bool detailsInUse, const SheetValues& values) {

@@ -239,6 +239,16 @@ TEST_P(FrmArchiveParaTest, TheLineTellsHowTheNumbersWillBegin) {
   });
 }
 
+TEST_P(FrmArchiveParaTest, WhereNoFieldKeepsTheNumberNoneIsPromised) {
+  AskFor(u"FileYear"_s, u"年度"_s);
+  Part(u"ItemNo"_s, u"."_s);
+  design_->Run(u"update ArchiveNo_Format set StoreField=''"_s);
+  InWindow([&](QWidget& window) {
+    Retype(Find<QWidget>(window, u"Txt(1)"_s), u"2002"_s);
+    EXPECT_EQ(TextIn(window, u"LblHint"_s), u"录入各字段后，这里显示档号的开头"_s);
+  });
+}
+
 TEST_P(FrmArchiveParaTest, AFileThatCannotBeWrittenIsToldInTheLineAndStopsNothing) {
   AskFor(u"FileYear"_s, u"年度"_s);
   AskFor(u"KeepTime"_s, u"保管期限"_s, 2);

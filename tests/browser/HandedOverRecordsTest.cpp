@@ -48,6 +48,16 @@ TEST_P(HandedOverRecordsTest, ARecordThatIsGoneIsRefusedByEveryFlow) {
   }
 }
 
+TEST_P(HandedOverRecordsTest, BehindARecordThatIsGoneNoneIsHandedOver) {
+  MessageBoxes messages;
+  InBrowser([&](const Browser& browser) {
+    browser.List().selectAll();
+    design_->Run(u"delete from Lwdj"_s);
+    browser.Entry(u"mnu_Manager2_PassRead"_s).trigger();
+    EXPECT_EQ(messages.Texts(), (QStringList{u"该文件已不存在，可能其他人也更改或删除该文件！"_s}));
+  });
+}
+
 TEST_P(HandedOverRecordsTest, AReportGetsExactlyTheSelectedRecords) {
   design_->Insert(u"Report_Index"_s, u"Report_ID,Report_Name,Report_Group_Id,Report_Type"_s,
                   {u"77"_s, u"收文簿"_s, u"Lwdj"_s, u"1"_s});

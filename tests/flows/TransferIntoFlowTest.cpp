@@ -43,6 +43,20 @@ struct WordCase {
   QString table, word, statusColumn, status, idColumn;
 };
 
+TEST_P(TransferIntoFlowTest, AKeyWithAQuoteStandsForItsOwnRecord) {
+  const QString other = u"x' or '1'='1"_s;
+  EXPECT_FALSE(TransferRecord(u"Lwdj"_s, other, u"PassRead_File"_s));
+  EXPECT_EQ(boxes_.Last().text, u"该文件已不存在，可能其他人也更改或删除该文件！"_s);
+  design_->Insert(u"Lwdj"_s, u"ArchiveID,RegID"_s, {other, u"8"_s});
+  for (int time = 1; time <= 2; ++time) {  // the second time it is there already
+    boxes_.Clear();
+    if (time == 1) boxes_.Answer(1);
+    boxes_.Answer(2);
+    EXPECT_TRUE(TransferRecord(u"Lwdj"_s, other, u"PassRead_File"_s));
+    EXPECT_EQ(Head(u"PassRead_File"_s, u"File_ID,RegID"_s), (QStringList{other, u"8"_s}));
+  }
+}
+
 TEST_P(TransferIntoFlowTest, ARecordEntersEachFlowInItsWords) {
   const std::vector<WordCase> cases{
       {u"Distribute_File"_s, u"分发"_s, u"Distribute_Status"_s, u"未分发"_s, u"Distribute_ID"_s},

@@ -17,6 +17,7 @@ TEST(ReportSelectionTest, WithoutARowIsTheTableAndAnEmptyBracket) {
 
 TEST(ReportSelectionTest, NamesTheRecordOfAnEntryForm) {
   EXPECT_EQ(RecordSelection(u"Lwdj"_s, u"7"_s), u"Lwdj.Archiveid = '7'"_s);
+  EXPECT_EQ(RecordSelection(u"Lwdj"_s, u"7' or '1'='1"_s), u"Lwdj.Archiveid = '7'' or ''1''=''1'"_s);
 }
 
 const SheetTables kDistribution{u"Distribute_File"_s, u"Distribute_Details"_s, u"Distribute_ID"_s};
