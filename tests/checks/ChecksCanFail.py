@@ -166,5 +166,43 @@ class Tidy(unittest.TestCase):
                 self.assertEqual(answer.returncode, status)
 
 
+class Alone(unittest.TestCase):
+    def told(self, files):
+        return Tree(files).run("alone")
+
+    def test_what_includes_what_it_uses_is_fine(self):
+        files = {"src/base/A.h": "#pragma once\nstruct A {};\n", "src/base/B.h": '#pragma once\n#include "base/A.h"\nA F();\n',
+                 "src/base/B.cpp": '#include "base/B.h"\nA F() { return {}; }\n'}
+        self.assertEqual(self.told(files), (0, ""))
+
+    def test_what_lives_on_the_includes_of_another_fails(self):
+        files = {"src/base/A.h": "#pragma once\nstruct A {};\n"}
+        for name in ("src/base/B.cpp", "src/base/B.h", "include/folvane/B.h", "tests/base/B.h", "commands/B.cpp"):
+            status, text = self.told({**files, name: "inline A F() { return {}; }\n"})
+            self.assertEqual(status, 1)
+            self.assertIn(f"{name} cannot stand alone", text)
+
+    def test_a_header_without_a_guard_fails(self):
+        self.assertIn("redefinition", self.told({"src/base/A.h": "struct A {};\n"})[1])
+
+    def test_a_folder_may_count_on_what_it_precompiles_and_a_host_on_nothing(self):
+        named = {"src/CMakeLists.txt": "set(core_headers <vector>)\nset(widget_headers ${core_headers} <QLabel>)\n",
+                 "src/base/CMakeLists.txt": "folvane_folder(base)\n", "src/shell/CMakeLists.txt": "folvane_folder(shell WIDGETS)\n"}
+        label, list_ = "#pragma once\ninline QLabel* F();\n", "#pragma once\ninline std::vector<int> F();\n"
+        self.assertEqual(self.told({**named, "src/base/A.h": list_, "src/shell/B.h": label, "src/shell/C.h": list_}), (0, ""))
+        self.assertEqual(self.told({**named, "src/base/A.h": label})[0], 1)
+        self.assertEqual(self.told({**named, "include/folvane/A.h": list_})[0], 1)
+
+    def test_what_was_fine_is_read_again_when_something_changes_that_it_includes(self):
+        with tempfile.TemporaryDirectory() as folder:
+            tree = pathlib.Path(folder, "src")
+            tree.mkdir()
+            (tree / "B.cpp").write_text('#include "A.h"\nint b = a;\n', encoding="utf-8")
+            for text, status in (("extern int a;\n", 0), ("extern int c;\n", 1), ("extern int a;\n", 0)):
+                (tree / "A.h").write_text("#pragma once\n" + text, encoding="utf-8")
+                answer = subprocess.run([CHECKS / "alone", folder], capture_output=True, check=False)
+                self.assertEqual(answer.returncode, status)
+
+
 if __name__ == "__main__":
     unittest.main()
