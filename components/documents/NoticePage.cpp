@@ -33,6 +33,7 @@ NoticePage::NoticePage(QWidget* parent)
       save_(NewOffer(u"CmdSaveCopy"_s, u"save"_s, u"另存副本(&A)"_s, this)) {
   setBackgroundRole(QPalette::Window);
   text_->setObjectName(u"LblNotice"_s);
+  text_->setTextFormat(Qt::PlainText);  // what a server has said may be in it
   text_->setAlignment(Qt::AlignCenter);
   text_->setWordWrap(true);
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse);

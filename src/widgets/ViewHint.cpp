@@ -51,6 +51,7 @@ void AddEmptyHint(QAbstractItemView& view, const QString& text) {
 
 QLabel* NewHint(const QString& text, QWidget* parent) {
   auto* hint = new QLabel(text, parent);
+  hint->setTextFormat(Qt::PlainText);  // it may tell what somebody has typed
   hint->setForegroundRole(QPalette::PlaceholderText);
   return hint;
 }

@@ -197,6 +197,15 @@ TEST_F(ViewerTest, ADamagedPageIsToldAndTheOthersAreShown) {
   });
 }
 
+TEST_F(ViewerTest, WhatAServerHasSaidIsNoMarkup) {
+  const QString said = u"550 <a href='file:///etc/passwd'>x</a>"_s;
+  const Document document{u"一"_s, u".png"_s, [said](QIODevice&) { throw DataError(DataErrorKind::File, said); }};
+  InViewer({document}, [said](QWidget& window) {
+    ASSERT_TRUE(WaitForNotice(window, said));
+    EXPECT_EQ(Find<QLabel>(window, u"LblNotice"_s).textFormat(), Qt::PlainText);
+  });
+}
+
 TEST_F(ViewerTest, AFailedFetchCanBeRepeated) {
   auto calls = std::make_shared<std::atomic<int>>(0);
   const Document document{u"一"_s, u".png"_s, [calls](QIODevice& target) {

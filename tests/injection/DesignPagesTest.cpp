@@ -1,100 +1,18 @@
 // Hostile texts in the cells of the designer's pages, then written: the database holds each as it was typed, or it is
 // told why not, and with the design of before it is as it was.
-#include <optional>
-
-#include <folvane/DataError.h>
-
 #include "designer/CodesPage.h"
 #include "designer/DictionariesPage.h"
 #include "designer/FieldsPage.h"
 #include "designer/ListPage.h"
 #include "designer/NumberPage.h"
-#include "designer/PageFixture.h"
 #include "designer/ReportsPage.h"
 #include "designer/SearchPage.h"
 #include "designer/UsersPage.h"
-#include "injection/Watched.h"
+#include "injection/PageBoxes.h"
 
 namespace folvane::test {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-// Of a share of the lines one, another each time all shares were dealt out: writing a design takes its time.
-QStringList FewHostileLines() {
-  constexpr int kShares = 6;
-  static int calls = 0;
-  const QStringList some = SomeHostileLines();
-  return qEnvironmentVariableIsSet("FOLVANE_SOAK") ? some : some.mid(calls++ / kShares % some.size(), 1);
-}
-
-/// A cell of a grid, and where a design keeps what it says.
-struct Cell {
-  QString grid;
-  int row, column;
-  std::function<QString(Design&)> kept;
-};
-
-template <class Page>
-class PageBoxesTest : public PageTest<Page> {
- protected:
-  void SetUp() override {
-    PageTest<Page>::SetUp();
-    canaries_.emplace(this->Database(), program_);
-    before_ = this->Read();
-  }
-  void TearDown() override {
-    canaries_.reset();
-    PageTest<Page>::TearDown();
-  }
-  /// Writes what is wanted by now.
-  void Write() {
-    try {
-      const DesignPlan plan = this->session_->Plan();
-      this->session_->Apply(plan, std::vector<LossAnswer>(plan.losses.size(), LossAnswer::Lose));
-    } catch (const DataError& refused) {
-      refused_ = refused.Message();
-    }
-    ExpectNoMarkup(this->Shown(), "page");
-  }
-  virtual void TakeBack() {
-    const DesignPlan plan = PlanDesign(*this->Connected(), this->Read(), before_);
-    ApplyDesign(*this->Connected(), plan, std::vector<LossAnswer>(plan.losses.size(), LossAnswer::Lose));
-    this->session_->GiveUp();
-  }
-  bool WasTold() { return !this->Told().isEmpty() || !std::exchange(refused_, QString()).isEmpty(); }
-  QString PasteIntoCell(const Cell& cell, const QString& text) {
-    QWidget* editor = this->EditorOf(cell.grid, cell.row, cell.column);
-    auto* line = editor ? qobject_cast<QLineEdit*>(editor) : nullptr;
-    if (editor && !line) line = editor->template findChild<QLineEdit*>();
-    if (!line) throw std::runtime_error("nothing can be typed in " + cell.grid.toStdString());
-    line->selectAll();
-    line->insert(text);
-    const QString typed = line->text().trimmed();
-    Press(*editor, Qt::Key_Return);
-    QApplication::processEvents();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return typed;
-  }
-  void Try(const Cell& cell) {
-    const Box box{cell.grid.toStdString() + " " + std::to_string(cell.column),
-                  [&](const QString& text) {
-                    const QString typed = PasteIntoCell(cell, text);
-                    Write();
-                    return typed;
-                  },
-                  [&] {
-                    Design stored = this->Read();
-                    return cell.kept(stored);
-                  },
-                  [this] { TakeBack(); }};
-    TryBox(this->Database(), box, FewHostileLines(), [this] { return WasTold(); });
-  }
-
-  const TempProgramDirectory program_;
-  Design before_;
-  QString refused_;
-  std::optional<Canaries> canaries_;
-};
 
 class FieldBoxesTest : public PageBoxesTest<designer::FieldsPage> {
  protected:
