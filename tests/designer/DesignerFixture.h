@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
 #include <QTabWidget>
 #include <gmock/gmock.h>
 
@@ -62,7 +64,28 @@ class DesignerTest : public WithSmallDesign {
     QAbstractItemModel& model = *Find<QAbstractItemView>(window, grid).model();
     return model.setData(model.index(row, column), value, role);
   }
+  static QString Notice(QWidget& window) { return TextIn(window, QStringLiteral("Notice")); }
+  static void Undo(QWidget& window) { Run(window, QStringLiteral("mnuEdit"), QStringLiteral("mnuUndo")); }
+  static void Redo(QWidget& window) { Run(window, QStringLiteral("mnuEdit"), QStringLiteral("mnuRedo")); }
+  static QAction& Key(QWidget& window, const QString& name) { return Find<QAction>(window, name); }
+  /// Applies what the window wants, with the same answer to every question about data.
+  static void Apply(QWidget& window, int answer = 0) {
+    WithWindow(QStringLiteral("PlanDialog"), [&](QWidget& dialog) {
+      for (auto* box : dialog.findChildren<QComboBox*>()) box->setCurrentIndex(answer);
+      Click(Find(dialog, QStringLiteral("CmdOK")));
+    });
+    Run(window, QStringLiteral("mnuDesign"), QStringLiteral("mnuApply"));
+  }
+  static void NewTable(QWidget& window, const QString& caption) {
+    WithWindow(QStringLiteral("NewTableDialog"), [&](QWidget& dialog) {
+      Type(Find(dialog, QStringLiteral("TxtCaption")), caption);
+      Click(Find(dialog, QStringLiteral("CmdOK")));
+    });
+    Run(window, QStringLiteral("mnuDesign"), QStringLiteral("mnuNewTable"));
+  }
+
   const TempProgramDirectory directory_;
+  MessageBoxes boxes_;
 };
 
 }  // namespace folvane::test
