@@ -31,10 +31,18 @@ QByteArray Changed(QByteArray text, Dice& dice) {
   for (int change = dice.Between(1, 4); change > 0 && !text.isEmpty(); --change) {
     const int at = dice.Between(0, int(text.size()) - 1), length = dice.Between(1, 8);
     switch (dice.Between(0, 3)) {
-      case 0: text[at] = char(dice.Between(0, 255)); break;
-      case 1: text[at] = char(text[at] ^ (1 << dice.Between(0, 7))); break;
-      case 2: text.remove(at, length); break;
-      default: text.insert(at, text.mid(dice.Between(0, int(text.size()) - 1), length)); break;
+      case 0:
+        text[at] = char(dice.Between(0, 255));
+        break;
+      case 1:
+        text[at] = char(text[at] ^ (1 << dice.Between(0, 7)));
+        break;
+      case 2:
+        text.remove(at, length);
+        break;
+      default:
+        text.insert(at, text.mid(dice.Between(0, int(text.size()) - 1), length));
+        break;
     }
   }
   return text;
