@@ -39,7 +39,7 @@ struct HostServices {
   std::function<QString(const FileRequest&)> fileDialog;  ///< answers the path, "" when cancelled
   std::function<void()> beep;                             ///< sounds when a field refuses a key
   std::function<QDateTime()> now;                         ///< the clock
-  std::function<double()> random;                         ///< in [0, 1), seeded from the clock for each number
+  std::function<double()> random;                         ///< in [0, 1), for the last six digits of keys
   QString programDirectory;                               ///< INI files, Data folder, help; without trailing separator
   std::shared_ptr<RegistryStore> registry;                ///< default: a file of the user's
   bool ftpMustBeEncrypted = false;  ///< originals: no FTP server without encryption and a certificate that is trusted

@@ -1,13 +1,15 @@
 #include "base/KeyMaker.h"
 
+#include <QCoreApplication>
 #include <chrono>
-#include <utility>
 
 #include <folvane/HostServices.h>
 #include <folvane/createdname.h>
 
 namespace folvane {
 namespace {
+
+constexpr int kNumbers = 1'000'000;
 
 // Zeros before the trimmed number up to the width; a longer number stays whole.
 QString Padded(int number, int width) { return QString::number(number).rightJustified(width, u'0'); }
@@ -24,37 +26,28 @@ QString CreateName() {
   name += Padded(now().time().hour(), 2);
   name += Padded(now().time().minute(), 2);
   name += Padded(now().time().second(), 2);
-  return name + Padded(int(Services().random() * 1e6), 6);
+  return name + Padded(int(Services().random() * kNumbers), 6);
 }
 
 QString createdname::CreateName() const { return folvane::CreateName(); }
 
 ClockSeededRandom::ClockSeededRandom() : generator_(std::random_device{}()) {}
 
+// Halves keep the number whole when it is multiplied again.
 double ClockSeededRandom::Next() {
-  ForgetOldDraws();
-  double number = Draw();
-  // Half of the million is room enough for two seconds; beyond that a repeat is let pass rather than searched round.
-  while (drawn_.size() + drawnBefore_.size() < 500'000 &&
-         (drawnBefore_.count(int(number * 1e6)) || drawn_.count(int(number * 1e6)))) {
-    number = Draw();
-  }
-  drawn_.insert(int(number * 1e6));
-  return number;
-}
-
-double ClockSeededRandom::Draw() {
-  // The draw before goes into the seed: the clock alone would repeat itself within one tick.
-  generator_.seed(generator_() ^ std::uint64_t(SinceEpoch().count()));
-  return double(generator_() >> 11) * 0x1p-53;
-}
-
-void ClockSeededRandom::ForgetOldDraws() {
   const qint64 second = std::chrono::duration_cast<std::chrono::seconds>(SinceEpoch()).count();
-  if (second == second_) return;
-  drawnBefore_ = second == second_ + 1 ? std::exchange(drawn_, {}) : std::unordered_set<int>{};
-  drawn_.clear();
+  const qint64 process = QCoreApplication::applicationPid();
+  const bool goesOn = process == process_ && second <= second_ + 1;  // also when the clock was put back
+  number_ = goesOn ? (number_ + 1) % kNumbers : Drawn();
+  process_ = process;  // a process that copies another does not go on with its numbers
   second_ = second;
+  return (number_ + 0.5) / kNumbers;
+}
+
+// The draw before goes into the seed: the clock alone would repeat itself within one tick.
+int ClockSeededRandom::Drawn() {
+  generator_.seed(generator_() ^ std::uint64_t(SinceEpoch().count()));
+  return int(generator_() % kNumbers);
 }
 
 }  // namespace folvane

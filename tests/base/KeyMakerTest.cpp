@@ -62,35 +62,44 @@ TEST(CreateName, IsNeverTheSameTwiceInABulkOfTenThousand) {
   EXPECT_EQ(names.size(), 10'000u);
 }
 
-// A process that copies another begins with what that has drawn so far.
-TEST(CreateName, DrawsOtherNumbersInEachProcess) {
-  constexpr int kDraws = 1000;
-  CreateName();
-  const auto draw = [] {
+// How many of the numbers that two processes take in the same moment both have.
+std::ptrdiff_t TakenByBoth() {
+  const auto take = [] {
     QByteArrayList names;
-    for (int count = 0; count < kDraws; ++count) names << CreateName().right(6).toLatin1();
+    for (int count = 0; count < 2000; ++count) names << CreateName().right(6).toLatin1();
     return names.join(',');
   };
-  std::map<QByteArray, int> drawn;
-  for (const QByteArray& answer : test::AtOnce({draw, draw}))
-    for (const QByteArray& digits : answer.split(',')) ++drawn[digits];
-  const auto both = std::count_if(drawn.begin(), drawn.end(), [](const auto& digits) { return digits.second > 1; });
-  EXPECT_GT(drawn.size(), kDraws);
-  EXPECT_LT(both, 20) << "of a million numbers, where chance alone gives one";
+  std::map<QByteArray, int> taken;
+  for (const QByteArray& answer : test::AtOnce({take, take}))
+    for (const QByteArray& digits : answer.split(',')) ++taken[digits];
+  return std::count_if(taken.begin(), taken.end(), [](const auto& digits) { return digits.second > 1; });
 }
 
-TEST(ClockSeededRandom, StaysBelowOneAndSpreadsOverTheRange) {
-  ClockSeededRandom random;
+// Both are copies of this process, which has just taken one. Numbers that were all random would meet each time.
+TEST(CreateName, TakesOtherNumbersInEachProcess) {
+  CreateName();
+  int met = 0;
+  for (int time = 0; time < 3; ++time) met += TakenByBoth() > 0;
+  EXPECT_LE(met, 1) << "which happens in one of 250";
+}
+
+TEST(ClockSeededRandom, BeginsAnywhereBelowOne) {
   double sum = 0, least = 1, greatest = 0;
-  for (int count = 0; count < 10'000; ++count) {
-    const double number = random.Next();
+  for (int count = 0; count < 1'000; ++count) {
+    const double number = ClockSeededRandom().Next();
     sum += number;
     least = std::min(least, number);
     greatest = std::max(greatest, number);
   }
   EXPECT_GE(least, 0.0);
   EXPECT_LT(greatest, 1.0);
-  EXPECT_NEAR(sum / 10'000, 0.5, 0.05);  // 17 standard deviations
+  EXPECT_NEAR(sum / 1'000, 0.5, 0.1);  // 11 standard deviations
+}
+
+TEST(ClockSeededRandom, CountsOnByMillionths) {
+  ClockSeededRandom random;
+  const int first = int(random.Next() * 1e6);
+  for (int count = 1; count <= 10'000; ++count) ASSERT_EQ(int(random.Next() * 1e6), (first + count) % 1'000'000);
 }
 
 }  // namespace
