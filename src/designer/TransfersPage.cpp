@@ -79,7 +79,18 @@ TransfersPage::TransfersPage(DesignSession& session)
 
 TransfersPage::~TransfersPage() { KeepSizes(*below_, kTransferSizes); }
 
-void TransfersPage::Refresh() { maps_->Refresh(); }
+void TransfersPage::Refresh() {
+  checked_.reset();
+  maps_->Refresh();
+}
+
+TransfersPage::Checked& TransfersPage::CheckedNow() const {
+  const Design& wanted = Session().Wanted();
+  if (!checked_ || checked_->design != &wanted)
+    checked_.emplace(
+        Checked{&wanted, design::SettingsOf(wanted), design::TablesOf(wanted, Session().Database().get())});
+  return *checked_;
+}
 
 const Map* TransfersPage::CurrentIn(const Design& design) const {
   const int row = maps_->CurrentRow();
@@ -109,10 +120,9 @@ GridModel* TransfersPage::NewMaps() {
   ThingColumn<Map> complaint;
   complaint.look = {u"提示"_s, GridColumn::Kind::Text, 40, {}, u"这一项有什么不妥"_s};
   complaint.read = [this](const Map& map) {
-    const Design& wanted = Session().Wanted();
-    transfer::BusinessTables tables = design::TablesOf(wanted, Session().Database().get());
-    const auto at = std::size_t(&map - wanted.transfers.data());
-    return transfer::TextOf(transfer::CheckSet(design::SettingsOf(wanted), at, tables));
+    Checked& now = CheckedNow();
+    const auto at = std::size_t(&map - now.design->transfers.data());
+    return transfer::TextOf(transfer::CheckSet(now.settings, at, now.tables));
   };
   return new ThingModel<Map>(Session(), rules, {TableColumn(&Map::source), TableColumn(&Map::destination), complaint},
                              this);
@@ -152,24 +162,20 @@ GridModel* TransfersPage::NewLinks() {
 }
 
 QString TransfersPage::FateOf(const Link& link) const {
-  const Design& wanted = Session().Wanted();
-  const Map* map = CurrentIn(wanted);
+  Checked& now = CheckedNow();
+  const Map* map = CurrentIn(*now.design);
   if (!map) return {};
-  const transfer::Settings settings = design::SettingsOf(wanted);
-  transfer::BusinessTables tables = design::TablesOf(wanted, Session().Database().get());
-  const auto set = std::size_t(map - wanted.transfers.data()), at = std::size_t(&link - map->links.data());
-  const QString findings = transfer::TextOf(transfer::CheckLink(settings, settings.sets[set], at, tables));
+  const auto set = std::size_t(map - now.design->transfers.data()), at = std::size_t(&link - map->links.data());
+  const QString findings = transfer::TextOf(transfer::CheckLink(now.settings, now.settings.sets[set], at, now.tables));
   return findings.isEmpty() ? u"原样写入"_s : findings;
 }
 
 void TransfersPage::Pair() {
-  const Design& wanted = Session().Wanted();
-  const Map* map = CurrentIn(wanted);
+  Checked& now = CheckedNow();
+  const Map* map = CurrentIn(*now.design);
   if (!map) return;
-  const transfer::Settings settings = design::SettingsOf(wanted);
-  transfer::BusinessTables tables = design::TablesOf(wanted, Session().Database().get());
-  const auto suggested =
-      transfer::SuggestLinks(settings, settings.sets[std::size_t(map - wanted.transfers.data())], tables);
+  const auto set = std::size_t(map - now.design->transfers.data());
+  const auto suggested = transfer::SuggestLinks(now.settings, now.settings.sets[set], now.tables);
   if (suggested.empty()) {
     Q_EMIT Session().Told(u"没有名称或标题相同、还没有对应的字段。"_s);
     return;

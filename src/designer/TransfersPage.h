@@ -1,5 +1,9 @@
 #pragma once
 
+#include <optional>
+
+#include "design/transfer/BusinessTables.h"
+#include "design/transfer/Settings.h"
 #include "designer/DesignPage.h"
 #include "designer/ThingModel.h"
 
@@ -28,12 +32,20 @@ class TransfersPage : public DesignPage {
   const Design::TransferMap* CurrentIn(const Design& design) const;
   /// The fields at an end of the current pair; none where the design does not have the table.
   const std::vector<Design::Field>& FieldsAt(const Design& design, QString Design::TransferMap::*end) const;
+  /// What the checks of transfers read. It is made of the whole design, and every cell that they fill asks for it.
+  struct Checked {
+    const Design* design;
+    transfer::Settings settings;
+    transfer::BusinessTables tables;
+  };
+  Checked& CheckedNow() const;
   QString FateOf(const Design::TransferLink& link) const;
   void Pair();
 
   DesignGrid *maps_, *links_ = nullptr;
   QSplitter* below_;
   QAction* pair_;
+  mutable std::optional<Checked> checked_;  ///< until there is another design
 };
 
 }  // namespace folvane::designer
