@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "data/Utf8.h"
+
 // A row is its values one after the other. A value is a header, length << 2 | tag, as a base-128 number, and as many
 // bytes as the length says. Tag 0 is null with length 0 and bytes otherwise, 1 an integer, 2 a real, 3 text.
 namespace folvane {
@@ -52,7 +54,7 @@ QVariant Cell::ToVariant() const {
     case Real:
       return real;
     case Text:
-      return QString::fromUtf8(bytes);
+      return TextOfUtf8(bytes);
     case Bytes:
       return QByteArray(bytes.data(), bytes.size());
   }

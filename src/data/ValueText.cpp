@@ -7,6 +7,8 @@
 
 #include <folvane/DataError.h>
 
+#include "data/Utf8.h"
+
 namespace folvane {
 
 namespace {
@@ -62,7 +64,7 @@ QString ValueText(const QVariant& value) {
       return moment.toString(midnight ? u"yyyy-MM-dd"_s : u"yyyy-MM-dd HH:mm:ss"_s);
     }
     case QMetaType::QByteArray:
-      return QString::fromUtf8(value.toByteArray());
+      return TextOfUtf8(value.toByteArray());
     default:
       return value.toString();
   }
@@ -86,17 +88,17 @@ QVariant DecodeCell(const Cell& cell, const ColumnInfo& column) {
     case TypeGroup::Number:
       if (cell.kind == Cell::Text) {
         const QVariant number = NumberFromText(QString::fromUtf8(cell.bytes), column.type);
-        return number.isValid() ? number : QVariant(QString::fromUtf8(cell.bytes));
+        return number.isValid() ? number : QVariant(TextOfUtf8(cell.bytes));
       }
       return cell.ToVariant();
     case TypeGroup::Date:
       if (cell.kind == Cell::Text) {
         const QVariant date = DateFromText(QString::fromUtf8(cell.bytes), column.type);
-        return date.isValid() ? date : QVariant(QString::fromUtf8(cell.bytes));
+        return date.isValid() ? date : QVariant(TextOfUtf8(cell.bytes));
       }
       return ValueText(cell.ToVariant());
     case TypeGroup::Text:
-      return cell.kind == Cell::Text ? QVariant(QString::fromUtf8(cell.bytes)) : QVariant(ValueText(cell.ToVariant()));
+      return cell.kind == Cell::Text ? QVariant(TextOfUtf8(cell.bytes)) : QVariant(ValueText(cell.ToVariant()));
     case TypeGroup::Binary:
       return cell.ToVariant();
   }

@@ -14,15 +14,11 @@ struct TextCase {
 
 const std::vector<TextCase>& KnownTexts() {
   static const std::vector<TextCase> texts{
-      {"Chinese", u"关于归档文件整理规则的通知"_s},
-      {"BeyondTheBasicPlane", QString::fromUtf8("𠀀𪚥字😀")},
-      {"Quotes", u"it's \"so\" `and` ''twice''"_s},
-      {"QuestionMarksAndBraces", u"a ? b {d '2002-03-04'} ?"_s},
-      {"Backslashes", u"C:\\Data\\'new'\\n \\000 \\"_s},
-      {"LinesAndTabs", u"one\r\ntwo\n\tthree"_s},
-      {"BlanksAround", u"  in the middle  "_s},
-      {"LongAscii", QString(100 * 1024, u'x')},
-      {"LongChinese", QString(100 * 1024, QChar(0x6863))},
+      {"Chinese", u"关于归档文件整理规则的通知"_s},      {"BeyondTheBasicPlane", QString::fromUtf8("𠀀𪚥字😀")},
+      {"Quotes", u"it's \"so\" `and` ''twice''"_s},      {"QuestionMarksAndBraces", u"a ? b {d '2002-03-04'} ?"_s},
+      {"Backslashes", u"C:\\Data\\'new'\\n \\000 \\"_s}, {"AByteOrderMark", QChar(QChar::ByteOrderMark) + u"公文"_s},
+      {"LinesAndTabs", u"one\r\ntwo\n\tthree"_s},        {"BlanksAround", u"  in the middle  "_s},
+      {"LongAscii", QString(100 * 1024, u'x')},          {"LongChinese", QString(100 * 1024, QChar(0x6863))},
   };
   return texts;
 }

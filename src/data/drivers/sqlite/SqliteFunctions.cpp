@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include "data/TextFold.h"
+#include "data/Utf8.h"
 #include "data/dialect/Refusal.h"
 #include "data/drivers/sqlite/SqliteErrors.h"
 #include "data/drivers/sqlite/SqliteFunctionTools.h"
@@ -69,7 +70,7 @@ QByteArrayView Utf8Of(sqlite3_value* value) {
   return {text, sqlite3_value_bytes(value)};
 }
 
-QString TextOf(sqlite3_value* value) { return QString::fromUtf8(Utf8Of(value)); }
+QString TextOf(sqlite3_value* value) { return TextOfUtf8(Utf8Of(value)); }
 
 void ResultText(sqlite3_context* context, const QString& text) {
   const QByteArray utf8 = text.toUtf8();

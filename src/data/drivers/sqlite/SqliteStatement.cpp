@@ -3,6 +3,7 @@
 #include <QStringEncoder>
 #include <sqlite3.h>
 
+#include "data/Utf8.h"
 #include "data/ValueText.h"
 #include "data/drivers/sqlite/SqliteErrors.h"
 
@@ -88,7 +89,7 @@ bool SqliteStatement::IsNull(int column) const { return sqlite3_column_type(stat
 
 QString SqliteStatement::Text(int column) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-  return QString::fromUtf8(text, text ? sqlite3_column_bytes(statement_, column) : 0);
+  return TextOfUtf8({text, text ? sqlite3_column_bytes(statement_, column) : 0});
 }
 
 qint64 SqliteStatement::Integer(int column) const { return sqlite3_column_int64(statement_, column); }
