@@ -20,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 constexpr char kHostile[] = "<script src=x>{{#ROWS}}{{Title}}";
 
 std::shared_ptr<Connection> Database() {
-  sqlite3* handle = nullptr;
+  static sqlite3* handle = nullptr;  // as long as the program
   sqlite3_open(":memory:", &handle);
   sqlite3_exec(handle,
                "CREATE TABLE DynamicWindows (TableName text,FieldName text,ChnFieldName text,FieldLong integer,"
