@@ -96,6 +96,16 @@ TEST_P(BrowserStartTest, ATableNoLongerInTheDesignLeavesAnEmptyListWithoutAMessa
   EXPECT_EQ(Remembered(), QString());
 }
 
+TEST_P(BrowserStartTest, ATableWhoseClassIsGoneLeavesAnEmptyListWithoutAMessage) {
+  design_->AddPlainTable(u"Kj"_s, u"科技文件"_s, 3);
+  Remember(u"Kj,"_s);
+  InBrowser([&](const Browser& browser) {
+    EXPECT_EQ(browser.List().model()->columnCount(), 0);
+    EXPECT_EQ(browser.KeysBelow(u"*\\"_s), QStringList{u"C2\\"_s});
+  });
+  EXPECT_EQ(Remembered(), QString());
+}
+
 TEST_P(BrowserStartTest, ATableWithADateAndNothingThisYearIsEmptyUntilRefreshShowsAllYears) {
   design_->AddPlainTable(u"Lwdj"_s, u"来文登记"_s, 2, true);
   design_->AddRecords(u"Lwdj"_s, 2);

@@ -220,6 +220,7 @@ const std::vector<StatementCase> kDateStatements{
     {"DateAdd",
      VALUE("DateAdd(month,1,'2002-01-31'),DateAdd(day,-1,day),DateAdd(yy,1,day)"),
      {"2002-02-28|2002-03-03|2003-03-04"}},
+    {"DateAdd back to the first year", VALUE("DateAdd(year,-1,'0002-03-04')"), {"0001-03-04"}},
     {"DateAdd of a time", VALUE("DateAdd(hour,14,moment)"), {"2002-03-05 00:20:30"}},
     {"a day more", VALUE("day+1,day-4"), {"2002-03-05|2002-02-28"}},
     {"Convert with styles",

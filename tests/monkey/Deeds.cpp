@@ -140,10 +140,10 @@ Deed EnterText(QWidget& window, Dice& dice) {
   const QByteArray said = "text " + QByteArray::number(text.size()) + " '" + text.left(20).toUtf8().simplified() + '\'';
   return {said, [window = Shown(&window), text, way, over] {
             if (over) Press(window, Qt::Key_A, Qt::ControlModifier, {});
-            if (way == 1 && QApplication::focusWidget()) {
+            if (way == 1) {
               QInputMethodEvent typed;
               typed.setCommitString(text);
-              QApplication::sendEvent(QApplication::focusWidget(), &typed);
+              if (QWidget* focus = QApplication::focusWidget()) QApplication::sendEvent(focus, &typed);
             } else if (way == 2) {
               QApplication::clipboard()->setText(text);
               Press(window, Qt::Key_V, Qt::ControlModifier, {});

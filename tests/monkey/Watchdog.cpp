@@ -98,6 +98,8 @@ void Watchdog::Look() {
     return;
   if (began != began_) return;
   Tell("\nmonkey: the last event does not end\n");
+  TellLastEvents();  // the sanitizers let an abort pass without a word
+  std::signal(SIGABRT, SIG_DFL);
   std::abort();
 }
 

@@ -185,6 +185,17 @@ TEST(ValuesThatFitNoColumn, GoIntoATextOfAnyLength) {
   }
 }
 
+TEST(ColumnsOfAFile, HoldTextOfAnyLengthWhereNoneIsDefined) {
+  ColumnInfo column;
+  column.type = AdoType::VarChar;
+  for (const int size : {0, std::numeric_limits<int>::max()}) {
+    column.definedSize = size;
+    EXPECT_EQ(DescribeForFile(column, 1).maxLength, quint32(std::numeric_limits<int>::max())) << size;
+  }
+  column.definedSize = 1;
+  EXPECT_EQ(DescribeForFile(column, 1).maxLength, 1U);
+}
+
 TEST(ValuesThatFitAColumn, DaysAtMidnight) {
   const ColumnDescriptor column = Column(AdoType::DbDate);
   for (const char* text : {"2002-03-04", "2002/3/4", "20020304", "2002-03-04 00:00", "2002-03-04T00:00:00.000"})
