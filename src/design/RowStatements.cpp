@@ -115,7 +115,7 @@ void RequireFitting(Connection& connection, const RowSet& set, const QVariantLis
   for (qsizetype at = 0; at < row.size(); ++at) {
     if (row[at].typeId() != QMetaType::QString) continue;
     const QString text = row[at].toString();
-    // A mark of the order of bytes is lost at the beginning of a text.
+    // Nobody sees a byte order mark at the beginning of a text, and a file of designs does not keep it.
     if (text.contains(QChar::Null) || text.startsWith(QChar::ByteOrderMark) || !text.isValidUtf16())
       throw DataError(DataErrorKind::Usage, u"%1的 %2 中有不能存储的字符。"_s.arg(set.TitleOf(row), set.columns[at]));
     const ColumnInfo column = ColumnOf(connection, set.table, set.columns[at]);

@@ -122,6 +122,12 @@ TEST_P(Lengths, BlanksThatDoNotFitAreLeftOff) {
   EXPECT_EQ(Code(1), u"next"_s);
 }
 
+TEST(FittedText, OfNothingButBlanksAsManyStayAsFit) {
+  ColumnInfo column;
+  column.definedSize = 3;
+  EXPECT_EQ(FittedText(QString(5, u' '), column), QString(3, u' '));
+}
+
 TEST(FittedText, AColumnOfNationalCharactersHoldsAsManyAsItSays) {
   ColumnInfo column;
   column.name = u"题名"_s;

@@ -92,6 +92,22 @@ TEST_P(FollowedNumberTest, BehindTheGreatestOfAllThereIsNoNumber) {
       true);
 }
 
+TEST_P(FollowedNumberTest, ANextNumberThatCannotBeReadIsToldAndWhatWasTypedStays) {
+  Formula(RegFormula::FileDate);
+  Design({u"FileDate"_s, u"日期"_s, ControlKind::DTP});
+  Design({u"RegID"_s, u"登记号"_s});
+  InWindow(
+      [&](const Input& input) {
+        Run(u"alter table Lwdj rename to Away"_s);
+        input.Retype(u"DTP(1)"_s, u"2003-05-06"_s);
+        Run(u"alter table Away rename to Lwdj"_s);
+        EXPECT_EQ(boxes_.Requests().size(), 1u);
+        EXPECT_EQ(input.Text(u"DTP(1)"_s), u"2003-05-06"_s);
+        input.Do(u"CancelRecord"_s);
+      },
+      true);
+}
+
 TEST_P(FollowedNumberTest, TheNumberFollowsAnArchiveDateOfANewRecord) {
   Formula(RegFormula::CreatedDate);
   AddRecords(1);

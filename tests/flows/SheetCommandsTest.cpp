@@ -178,6 +178,42 @@ TEST_P(SheetCommandsTest, TheHeadDialogShowsTheCopiesAndWritesTheRest) {
   EXPECT_EQ(RecordState(u"11"_s, u"ReadState"_s), u"<null>"_s);
 }
 
+TEST_P(SheetCommandsTest, EachFlowOffersTheWordsOfItsOwnDictionaries) {
+  struct Offered {
+    const Flow& flow;
+    QString states, units;
+  };
+  const std::vector<Offered> flows{{Distribution(), u"分发情况"_s, u"分发单位"_s},
+                                   {Circulation(), u"传阅情况"_s, u"审阅单位/领导"_s},
+                                   {Handling(), u"处理情况"_s, u"审阅单位/领导"_s}};
+  for (const QString& name : {u"分发情况"_s, u"分发单位"_s, u"传阅情况"_s, u"审阅单位/领导"_s, u"处理情况"_s}) {
+    design_->Insert(u"AssistantDictionary"_s, u"DicID,Name"_s, {name, name});
+    design_->Insert(u"AssistantDicKey"_s, u"DicID,Name"_s, {name, u"甲"_s + name});
+  }
+  for (const Offered& offered : flows) {
+    SCOPED_TRACE(offered.flow.window.toStdString());
+    AddHeads(offered.flow, 1);
+    AddDetail(offered.flow, K(1), 1, u"a"_s, u"0"_s);
+    const auto finds = [](QWidget& dialog, const QString& box, const QString& word) {
+      return Find<QComboBox>(dialog, box).findText(word) >= 0;
+    };
+    Open(offered.flow.window, [&](QWidget& window) {
+      WithWindow(offered.flow.headDialog, [&](QWidget& dialog) {
+        EXPECT_TRUE(finds(dialog, u"cboStatus"_s, u"甲"_s + offered.states));
+        dialog.close();
+      });
+      DoubleClickItem(Heads(window), Heads(window).model()->index(0, 7));
+      WithWindow(offered.flow.detailDialog, [&](QWidget& dialog) {
+        EXPECT_TRUE(finds(dialog, u"CboUnit"_s, u"甲"_s + offered.units));
+        dialog.close();
+      });
+      ClickGrid(Details(window), 0);
+      Press(Details(window), Qt::Key_Enter);
+    });
+    design_->Run(u"delete from Lwdj"_s);
+  }
+}
+
 TEST_P(SheetCommandsTest, WhatAQuoteBrokeIsToldAndShownAgain) {
   AddHeads(Circulation(), 1);
   Open(u"frmPassFile"_s, [this](QWidget& window) {
