@@ -178,6 +178,16 @@ TEST_P(Keyless, ARowIsKnownByAllItsValuesNullIncluded) {
   EXPECT_EQ(Count("word = 'b' AND n = 22"), u"1"_s);
 }
 
+TEST_P(Keyless, ARowIsToldFromOthersByItsFirstValueAlone) {
+  Database().Native(u"INSERT INTO notes VALUES ('other', 3, NULL)"_s);
+  records_->Requery();
+  records_->Find(u"word = 'other'"_s);
+  (*records_)[u"n"_s].SetValue(4);
+  records_->UpdateBatch();
+  EXPECT_EQ(Count("word = 'other' AND n = 4"), u"1"_s);
+  EXPECT_EQ(Count("word = 'same' AND n = 3"), u"2"_s);
+}
+
 TEST_P(Keyless, ARowThatCannotBeToldFromAnotherIsNotWritten) {
   records_->MoveLast();
   (*records_)[u"n"_s].SetValue(4);

@@ -60,6 +60,13 @@ TEST_P(Types, EveryColumnTellsItsTypeAndSize) {
   }
 }
 
+TEST_P(Types, AFirstColumnTellsItsSizeToo) {
+  Database().Native(u"CREATE TABLE edges (edge varchar(255), id integer)"_s);
+  Recordset records;
+  records.Open(u"Select * From edges"_s, Connected());
+  EXPECT_EQ(records.Fields().Item(0).DefinedSize(), 255);
+}
+
 TEST_P(Types, EveryKindOfValueIsReadBackAsItWasWritten) {
   const std::pair<const char*, QVariant> values[]{{"id", 1LL},
                                                   {"small", -7LL},

@@ -1,5 +1,7 @@
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <gmock/gmock.h>
 
 #include "RuleWindowFixture.h"
 #include "shell/Messages.h"
@@ -22,6 +24,9 @@ TEST_P(FrmSaveCollectTest, ShowsTheRulesOfTheTableInTheirLines) {
     EXPECT_EQ(Find<QCheckBox>(Window(), u"ChkCustom"_s).text(), u"当前表"_s);
     EXPECT_TRUE(Find<QCheckBox>(Window(), u"ChkCustom"_s).isChecked());
     EXPECT_FALSE(Tables().isEnabled());
+    QStringList captions;
+    for (const QLabel* label : Window().findChildren<QLabel*>()) captions << label->text();
+    EXPECT_THAT(captions, testing::IsSupersetOf({u"字段名"_s, u"比较关系"_s, u"比较值"_s}));
   });
 }
 
