@@ -77,10 +77,11 @@ QStringList DesignTree::Outline(const QStandardItem* under) const {
   return lines;
 }
 
-void DesignTree::AddTables(QStandardItem& above, int classId) {
+void DesignTree::AddTables(QStandardItem& above, const Design::Class* in) {
   const Design& design = session_.Wanted();
-  const auto isPlaced = [&](const Design::Table& table) {
-    return design::FindByKey(design.classes, QString::number(table.classId)) != nullptr;
+  const auto isLoose = [&](const Design::Table& table) {
+    return std::none_of(design.classes.begin(), design.classes.end(),
+                        [&](const Design::Class& each) { return each.id == table.classId; });
   };
   const auto add = [&](QStandardItem& node, const Design::Table& table, const auto& self, int depth) -> void {
     auto* item = NewItem(table.caption.isEmpty() ? table.name : table.caption, u"table"_s,
@@ -92,7 +93,7 @@ void DesignTree::AddTables(QStandardItem& above, int classId) {
         self(*item, below, self, depth + 1);
   };
   for (const Design::Table& table : design.tables) {
-    if (isPlaced(table) ? table.classId != classId : classId != 0) continue;
+    if (in ? table.classId != in->id : !isLoose(table)) continue;
     const Design::Table* parent = design::FindNamed(design.tables, table.parent);
     if (!parent || design::IsSame(table.parent, table.name)) add(above, table, add, 0);
   }
@@ -105,7 +106,7 @@ void DesignTree::AddClasses(QStandardItem& above, int parent, int depth) {
                          {DesignNode::Kind::Class, QString::number(each.id)});
     above.appendRow(item);
     AddClasses(*item, each.id, depth + 1);
-    AddTables(*item, each.id);
+    AddTables(*item, &each);
   }
 }
 
@@ -126,7 +127,7 @@ void DesignTree::Refresh() {
   items_->appendRow(root);
   AddClasses(*root, 1, 0);
   auto* loose = NewItem(u"不在类别中的表"_s, u"close"_s, {DesignNode::Kind::Class, kLoose});
-  AddTables(*loose, 0);
+  AddTables(*loose, nullptr);
   loose->hasChildren() ? root->appendRow(loose) : delete loose;
   for (const Page& page : pages_)
     items_->appendRow(NewItem(page.title, page.icon, {DesignNode::Kind::Page, page.name}));

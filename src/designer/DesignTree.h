@@ -39,7 +39,8 @@ class DesignTree : public QTreeView {
  private:
   void Refresh();
   void AddClasses(QStandardItem& above, int parent, int depth);
-  void AddTables(QStandardItem& above, int classId);
+  /// @param in none for those that are in no class
+  void AddTables(QStandardItem& above, const Design::Class* in);
   static QStandardItem* NewItem(const QString& text, const QString& icon, const DesignNode& node);
   QStandardItem* Find(const DesignNode& node, QStandardItem* under = nullptr) const;
   QStringList Outline(const QStandardItem* under = nullptr) const;

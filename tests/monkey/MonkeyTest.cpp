@@ -91,7 +91,7 @@ class MonkeyTest : public testing::Test {
 // What it applies is another design than before, but one that can be read, checked and worked with.
 TEST_F(MonkeyTest, LeavesADesignThatHoldsTogether) {
   const DrivenByTest byMonkey;
-  const int events = events_ / 3;
+  const int events = NumberFrom("FOLVANE_MONKEY_EVENTS", kQuickEvents / 3);
   Monkey monkey(quint64(seed_), events, [&](int) { cage_.NextStep(); });
   monkey.Run([](quint64) { ShowDesigner(); });
   EXPECT_FALSE(connection_->InTransaction());
