@@ -31,7 +31,7 @@ std::optional<YearPart> FindYear(const QString& text) {
 }
 
 std::optional<DocumentNumber> SplitWithYear(const QString& text, const YearPart& part) {
-  static const QRegularExpression pattern(u"^([^%1]*?)(?:([%1]+)([^%1]*)|(号?))$"_s.arg(kDigits));
+  static const QRegularExpression pattern(u"^([^%1]*?)(?:([%1]+)([^%1]*)|(号?))\\z"_s.arg(kDigits));
   const QRegularExpressionMatch rest = pattern.match(text.sliced(part.end));
   if (!rest.hasMatch()) return {};
   return DocumentNumber{text.left(part.begin), part.brackets,    part.year,
@@ -39,7 +39,7 @@ std::optional<DocumentNumber> SplitWithYear(const QString& text, const YearPart&
 }
 
 std::optional<DocumentNumber> SplitWithoutYear(const QString& text) {
-  static const QRegularExpression pattern(u"^([^%1]*)第([%1]+)(号[^%1]*)$"_s.arg(kDigits));
+  static const QRegularExpression pattern(u"^([^%1]*)第([%1]+)(号[^%1]*)\\z"_s.arg(kDigits));
   const QRegularExpressionMatch match = pattern.match(text);
   if (!match.hasMatch()) return {};
   return DocumentNumber{match.captured(1), {}, {}, u"第"_s, match.captured(2), match.captured(3)};

@@ -73,6 +73,7 @@ TEST(DocumentNumber, CountsOnPastAnyInteger) {
 TEST(DocumentNumber, WaitsForARunningNumber) {
   EXPECT_EQ(NextDocumentNumber(u"国发〔2002〕号"_s), u"国发〔2002〕号"_s);
   EXPECT_EQ(NextDocumentNumber(u"国发〔2002〕"_s), u"国发〔2002〕"_s);
+  EXPECT_EQ(NextDocumentNumber(u"国发〔2002〕\n"_s), u"国发〔2002〕\n"_s);
 }
 
 TEST(DocumentNumber, LeavesATextOfAnotherFormatAsItIs) { EXPECT_EQ(NextDocumentNumber(u"国发17号"_s), u"国发17号"_s); }
