@@ -13,7 +13,7 @@ QString FromGb18030(const QByteArray& bytes) {
   if (handle == iconv_t(-1)) return QString::fromLatin1(bytes);
   QString text;
   text.reserve(bytes.size());
-  std::vector<char16_t> buffer(1 << 16);
+  std::vector<char16_t> buffer(std::size_t(qMin(bytes.size() + 1, qsizetype(1) << 16)));
   char* source = const_cast<char*>(bytes.data());  // iconv's signature; it does not write there
   std::size_t left = std::size_t(bytes.size());
   while (left > 0) {
