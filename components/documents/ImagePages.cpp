@@ -18,7 +18,8 @@ void RequireDecodable(const QImageReader& reader) {
   const QSize size = reader.size();
   if (!size.isValid() || size.isEmpty()) ThrowDamaged();
   const int bits = qMax(32, int(QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel()));
-  if (double(size.width()) * size.height() * bits / 8 <= double(kMostImageBytes)) return;
+  const bool fits = double(size.width()) * size.height() * bits / 8 <= double(kMostImageBytes);
+  if (fits && qMax(size.width(), size.height()) <= kLongestSide) return;
   throw DataError(DataErrorKind::File, u"图像过大（%1 × %2 像素），无法显示。"_s.arg(size.width()).arg(size.height()));
 }
 

@@ -48,7 +48,10 @@ std::unique_ptr<PageSource> OpenPages(const QString& path, const QString& type, 
 QSize SizeInPixels(const QSizeF& points, double scale) {
   const double pixels = points.width() * scale * points.height() * scale;
   if (pixels > kMostPixels) scale *= std::sqrt(kMostPixels / pixels);
-  return (points * scale).toSize().expandedTo(QSize(1, 1));
+  const auto side = [scale](double length) {
+    return qRound(std::fmin(std::fmax(length * scale, 1), kLongestSide));  // 1 for what is no number
+  };
+  return {side(points.width()), side(points.height())};
 }
 
 }  // namespace folvane::documents

@@ -11,6 +11,9 @@ namespace folvane::documents {
 
 /// A drawn page has at most so many pixels (64 MB); a larger scale gives that many.
 constexpr double kMostPixels = 16e6;
+/// The longest side of an image that is decoded or drawn, in pixels: 42 m at 600 dots per inch. Qt loses count when it
+/// makes a side smaller by a factor of 32768.
+constexpr int kLongestSide = 1'000'000;
 
 /// The pages of one file. A source is used from one thread. Members throw DataError File where a page is damaged or
 /// too large.
@@ -40,7 +43,7 @@ class PasswordNeeded : public DataError {
 /// @throws DataError File where the file is damaged or too large, PasswordNeeded
 std::unique_ptr<PageSource> OpenPages(const QString& path, const QString& type, const QString& password = {});
 
-/// The size in pixels of a page at a scale, within kMostPixels.
+/// The size in pixels of a page at a scale, within kMostPixels and kLongestSide.
 QSize SizeInPixels(const QSizeF& points, double scale);
 
 }  // namespace folvane::documents

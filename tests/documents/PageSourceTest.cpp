@@ -91,6 +91,8 @@ TEST_F(PageSourceTest, OfATruncatedTiffFileTheWholePagesAreShown) {
 
 TEST_F(PageSourceTest, AHugeImageIsRefusedByItsHead) {
   EXPECT_EQ(Refusal(PngHead(60000, 60000), u".png"_s), u"图像过大（60000 × 60000 像素），无法显示。"_s);
+  const QByteArray strip = ImageFile(FilledImage(1, 1000001, Qt::white), "bmp");
+  EXPECT_EQ(Refusal(strip, u".bmp"_s), u"图像过大（1 × 1000001 像素），无法显示。"_s);
 }
 
 TEST_F(PageSourceTest, WhatIsNotWhatItsEndingSaysIsDamaged) {
@@ -124,6 +126,11 @@ TEST_F(PageSourceTest, APdfFileOfThousandsOfPagesIsOpenedAtOnce) {
   ASSERT_EQ(pages->PageCount(), 3000);
   EXPECT_EQ(Middle(pages->Render(2999, 1)), 0);
   EXPECT_LT(clock.elapsed(), kAtOnceMs);
+}
+
+TEST(SizeInPixelsTest, APageOfImpossibleSidesHasPossibleOnes) {
+  EXPECT_EQ(SizeInPixels({0.001, 1e9}, 1), QSize(1, kLongestSide));
+  EXPECT_EQ(SizeInPixels({1e300, 1e300}, 1), QSize(1, 1)) << "as many as can be told";
 }
 
 TEST_F(PageSourceTest, AScaleThatAsksForTooManyPixelsIsLowered) {
