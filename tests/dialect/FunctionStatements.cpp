@@ -16,6 +16,11 @@ const std::vector<StatementCase> kFunctionStatements{
      VALUE("CharIndex('A','abca'),CharIndex('a','abca',1),CharIndex('a','abca',0),CharIndex('a','abca',2)"),
      {"1|1|1|4"}},
     {"CharIndex in nothing", VALUE("CharIndex('',Left(Null,1)),CharIndex('',Left(Null,1),2)"), {"<null>|<null>"}},
+    {"a character beyond the basic plane is one",
+     VALUE("Left('𠮷野（甲）',CharIndex('（','𠮷野（甲）')-1),Right('野𠮷',1),SubString('a𠮷b',2,1),SubString('a𠮷b',3,"
+           "9),"
+           "CharIndex('b','𠮷b𠮷b',3),Len('𠮷')"),
+     {"𠮷野|𠮷|𠮷|b|4|1"}},
     {"Replace, whatever the case",
      VALUE("Replace('aBcb','b','x'),Replace('a.c','.','\\'),Replace('abc','','x')"),
      {"axcx|a\\c|abc"}},

@@ -36,7 +36,7 @@ Term Maker::Fitting(const Column& column, int depth) {
     const Term text = MakeText(depth);
     return {u"Left("_s + text.text + u",5)"_s, Type::Text, [of = text.of](const Env& env) {
               const Value value = of(env);
-              return IsNull(value) ? value : Value(Text(value).left(5));
+              return IsNull(value) ? value : Value(Left(Text(value), 5));
             }};
   }
   if (column.type == Type::Date) {

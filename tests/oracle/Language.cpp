@@ -42,27 +42,34 @@ QString Lower(QString text) {
   return text;
 }
 
+int Length(const QString& text) { return int(text.toUcs4().size()); }
+
+QString Left(const QString& text, int length) { return SubString(text, 1, length); }
+
+QString Right(const QString& text, int length) { return SubString(text, Length(text) - length + 1, length); }
+
 QString SubString(const QString& text, int start, int length) {
+  const auto characters = text.toUcs4();
   QString piece;
   for (int at = start; at < start + length; ++at)
-    if (at >= 1 && at <= text.size()) piece += text[at - 1];
+    if (at >= 1 && at <= characters.size()) piece += QChar::fromUcs4(characters[at - 1]);
   return piece;
 }
 
 int CharIndex(const QString& find, const QString& text, int from) {
   if (find.isEmpty()) return 0;
-  for (int at = std::max(from, 1); at + find.size() - 1 <= text.size(); ++at)
-    if (Lower(text.mid(at - 1, find.size())) == Lower(find)) return at;
+  for (int at = std::max(from, 1); at + Length(find) - 1 <= Length(text); ++at)
+    if (Lower(SubString(text, at, Length(find))) == Lower(find)) return at;
   return 0;
 }
 
 QString Replace(const QString& text, const QString& find, const QString& with) {
   QString replaced;
-  for (int at = 1; at <= text.size();) {
+  for (int at = 1; at <= Length(text);) {
     const int found = CharIndex(find, text, at);
-    if (found == 0) return replaced + text.mid(at - 1);
-    replaced += text.mid(at - 1, found - at) + with;
-    at = found + int(find.size());
+    if (found == 0) return replaced + SubString(text, at, Length(text));
+    replaced += SubString(text, at, found - at) + with;
+    at = found + Length(find);
   }
   return replaced;
 }

@@ -35,6 +35,9 @@ QString WithoutTrailingBlanks(QString text);
 
 QString Upper(QString text);
 QString Lower(QString text);
+int Length(const QString& text);
+QString Left(const QString& text, int length);
+QString Right(const QString& text, int length);
 QString SubString(const QString& text, int start, int length);
 int CharIndex(const QString& find, const QString& text, int from);
 QString Replace(const QString& text, const QString& find, const QString& with);

@@ -76,7 +76,7 @@ Term Maker::MakeCount(int depth) {
     case 0: {
       const Term text = MakeText(depth);
       return Counted(u"Len("_s + text.text + u")"_s, text,
-                     [](const Value& value) { return WithoutTrailingBlanks(Text(value)).size(); });
+                     [](const Value& value) { return Length(WithoutTrailingBlanks(Text(value))); });
     }
     case 1: {
       const Term text = MakeText(depth), find = TextLiteral();

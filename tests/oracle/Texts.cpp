@@ -21,10 +21,10 @@ Term OfText(const QString& before, const Term& inner, const QString& behind, Tex
 }  // namespace
 
 QString Maker::AnyText() {
-  static const std::vector<QString> texts{u""_s,     u"a"_s,   u"A"_s,    u"ab"_s,  u"AB "_s, u"abc"_s,  u"b"_s,
-                                          u" "_s,    u"a b"_s, u"%"_s,    u"_"_s,   u"a%"_s,  u"[a]"_s,  u"a_b"_s,
-                                          u"文件"_s, u"文 "_s, u"it's"_s, u"10"_s,  u"9"_s,   u"a\\b"_s, u"!x"_s,
-                                          u"a-c"_s,  u"]"_s,   u"^"_s,    u" ab"_s, u"〔2"_s, u"Z"_s,    u"a.c"_s};
+  static const std::vector<QString> texts{
+      u""_s,   u"a"_s,   u"A"_s,   u"ab"_s,  u"AB "_s,  u"abc"_s, u"b"_s,    u" "_s,   u"a b"_s, u"%"_s,
+      u"_"_s,  u"a%"_s,  u"[a]"_s, u"a_b"_s, u"文件"_s, u"文 "_s, u"it's"_s, u"10"_s,  u"9"_s,   u"a\\b"_s,
+      u"!x"_s, u"a-c"_s, u"]"_s,   u"^"_s,   u" ab"_s,  u"〔2"_s, u"Z"_s,    u"a.c"_s, u"𠮷a"_s, u"b😀"_s};
   return OneOf(texts);
 }
 
@@ -45,9 +45,9 @@ Term Maker::MakeTextOfText(int depth) {
   const QString n = QString::number(count), s = QString::number(start);
   switch (Below(11)) {
     case 0:
-      return OfText(u"Left("_s, inner, u","_s + n + u")"_s, [count](const QString& t) { return t.left(count); });
+      return OfText(u"Left("_s, inner, u","_s + n + u")"_s, [count](const QString& t) { return Left(t, count); });
     case 1:
-      return OfText(u"Right("_s, inner, u","_s + n + u")"_s, [count](const QString& t) { return t.right(count); });
+      return OfText(u"Right("_s, inner, u","_s + n + u")"_s, [count](const QString& t) { return Right(t, count); });
     case 2:
       return OfText(u"SubString("_s, inner, u","_s + s + u","_s + n + u")"_s,
                     [=](const QString& t) { return SubString(t, start, count); });
@@ -69,10 +69,10 @@ Term Maker::MakeTextOfText(int depth) {
     }
     case 8:
       return OfText(u"Cast("_s, inner, u" As varchar("_s + QString::number(count + 1) + u"))"_s,
-                    [count](const QString& t) { return t.left(count + 1); });
+                    [count](const QString& t) { return Left(t, count + 1); });
     case 9:
       return OfText(u"Convert(char("_s + QString::number(count + 1) + u"),"_s, inner, u")"_s,
-                    [count](const QString& t) { return t.leftJustified(count + 1, u' ', true); });
+                    [count](const QString& t) { return Left(t + QString(count + 1, u' '), count + 1); });
     default: {
       const Term other = MakeText(depth);
       return {inner.text + u"+"_s + other.text, Type::Text, [=](const Env& env) -> Value {

@@ -40,19 +40,39 @@ void Folded(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
   sqlite3_result_text64(context, folded, sqlite3_uint64(kept.size()), sqlite3_free, SQLITE_UTF8);
 }
 
+// Characters are counted as SQLite itself and PostgreSQL count them: one beyond the basic plane is one, of two units.
+
+qlonglong CharactersIn(QStringView text) {
+  return text.size() - std::count_if(text.begin(), text.end(), [](QChar unit) { return unit.isLowSurrogate(); });
+}
+
+// Where so many characters of a text end.
+qsizetype UnitsOf(QStringView text, qlonglong characters) {
+  qsizetype end = 0;
+  for (; characters > 0 && end < text.size(); --characters)
+    end += end + 1 < text.size() && text[end + 1].isLowSurrogate() ? 2 : 1;
+  return end;
+}
+
+// No text is as long, and sums of two such numbers are numbers.
+qlonglong PlaceIn(sqlite3_value* value) {
+  constexpr qlonglong kBeyond = qlonglong(1) << 40;
+  return std::clamp<qlonglong>(sqlite3_value_int64(value), -kBeyond, kBeyond);
+}
+
 void Right(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
-  ResultText(context, TextOf(values[0]).right(std::max<qlonglong>(0, sqlite3_value_int64(values[1]))));
+  const QString text = TextOf(values[0]);
+  ResultText(context, text.mid(UnitsOf(text, CharactersIn(text) - std::max<qlonglong>(0, PlaceIn(values[1])))));
 }
 
 // A start before the first character eats up a part of the length.
 void SubString(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const QString text = TextOf(values[0]);
-  const qlonglong start = sqlite3_value_int64(values[1]) - 1, length = sqlite3_value_int64(values[2]);
+  const qlonglong start = PlaceIn(values[1]) - 1, length = PlaceIn(values[2]);
   if (length < 0) return Fail(context, u"SubString 的长度不能是负数。"_s);
-  const qlonglong from = std::clamp<qlonglong>(start, 0, text.size());
-  const qlonglong to = std::clamp<qlonglong>(start + length, from, text.size());
+  const qsizetype from = UnitsOf(text, start), to = std::max(from, UnitsOf(text, start + length));
   ResultText(context, text.mid(from, to - from));
 }
 
@@ -65,8 +85,8 @@ QString FoldedAscii(QString text) {
 void CharIndex(sqlite3_context* context, int count, sqlite3_value** values) {
   if (HasNull(count, values)) return sqlite3_result_null(context);
   const QString find = FoldedAscii(TextOf(values[0])), text = FoldedAscii(TextOf(values[1]));
-  const qlonglong from = std::max<qlonglong>(0, sqlite3_value_int64(values[2]) - 1);
-  sqlite3_result_int64(context, find.isEmpty() ? 0 : text.indexOf(find, from) + 1);
+  const qsizetype at = find.isEmpty() ? -1 : text.indexOf(find, UnitsOf(text, PlaceIn(values[2]) - 1));
+  sqlite3_result_int64(context, at < 0 ? 0 : CharactersIn(QStringView(text).first(at)) + 1);
 }
 
 void Replace(sqlite3_context* context, int count, sqlite3_value** values) {
