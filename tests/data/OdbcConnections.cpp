@@ -148,6 +148,22 @@ TEST_F(OdbcConnections, TheHostsAutocommitIsAsItWasAfterEveryTransaction) {
   }
 }
 
+TEST_F(OdbcConnections, ARollbackLeavesWhatWaitedForTheHostsCommit) {
+  Connect();
+  SQLSetConnectAttr(handle_->Connection(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF), 0);
+  Mark(1);
+  for (const bool fails : {false, true}) {
+    connection_->BeginTrans();
+    Mark(2);
+    if (fails) FailureOf([&] { connection_->Execute(u"Delete From nowhere"_s); });
+    connection_->RollbackTrans();
+    EXPECT_FALSE(connection_->InTransaction());
+  }
+  EXPECT_EQ(Marked(), 0) << "it still waits";
+  SQLEndTran(SQL_HANDLE_DBC, handle_->Connection(), SQL_COMMIT);
+  EXPECT_EQ(Marked(), 1);
+}
+
 TEST_F(OdbcConnections, ACommitToAVanishedServerIsNoSuccess) {
   Connect();
   {

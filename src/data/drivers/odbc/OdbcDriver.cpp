@@ -201,6 +201,12 @@ void OdbcDriver::Commit() {
 void OdbcDriver::Rollback() {
   prepared_.clear();
   try {
+    // What the host had not committed when the transaction began is not taken back with it.
+    if (!autocommitWasOn_ && dialect_ == DialectKind::PostgreSql) {
+      ExecuteOnce("ROLLBACK TO SAVEPOINT folvane_begin");
+      ExecuteOnce("RELEASE SAVEPOINT folvane_begin");
+      return LeaveTransaction();
+    }
     CheckConnection(SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK));
   } catch (const DataError& error) {
     // A server that is gone has rolled back by itself. On one that is not, autocommit would keep the changes.
