@@ -35,11 +35,21 @@ bool IsRounded(const QVariant& value) {
   return value.typeId() == QMetaType::QDateTime && value.toDateTime().time().msec() != 0;
 }
 
+// A number that the database may round to the places of its column.
+bool MayBeRounded(const QVariant& value, const ColumnInfo& column) {
+  const bool isExact =
+      column.type == AdoType::Numeric || column.type == AdoType::Decimal || column.type == AdoType::Currency;
+  return isExact && value.isValid() && value.typeId() != QMetaType::LongLong;
+}
+
+bool IsDate(const QVariant& value) {
+  return value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime;
+}
+
 // Values go to the driver as text, numbers, truth values and bytes. A number is no truth value to every database.
 QVariant ForDriver(const QVariant& value, const ColumnInfo& column) {
   if (column.type == AdoType::Boolean && value.isValid()) return value.toBool();
-  return value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime ? QVariant(ValueText(value))
-                                                                                      : value;
+  return IsDate(value) ? QVariant(ValueText(value)) : value;
 }
 
 }  // namespace
@@ -105,7 +115,7 @@ BatchWriter::Written BatchWriter::WriteOne(RowId row) {
       Insert(written);
       break;
     case RowChange::Deleted:
-      Delete(row);
+      Delete(written);
       break;
     default:
       Update(written);
@@ -141,77 +151,85 @@ QVariant BatchWriter::Parameter(const QVariant& value, Written& written, int at)
 void BatchWriter::Insert(Written& written) {
   NativeStatement statement;
   statement.parameters.reserve(tableColumn_.size());
-  QByteArray names, marks, given;
+  QByteArray names, marks;
   names.reserve(qsizetype(kUsualName * tableColumn_.size()));
   marks.reserve(qsizetype(2 * tableColumn_.size()));
-  std::vector<int> givenColumns;
+  std::vector<int> asked;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     if (tableColumn_[i] < 0) continue;
     const int at = int(i);
     const ColumnInfo& column = TableColumn(at);
     const QVariant value = rows_.Value(written.row, at);
+    if (column.autoNumber || column.hasDefault ? !value.isValid() : MayBeRounded(value, column)) asked.push_back(at);
     if (value.isValid()) {
       if (!names.isEmpty()) names += ',';
       names += Name(at);
       marks += marks.isEmpty() ? "?" : ",?";
       statement.parameters.push_back(Parameter(value, written, at));
-    } else if (column.autoNumber) {
-      given += (given.isEmpty() ? "" : ",") + Name(at);
-      givenColumns.push_back(at);
     }
   }
   const NativeWords& words = session_.Words();
-  const auto output = [&](const QByteArray& word) {
-    return given.isEmpty() || word.isEmpty() ? QByteArray() : word + given;
-  };
   statement.text = "INSERT INTO " + tableName_;
   if (!names.isEmpty()) statement.text += " (" + names + ")";
-  statement.text += output(words.insertedAhead);
+  statement.text += NamesOf(asked, words.insertedAhead);
   statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
-  statement.text += output(words.insertedAtEnd);
+  statement.text += NamesOf(asked, words.writtenAtEnd);
+  Run(statement, asked, written);
+}
 
-  if (givenColumns.empty()) {
-    session_.ExecuteNative(statement);
-    return;
-  }
-  const FetchedRows inserted = session_.FetchNative(statement);
-  for (std::size_t i = 0; i < givenColumns.size() && inserted.rows->RowCount(); ++i)
-    written.given.emplace_back(givenColumns[i],
-                               DecodeCell(inserted.rows->At(0, int(i)), rows_.Columns()[size_t(givenColumns[i])]));
+QByteArray BatchWriter::NamesOf(const std::vector<int>& columns, const QByteArray& word) const {
+  QByteArray names;
+  for (const int at : columns) names += (names.isEmpty() ? word : ",") + Name(at);
+  return word.isEmpty() ? QByteArray() : names;
+}
+
+qint64 BatchWriter::Run(const NativeStatement& statement, const std::vector<int>& asked, Written& written) {
+  if (asked.empty()) return session_.ExecuteNative(statement);
+  const FetchedRows kept = session_.FetchNative(statement);
+  const auto count = qint64(kept.rows->RowCount());
+  for (std::size_t i = 0; count == 1 && i < asked.size(); ++i)
+    written.given.emplace_back(asked[i], DecodeCell(kept.rows->At(0, int(i)), rows_.Columns()[size_t(asked[i])]));
+  return count;
 }
 
 void BatchWriter::Update(Written& written) {
   const RowId row = written.row;
+  const NativeWords& words = session_.Words();
   NativeStatement statement;
   QByteArray assignments;
+  std::vector<int> asked;
   for (std::size_t i = 0; i < tableColumn_.size(); ++i) {
     const int at = int(i);
     if (tableColumn_[i] < 0 || !rows_.IsChanged(row, at)) continue;
     assignments += (assignments.isEmpty() ? "" : ",") + Name(at) + "=?";
-    statement.parameters.push_back(Parameter(rows_.Value(row, at), written, at));
+    const QVariant value = rows_.Value(row, at);
+    statement.parameters.push_back(Parameter(value, written, at));
+    if (*words.writtenAtEnd && MayBeRounded(value, TableColumn(at))) asked.push_back(at);
   }
   if (assignments.isEmpty()) return;
   statement.text = "UPDATE " + tableName_ + " SET " + assignments;
   AddCondition(statement, row, true);
-  RunOnOneRow(statement);
+  statement.text += NamesOf(asked, words.writtenAtEnd);
+  RunOnOneRow(statement, asked, written);
 }
 
-void BatchWriter::Delete(RowId row) {
+void BatchWriter::Delete(Written& written) {
   NativeStatement statement;
   statement.text = "DELETE FROM " + tableName_;
-  AddCondition(statement, row, false);
-  RunOnOneRow(statement);
+  AddCondition(statement, written.row, false);
+  RunOnOneRow(statement, {}, written);
 }
 
 void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withChanges) const {
   QByteArray condition;
   const auto add = [&](int index) {
     const QVariant value = rows_.Original(row, index);
-    const ColumnInfo& column = rows_.Columns()[size_t(index)];
     condition += condition.isEmpty() ? " WHERE " : " AND ";
-    condition += Name(index);
-    condition += value.isValid() ? "=?" : " IS NULL";
-    if (value.isValid()) statement.parameters.push_back(ForDriver(value, column));
+    condition += Compared(index, value) + (value.isValid() ? "=?" : " IS NULL");
+    if (value.typeId() == QMetaType::QDateTime)
+      statement.parameters.emplace_back(value.toDateTime().toString(u"yyyy-MM-dd HH:mm:ss"_s));
+    else if (value.isValid())
+      statement.parameters.push_back(ForDriver(value, rows_.Columns()[size_t(index)]));
   };
   // Without a key of the table's own the other columns still name the row.
   for (const int column : key_)
@@ -228,12 +246,22 @@ void BatchWriter::AddCondition(NativeStatement& statement, RowId row, bool withC
   statement.text += condition;
 }
 
-void BatchWriter::RunOnOneRow(const NativeStatement& statement) {
-  // Without a key the values may fit several rows, which one statement must not change together.
+// A date that is kept as text may have any spelling.
+QByteArray BatchWriter::Compared(int at, const QVariant& value) const {
+  if (!IsDate(value)) return Name(at);
+  const QByteArray length = value.typeId() == QMetaType::QDate ? "10" : "19";
+  return QByteArray(session_.Words().storedDate).replace("%2", length).replace("%1", Name(at));
+}
+
+void BatchWriter::RunOnOneRow(const NativeStatement& statement, const std::vector<int>& asked, Written& written) {
+  // Without a key the values may fit several rows, which one statement must not change together. SQLite lets a key be
+  // null in several.
   std::optional<Transaction> transaction;
-  const bool keyed = !table_->key.empty();
+  const bool keyed = !table_->key.empty() && std::all_of(key_.begin(), key_.end(), [&](int column) {
+    return rows_.Original(written.row, column).isValid();
+  });
   if (!keyed && !connection_.InTransaction()) transaction.emplace(connection_);
-  const qint64 count = session_.ExecuteNative(statement);
+  const qint64 count = Run(statement, asked, written);
   if (count == 0)
     throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户修改或删除，未能保存。"_s,
                     QString::fromUtf8(statement.text));

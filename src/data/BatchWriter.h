@@ -31,8 +31,12 @@ class BatchWriter {
   Written WriteOne(RowId row);
   void Insert(Written& written);
   void Update(Written& written);
-  void Delete(RowId row);
-  void RunOnOneRow(const NativeStatement& statement);
+  void Delete(Written& written);
+  /// Runs a statement that gives the columns asked for back, and notes what came. @return how many rows it wrote
+  qint64 Run(const NativeStatement& statement, const std::vector<int>& asked, Written& written);
+  void RunOnOneRow(const NativeStatement& statement, const std::vector<int>& asked, Written& written);
+  QByteArray NamesOf(const std::vector<int>& columns, const QByteArray& word) const;
+  QByteArray Compared(int at, const QVariant& value) const;
   void AddCondition(NativeStatement& statement, RowId row, bool withChanges) const;
   void CheckLengths(RowId row) const;
   QVariant Fitted(const QVariant& value, RowId row, int at) const;  ///< @throws DataError TooLong

@@ -56,6 +56,7 @@ struct ColumnInfo {
   int definedSize = 0;          ///< as declared; see FitsColumn for texts; 2147483647 for long columns
   bool nullable = true;
   bool autoNumber = false;  ///< the database gives the value of a new row
+  bool hasDefault = false;  ///< the database gives one where a new row has none, as far as it is told
 };
 
 /// The column of that name without regard to case, -1 when there is none.

@@ -34,6 +34,49 @@ QVariant NumberFromText(const QString& text, int type) {
   return real ? QVariant(number) : QVariant();
 }
 
+bool IsCount(const QVariant& value) {
+  switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool IsWhole(int type) {
+  switch (type) {
+    case AdoType::SmallInt:
+    case AdoType::Integer:
+    case AdoType::TinyInt:
+    case AdoType::UnsignedTinyInt:
+    case AdoType::UnsignedSmallInt:
+    case AdoType::UnsignedInt:
+    case AdoType::BigInt:
+    case AdoType::UnsignedBigInt:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// A column of whole numbers takes the nearest one, of two as near the even one. Invalid where there is none.
+QVariant NumberForColumn(const QVariant& value, int type) {
+  const QVariant number = IsCount(value)                        ? QVariant(value.toLongLong())
+                          : value.typeId() == QMetaType::Double ? value
+                                                                : NumberFromText(ValueText(value), type);
+  if (number.typeId() == QMetaType::QString) return IsWhole(type) ? QVariant() : number;
+  if (number.typeId() != QMetaType::Double) return number;
+  if (!std::isfinite(number.toDouble())) return {};
+  if (!IsWhole(type)) return number;
+  constexpr double kBeyond = 9223372036854775808.0;  // 2^63
+  const double nearest = std::nearbyint(number.toDouble());
+  return std::abs(nearest) < kBeyond ? QVariant(qint64(nearest)) : QVariant();
+}
+
 QVariant DateFromText(const QString& text, int type) {
   const QDateTime moment = ReadDateTime(text);
   if (!moment.isValid()) return {};
@@ -147,10 +190,10 @@ QVariant FitToColumn(const QVariant& value, const ColumnInfo& column) {
   switch (group) {
     case TypeGroup::Number: {
       if (isText && value.toString().trimmed().isEmpty()) return {};
-      if (!isText) return value.typeId() == QMetaType::Double ? value : QVariant(value.toLongLong());
-      const QVariant number = NumberFromText(value.toString(), column.type);
-      if (!number.isValid()) ThrowUnfit(value, column, u"数字"_s);
-      return number;
+      const QVariant number = NumberForColumn(value, column.type);
+      if (number.isValid()) return number;
+      const bool isNumber = NumberFromText(ValueText(value), column.type).isValid();
+      ThrowUnfit(value, column, isNumber && IsWhole(column.type) ? u"整数"_s : u"数字"_s);
     }
     case TypeGroup::Date: {
       if (value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime) return value;

@@ -12,9 +12,12 @@ enum class DialectKind { TransactSql, Sqlite, PostgreSql };
 /// that make tables.
 struct NativeWords {
   char openName, closeName;  ///< around a name; the closing one stands twice inside
-  /// What an Insert is to give back is named behind one of these: ahead of its values or at its end; "" for the other.
+  /// What is to be given back is named behind one of these: ahead of the values of an Insert, or at the end of an
+  /// Insert or Update; "" for the other.
   const char* insertedAhead;
-  const char* insertedAtEnd;
+  const char* writtenAtEnd;
+  /// How a stored date, %1, is compared with one that is written in so many letters, %2.
+  const char* storedDate;
   /// Lets one connection at a time go on from there to the end of its transaction; "" where the locks of the rows that
   /// were written have others wait who read them.
   const char* oneAtATime;

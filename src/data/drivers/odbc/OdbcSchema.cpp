@@ -17,7 +17,8 @@ SELECT c.relname, a.attname,
        CASE WHEN t.typtype = 'd' THEN b.typname ELSE t.typname END,
        CASE WHEN a.atttypmod > 4 THEN a.atttypmod - 4 WHEN t.typtypmod > 4 THEN t.typtypmod - 4 ELSE 0 END,
        CASE WHEN a.attnotnull THEN 1 ELSE 0 END,
-       CASE WHEN a.attidentity <> '' OR pg_get_expr(d.adbin, d.adrelid) LIKE 'nextval(%' THEN 1 ELSE 0 END
+       CASE WHEN a.attidentity <> '' OR pg_get_expr(d.adbin, d.adrelid) LIKE 'nextval(%' THEN 1 ELSE 0 END,
+       CASE WHEN d.adbin IS NULL THEN 0 ELSE 1 END
 FROM (SELECT oid, relname FROM pg_catalog.pg_class
       WHERE lower(relname::text) = lower(?) AND relkind IN ('r', 'p', 'v', 'm', 'f')
             AND pg_catalog.pg_table_is_visible(oid)
@@ -199,6 +200,7 @@ std::optional<TableInfo> DescribePostgresTable(Driver& driver, const QString& ta
     column.name = Text(rows, row, 1);
     column.nullable = Number(rows, row, 4) == 0;
     column.autoNumber = Number(rows, row, 5) == 1;
+    column.hasDefault = Number(rows, row, 6) == 1;
     info.columns.push_back(column);
   }
   driver.Query({kPostgresKey, {info.name}}, described, keyRows);

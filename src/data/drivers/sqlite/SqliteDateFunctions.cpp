@@ -1,5 +1,6 @@
 #include <array>
 
+#include "data/ValueText.h"
 #include "data/dialect/TextValues.h"
 #include "data/drivers/sqlite/SqliteFunctionTools.h"
 
@@ -171,10 +172,18 @@ void FormatText(sqlite3_context* context, int count, sqlite3_value** values) {
   ResultText(context, moment ? Formatted(*moment, Utf8Of(values[1])) : text);
 }
 
+// A date of a column in one spelling, so many letters of it; what is none stays as it is.
+void StoredDate(sqlite3_context* context, int, sqlite3_value** values) {
+  const QDateTime moment = sqlite3_value_type(values[0]) == SQLITE_TEXT ? ReadDateTime(TextOf(values[0])) : QDateTime();
+  if (!moment.isValid()) return sqlite3_result_value(context, values[0]);
+  ResultText(context, moment.toString(u"yyyy-MM-dd HH:mm:ss"_s).left(sqlite3_value_int(values[1])));
+}
+
 }  // namespace
 
 void AddDateFunctions(SqliteFunctionList& list) {
   list.Add("folvane_date", 1, Date);
+  list.Add("folvane_storeddate", 2, StoredDate);
   list.Add("folvane_datepart", 2, DatePart);
   list.Add("folvane_datediff", 3, DateDiff);
   list.Add("folvane_dateadd", 3, DateAdd);

@@ -106,7 +106,8 @@ std::optional<TableInfo> DescribeSqliteTable(sqlite3* database, const QString& t
   TableInfo info;
   info.name = find.Text(0);
 
-  SqliteStatement columns(database, "SELECT name, type, \"notnull\", pk FROM pragma_table_info(?) ORDER BY cid");
+  SqliteStatement columns(database,
+                          "SELECT name, type, \"notnull\", pk, dflt_value FROM pragma_table_info(?) ORDER BY cid");
   columns.Bind({info.name});
   int keyColumns = 0;
   while (columns.Step()) {
@@ -116,6 +117,7 @@ std::optional<TableInfo> DescribeSqliteTable(sqlite3* database, const QString& t
     const bool inKey = columns.Integer(3) > 0;
     keyColumns += inKey;
     column.nullable = columns.Integer(2) == 0 && !inKey;
+    column.hasDefault = !columns.IsNull(4);
     // An "integer primary key" is the row number, which the database counts by itself.
     column.autoNumber = inKey && columns.Text(1).compare("integer"_L1, Qt::CaseInsensitive) == 0;
     info.columns.push_back(column);
