@@ -169,7 +169,7 @@ std::optional<BrokenRule> FirstBrokenRule(const QString& table, const QString& f
     IgnoreErrors([&] {
       breach = TestRule(rule, shown->text, [&] { return IsDuplicate(table, fondsNo, rule.fieldName, shown->text); });
     });
-    if (breach) return BrokenRule{*breach, control, rule.fieldName};
+    if (breach) return BrokenRule{*breach, control, shown->dataField};
   }
   return {};
 }

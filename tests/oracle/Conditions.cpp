@@ -112,7 +112,7 @@ Condition Maker::MakeLike(int depth) {
           [=](const Env& env) -> Truth {
             const Value value = subject.of(env);
             if (IsNull(value)) return std::nullopt;
-            return IsLike(AsText(value), pattern, escapes ? u'!' : QChar()) != negated;
+            return IsLike(AsText(value).toStdU32String(), pattern.toStdU32String(), escapes ? U'!' : 0) != negated;
           }};
 }
 

@@ -24,7 +24,7 @@ bool MatchesNative(QStringView pattern, QStringView text) {
   const bool escaped = pattern[0] == sql::kPatternEscape;
   if (escaped) pattern = pattern.mid(1);
   if (text.isEmpty() || pattern.isEmpty()) return false;
-  return ((!escaped && pattern[0] == u'_') || Small(pattern[0]) == Small(text[0])) &&
+  return ((!escaped && pattern[0] == u'_') || Small(pattern[0].unicode()) == Small(text[0].unicode())) &&
          MatchesNative(pattern.mid(1), text.mid(1));
 }
 
@@ -42,13 +42,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const QString input = QString::fromUtf8(both);
   const QString pattern = input.section(u'\n', 0, 0), text = input.section(u'\n', 1);
   if (pattern.size() > 16 || text.size() > 24 || pattern.count(u'%') > 4 || !IsPlain(input)) return 0;
-  const bool expected = IsLike(text, pattern);
+  const bool expected = IsLike(text.toStdU32String(), pattern.toStdU32String());
   const sql::LikePattern read = sql::ReadPattern(pattern);
   if (LikeMatcher(pattern.toUtf8()).Matches(text.toUtf8()) != expected) std::abort();
   const QRegularExpression regex(QRegularExpression::anchoredPattern(sql::RegexOf(read)),
                                  QRegularExpression::DotMatchesEverythingOption);
   QString small = text;
-  for (QChar& c : small) c = QChar(Small(c));
+  for (QChar& c : small) c = QChar(char16_t(Small(c.unicode())));
   if (!regex.isValid() || regex.match(small).hasMatch() != expected) std::abort();
   if (read.hasClass || text.endsWith(u' ') || pattern.endsWith(u' ')) return 0;
   if (MatchesNative(read.native, text) != expected) std::abort();
