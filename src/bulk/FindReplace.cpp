@@ -77,8 +77,10 @@ void FindReplace::Look(const Recordset& records, bool replace, bool& found) {
 
 // The replacement goes in as it was typed: one with a quote is no statement, and nothing is overwritten.
 void FindReplace::Overwrite(const Recordset& records, const QString& field) const {
-  connection_->Execute(u"Update "_s + tableName_ + u" Set "_s + field + u'=' + UnescapedLiteral(replacement_) +
-                       u" Where ArchiveId='"_s + EscapeSql(records[u"ArchiveId"_s].Text()) + u"'"_s);
+  const qint64 written =
+      connection_->Execute(u"Update "_s + tableName_ + u" Set "_s + field + u'=' + UnescapedLiteral(replacement_) +
+                           u" Where ArchiveId='"_s + EscapeSql(records[u"ArchiveId"_s].Text()) + u"'"_s);
+  if (written == 0) throw DataError(DataErrorKind::Conflict, u"该记录已被其他用户删除。"_s);
 }
 
 bool FindReplace::FindNext(Recordset& records, SearchWay way, const Progress& progress) {

@@ -17,6 +17,7 @@
 #include "data/Recordset.h"
 #include "entry/FrmInput.h"
 #include "forms/EntryForm.h"
+#include "forms/LineGuard.h"
 #include "shell/DefaultInstance.h"
 #include "shell/EventGuard.h"
 #include "shell/OpenHelp.h"
@@ -48,14 +49,6 @@ void SetMark(QCheckBox& box, bool on, bool enabled) {
   const QSignalBlocker silence(box);
   box.setChecked(on);
   box.setEnabled(enabled);
-}
-
-// Only these two kinds of control show a hit.
-QLineEdit* TextOf(const EntryField& field) {
-  if (field.ControlType() == ControlKind::Txt) return qobject_cast<QLineEdit*>(&field.Widget());
-  if (field.ControlType() != ControlKind::Cmb) return nullptr;
-  const auto* combo = qobject_cast<EditCombo*>(&field.Widget());
-  return combo ? &combo->Box() : nullptr;
 }
 
 }  // namespace
@@ -175,11 +168,13 @@ SearchWay FrmReplace::Way() const { return SearchWay(way_->currentIndex()); }
 
 bool FrmReplace::IsSettled() {
   input_->StoreTyped();
+  counting_->stop();  // it would walk over the records, too
   if (Records().EditMode() == EditModeKind::None && Records().PendingCount() == 0) return true;
-  counting_->stop();
-  status_->setText(u"正在编辑记录，请先保存或取消。"_s);
+  TellUnsettled();
   return false;
 }
+
+void FrmReplace::TellUnsettled() { status_->setText(u"正在编辑记录，请先保存或取消。"_s); }
 
 void FrmReplace::FindNext() {
   if (!IsSettled()) return;
@@ -190,6 +185,7 @@ void FrmReplace::FindNext() {
     LongWork work(*this, cancel_, ShowIn(*progress_));
     found = search_->FindNext(Records(), Way(), [&](qint64 done, qint64 count) { return work.GoOn(done, count); });
   }
+  counting_->start(0);
   if (!found) return;
   input_->ShowCurrentRecord();
   SelectHit();
@@ -221,7 +217,7 @@ void FrmReplace::ReplaceAll() {
 void FrmReplace::SelectHit() {
   const auto* form = input_->findChild<EntryForm*>();
   EntryField* field = form ? form->FieldOf(search_->HitControl()) : nullptr;
-  QLineEdit* text = field ? TextOf(*field) : nullptr;
+  QLineEdit* text = field ? LineOf(*field) : nullptr;
   if (!text) return;
   input_->activateWindow();
   field->Focus();
@@ -247,6 +243,7 @@ void FrmReplace::CountOn() {
     hits_.Begin(Records(), search_->Search(), Way());
   }
   if (hits_.GoOn(Records())) return counting_->start(0);
+  if (Records().EditMode() != EditModeKind::None) return TellUnsettled();
   status_->setText(u"符合条件的记录：%1条"_s.arg(hits_.Count()));
 }
 

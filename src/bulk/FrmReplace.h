@@ -58,6 +58,7 @@ class FrmReplace : public QDialog {
   void ReplaceAll();
   /// Takes what is typed in the entry window into its record. Answers whether that record is not being edited.
   bool IsSettled();
+  void TellUnsettled();
   void SelectHit();
 
   SearchTerms Terms() const;

@@ -14,6 +14,8 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+constexpr int kShownLetters = 20;  ///< of an entry that is told of
+
 // The dictionaries as they were when it began, and what is to be added to them.
 class WriteBack {
  public:
@@ -33,15 +35,40 @@ class WriteBack {
     }
   }
 
-  // All or nothing: a dictionary without the entries that it was made for would be of no use.
+  // All or nothing: a dictionary without the entries that it was made for would be of no use. Entries that are too long
+  // for it do not keep the others out.
   void Write() {
-    if (statements_.isEmpty()) return;
-    InOneTransaction(*SharedConnection(), [this] {
-      for (const QString& statement : statements_) SharedConnection()->Execute(statement);
-    });
+    if (additions_.empty()) return;
+    try {
+      InOneTransaction(*SharedConnection(), [this] {
+        for (const Addition& addition : additions_) SharedConnection()->Execute(addition.statement);
+      });
+    } catch (const DataError& error) {
+      if (error.Kind() != DataErrorKind::TooLong) throw;
+      WriteSingly();
+    }
   }
 
  private:
+  struct Addition {
+    QString statement;
+    QString entry;  ///< "" where it makes a dictionary
+  };
+
+  /// @throws DataError TooLong that tells the entries which were left out
+  void WriteSingly() {
+    QStringList left;
+    for (const Addition& addition : additions_) {
+      try {
+        SharedConnection()->Execute(addition.statement);
+      } catch (const DataError& error) {
+        if (error.Kind() != DataErrorKind::TooLong || addition.entry.isEmpty()) throw;
+        left << addition.entry.left(kShownLetters) + u'…';
+      }
+    }
+    throw DataError(DataErrorKind::TooLong, u"下列内容过长，未能加入字典：\n"_s + left.join(u'\n'));
+  }
+
   QString Dictionary(const QString& name) {
     dictionaries_.SetFilter(u"Name = '"_s + EscapeSql(name) + u"'"_s);
     if (!dictionaries_.EOF_()) return dictionaries_[u"DicID"_s].Text();
@@ -51,8 +78,9 @@ class WriteBack {
 
   QString MakeDictionary(const QString& name) {
     const QString id = CreateName();
-    statements_ << u"Insert Into AssistantDictionary(DicID,Name,ClassType,IsSystem) Values('"_s + id + u"','"_s +
-                       EscapeSql(name) + u"','2 - 字符型','0')"_s;
+    additions_.push_back({u"Insert Into AssistantDictionary(DicID,Name,ClassType,IsSystem) Values('"_s + id + u"','"_s +
+                              EscapeSql(name) + u"','2 - 字符型','0')"_s,
+                          {}});
     return id;
   }
 
@@ -63,13 +91,14 @@ class WriteBack {
   }
 
   void AddEntry(const QString& id, const QString& entry) {
-    statements_ << u"Insert Into AssistantDicKey(DicID,Name,IsSystem) Values('"_s + id + u"','"_s + EscapeSql(entry) +
-                       u"','0')"_s;
+    additions_.push_back({u"Insert Into AssistantDicKey(DicID,Name,IsSystem) Values('"_s + id + u"','"_s +
+                              EscapeSql(entry) + u"','0')"_s,
+                          entry});
     added_.insert({id, entry});
   }
 
   Recordset design_, dictionaries_, entries_;
-  QStringList statements_;
+  std::vector<Addition> additions_;
   QMap<QString, QString> made_;
   QSet<QPair<QString, QString>> added_;
 };

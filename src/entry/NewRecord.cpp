@@ -58,6 +58,12 @@ QString CarriedValue(const CarryField& carry, const Recordset& records, const QS
   return field.Text();
 }
 
+QString GatheredValue(const CarryField& carry, const Recordset& records, const QString& table) {
+  const Field field = records[carry.FieldName];
+  const bool counts = carry.FieldType == kAutoNumber && !field.IsNull();
+  return counts ? ValueText(GetMaxValue(carry.FieldName, table)) : field.Text();
+}
+
 bool HasRow(const Recordset& records) { return !records.BOF() && !records.EOF_(); }
 
 }  // namespace
@@ -89,10 +95,14 @@ void RefreshCarried(std::vector<CarryField>& carried, const Recordset& records, 
 
 void GatherAll(std::vector<CarryField>& fields, const Recordset& records, const QString& table) {
   if (!HasRow(records)) return;
+  for (size_t i = 1; i < fields.size(); ++i) fields[i].Value = GatheredValue(fields[i], records, table);
+}
+
+void GatherNumbers(std::vector<CarryField>& fields, const Recordset& records, const QString& table) {
+  if (!HasRow(records)) return;
   for (size_t i = 1; i < fields.size(); ++i) {
-    const Field field = records[fields[i].FieldName];
-    const bool counts = fields[i].FieldType == kAutoNumber && !field.IsNull();
-    fields[i].Value = counts ? ValueText(GetMaxValue(fields[i].FieldName, table)) : field.Text();
+    const bool counts = fields[i].FieldType == kAutoNumber || fields[i].FieldType == kDocumentNumber;
+    if (counts && !fields[i].Value.isEmpty()) fields[i].Value = GatheredValue(fields[i], records, table);
   }
 }
 

@@ -30,4 +30,8 @@ void RefreshCarried(std::vector<CarryField>& carried, const Recordset& records, 
 /// Takes all values from the current record, as FillNewRecord wants them for a copy. @throws DataError
 void GatherAll(std::vector<CarryField>& fields, const Recordset& records, const QString& table);
 
+/// Takes the values gathered that count on, document numbers and numbers that count by themselves, anew: the record
+/// that was copied last has had the next ones. @throws DataError
+void GatherNumbers(std::vector<CarryField>& fields, const Recordset& records, const QString& table);
+
 }  // namespace folvane

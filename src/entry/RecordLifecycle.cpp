@@ -55,6 +55,7 @@ void RecordLifecycle::CarryForward() { RefreshCarried(carried_, records_, rule_.
 
 void RecordLifecycle::StartNewRecord(bool autoStatus) {
   if (HasRow()) lastBookmark_ = records_.Bookmark();
+  if (copyAll_) GatherNumbers(all_, records_, rule_.table);
   const qint64 before = records_.RecordCount();
   try {
     AddRecord(records_, layout_);

@@ -7,6 +7,7 @@
 
 #include "forms/EntryParts.h"
 #include "forms/LengthGuard.h"
+#include "forms/LineGuard.h"
 #include "shell/EventGuard.h"
 #include "shell/Messages.h"
 #include "shell/SharedState.h"
@@ -30,7 +31,10 @@ bool IsGuarded(int controlType) {
 QString LimitOf(const LayoutRow& row, const Recordset& records) {
   if (row.control.type == ControlKind::DTP) return {};
   if (row.control.type == ControlKind::Txt) return LimitText(row.fieldLong);
-  return LimitText(QString::number(records[row.dataField].DefinedSize()));
+  // The size of a column that is not text counts bytes of the database and says nothing about its text.
+  const Field field = records[row.dataField];
+  const bool isText = GroupOfType(field.Type()) == TypeGroup::Text;
+  return LimitText(isText ? QString::number(field.DefinedSize()) : row.fieldLong);
 }
 
 }  // namespace
@@ -80,6 +84,7 @@ void EntryForm::BuildField(const LayoutRow& row, Recordset& records) {
   Place(field.Widget(), FieldPlace(row));
   if (IsRequired(row)) field.Widget().setAccessibleDescription(u"必填"_s);
   if (IsGuarded(row.control.type)) new LengthGuard(field);
+  if (QLineEdit* line = LineOf(field)) new LineGuard(field, *line);
   binding_.Add(field);
   Reach(field);
 }

@@ -242,6 +242,29 @@ TEST_P(FindReplaceTest, ReplacesEveryHitOfMoreThanAPortion) {
   EXPECT_EQ(Database().Value(u"select count(*) from Lwdj where Amaintitle = 'b'"_s), u"551"_s);
 }
 
+TEST_P(FindReplaceTest, WhatSomeoneDeletedMeanwhileIsNotCountedAsReplaced) {
+  WithTitles({u"a"_s, u"a"_s, u"a"_s});
+  design_->Run(u"delete from Lwdj where ArchiveID = '"_s + DesignedDatabase::Key(2) + u"'"_s);
+  EXPECT_EQ(ReplaceAll(In(u"题名"_s, u"a"_s, u"b"_s)), 2);
+  EXPECT_EQ(search_->Refused().count, 1);
+  EXPECT_EQ(search_->Refused().reason, u"该记录已被其他用户删除。"_s);
+  EXPECT_EQ(Rows(), (QStringList{u"b|局1"_s, u"b|局3"_s}));
+}
+
+TEST_P(FindReplaceTest, ACountBesideItDoesNotBeginItAgain) {
+  Recordset& records = WithTitles({u"a"_s, u"a"_s, u"x"_s});
+  search_->SetTerms(In(u"题名"_s, u"a"_s, u"b"_s));
+  int portions = 0;
+  const qint64 replaced = search_->ReplaceAll(records, SearchWay::All, [&](qint64, qint64) {
+    HitCount hits;
+    hits.Begin(records, RecordSearch(In(u"题名"_s, u"a"_s), u"Amaintitle"_s), SearchWay::All);
+    while (hits.GoOn(records)) continue;
+    return ++portions < 5;
+  });
+  EXPECT_EQ(replaced, 2);
+  EXPECT_EQ(portions, 1);
+}
+
 // The number of hits.
 
 TEST_P(FindReplaceTest, TheHitsOfAWayAreCountedAPortionAtATimeWithoutMoving) {

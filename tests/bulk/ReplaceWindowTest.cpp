@@ -1,3 +1,5 @@
+#include <QTimer>
+
 #include "bulk/ReplaceWindowFixture.h"
 #include "support/Accessibility.h"
 
@@ -218,6 +220,32 @@ TEST_P(ReplaceWindowTest, AnEditInProgressIsNeitherLostNorStoredNorMovedAwayFrom
     EXPECT_EQ(TitleOf(1), u"改了"_s);
     replacing.Do(u"CmdFindNext"_s);
     EXPECT_EQ(input.Text(u"Txt(1)"_s), u"目标"_s);
+  });
+}
+
+TEST_P(ReplaceWindowTest, HitsAreNotSaidToBeNoneWhileARecordIsEdited) {
+  AddRecords(2);
+  WithReplace([&](const Input&, const Replacing& replace) {
+    replace.Enter(u"CboFindTxt"_s, u"题名"_s);
+    ASSERT_TRUE(WaitUntil([&] { return replace.Status() == u"符合条件的记录：2条"_s; }));
+    Shared().CurrentRecords[u"Amaintitle"_s].SetValue(u"新题"_s);
+    replace.Enter(u"CboFindTxt"_s, u"题名1"_s);
+    EXPECT_TRUE(WaitUntil([&] { return replace.Status() == u"正在编辑记录，请先保存或取消。"_s; }));
+    Shared().CurrentRecords.CancelBatch();
+  });
+}
+
+TEST_P(ReplaceWindowTest, NothingIsCountedWhileAllIsReplaced) {
+  AddRecords(3);
+  WithReplace([&](const Input&, const Replacing& replace) {
+    replace.Enter(u"CboFindTxt"_s, u"题名"_s);
+    replace.Enter(u"CboRelaceTxt"_s, u"新"_s);
+    const auto* counting = replace.Window().findChild<QTimer*>();
+    ASSERT_TRUE(counting && counting->isActive());
+    bool counts = true;
+    QTimer::singleShot(0, &replace.Window(), [&] { counts = counting->isActive(); });
+    replace.Do(u"CmdReplaceAll"_s);
+    EXPECT_FALSE(counts);
   });
 }
 

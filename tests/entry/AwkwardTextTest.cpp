@@ -63,6 +63,49 @@ TEST_P(AwkwardTextTest, CutsAPastedTextToItsLimitBeforeItIsStored) {
   });
 }
 
+TEST_P(AwkwardTextTest, KeepsAPastedTextOnTheLineOfItsField) {
+  AddRecords(1);
+  DesignTitle();
+  Design({u"FileStatus"_s, u"状态"_s, ControlKind::Cmb});
+  Run(u"update Lwdj set Amaintitle = '一\n二'"_s);
+  const QString before = Stored(u"Amaintitle"_s);
+  InWindow([&](const Input& input) {
+    const auto paste = [&](QLineEdit& line, int at, const QString& text) {
+      line.setCursorPosition(at);
+      line.insert(text);
+    };
+    paste(Find<QLineEdit>(input.Window(), u"Txt(1)"_s), 0, u"甲\r\n乙\n"_s);
+    paste(*input.Control(u"Cmb(1)"_s).findChild<QLineEdit*>(), 0, u"新词\n"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_EQ(Stored(u"Amaintitle"_s), u"甲 乙"_s + before) << "what stood there keeps its break";
+    EXPECT_EQ(Stored(u"FileStatus"_s), u"新词"_s);
+  });
+}
+
+TEST_P(AwkwardTextTest, ShowsTheWholeNumberThatAFractionIsStoredAs) {
+  AddRecords(1);
+  Design({u"Pages"_s, u"页数"_s, ControlKind::Txt, 0, u"数值型"_s, 8});
+  InWindow([&](const Input& input) {
+    input.Retype(u"Txt(1)"_s, u"12.7"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_EQ(Stored(u"Pages"_s), u"13"_s);
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"13"_s);
+    input.Retype(u"Txt(1)"_s, u"14"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_EQ(Stored(u"Pages"_s), u"14"_s);
+  });
+}
+
+TEST_P(AwkwardTextTest, AComboBoxOfANumberTakesAsManyDigitsAsItsDesignSays) {
+  AddRecords(1);
+  Design({u"Pages"_s, u"页数"_s, ControlKind::Cmb, 0, u"数值型"_s, 8});
+  InWindow([&](const Input& input) {
+    input.Retype(u"Cmb(1)"_s, u"12345"_s);
+    EXPECT_TRUE(input.Form().SaveData());
+    EXPECT_EQ(Stored(u"Pages"_s), u"12345"_s);
+  });
+}
+
 TEST_P(AwkwardTextTest, TellsOfATextThatItsColumnCannotHoldAndKeepsTheRecordToBeCancelled) {
   AddRecords(1);
   Design({u"FondsNo"_s, u"全宗"_s, ControlKind::Txt, 0, u"文本型"_s, 40});

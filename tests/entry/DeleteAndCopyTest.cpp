@@ -73,6 +73,27 @@ TEST_P(DeleteAndCopyTest, CopiesAWholeRecordIntoTheNext) {
   });
 }
 
+TEST_P(DeleteAndCopyTest, CountsOnWithEachCopy) {
+  AddRecords(1);
+  Run(u"update Lwdj set DocNo = '国发〔2002〕17号'"_s);
+  Design({u"RegID"_s, u"登记号"_s, ControlKind::Txt, 0, u"自动编号"_s});
+  Design({u"DocNo"_s, u"文号"_s, ControlKind::F_Organ, 0, u"文件编号型"_s, 50});
+  InWindow([&](const Input& input) {
+    input.Key(u"CopyAll"_s).trigger();
+    for (const auto& [regId, docNo] : {std::pair(u"2"_s, u"国发〔2002〕18号"_s), {u"3"_s, u"国发〔2002〕19号"_s}}) {
+      input.Do(u"AddNewRecord"_s);
+      EXPECT_EQ(input.Text(u"Txt(1)"_s), regId);
+      EXPECT_EQ(input.Text(u"F_Organ(1)"_s), docNo);
+      input.Do(u"SaveRecord"_s);
+    }
+    input.Do(u"AddNewRecord"_s);
+    input.Do(u"CancelRecord"_s);
+    input.Do(u"AddNewRecord"_s);
+    EXPECT_EQ(input.Text(u"F_Organ(1)"_s), u"国发〔2002〕20号"_s) << "none is left out by one that was taken back";
+    input.Form().CancelEdit();
+  });
+}
+
 TEST_P(DeleteAndCopyTest, CopiesNothingWithoutARecord) {
   DesignTitle();
   InWindow([](const Input& input) {

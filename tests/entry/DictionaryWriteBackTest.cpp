@@ -67,6 +67,21 @@ TEST_P(DictionaryWriteBackTest, AddsNothingForAFieldThatWasTakenOutOfTheDesign) 
   EXPECT_EQ(Entries(u"d1"_s), u"2"_s);
 }
 
+TEST_P(DictionaryWriteBackTest, AnEntryThatIsTooLongKeepsNoOtherOut) {
+  AddDictionary();
+  const QString tooLong(300, u'长');
+  QString told;
+  try {
+    WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {tooLong, u"短"_s}}});
+  } catch (const DataError& error) {
+    told = error.Message();
+  }
+  EXPECT_EQ(Value(u"select count(*) from AssistantDicKey where Name = '短'"_s), u"1"_s);
+  const bool isThere = Value(u"select count(*) from AssistantDicKey where Name = '"_s + tooLong + u"'"_s) == u"1"_s;
+  EXPECT_EQ(told, isThere ? QString() : u"下列内容过长，未能加入字典：\n"_s + tooLong.left(20) + u'…');
+  EXPECT_FALSE(Connected()->InTransaction());
+}
+
 TEST_P(DictionaryWriteBackTest, KeepsAnApostrophe) {
   AddDictionary();
   WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {u"it's"_s}}});

@@ -23,7 +23,7 @@ class FirstBrokenRuleTest : public EntryTest {
             .arg(controlType)
             .arg(relation, value));
   }
-  void Show(const QString& text, int controlType = 1) { shown_ = {{{controlType, 1}, {}, {}, {}, text}}; }
+  void Show(const QString& text, int controlType = 1) { shown_ = {{{controlType, 1}, u"Amaintitle"_s, {}, {}, text}}; }
   std::optional<BrokenRule> Broken(const QString& fondsNo = {}) const {
     return FirstBrokenRule(u"Lwdj"_s, fondsNo, shown_);
   }
@@ -47,7 +47,7 @@ TEST_P(FirstBrokenRuleTest, TellsWhoseTextBreaksIt) {
   ASSERT_TRUE(broken);
   EXPECT_EQ(broken->breach.title, u"校对提示"_s);
   EXPECT_EQ(broken->control, (ControlId{1, 1}));
-  EXPECT_EQ(broken->field, u"DocNo"_s);
+  EXPECT_EQ(broken->field, u"Amaintitle"_s) << "what the control shows, whatever field the rule names";
 }
 
 TEST_P(FirstBrokenRuleTest, TestsTheRulesInTheOrderOfTheirLines) {

@@ -48,6 +48,18 @@ TEST_P(SaveCollectTest, ClearsTheTextInTheControlAndTheRecord) {
   });
 }
 
+TEST_P(SaveCollectTest, ClearsNoOtherFieldThanTheControlShows) {
+  AddRule(u"不能是"_s, u"数字"_s);
+  Run(u"update SaveCollect set FieldName = 'DocNo', ChnFieldName = '文号'"_s);
+  Run(u"update Lwdj set Amaintitle = '2002', DocNo = '国发〔2002〕17号'"_s);
+  InWindow([&](const Input& input) {
+    EXPECT_TRUE(Fails());
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), QString());
+    EXPECT_EQ(Shared().CurrentRecords[u"DocNo"_s].Text(), u"国发〔2002〕17号"_s);
+    input.Form().CancelEdit();
+  });
+}
+
 TEST_P(SaveCollectTest, ReadsTheRulesAndPassesWithoutAnOpenForm) {
   AddRule(u"等于"_s, u"丙"_s);
   TakeStatements();
