@@ -118,7 +118,11 @@ void FrmBactchUpdate::ShowCount() {
   const BusyPointer busy;
   IgnoreErrors([this] {
     const qint64 count = FillsEmpty() ? Fill(chosenField_).Count(SharedConnection()) : Walk(chosenField_).Count();
-    count_->setText(u"符合条件、将被修改的记录：%1条"_s.arg(count));
+    // The statement for empty texts finds the zeros of a column of numbers.
+    const bool findsZero =
+        FillsEmpty() && GroupOfType(Shared().CurrentRecords[chosenField_].Type()) == TypeGroup::Number;
+    count_->setText(u"符合条件、将被修改的记录：%1条"_s.arg(count) +
+                    (findsZero ? u"（值为 0 的也算空）"_s : QString()));
   });
 }
 

@@ -163,15 +163,17 @@ FlowDetailDialog::FlowDetailDialog(FlowSheets& sheets) : FlowDialog(sheets, shee
   if (flow.hasQuantities) backQuantity_ = Add(u"txtBackQuantity"_s, caption(u"Back_Quantity"_s), new DigitBox(this));
   if (flow.isHandling) result_ = Add(u"txtResult"_s, caption(u"Transact_Result"_s), new TextBox(this));
   isBack_->addItems({u"是"_s, u"否"_s});
-  for (TextBox* box : {quantity_, backQuantity_}) {
-    if (!box) continue;
-    ConnectGuarded(box, &QLineEdit::editingFinished, box, [box] {
-      if (box->text().isEmpty()) box->setText(u"0"_s);
-    });
-  }
+  for (TextBox* box : {quantity_, backQuantity_})
+    if (box) ConnectGuarded(box, &QLineEdit::editingFinished, this, [this] { FillQuantities(); });
   AddKeys();
   Fill(*unit_, flow.unitDictionary);
   for (DateBox* box : {date_, backDate_, realBackDate_}) box->SetText(Today().toString(Qt::ISODate));
+}
+
+// A line that a route has made has none.
+void FlowDetailDialog::FillQuantities() {
+  for (TextBox* box : {quantity_, backQuantity_})
+    if (box && box->text().isEmpty()) box->setText(u"0"_s);
 }
 
 void FlowDetailDialog::StartNew(const QString& serial) {
@@ -181,9 +183,7 @@ void FlowDetailDialog::StartNew(const QString& serial) {
   setWindowIcon(Icon(u"new"_s));
   serial_->setText(serial);
   isBack_->SetText(u"否"_s);
-  for (TextBox* box : {quantity_, backQuantity_}) {
-    if (box) box->setText(u"0"_s);
-  }
+  FillQuantities();
 }
 
 void FlowDetailDialog::StartChange() {
@@ -212,6 +212,7 @@ DetailValues FlowDetailDialog::Typed() const {
 void FlowDetailDialog::Save() {
   if (IsBlank(*serial_)) return;
   for (DateBox* box : {date_, backDate_, realBackDate_}) box->Commit();
+  FillQuantities();
   if (serial_->text() != FileID && sheets_.IsSerialTaken(serial_->text())) {
     ShowMessage(u"对不起，该序号已存在，请重新录入！"_s, MessageFlag::Warning, kSystemTitle);
     serial_->setFocus();

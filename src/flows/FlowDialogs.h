@@ -81,6 +81,7 @@ class FlowDetailDialog : public FlowDialog {
 
  private:
   void Save() override;
+  void FillQuantities();
   DetailValues Typed() const;
 
   TextBox *serial_, *quantity_ = nullptr, *mode_ = nullptr, *backQuantity_ = nullptr, *result_ = nullptr;

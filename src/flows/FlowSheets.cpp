@@ -78,14 +78,24 @@ void FlowSheets::OpenDetails() {
        u"select * from "_s + flow_.detailSource + u" where Register_ID='"_s + Key() + u'\'' + HastenCondition());
 }
 
+// Lines always belong to the head that is shown.
 void FlowSheets::RequeryHeads() {
   const qint64 position = heads_.AbsolutePosition();
   const QString key = IsOnHead() ? Key() : QString();
   heads_.Requery();
-  if (!HasHeads()) return;
-  heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
+  if (HasHeads()) heads_.Find(u"Register_ID = '"_s + EscapeSql(key) + u'\'');
   if (IsOnHead()) return;
-  heads_.SetAbsolutePosition(std::clamp<qint64>(position, 1, heads_.RecordCount()));
+  if (HasHeads()) heads_.SetAbsolutePosition(std::clamp<qint64>(position, 1, heads_.RecordCount()));
+  OpenDetails();
+}
+
+void FlowSheets::RequeryDetails(const QString& serial) {
+  if (!details_.IsOpen()) return OpenDetails();
+  const qint64 position = details_.AbsolutePosition();
+  details_.Requery();
+  if (serial.isEmpty() || details_.RecordCount() == 0) return;
+  details_.Find(u"File_ID = '"_s + EscapeSql(serial) + u'\'');
+  if (!IsOnDetail()) details_.SetAbsolutePosition(std::clamp<qint64>(position, 1, details_.RecordCount()));
 }
 
 bool FlowSheets::IsIdle() const {

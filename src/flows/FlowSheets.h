@@ -36,7 +36,8 @@ class FlowSheets {
   /// Opens the heads that meet a condition instead.
   void Narrow(const QString& condition);
   void OpenDetails();
-  void RequeryDetails() { details_.Requery(); }
+  /// @param serial of the line to stand on afterwards, where it is there
+  void RequeryDetails(const QString& serial = {});
   /// Reads the heads again and stands on the same sheet; where it is gone, on the one at the same position.
   void RequeryHeads();
 

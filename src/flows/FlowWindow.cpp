@@ -105,7 +105,8 @@ void FlowWindow::UseGrid(Grid grid) {
 }
 
 void FlowWindow::TakeRow(int row) {
-  if (showing_ || row < 0 || !sheets_.HasHeads() || sheets_.Heads().AbsolutePosition() == row + 1) return;
+  if (showing_ || row < 0 || !sheets_.HasHeads()) return;
+  if (sheets_.Heads().AbsolutePosition() == row + 1 && sheets_.Details().IsOpen()) return;
   sheets_.GoToHead(row + 1);
   RefreshFlowCommandsOfHead();
   sheets_.OpenDetails();
@@ -164,9 +165,7 @@ void FlowWindow::ModifyDetail() {
   FlowDetailDialog dialog(sheets_);
   dialog.StartChange();
   ShowModal(dialog);
-  const qint64 position = sheets_.Details().AbsolutePosition();
-  sheets_.RequeryDetails();
-  if (position >= 1 && position <= sheets_.Details().RecordCount()) sheets_.GoToDetail(position);
+  sheets_.RequeryDetails(dialog.FileID);
   ShowDetails();
 }
 

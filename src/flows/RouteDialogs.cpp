@@ -103,6 +103,7 @@ bool Concerns(const RouteNode& node, const QString& user) {
 }  // namespace
 
 bool TakeOverRoute(const Flow& flow, const QString& headKey) {
+  const StoredRoute before = ReadStoredRoute(headKey);
   const std::vector<OtherRoute> routes = ReadOtherRoutes(flow.headTable, headKey);
   ListDialog dialog(u"frmRouteChoice"_s, u"选择流程"_s, u"copyall"_s, {u"题名"_s, u"流程"_s});
   AddEmptyHint(*dialog.list_, u"其他处理单还没有流程。\n请用“编辑流程”为当前处理单设置一个。"_s);
@@ -114,7 +115,7 @@ bool TakeOverRoute(const Flow& flow, const QString& headKey) {
   ShowModal(dialog);
   const int chosen = dialog.list_->indexOfTopLevelItem(dialog.list_->currentItem());
   if (dialog.result() != QDialog::Accepted || chosen < 0) return false;
-  WriteRoute(headKey, ReadRoute(routes[size_t(chosen)].headKey));
+  ReplaceRoute(flow, headKey, before, ReadRoute(routes[size_t(chosen)].headKey));
   return true;
 }
 

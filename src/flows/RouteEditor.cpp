@@ -45,14 +45,15 @@ class ModeDelegate : public QStyledItemDelegate {
 
 }  // namespace
 
-RouteEditor::RouteEditor(const Flow& flow, const QString& headKey) : headKey_(headKey) {
+RouteEditor::RouteEditor(const Flow& flow, const QString& headKey)
+    : flow_(flow), headKey_(headKey), read_(ReadStoredRoute(headKey)) {
   setObjectName(u"frmRouteEdit"_s);
   setWindowTitle(u"编辑流程"_s);
   setWindowIcon(Icon(u"order"_s));
   nodes_.setHorizontalHeaderLabels({u"节点"_s, u"成员"_s, u"方式"_s, u"下一节点"_s});
   LayOut();
   FillPeople(flow);
-  for (const RouteNode& node : ReadRoute(headKey)) AppendRow(node);
+  for (const RouteNode& node : read_.nodes) AppendRow(node);
   Connect();
   ShowFaults();
 }
@@ -69,6 +70,7 @@ void RouteEditor::LayOut() {
   grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
   grid_->setSelectionMode(QAbstractItemView::SingleSelection);
   grid_->setEditTriggers(QAbstractItemView::AllEditTriggers);
+  grid_->setTabKeyNavigation(false);
   grid_->setAlternatingRowColors(true);
   grid_->verticalHeader()->hide();
   grid_->horizontalHeader()->setSectionResizeMode(Members, QHeaderView::Stretch);
@@ -125,12 +127,22 @@ void RouteEditor::FillPeople(const Flow& flow) {
 }
 
 void RouteEditor::Connect() {
-  ConnectGuarded(add_, &QPushButton::clicked, this, [this] { AddNode(); });
-  ConnectGuarded(remove_, &QPushButton::clicked, this, [this] { RemoveNode(); });
-  ConnectGuarded(join_, &QPushButton::clicked, this, [this] { AddMember(); });
+  for (const auto& [key, work] : {std::pair(add_, &RouteEditor::AddNode), std::pair(remove_, &RouteEditor::RemoveNode),
+                                  std::pair(join_, &RouteEditor::AddMember), std::pair(ok_, &RouteEditor::Save)}) {
+    ConnectGuarded(key, &QPushButton::clicked, this, [this, work = work] {
+      FinishTyping();
+      (this->*work)();
+    });
+  }
   ConnectGuarded(people_, &QListWidget::itemDoubleClicked, this, [this] { AddMember(); });
   ConnectGuarded(&nodes_, &QStandardItemModel::itemChanged, this, [this] { ShowFaults(); });
-  ConnectGuarded(ok_, &QPushButton::clicked, this, [this] { Save(); });
+}
+
+// A key that is pressed by its letter leaves what stands in the open cell where it is.
+void RouteEditor::FinishTyping() {
+  const QModelIndex cell = grid_->currentIndex();
+  if (QWidget* editor = grid_->indexWidget(cell))
+    grid_->itemDelegateForIndex(cell)->setModelData(editor, &nodes_, cell);
 }
 
 int RouteEditor::CurrentRow() const { return grid_->currentIndex().row(); }
@@ -139,7 +151,7 @@ std::vector<RouteNode> RouteEditor::Nodes() const {
   std::vector<RouteNode> nodes;
   for (int row = 0; row < nodes_.rowCount(); ++row) {
     const auto text = [&](int column) { return nodes_.index(row, column).data().toString().trimmed(); };
-    nodes.push_back({text(Number), text(Members), text(Mode), text(Next)});
+    nodes.push_back({text(Number), text(Members).replace(u'，', u','), text(Mode), text(Next)});
   }
   return nodes;
 }
@@ -182,13 +194,12 @@ void RouteEditor::AddMember() {
   const QListWidgetItem* chosen = people_->currentItem();
   if (row < 0 || !chosen) return;
   const QVariant id = chosen->data(kUserId);
-  const QString mode = nodes_.index(row, Mode).data().toString();
+  const QString mode = Nodes()[size_t(row)].mode;
   const bool known = mode == kOneReviewer || mode == kSeveralInTurn;
   const QModelIndex members = nodes_.index(row, Members);
-  QStringList names = members.data().toString().split(u',', Qt::SkipEmptyParts);
+  QStringList names = Nodes()[size_t(row)].members.split(u',', Qt::SkipEmptyParts);
   names << (id.isValid() && !known ? id.toString() : chosen->text());
   names.removeDuplicates();
-  if (names.size() > 1 && mode == kOneReviewer) nodes_.setData(nodes_.index(row, Mode), kSeveralInTurn);
   nodes_.setData(members, names.join(u','));
 }
 
@@ -196,12 +207,14 @@ void RouteEditor::ShowFaults() {
   const std::vector<RouteNode> nodes = Nodes();
   const QStringList faults = RouteFaults(nodes);
   ok_->setEnabled(faults.isEmpty());
-  faults_->setText(faults.isEmpty() ? u"流程："_s + RouteInWords(nodes) : u"请改正："_s + faults.join(u'\n'));
+  if (!faults.isEmpty()) return faults_->setText(u"请改正："_s + faults.join(u'\n'));
+  faults_->setText((QStringList{u"流程："_s + RouteInWords(nodes)} + RouteCautions(nodes)).join(u'\n'));
 }
 
 void RouteEditor::Save() {
+  if (!ok_->isEnabled()) return;  // by what was typed last
   try {
-    WriteRoute(headKey_, Nodes());
+    ReplaceRoute(flow_, headKey_, read_, Nodes());
   } catch (const std::exception& error) {
     return ShowError(error, u"流程没有写入，所做的更改仍保留在窗口中。"_s);
   }

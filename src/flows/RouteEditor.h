@@ -36,10 +36,13 @@ class RouteEditor : public QDialog {
   void RemoveNode();
   void AddMember();
   void ShowFaults();
+  void FinishTyping();
   void Save();
   int CurrentRow() const;
 
+  const Flow& flow_;
   QString headKey_;
+  StoredRoute read_;
   QStandardItemModel nodes_;
   QTableView* grid_;
   QListWidget* people_;

@@ -5,6 +5,8 @@
 
 #include "data/OneTransaction.h"
 #include "data/Recordset.h"
+#include "flows/Flow.h"
+#include "flows/Undisturbed.h"
 #include "shell/SharedState.h"
 #include "shell/SqlText.h"
 
@@ -67,6 +69,25 @@ void WriteRoute(const QString& headKey, const std::vector<RouteNode>& nodes) {
   });
 }
 
+StoredRoute ReadStoredRoute(const QString& headKey) { return {ReadRoute(headKey), ReadCurrentNode(headKey)}; }
+
+void ReplaceRoute(const Flow& flow, const QString& headKey, const StoredRoute& read,
+                  const std::vector<RouteNode>& nodes) {
+  Undisturbed([&] {
+    Recordset head;
+    head.Open(
+        u"Select "_s + flow.statusColumn + u" From "_s + flow.headTable + u" Where Register_ID="_s + Literal(headKey),
+        SharedConnection());
+    if (head.EOF_()) throw DataError(DataErrorKind::Conflict, u"该处理单已被其他用户删除。"_s);
+    const QString status = head[flow.statusColumn].Text();
+    if (status == flow.running) throw DataError(DataErrorKind::Conflict, u"其他用户已经启动了该流程，不能再更改。"_s);
+    if (ReadStoredRoute(headKey) != read)
+      throw DataError(DataErrorKind::Conflict, u"其他用户刚刚更改了该流程，请重新打开后再改。"_s);
+    WriteRoute(headKey, nodes);
+    return true;
+  });
+}
+
 std::vector<RouteNode> RouteFromStart(const std::vector<RouteNode>& nodes) {
   std::vector<RouteNode> way;
   QSet<QString> seen;
@@ -109,6 +130,15 @@ QStringList RouteFaults(const std::vector<RouteNode>& nodes) {
   }
   faults.removeDuplicates();
   return faults;
+}
+
+QStringList RouteCautions(const std::vector<RouteNode>& nodes) {
+  QStringList cautions;
+  for (const RouteNode& node : nodes) {
+    if (node.mode == kOneReviewer || !node.members.contains(u',')) continue;
+    cautions << u"节点 %1 有多个成员，按“%2”流程会停在这里，请用“%3”。"_s.arg(node.number, node.mode, kOneReviewer);
+  }
+  return cautions;
 }
 
 NodeState StateOfNode(const std::vector<RouteNode>& nodes, const QString& number, const QString& current, bool ended) {

@@ -46,7 +46,7 @@ QString AddHead(Recordset& heads, const FieldList& fields, const QString& tableN
   fill(flow.idColumn, [&] { return keys.CreateName(); });
   writes.Try([&] { heads.UpdateBatch(AffectKind::Current); });
   writes.Try([&] { heads.UpdateBatch(AffectKind::AllChapters); });
-  return writes.Text();
+  return heads.RecordCount() > 0 && heads.PendingCount() == 0 ? QString() : writes.Text();
 }
 
 void OpenFlowWindow(const Flow& flow, const QString& archiveId) {

@@ -21,8 +21,7 @@ QString OnOneLine(QString text) {
 
 QLineEdit* LineOf(const EntryField& field) {
   if (field.ControlType() == ControlKind::Txt) return qobject_cast<QLineEdit*>(&field.Widget());
-  const auto* combo =
-      field.ControlType() == ControlKind::Cmb ? qobject_cast<EditCombo*>(&field.Widget()) : nullptr;
+  const auto* combo = field.ControlType() == ControlKind::Cmb ? qobject_cast<EditCombo*>(&field.Widget()) : nullptr;
   return combo ? &combo->Box() : nullptr;
 }
 

@@ -104,6 +104,19 @@ TEST_P(BatchUpdateWindowTest, ChoosingAFieldOffersItsValuesAndAnyOtherMayBeTyped
   });
 }
 
+TEST_P(BatchUpdateWindowTest, FillingEmptyNumbersTellsThatZerosAreAmongThem) {
+  WithTitles({u"甲"_s, u"乙"_s});
+  design_->Run(u"update Lwdj set RegID = 0 where Amaintitle = '甲'"_s);
+  Open(1, [&](QWidget& window) {
+    Choose(window, u"Cbo_Field"_s, u"登记号"_s);
+    Type(Find<QWidget>(window, u"TxtValue"_s), u"5"_s);
+    boxes_.Answer(Answer::No);
+    PressOk(window);
+    EXPECT_EQ(boxes_.Last().note, u"符合条件、将被修改的记录：1条（值为 0 的也算空）"_s);
+    EXPECT_EQ(design_->Value(u"select count(*) from Lwdj where RegID = 0"_s), u"1"_s);
+  });
+}
+
 TEST_P(BatchUpdateWindowTest, EqualTextsAreRefusedAndTheDialogStays) {
   WithTitles({u"甲"_s});
   EXPECT_FALSE(Open(1, [&](QWidget& window) {

@@ -135,6 +135,46 @@ TEST_P(FlowSheetsTest, ASheetThatIsGoneLeavesTheListAtItsPlace) {
   EXPECT_FALSE(sheets.HasHeads());
 }
 
+TEST_P(FlowSheetsTest, TheLinesShownAreThoseOfTheSheetThatIsCurrentAfterARequery) {
+  AddHeads(Circulation());
+  for (int number = 1; number <= 3; ++number) AddDetail(Circulation(), K(number), number, u"a"_s);
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles({});
+  sheets.Narrow(u"PassRead_Status = '未传阅'"_s);
+  while (sheets.HasHeads()) {
+    ASSERT_EQ(sheets.Details().RecordCount(), 1);
+    EXPECT_EQ(sheets.Detail(u"Register_ID"_s), sheets.Key());
+    Database().Native(u"update PassRead_File set PassRead_Status='已传阅' where Register_ID='"_s + sheets.Key() +
+                      u'\'');
+    sheets.RequeryHeads();
+  }
+  EXPECT_FALSE(sheets.Details().IsOpen());
+}
+
+TEST_P(FlowSheetsTest, LinesThatCouldNotBeReadAreReadWithTheNextRequery) {
+  AddHeads(Circulation());
+  AddDetail(Circulation(), K(3), 1, u"a"_s);
+  FlowSheets sheets(Circulation());
+  Database().Native(u"alter table PassRead_Details rename to elsewhere"_s);
+  EXPECT_THROW(sheets.LoadFiles({}), DataError);
+  Database().Native(u"alter table elsewhere rename to PassRead_Details"_s);
+  sheets.RequeryDetails();
+  EXPECT_EQ(sheets.Details().RecordCount(), 1);
+}
+
+TEST_P(FlowSheetsTest, ALineIsFoundAgainWhereverItStands) {
+  AddHeads(Circulation());
+  for (int serial = 1; serial <= 3; ++serial) AddDetail(Circulation(), K(3), serial, u"a"_s);
+  FlowSheets sheets(Circulation());
+  sheets.LoadFiles({});
+  Database().Native(u"delete from PassRead_Details where File_ID='1'"_s);
+  sheets.RequeryDetails(u"2"_s);
+  EXPECT_EQ(sheets.Detail(u"File_ID"_s), u"2"_s);
+  Database().Native(u"delete from PassRead_Details where File_ID='2'"_s);
+  sheets.RequeryDetails(u"2"_s);
+  EXPECT_EQ(sheets.Detail(u"File_ID"_s), u"3"_s) << "what stands in its place";
+}
+
 TEST_P(FlowSheetsTest, ASerialBeyondSixteenBitsIsAnError) {
   AddHeads(Circulation());
   FlowSheets sheets(Circulation());

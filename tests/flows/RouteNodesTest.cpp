@@ -156,6 +156,83 @@ TEST_P(RouteDialogsTest, PeopleAreOfferedAheadOfUnitsAndAnyModeCanBeTyped) {
   EXPECT_FALSE(EditRoute(Circulation(), u"1"_s));
 }
 
+TEST_P(RouteDialogsTest, ARouteThatSomeoneHasStartedOrChangedMeanwhileStays) {
+  AddRoute(u"1"_s, {u"1|甲|单人审核|2"_s, u"2|乙|单人审核|0"_s});
+  AddRoute(u"2"_s, {u"1|丁|单人审核|0"_s});
+  struct Meanwhile {
+    QString statement, told, route;
+  };
+  const std::vector<Meanwhile> cases{
+      {u"update PassRead_File set PassRead_Status='传阅中' where Register_ID='1'"_s,
+       u"其他用户已经启动了该流程，不能再更改。"_s, u"甲 → 乙 → 结束"_s},
+      {u"update Curr_FlowNode set Node_Member='戊' where Node_Number='2' and Flow_ID='1'"_s,
+       u"其他用户刚刚更改了该流程，请重新打开后再改。"_s, u"甲 → 戊 → 结束"_s},
+      {u"delete from PassRead_File where Register_ID='1'"_s, u"该处理单已被其他用户删除。"_s, u"甲 → 戊 → 结束"_s}};
+  for (const Meanwhile& each : cases) {
+    WithWindow(u"frmRouteEdit"_s, [&](QWidget& window) {
+      auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+      grid.model()->setData(grid.model()->index(1, 1), u"丙"_s);
+      Database().Native(each.statement);
+      Click(Find<QWidget>(window, u"CmdOK"_s));
+      EXPECT_TRUE(window.isVisible()) << "what was typed is still there";
+      EXPECT_TRUE(boxes_.Last().text.contains(each.told)) << qPrintable(boxes_.Last().text);
+      Press(window, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(EditRoute(Circulation(), u"1"_s));
+    EXPECT_EQ(Route(u"1"_s), each.route);
+    Database().Native(u"update PassRead_File set PassRead_Status='未传阅'"_s);
+  }
+}
+
+TEST_P(RouteDialogsTest, NoRouteIsTakenOverInPlaceOfOneThatWasStarted) {
+  AddRoute(u"1"_s, {u"1|甲|单人审核|0"_s});
+  AddRoute(u"2"_s, {u"1|丁|单人审核|0"_s});
+  WithWindow(u"frmRouteChoice"_s, [this](QWidget& window) {
+    Database().Native(u"update PassRead_File set PassRead_Status='传阅中' where Register_ID='1'"_s);
+    Click(Find<QWidget>(window, u"CmdOK"_s));
+  });
+  EXPECT_THROW(TakeOverRoute(Circulation(), u"1"_s), DataError);
+  EXPECT_EQ(Route(u"1"_s), u"甲 → 结束"_s);
+}
+
+TEST_P(RouteDialogsTest, WhatStandsInACellIsSavedWithTheLetterOfTheKey) {
+  AddRoute(u"1"_s, {u"1|甲|单人审核|0"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    ASSERT_TRUE(WaitUntil([&] { return window.isActiveWindow(); }));
+    auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+    grid.setCurrentIndex(grid.model()->index(0, 1));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // the editor of the cell before
+    auto* line = grid.viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(line);
+    line->setFocus();
+    line->setText(u"李四，王五"_s);
+    auto& ok = Find<QPushButton>(window, u"CmdOK"_s);
+    ok.animateClick();  // as its letter does, which leaves the focus in the cell
+    EXPECT_TRUE(WaitUntil([&] { return !window.isVisible(); }));
+  });
+  EXPECT_TRUE(EditRoute(Circulation(), u"1"_s));
+  EXPECT_EQ(Database().Value(u"select Node_Member from Curr_FlowNode"_s), u"李四,王五"_s);
+}
+
+TEST_P(RouteDialogsTest, ANodeThatWillNotBePassedIsPointedOut) {
+  design_->Insert(u"UserPopedom"_s, u"UserID,UserName"_s, {u"5"_s, u"王主任"_s});
+  AddRoute(u"1"_s, {u"1|甲|单人审核|0"_s});
+  WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {
+    auto& grid = Find<QTableView>(window, u"DgNodes"_s);
+    auto& people = Find<QListWidget>(window, u"lstPeople"_s);
+    grid.setCurrentIndex(grid.model()->index(0, 0));
+    people.setCurrentItem(people.findItems(u"王主任"_s, Qt::MatchExactly).value(0));
+    Click(Find<QWidget>(window, u"CmdJoin"_s));
+    EXPECT_EQ(grid.model()->index(0, 2).data(), u"单人审核"_s) << "the mode stays what was chosen";
+    EXPECT_EQ(TextIn(window, u"LblFaults"_s), u"流程：甲,王主任 → 结束"_s);
+    grid.model()->setData(grid.model()->index(0, 2), u"多人顺序"_s);
+    EXPECT_EQ(TextIn(window, u"LblFaults"_s),
+              u"流程：甲,王主任 → 结束\n节点 1 有多个成员，按“多人顺序”流程会停在这里，请用“单人审核”。"_s);
+    Press(window, Qt::Key_Escape);
+  });
+  EditRoute(Circulation(), u"1"_s);
+}
+
 TEST_P(RouteDialogsTest, EnterOnAKeyOfTheNodesEndsTheDialogAndAddsNone) {
   AddRoute(u"1"_s, {u"1|甲|单人审核|0"_s});
   WithWindow(u"frmRouteEdit"_s, [](QWidget& window) {

@@ -139,6 +139,24 @@ TEST_P(SheetCommandsTest, ADetailThatAnotherUserDeletesMeanwhileIsShownNoMore) {
   EXPECT_TRUE(boxes_.Requests().empty());
 }
 
+TEST_P(SheetCommandsTest, ALineThatARouteHasMadeIsSavedWithoutAnyQuantity) {
+  AddHeads(Handling(), 1);
+  AddRoute(K(1), {u"1|甲|单人审核|0"_s});
+  Open(u"frmTranSact"_s, [this](QWidget& window) {
+    boxes_.Answer(1).Answer(1);
+    Command(window, u"StartRead"_s).trigger();
+    WithWindow(u"frmTranEdit"_s, [](QWidget& dialog) {
+      Retype(Find<QWidget>(dialog, u"txtResult"_s), u"同意"_s);
+      Click(Find<QWidget>(dialog, u"cmdSave"_s));
+      EXPECT_FALSE(dialog.isVisible());
+    });
+    DoubleClickItem(Details(window), Details(window).model()->index(0, 2));
+  });
+  EXPECT_EQ(Database().Value(u"select count(*) from Transact_Details where Transact_Result='同意' and Quantity=0 and "
+                             "Back_Quantity=0"_s),
+            u"1"_s);
+}
+
 TEST_P(SheetCommandsTest, EmptyQuantitiesBecomeZeroAsTheBoxIsLeft) {
   AddHeads(Distribution(), 1);
   AddDetail(Distribution(), K(1), 1, u"a"_s);

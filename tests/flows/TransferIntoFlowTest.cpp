@@ -57,6 +57,19 @@ TEST_P(TransferIntoFlowTest, AKeyWithAQuoteStandsForItsOwnRecord) {
   }
 }
 
+TEST_P(TransferIntoFlowTest, ARowThatWasWrittenAtTheSecondTryIsNotSaidToBeMissing) {
+  if (!OnSqlite()) GTEST_SKIP() << "only there a statement that fails can leave a mark";
+  Database().Native(
+      u"create trigger Once before insert on PassRead_File when not exists (select 1 from PassRead_Details) begin "
+      u"insert "
+      "into PassRead_Details (Register_ID,File_ID) values ('x','1'); select raise(fail,'once'); end"_s);
+  boxes_.Answer(1).Answer(2);
+  Transfer(u"PassRead_File"_s);
+  EXPECT_EQ(Database().Value(u"select count(*) from PassRead_Details"_s), u"1"_s);
+  EXPECT_EQ(Head(u"PassRead_File"_s, u"File_ID"_s), QStringList{kRecord});
+  EXPECT_EQ(boxes_.Last().note, QString());
+}
+
 TEST_P(TransferIntoFlowTest, ARecordEntersEachFlowInItsWords) {
   const std::vector<WordCase> cases{
       {u"Distribute_File"_s, u"分发"_s, u"Distribute_Status"_s, u"未分发"_s, u"Distribute_ID"_s},
