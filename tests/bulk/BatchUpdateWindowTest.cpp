@@ -110,7 +110,7 @@ TEST_P(BatchUpdateWindowTest, FillingEmptyNumbersTellsThatZerosAreAmongThem) {
   Open(1, [&](QWidget& window) {
     Choose(window, u"Cbo_Field"_s, u"登记号"_s);
     Type(Find<QWidget>(window, u"TxtValue"_s), u"5"_s);
-    boxes_.Answer(Answer::No);
+    boxes_.Answer(7);
     PressOk(window);
     EXPECT_EQ(boxes_.Last().note, u"符合条件、将被修改的记录：1条（值为 0 的也算空）"_s);
     EXPECT_EQ(design_->Value(u"select count(*) from Lwdj where RegID = 0"_s), u"1"_s);
