@@ -35,13 +35,6 @@ bool IsRounded(const QVariant& value) {
   return value.typeId() == QMetaType::QDateTime && value.toDateTime().time().msec() != 0;
 }
 
-// A number that the database may round to the places of its column.
-bool MayBeRounded(const QVariant& value, const ColumnInfo& column) {
-  const bool isExact =
-      column.type == AdoType::Numeric || column.type == AdoType::Decimal || column.type == AdoType::Currency;
-  return isExact && value.isValid() && value.typeId() != QMetaType::LongLong;
-}
-
 bool IsDate(const QVariant& value) {
   return value.typeId() == QMetaType::QDate || value.typeId() == QMetaType::QDateTime;
 }
@@ -160,7 +153,7 @@ void BatchWriter::Insert(Written& written) {
     const int at = int(i);
     const ColumnInfo& column = TableColumn(at);
     const QVariant value = rows_.Value(written.row, at);
-    if (column.autoNumber || column.hasDefault ? !value.isValid() : MayBeRounded(value, column)) asked.push_back(at);
+    if (value.isValid() ? MayBeRounded(value, column) : column.autoNumber || column.hasDefault) asked.push_back(at);
     if (value.isValid()) {
       if (!names.isEmpty()) names += ',';
       names += Name(at);
@@ -175,6 +168,14 @@ void BatchWriter::Insert(Written& written) {
   statement.text += names.isEmpty() ? QByteArray(" DEFAULT VALUES") : " VALUES (" + marks + ")";
   statement.text += NamesOf(asked, words.writtenAtEnd);
   Run(statement, asked, written);
+}
+
+// Where a database gives back what it is asked for with every statement, a number that it may have rounded to the
+// places of its column is asked for.
+bool BatchWriter::MayBeRounded(const QVariant& value, const ColumnInfo& column) const {
+  if (!*session_.Words().writtenAtEnd || value.typeId() == QMetaType::LongLong) return false;
+  return value.isValid() &&
+         (column.type == AdoType::Numeric || column.type == AdoType::Decimal || column.type == AdoType::Currency);
 }
 
 QByteArray BatchWriter::NamesOf(const std::vector<int>& columns, const QByteArray& word) const {
@@ -204,7 +205,7 @@ void BatchWriter::Update(Written& written) {
     assignments += (assignments.isEmpty() ? "" : ",") + Name(at) + "=?";
     const QVariant value = rows_.Value(row, at);
     statement.parameters.push_back(Parameter(value, written, at));
-    if (*words.writtenAtEnd && MayBeRounded(value, TableColumn(at))) asked.push_back(at);
+    if (MayBeRounded(value, TableColumn(at))) asked.push_back(at);
   }
   if (assignments.isEmpty()) return;
   statement.text = "UPDATE " + tableName_ + " SET " + assignments;

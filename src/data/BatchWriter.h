@@ -35,6 +35,7 @@ class BatchWriter {
   /// Runs a statement that gives the columns asked for back, and notes what came. @return how many rows it wrote
   qint64 Run(const NativeStatement& statement, const std::vector<int>& asked, Written& written);
   void RunOnOneRow(const NativeStatement& statement, const std::vector<int>& asked, Written& written);
+  bool MayBeRounded(const QVariant& value, const ColumnInfo& column) const;
   QByteArray NamesOf(const std::vector<int>& columns, const QByteArray& word) const;
   QByteArray Compared(int at, const QVariant& value) const;
   void AddCondition(NativeStatement& statement, RowId row, bool withChanges) const;

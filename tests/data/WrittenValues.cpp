@@ -72,7 +72,8 @@ TEST_P(WrittenValues, ADefaultOfTheDatabaseIsReadWithTheNewRecord) {
 }
 
 TEST_P(WrittenValues, ANumberThatTheDatabaseRoundsIsReadAsItIsKept) {
-  Database().Native(u"CREATE TABLE Bills (id integer NOT NULL PRIMARY KEY, amount numeric(9,2), word varchar(9))"_s);
+  Database().Native(
+      u"CREATE TABLE Bills (id integer NOT NULL PRIMARY KEY, amount numeric(9,2) DEFAULT 0, word varchar(9))"_s);
   const auto records = Open(u"Bills"_s);
   records->AddNew();
   (*records)[u"id"_s].SetValue(1);
