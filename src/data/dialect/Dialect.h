@@ -26,7 +26,8 @@ struct LiteralForms {
 /// dialect, and $o for a comparison operator.
 struct Dialect {
   DialectKind kind;
-  bool bindsLiterals;  ///< literals go as parameters, not as text
+  bool bindsLiterals;        ///< literals go as parameters, not as text
+  bool deletesWhileReading;  ///< a query in a Delete of the same table may see rows that are gone already as gone
 
   // One type as another. A text that is no number or no date is an error of the database.
   const char* textToInteger;

@@ -24,10 +24,7 @@ class Emitter {
       case Statement::Update:
         return PutUpdate(statement);
       case Statement::Delete:
-        Put("DELETE FROM ");
-        PutTable(statement.target);
-        names_.Enter(statement.target);
-        return PutCondition(" WHERE ", statement.where);
+        return PutDelete(statement);
       default:
         return Put(*statement.query);
     }
@@ -199,6 +196,7 @@ class Emitter {
   }
 
   void PutTable(const TableReference& table) {
+    readsTarget_ = readsTarget_ || (!table.query && table.name.compare(target_, Qt::CaseInsensitive) == 0);
     if (table.query) {
       Put("(");
       Put(*table.query);
@@ -227,6 +225,18 @@ class Emitter {
   // Writing statements.
   QByteArray ColumnName(const Assignment& assignment) const {
     return names_.OfColumn(assignment.column, assignment.info);
+  }
+
+  void PutDelete(const Statement& statement) {
+    Put("DELETE FROM ");
+    PutTable(statement.target);
+    names_.Enter(statement.target);
+    const qsizetype condition = out_.text.size();
+    target_ = statement.target.name;
+    PutCondition(" WHERE ", statement.where);
+    if (!dialect_.deletesWhileReading || !readsTarget_) return;
+    out_.text.insert(condition, " WHERE rowid IN (SELECT rowid FROM " + names_.OfTable(statement.target));
+    Put(")");
   }
 
   void PutInsert(const Statement& statement) {
@@ -260,6 +270,8 @@ class Emitter {
 
   const Dialect& dialect_;
   EmittedNames names_;
+  QString target_;  ///< of a Delete, while its condition is put
+  bool readsTarget_ = false;
   Translation out_;
 };
 

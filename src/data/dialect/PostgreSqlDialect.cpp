@@ -10,6 +10,7 @@ namespace folvane::sql {
 const Dialect kPostgreSqlDialect{
     .kind = DialectKind::PostgreSql,
     .bindsLiterals = false,
+    .deletesWhileReading = false,
 
     .textToInteger = "CAST(CASE WHEN btrim($1) = '' THEN '0' ELSE $1 END AS bigint)",
     .textToDecimal = "CAST($1 AS numeric)",

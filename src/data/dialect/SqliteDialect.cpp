@@ -9,6 +9,7 @@ namespace folvane::sql {
 const Dialect kSqliteDialect{
     .kind = DialectKind::Sqlite,
     .bindsLiterals = true,
+    .deletesWhileReading = true,
 
     .textToInteger = "folvane_integer($1)",
     .textToDecimal = "folvane_decimal($1)",
