@@ -126,7 +126,8 @@ Term Maker::MakeDecimal(int depth) {
     case 2:
       return OfNumber(u"("_s, inner, u"/2)"_s, [](double n) { return n / 2; });
     case 3:
-      return OfNumber(u"Round("_s, inner, u",1)"_s, [](double n) { return Rounded(n, 1); });
+      // Tenths are no binary fractions: SQLite, which has no others, tells two ways to the same one apart.
+      return OfNumber(u"Round("_s, inner, u",0)"_s, [](double n) { return Rounded(n, 0); });
     case 4:
       return OfNumber(u"Floor("_s, inner, u")"_s, [](double n) { return std::floor(n); });
     case 5:
