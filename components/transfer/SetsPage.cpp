@@ -178,10 +178,10 @@ void SetsPage::Link(const QString& source, const QString& destination) {
 
 void SetsPage::DropOnLink(bool isSource, const QString& field, int row) {
   if (!HasSet() || row < 0 || std::size_t(row) >= Now().links.size()) return;
-  const FieldLink link = Now().links[std::size_t(row)];
-  if (isSource) return Link(field, link.destination);
-  settings_.RemoveLink(Set(), std::size_t(row));
-  Link(link.source, field);
+  if (isSource) return Link(field, Now().links[std::size_t(row)].destination);
+  const std::size_t moved = settings_.MoveLink(Set(), std::size_t(row), field);
+  Changed(u"已将“%1”对应到“%2”。"_s.arg(Now().links[moved].source, field));
+  links_->GoTo(int(moved));
 }
 
 void SetsPage::EditLink() {

@@ -84,6 +84,14 @@ std::size_t TransferSettings::Link(std::size_t set, const QString& source, const
   return changed.links.size() - 1;
 }
 
+std::size_t TransferSettings::MoveLink(std::size_t set, std::size_t link, const QString& destination) {
+  const FieldLink moved = settings_.sets[set].links[link];
+  if (IsSame(moved.destination, destination)) return link;
+  const std::size_t at = Link(set, moved.source, destination);
+  RemoveLink(set, link);
+  return at > link ? at - 1 : at;
+}
+
 void TransferSettings::RemoveLink(std::size_t set, std::size_t link) {
   auto& links = settings_.sets[set].links;
   links.erase(links.begin() + qsizetype(link));

@@ -36,6 +36,9 @@ class TransferSettings {
   /// Lets a field of the destination take a field of the source; in the place of the one that it took so far.
   /// @return the place of the link
   std::size_t Link(std::size_t set, const QString& source, const QString& destination);
+  /// Lets the source of a link go to another field of the destination; where that is refused, the link stays.
+  /// @return the place of the link
+  std::size_t MoveLink(std::size_t set, std::size_t link, const QString& destination);
   void RemoveLink(std::size_t set, std::size_t link);
   std::vector<Suggestion> Suggested(std::size_t set);
   /// What would be wrong with a suggestion once it is taken. @throws DataError

@@ -57,6 +57,25 @@ TEST_P(SuggestTest, ADestinationTakesOneSource) {
   EXPECT_EQ(settings.Now().sets[0].links[0].caption, u"责任者"_s);
 }
 
+TEST_P(SuggestTest, ALinkGoesToAnotherDestinationOrStaysWhereThatIsRefused) {
+  AddField(u"1"_s, QString(), u"Secret"_s, QString());
+  TransferSettings settings(Connected());
+  const auto& links = settings.Now().sets[0].links;
+  const auto all = [&] {
+    QStringList pairs;
+    for (const FieldLink& link : links) pairs << link.source + u'>' + link.destination;
+    return pairs.join(u' ');
+  };
+  ASSERT_EQ(all(), u"Amaintitle>Amaintitle Pages>Quantity >Secret"_s);
+  EXPECT_EQ(settings.MoveLink(0, 1, u"QUANTITY"_s), 1u);
+  EXPECT_THROW(settings.MoveLink(0, 2, u"Author"_s), DataError);
+  EXPECT_EQ(all(), u"Amaintitle>Amaintitle Pages>Quantity >Secret"_s);
+  EXPECT_EQ(settings.MoveLink(0, 1, u"ItemNo"_s), 2u);
+  EXPECT_EQ(all(), u"Amaintitle>Amaintitle >Secret Pages>ItemNo"_s);
+  EXPECT_EQ(settings.MoveLink(0, 2, u"Amaintitle"_s), 0u);
+  EXPECT_EQ(all(), u"Pages>Amaintitle >Secret"_s);
+}
+
 TEST_P(SuggestTest, WhatCannotBeIsRefusedWithItsReason) {
   AddField(u"9"_s, u"Unit"_s, u"Author"_s, QString());
   TransferSettings settings(Connected());
