@@ -10,7 +10,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QString kKey = u"HKEY_CURRENT_USER\\Software\\Norvex\\Reports"_s;
-constexpr double kWidestMargin = 100;
+constexpr double kWidestMargin = 100, kLeastRoom = 30;
 
 std::optional<QPageSize::PageSizeId> PaperOf(const QString& name) {
   for (const QPageSize::PageSizeId paper : Papers())
@@ -46,8 +46,16 @@ QPageLayout ReadPageLayout(const QString& text) {
   if (margins.isEmpty()) margins = {20, 20, 20, 20};
   if (margins.size() != 4)
     throw DataError(DataErrorKind::Usage, u"报表的页面设置“%1”不正确：页边距应为四个数。"_s.arg(text));
-  return {QPageSize(paper), orientation, QMarginsF(margins[3], margins[0], margins[1], margins[2]),
-          QPageLayout::Millimeter};
+  const QPageLayout layout(QPageSize(paper), orientation, QMarginsF(margins[3], margins[0], margins[1], margins[2]),
+                           QPageLayout::Millimeter);
+  if (!HasRoom(layout))
+    throw DataError(DataErrorKind::Usage, u"报表的页面设置“%1”不正确：页边距太大，放不下内容。"_s.arg(text));
+  return layout;
+}
+
+bool HasRoom(const QPageLayout& layout) {
+  const QSizeF room = layout.paintRect(QPageLayout::Millimeter).size();
+  return room.width() >= kLeastRoom && room.height() >= kLeastRoom;
 }
 
 QString PageLayoutText(const QPageLayout& layout) {

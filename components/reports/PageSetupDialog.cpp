@@ -8,6 +8,7 @@
 
 #include <folvane/Icons.h>
 
+#include "components/common/Notice.h"
 #include "components/reports/PageSetup.h"
 
 namespace folvane::reports {
@@ -63,7 +64,7 @@ PageSetupDialog::PageSetupDialog(const QPageLayout& layout, QWidget* parent)
   keys->addWidget(ok);
   keys->addWidget(cancel);
   form->addRow(keys);
-  connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+  connect(ok, &QPushButton::clicked, this, &PageSetupDialog::AcceptIfThereIsRoom);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -76,6 +77,11 @@ QDoubleSpinBox* PageSetupDialog::NewMargin(const QString& name, const QString& c
   box->setSuffix(u" mm"_s);
   box->setValue(millimetres);
   return box;
+}
+
+void PageSetupDialog::AcceptIfThereIsRoom() {
+  if (HasRoom(Layout())) return accept();
+  notices::Tell(u"页边距太大，这种纸张上放不下内容，请改小。"_s, notices::kWarningIcon);
 }
 
 QPageLayout PageSetupDialog::Layout() const {

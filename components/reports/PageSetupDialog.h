@@ -18,6 +18,7 @@ class PageSetupDialog : public QDialog {
   QPageLayout Layout() const;
 
  private:
+  void AcceptIfThereIsRoom();
   QDoubleSpinBox* NewMargin(const QString& name, const QString& caption, double millimetres);
 
   QComboBox *paper_, *orientation_;

@@ -26,13 +26,7 @@ class Cutter {
  public:
   Cutter(const QTextDocument& document, double pageHeight, double pixel)
       : layout_(*document.documentLayout()), pageHeight_(pageHeight), pixel_(pixel) {
-    const QTextFrame& root = *document.rootFrame();
-    for (auto part = root.begin(); !part.atEnd(); ++part) {
-      if (auto* table = qobject_cast<QTextTable*>(part.currentFrame()))
-        AddTable(*table);
-      else if (part.currentBlock().isValid())
-        AddBlock(part.currentBlock());
-    }
+    AddParts(document.rootFrame()->begin());
     std::sort(breaks_.begin(), breaks_.end());
   }
 
@@ -53,6 +47,18 @@ class Cutter {
   }
 
  private:
+  // Those of a frame, or of a cell.
+  void AddParts(QTextFrame::iterator part) {
+    for (; !part.atEnd(); ++part) {
+      if (auto* table = qobject_cast<QTextTable*>(part.currentFrame()))
+        AddTable(*table);
+      else if (part.currentFrame())
+        AddParts(part.currentFrame()->begin());
+      else if (part.currentBlock().isValid())
+        AddBlock(part.currentBlock());
+    }
+  }
+
   void AddBreaks(QTextFormat::PageBreakFlags policy, const Span& place) {
     if (policy & QTextFormat::PageBreak_AlwaysBefore) breaks_.push_back(place.top);
     if (policy & QTextFormat::PageBreak_AlwaysAfter) breaks_.push_back(place.bottom);
@@ -87,7 +93,7 @@ class Cutter {
       if (span.bottom - span.top <= pageHeight_)
         solid_.push_back(span);
       else
-        AddLinesOfRow(table, int(row));
+        AddPartsOfRow(table, int(row));
     }
     if (heads > 0 && heads < tops.size() && tops[heads] - tops[0] < pageHeight_ / 2)
       headed_.push_back({{tops[0], tops[heads]}, place.bottom});
@@ -121,11 +127,11 @@ class Cutter {
     return tops;
   }
 
-  void AddLinesOfRow(const QTextTable& table, int row) {
+  // A row that does not fit a page is cut like the text beside tables.
+  void AddPartsOfRow(const QTextTable& table, int row) {
     for (int column = 0; column < table.columns(); ++column) {
       const QTextTableCell cell = table.cellAt(row, column);
-      for (auto part = cell.begin(); !part.atEnd(); ++part)
-        if (part.currentBlock().isValid()) AddLines(part.currentBlock());
+      if (cell.column() == column) AddParts(cell.begin());
     }
   }
 

@@ -87,6 +87,7 @@ void ReportPages::Paint(QPagedPaintDevice& device, int from, int to) const {
   if (!painter.begin(&device)) throw DataError(DataErrorKind::File, u"无法开始打印。"_s);
   const double footer = PixelsOf(kFooterPoints, device);
   const QSizeF body(device.width(), device.height() - footer);
+  if (body.isEmpty()) throw DataError(DataErrorKind::Usage, u"页边距太大，纸上放不下内容。"_s);
   ReportDocument document(Services().programDirectory + u"/Reports"_s);
   document.setDocumentMargin(0);
   document.setDefaultFont(BodyFont());

@@ -113,7 +113,8 @@ TEST(PageLayoutTest, IsWrittenAndRead) {
 }
 
 TEST(PageLayoutTest, NonsenseIsRefusedInATemplateAndPassedOverInTheRegistry) {
-  for (const QString& text : {u"A99"_s, u"A4 sideways"_s, u"A4 1 2 3"_s, u"A4 -1 2 3 4"_s, u"A4 1000 1 1 1"_s})
+  for (const QString& text : {u"A99"_s, u"A4 sideways"_s, u"A4 1 2 3"_s, u"A4 -1 2 3 4"_s, u"A4 1000 1 1 1"_s,
+                              u"A5 landscape 80 10 80 10"_s, u"A5 10 60 10 60"_s})
     EXPECT_THROW(reports::ReadPageLayout(text), DataError) << qPrintable(text);
   Services().registry->Write(u"HKEY_CURRENT_USER\\Software\\Norvex\\Reports"_s, u"7"_s, u"A99"_s);
   EXPECT_FALSE(reports::KeptPageLayout(u"7"_s));
@@ -142,6 +143,25 @@ TEST(PaginationTest, ARowIsNeverCutThrough) {
   EXPECT_EQ(pages[0].headBottom, 0);
   EXPECT_GT(pages[1].headBottom - pages[1].headTop, 10);
   for (const PageSlice& page : pages) EXPECT_LE(page.bottom - page.top + page.headBottom - page.headTop, 200.01);
+}
+
+TEST(PaginationTest, ATableWithinATableIsCutAsOneByItself) {
+  QString html = u"<table><thead><tr><td>head</td></tr></thead>"_s;
+  for (int row = 0; row < 30; ++row) html += u"<tr><td>one<br>two<br>three</td></tr>"_s;
+  QTextDocument document;
+  const auto pages = PagesOf(document,
+                             u"<table><tr><td><h1>title</h1>%1</table><p "
+                             "style=\"page-break-before: always\">end</p></td></tr></table>"_s.arg(html));
+  ASSERT_GT(pages.size(), 5u);
+  const auto& layout = *document.documentLayout();
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const QRectF text = layout.blockBoundingRect(block);
+    for (const PageSlice& page : pages)
+      EXPECT_FALSE(text.top() < page.bottom - 0.1 && page.bottom + 0.1 < text.bottom()) << qPrintable(block.text());
+  }
+  EXPECT_EQ(pages[0].headBottom, 0);
+  EXPECT_GT(pages[1].headBottom - pages[1].headTop, 10);
+  EXPECT_LT(pages.back().bottom - pages.back().top, 60) << "the end has a page of its own";
 }
 
 TEST(PaginationTest, ARowHigherThanAPageIsCutBetweenItsLines) {

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QDialog>
+#include <QDoubleSpinBox>
 #include <QGraphicsView>
 #include <QLabel>
 #include <QPrintPreviewWidget>
@@ -90,6 +91,25 @@ TEST_P(PreviewTest, KeepsThePageForTheReport) {
   ASSERT_TRUE(kept);
   EXPECT_EQ(kept->pageSize().id(), QPageSize::A3);
   EXPECT_EQ(kept->orientation(), QPageLayout::Portrait);
+}
+
+TEST_P(PreviewTest, MarginsThatLeaveNoRoomAreNotTaken) {
+  MessageBoxes boxes;
+  InPreview(Request(u"Lwdj"_s, u"RegID <= 20"_s, u"79"_s), [](QWidget& window) {
+    WithWindow(u"PageSetupDialog"_s, [](QWidget& dialog) {
+      Find<QComboBox>(dialog, u"CboPaper"_s).setCurrentText(u"A5"_s);
+      Find<QComboBox>(dialog, u"CboOrientation"_s).setCurrentIndex(1);
+      for (const QString& name : {u"TxtTop"_s, u"TxtBottom"_s}) Find<QDoubleSpinBox>(dialog, name).setValue(80);
+      Click(Find(dialog, u"CmdOK"_s));
+      EXPECT_TRUE(dialog.isVisible());
+      Find<QDoubleSpinBox>(dialog, u"TxtTop"_s).setValue(20);
+      Click(Find(dialog, u"CmdOK"_s));
+    });
+    Press(window, u"CmdPageSetup"_s);
+  });
+  EXPECT_EQ(boxes.Texts(), QStringList{u"页边距太大，这种纸张上放不下内容，请改小。"_s});
+  ASSERT_TRUE(reports::KeptPageLayout(u"79"_s));
+  EXPECT_EQ(reports::KeptPageLayout(u"79"_s)->margins().top(), 20);
 }
 
 TEST_P(PreviewTest, ACancelledPageSetupKeepsNothing) {
