@@ -29,6 +29,11 @@ using namespace notices;
 
 constexpr int kPause = 400;  // milliseconds without a key
 
+// As it was typed: the text that the box gives by itself has blanks for spaces that must not break.
+QString TextIn(const QPlainTextEdit& box) {
+  return box.document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
 }  // namespace
 
 ReportDesigner::ReportDesigner(const ReportRequest& request)
@@ -50,7 +55,7 @@ ReportDesigner::ReportDesigner(const ReportRequest& request)
   LayOut();
   FillChoices();
   text_->setPlainText(text ? *text : DefaultTemplate(*data_));
-  saved_ = text_->toPlainText();
+  saved_ = TextIn(*text_);
   connect(view_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
     Guarded([&] {
       if (report_) report_->pages.Print(*printer);
@@ -136,7 +141,7 @@ void ReportDesigner::FillChoices() {
 }
 
 void ReportDesigner::ShowPages() {
-  const QString text = text_->toPlainText();
+  const QString text = TextIn(*text_);
   try {
     if (const QString order = MetaOf(text, u"order"_s); order != order_) {
       data_ = std::make_unique<ReportData>(request_, order);
@@ -168,17 +173,19 @@ void ReportDesigner::TakeDefault() {
 bool ReportDesigner::Save() {
   ShowPages();
   if (!error_.isEmpty() && !Ask(error_ + u"\n仍要保存吗？"_s)) return false;
-  WriteTemplate(request_.reportId, text_->toPlainText());
-  saved_ = text_->toPlainText();
+  const QString text = TextIn(*text_);
+  WriteTemplate(request_.reportId, text);
+  saved_ = text;
   state_->setText(error_.isEmpty() ? u"模板已保存。"_s : u"模板已保存。"_s + error_);
   return true;
 }
 
 bool ReportDesigner::MayClose() {
-  if (text_->toPlainText() == saved_ || !Ask(u"模板已修改，是否保存？"_s)) return true;
+  if (TextIn(*text_) == saved_) return true;
+  const Choice choice = AskThreeWays(u"模板已修改，是否保存？"_s);
   bool saved = false;
-  Guarded([&] { saved = Save(); });
-  return saved;
+  if (choice == Choice::Yes) Guarded([&] { saved = Save(); });
+  return saved || choice == Choice::No;
 }
 
 void ReportDesigner::reject() {

@@ -117,6 +117,28 @@ TEST_P(DesignerTest, AsksBeforeATextThatIsNotSavedIsLeft) {
   EXPECT_EQ(Saved(), u"saved on leaving"_s);
 }
 
+TEST_P(DesignerTest, EscapeTwiceKeepsTheWindow) {
+  MessageBoxes boxes;
+  boxes.Answer(2).Answer(7);
+  InDesigner([&](QWidget& window) {
+    Text(window).setPlainText(u"still here"_s);
+    test::Press(window, Qt::Key_Escape);
+    EXPECT_EQ(boxes.Last().flags & 0xF, 3) << "with a third answer for the escape key";
+    EXPECT_TRUE(window.isVisible());
+  });
+}
+
+TEST_P(DesignerTest, SpacesThatMustNotBreakAreSaved) {
+  const QString text = u"a\u00a0\u00a0b\u2028c\n"_s;
+  WriteTemplate(u"55"_s, text);
+  InDesigner([&](QWidget& window) {
+    Text(window).moveCursor(QTextCursor::End);
+    Text(window).insertPlainText(u"x"_s);
+    Press(window, u"CmdSave"_s);
+  });
+  EXPECT_EQ(Saved(), text + u'x');
+}
+
 TEST_P(DesignerTest, ATextThatCannotBeSavedKeepsTheWindow) {
   MessageBoxes boxes;
   program_.Write(u"Reports"_s, "a file where the folder should be");
