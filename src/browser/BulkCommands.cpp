@@ -63,12 +63,14 @@ void BulkCommands::DeleteQueried() {
 
 void BulkCommands::Update() {
   const QString key = list_.SelectedKey();
+  list_.HoldFilter();
   bool changed = false;
   {
     const LoadedWindow<FrmBactchUpdate> window;
     window->TableName = list_.Table();
-    const int row = list_.View().CurrentRow();
-    window->vsPos = row > 0 ? row : kNoRow;
+    // The list may begin in the midst of the records.
+    const qint64 position = list_.View().CurrentRow() > 0 ? list_.Records().AbsolutePosition() : 0;
+    window->vsPos = position > 0 ? int(position) : kNoRow;
     window->Parameters = &parameters_;
     window->Open();
     changed = window->IsSucceed;

@@ -174,6 +174,7 @@ void FrmMain::GoToNumber(bool byPage) {
 }
 
 void FrmMain::RunReport(const ReportRow& report) {
+  list_->HoldFilter();
   ReportRequest request;
   request.mainTable = list_->Table();
   request.reportId = report.reportId;

@@ -25,7 +25,7 @@ class FrmBactchUpdate : public QDialog {
   FrmBactchUpdate();
 
   QString TableName;
-  int vsPos = -1;          ///< the row selected in the record list, from 1; -1 for none
+  int vsPos = -1;          ///< the position of the record selected in the list, from 1; -1 for none
   bool IsSucceed = false;  ///< whether a replacement has run; left as it is when none has
   /// The browser's; the row selected in it is that of the table. Its conditions bind what is filled by statements.
   const TableParameters* Parameters = nullptr;

@@ -109,6 +109,10 @@ void RecordList::Refused() {
   }
 }
 
+void RecordList::HoldFilter() {
+  if (state_ == ListRecords::Opened) parameters_.Set(parameters_.SelectedRow(), Parameter::Filter, shownFilter_);
+}
+
 QString RecordList::TakenFilter() const {
   const QString filter = parameters_.Selected(Parameter::Filter);
   return filter == untaken_.value(parameters_.SelectedRow()) ? QString() : filter;

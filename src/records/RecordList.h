@@ -78,6 +78,9 @@ class RecordList {
   ListRecords State() const { return state_; }
   /// The condition by which the records were opened, or were to be.
   const QString& ShownFilter() const { return shownFilter_; }
+  /// Makes the condition of the records in view the table's again, for a command that keeps to what the user sees: the
+  /// table's node, chosen anew, has set another one and left the list.
+  void HoldFilter();
   /// The table's condition, unless the database has refused it from the start.
   QString TakenFilter() const;
   Recordset& Records() const { return records_; }

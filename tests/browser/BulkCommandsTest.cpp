@@ -169,6 +169,27 @@ TEST_P(BulkCommandsTest, ABatchUpdateIsToldTheTableAndTheSelectedRow) {
   });
 }
 
+TEST_P(BulkCommandsTest, ABatchUpdateStartsAtTheSelectedRecordWhereverTheListBegins) {
+  design_->Run(u"delete from Lwdj"_s);
+  design_->AddRecords(u"Lwdj"_s, 70);
+  const auto position = [this](const Browser& browser) {
+    int told = 0;
+    WithWindow(u"FrmBactchUpdate"_s, [&](QWidget& window) { told = static_cast<FrmBactchUpdate&>(window).vsPos; });
+    browser.Entry(u"mnu_Tool1_BUpdate"_s).trigger();
+    return told;
+  };
+  InBrowser([&](const Browser& browser) {
+    browser.Entry(u"mnu_Goto6_LPage"_s).trigger();
+    EXPECT_EQ(browser.List().currentIndex().row(), 29);
+    EXPECT_EQ(position(browser), 70);
+    ClickItem(browser.List(), browser.List().model()->index(0, 0));
+    browser.ClickColumn(0);
+    EXPECT_EQ(browser.List().currentIndex().row(), 0);
+    EXPECT_EQ(u"当前记录：第%1条/共70条"_s.arg(position(browser)), browser.Status());
+    EXPECT_GT(position(browser), 1);
+  });
+}
+
 TEST_P(BulkCommandsTest, WithoutARowABatchUpdateIsToldSo) {
   design_->Run(u"delete from Lwdj"_s);
   InBrowser([&](const Browser& browser) {

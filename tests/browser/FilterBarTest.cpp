@@ -4,6 +4,8 @@
 #include <QToolButton>
 #include <gmock/gmock.h>
 
+#include <folvane/ReportRequest.h>
+
 #include "browser/BrowserTest.h"
 #include "query/frmSimFind.h"
 #include "query/frmfhfind.h"
@@ -117,6 +119,29 @@ TEST_P(FilterBarTest, AYearThatIsSetAsideWithoutReadingIsNotClaimed) {
     EXPECT_EQ(browser.List().model()->rowCount(), 3);
     EXPECT_EQ(Limit(browser), QString());
   });
+}
+
+TEST_P(FilterBarTest, ABatchUpdateAndAReportKeepToTheRecordsInView) {
+  program_.Write(u"YearFormula.Ini"_s, "[YearFormula]\r\nLwdj=0\r\n");
+  design_->Insert(u"Report_Index"_s, u"Report_ID,Report_Name,Report_Group_Id,Report_Type"_s,
+                  {u"77"_s, u"收文簿"_s, u"Lwdj"_s, u"1"_s});
+  QStringList filters;
+  Services().runReport = [&](const ReportRequest& request) { filters << request.filter; };
+  InBrowser([&](const Browser& browser) {
+    const auto chooseAnew = [&] {
+      browser.Choose(u"Lwdj"_s);
+      EXPECT_EQ(browser.Parameter(u"Lwdj"_s, 2), u"Left(CreatedDate,4) = '2002'"_s);
+      EXPECT_EQ(browser.List().model()->rowCount(), 3);
+    };
+    browser.Key(u"Refresh"_s).trigger();
+    chooseAnew();
+    WithWindow(u"FrmBactchUpdate"_s,
+               [&](QWidget&) { EXPECT_EQ(browser.Parameter(u"Lwdj"_s, 2), QString()) << "what a fill is limited to"; });
+    browser.Entry(u"mnu_Tool1_BUpdate"_s).trigger();
+    chooseAnew();
+    browser.Entry(u"mnu_Report_List(1)"_s).trigger();
+  });
+  EXPECT_EQ(filters, QStringList{QString()});
 }
 
 TEST_P(FilterBarTest, AWordLeavesTheSearchBoxWithItsSearchAndStaysInItsHistory) {
