@@ -211,7 +211,7 @@ DetailValues FlowDetailDialog::Typed() const {
 
 void FlowDetailDialog::Save() {
   if (IsBlank(*serial_)) return;
-  for (DateBox* box : {date_, backDate_, realBackDate_}) box->Commit();
+  if (!DateBox::AllTaken({date_, backDate_, realBackDate_})) return;
   FillQuantities();
   if (serial_->text() != FileID && sheets_.IsSerialTaken(serial_->text())) {
     ShowMessage(u"对不起，该序号已存在，请重新录入！"_s, MessageFlag::Warning, kSystemTitle);

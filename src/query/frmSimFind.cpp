@@ -206,10 +206,8 @@ SimpleCriteria frmSimFind::Entered() const {
   SimpleCriteria entered;
   for (const LikeCriterionBox* box : likes_) entered.likes << box->Result();
   for (const RangeCriterionBox* box : ranges_) entered.ranges << box->Result();
-  for (const DatePair& pair : dates_) {
-    for (DateBox* box : {pair.begin, pair.end}) box->Commit();
+  for (const DatePair& pair : dates_)
     entered.dates.push_back({FieldOf(*pair.caption), pair.begin->Text(), pair.end->Text()});
-  }
   for (const DictionaryBox& list : dictionaries_)
     entered.dictionaryTexts.push_back({FieldOf(*list.caption), list.box->Text()});
   return entered;
@@ -217,6 +215,9 @@ SimpleCriteria frmSimFind::Entered() const {
 
 void frmSimFind::TakeQuery() {
   if (!HasInputs()) return;
+  QList<DateBox*> dates;
+  for (const DatePair& pair : dates_) dates << pair.begin << pair.end;
+  if (!DateBox::AllTaken(dates)) return;
   const QString condition = SimpleCondition(TableName, Entered());
   if (condition.isEmpty()) {
     ShowMessage(u"请输入查询条件！"_s, 0, windowTitle());

@@ -1,6 +1,10 @@
 #include "widgets/DateBox.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+#include <QToolTip>
+#include <algorithm>
+#include <utility>
 
 #include "base/HalfWidth.h"
 #include "base/Surroundings.h"
@@ -37,6 +41,7 @@ QString DateBox::Text() const { return date_.toString(u"yyyy-MM-dd"_s); }
 
 void DateBox::SetText(const QString& text) {
   date_ = ReadDate(text);
+  refused_.clear();
   Show();
 }
 
@@ -52,13 +57,35 @@ void DateBox::TakeTyping() {
 }
 
 void DateBox::Commit() {
-  const QDate typed = ReadDate(currentText());
-  typed.isValid() ? TakeDate(typed) : Show();
+  const QString typed = currentText();
+  if (const QDate date = ReadDate(typed); date.isValid()) return TakeDate(date);
+  Show();
+  if (typed.isEmpty()) return;
+  refused_ = typed;
+  QApplication::beep();
+  TellRefused();
+}
+
+bool DateBox::AllTaken(const QList<DateBox*>& boxes) {
+  for (DateBox* box : boxes) box->Commit();
+  const auto found =
+      std::find_if(boxes.begin(), boxes.end(), [](const DateBox* box) { return !box->refused_.isEmpty(); });
+  if (found == boxes.end()) return true;
+  (*found)->setFocus();
+  (*found)->TellRefused();
+  for (DateBox* box : boxes) box->refused_.clear();
+  return false;
+}
+
+// Only digits and the signs between them could be typed.
+void DateBox::TellRefused() {
+  QToolTip::showText(mapToGlobal(rect().bottomLeft()), u"“%1”不是日期，没有采用"_s.arg(refused_), this);
 }
 
 void DateBox::TakeDate(const QDate& date) {
   const bool differs = date != date_;
   date_ = date;
+  refused_.clear();
   Show();
   if (differs) Q_EMIT Changed();
 }

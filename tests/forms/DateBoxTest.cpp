@@ -1,6 +1,7 @@
 #include <QCalendarWidget>
 #include <QTableView>
 #include <QToolButton>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "forms/FormsFixture.h"
@@ -86,6 +87,21 @@ TEST_F(DateBoxTest, GivesUpWhatIsNoDate) {
   Press(box_, Qt::Key_Return);
   EXPECT_EQ(box_.currentText(), u"2002-03-04"_s);
   EXPECT_EQ(changes_.count(), 0);
+  EXPECT_EQ(QToolTip::text(), u"“2002-02-30”不是日期，没有采用"_s);
+}
+
+TEST_F(DateBoxTest, HoldsUpItsWindowOnceForWhatIsNoDate) {
+  Retype(box_, u"2002"_s);
+  box_.clearFocus();
+  EXPECT_FALSE(DateBox::AllTaken({&box_}));
+  EXPECT_TRUE(box_.hasFocus());
+  EXPECT_TRUE(DateBox::AllTaken({&box_}));
+  Retype(box_, u"2002"_s);
+  EXPECT_FALSE(DateBox::AllTaken({&box_}));
+  Retype(box_, u"2002"_s);
+  box_.clearFocus();
+  box_.SetText(u"2002-03-04"_s);
+  EXPECT_TRUE(DateBox::AllTaken({&box_}));
 }
 
 TEST_F(DateBoxTest, RefusesOtherCharactersAndReadsFullWidthDigits) {

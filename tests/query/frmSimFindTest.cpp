@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include "query/SearchFields.h"
 #include "query/SimFindFixture.h"
@@ -63,6 +64,21 @@ TEST_P(frmSimFindTest, ADictionaryFillsTheListOfItsField) {
                          u"Select Name From AssistantDicKey Where DicID in (Select DicId from AssistantDictionary "
                          "where Name=(Select AuxiDictDetails From DynamicWindows Where TableName='Lwdj' And FieldName "
                          "= 'SecurityClass')) Order By Note"_s}));
+}
+
+TEST_P(frmSimFindTest, ADateThatIsNoneIsNotLeftOutInSilence) {
+  ChooseEachKind();
+  InWindow([&] {
+    Enter(u"F_Sim(1)"_s, u"通知"_s);
+    Enter(u"DTP_End(1)"_s, u"2002-02-30"_s);
+    Ok();
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_TRUE(Find(window_, u"DTP_End(1)"_s).hasFocus());
+    EXPECT_EQ(QToolTip::text(), u"“2002-02-30”不是日期，没有采用"_s);
+    Enter(u"DTP_End(1)"_s, u"2002-2-28"_s);
+    Ok();
+  });
+  EXPECT_EQ(window_.ReturnSql, u"Lwdj.Amaintitle Like '%通知%' And (Lwdj.FileDate <= '2002-02-28')"_s);
 }
 
 TEST_P(frmSimFindTest, TheTermsStandByKindWhateverTheOrderOnTheScreen) {
