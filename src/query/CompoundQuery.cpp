@@ -38,6 +38,16 @@ bool ReadsAs(const QueryConditionRow& saved, const ShownCondition& shown) {
          saved.compValue.trimmed() == shown.value.trimmed();
 }
 
+// The conditions as they read, one behind the other.
+QString WordsOf(const std::vector<QueryConditionRow>& conditions) {
+  QStringList words;
+  for (const QueryConditionRow& each : conditions) {
+    if (!words.isEmpty()) words << each.chnAndOrRelation;
+    words << each.chnCompField << each.chnCompRelation << each.compValue;
+  }
+  return words.join(u' ');
+}
+
 void KeepUnlessEmpty(QString& kept, const QString& mapped) {
   if (!mapped.isEmpty()) kept = mapped;
 }
@@ -177,6 +187,7 @@ ConditionText CompoundQuery::Text(const QString& restriction) {
     const auto saved =
         Read<QueryConditionRow>(u"Select * from FindCirSave"_s + OfTable(table_) + u" Order By OrderNo"_s);
     text = TextOf(table_, saved);
+    inForce_ = WordsOf(saved);
     MarkGone(saved);
   });
   text.sql = Restricted(text.sql, restriction);
@@ -194,16 +205,6 @@ void CompoundQuery::MarkGone(std::vector<QueryConditionRow> saved) {
       shown.flaw = u"已被其他用户删除"_s;
     }
   }
-}
-
-QString CompoundQuery::InForce() const {
-  QStringList words;
-  for (const ShownCondition& each : conditions_) {
-    if (each.number == 0) continue;
-    if (!words.isEmpty()) words << each.connector;
-    words << each.field << each.relation << each.value;
-  }
-  return words.join(u' ');
 }
 
 QStringList CompoundQuery::Flawed() const {

@@ -44,8 +44,9 @@ class CompoundQuery {
   /// What is saved as a text, with the restriction behind the condition. Conditions that another user has removed since
   /// get their flaw.
   ConditionText Text(const QString& restriction);
-  /// The conditions of the list that are in the table, as they read.
-  QString InForce() const;
+  /// The conditions that the last text was made of, as they read: those of the list that are in the table, and what
+  /// another user has added.
+  const QString& InForce() const { return inForce_; }
   /// The conditions of the list with a flaw, each with its flaw behind it.
   QStringList Flawed() const;
   /// Removes all that is saved for the table. @throws DataError
@@ -63,6 +64,7 @@ class CompoundQuery {
   std::vector<DictionaryFieldRow> fields_;
   std::vector<ShownCondition> conditions_;
   QString field_, comparison_, connector_;  ///< of the last words that could be mapped
+  QString inForce_;
 };
 
 }  // namespace folvane

@@ -37,6 +37,15 @@ void MendIndexes(std::vector<SearchFieldRow>& fields) {
   }
 }
 
+// What the search bar offers again, by field.
+QMap<QString, QString> ReadSearchedValues(const QString& table) {
+  QMap<QString, QString> values;
+  for (const auto& row :
+       RowsOf<SearchFieldRow>(u"Select DataField,FieldValue From SimSearch Where TableName = '"_s + table + u"'"_s))
+    values[row.dataField] = row.fieldValue;
+  return values;
+}
+
 void AddRow(Recordset& records, const QString& table, const NamedField& field, int order, int kind, int index) {
   records.AddNew();
   records[u"TableName"_s].SetValue(table);
@@ -79,6 +88,7 @@ std::vector<NamedField> ReadOfferedFields(const QString& table, const std::vecto
 void SaveSimSearch(const QString& table, const std::vector<NamedField>& chosen) {
   const std::shared_ptr<Connection> connection = SharedConnection();
   InOneTransaction(*connection, [&] {
+    const QMap<QString, QString> searched = ReadSearchedValues(table);
     connection->Execute(u"Delete From SimSearch Where TableName = '"_s + table + u"'"_s);
     Recordset records;
     records.Open(u"Select * from SimSearch"_s, connection);
@@ -87,6 +97,7 @@ void SaveSimSearch(const QString& table, const std::vector<NamedField>& chosen) 
     for (const NamedField& field : chosen) {
       const int kind = GetCtlType(table, field.field);
       AddRow(records, table, field, ++order, kind, ++counts[kind]);
+      if (const QString value = searched.value(field.field); !value.isEmpty()) records[u"FieldValue"_s].SetValue(value);
     }
     records.UpdateBatch(AffectKind::All);
   });

@@ -120,7 +120,19 @@ TEST_P(CompoundQueryTest, WhatIsInForceReadsAsTheListDoes) {
   query.Add({QString(), u"题名"_s, u"等于"_s, u"O'Brien"_s, {}});
   query.Add({u"与"_s, u"题名"_s, u"不包含"_s, u"x"_s, {}});
   query.Add({u"或"_s, u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  query.Text({});
   EXPECT_EQ(query.InForce(), u"题名 不包含 x 或 登记号 等于 5"_s);
+}
+
+TEST_P(CompoundQueryTest, WhatAnotherUserHasAddedOrRemovedIsTold) {
+  CompoundQuery query(u"Lwdj"_s);
+  query.Add({QString(), u"题名"_s, u"包含"_s, u"x"_s, {}});
+  CompoundQuery(u"Lwdj"_s).Add({u"或"_s, u"登记号"_s, u"等于"_s, u"5"_s, {}});
+  EXPECT_EQ(query.Text({}).sql, u"Lwdj.RegID = '5' or Lwdj.Amaintitle Like '%x%'  "_s);
+  EXPECT_EQ(query.InForce(), u"题名 包含 x 或 登记号 等于 5"_s);
+  CompoundQuery(u"Lwdj"_s).Remove(1);
+  query.Text({});
+  EXPECT_EQ(query.InForce(), u"登记号 等于 5"_s);
 }
 
 TEST_P(CompoundQueryTest, AConditionThatAnotherUserHasRemovedIsMarkedWhenTheQueryIsRead) {

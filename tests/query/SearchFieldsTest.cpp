@@ -58,6 +58,14 @@ TEST_P(SearchFieldsTest, SavingCountsTheInputsWithinTheirKind) {
   EXPECT_EQ(Value(u"select count(*) from SimSearch where TableName = 'Fwdj'"_s), u"1"_s);
 }
 
+TEST_P(SearchFieldsTest, SavingKeepsWhatWasSearchedForInTheFieldsThatStay) {
+  Choose(u"DocNo"_s, 1, 1, 1);
+  Choose(u"RegID"_s, 2, 2, 1);
+  SaveSimSearch(u"Lwdj"_s, {{u"题名"_s, u"Amaintitle"_s}, {u"文号"_s, u"DocNo"_s}});
+  EXPECT_EQ(Rows(u"select DataField,FieldValue from SimSearch order by OrderNo"_s),
+            (QStringList{u"Amaintitle|"_s, u"DocNo|@a@"_s}));
+}
+
 TEST_P(SearchFieldsTest, SavingNothingLeavesNoFields) {
   Choose(u"DocNo"_s, 1, 1, 1);
   SaveSimSearch(u"Lwdj"_s, {});
