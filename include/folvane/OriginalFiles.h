@@ -25,9 +25,9 @@ struct StoredFile {
   qint64 size = -1;  ///< in bytes, -1 where the store does not tell
 };
 
-/// The store of originals: a directory or an FTP server. A place that leads out of the store (a path that is absolute
-/// or goes upwards, a separator or a null character in the name, a link to elsewhere) is refused before anything is
-/// touched.
+/// The store of originals: a directory or an FTP server. A place that leads out of the store (a path of a drive or of
+/// another machine, or one that goes upwards, a separator or a null character in the name, a link to elsewhere) is
+/// refused before anything is touched.
 ///
 /// Members throw DataError: File with the path where a file cannot be read or written, Lost where a server is gone.
 class FOLVANE_EXPORT OriginalFiles {

@@ -40,11 +40,12 @@ std::optional<FtpEntry> EntryOfFacts(const QString& line) {
   return entry;
 }
 
-// "-rw-r--r--   1 owner group    12 Jan  2 03:04 name", with or without the group, or with the date as 2026-01-02 03:04
+// "-rw-r--r--   1 owner group    12 Jan  2 03:04 name", with or without the group, or with the date as 2026-01-02
+// 03:04. Owner, group and size are no date: a month is no number, and there are 31 days and two centuries.
 std::optional<FtpEntry> EntryOfUnix(const QString& line) {
   static const QRegularExpression form(
       u"^([-bcdlps])[-rwxsStTlL]{9}[.+@]?\\s.*?(?:(\\d+)|\\d+,\\s*\\d+)\\s+"
-      "(?:\\S+\\s+\\d{1,2}\\s+(?:\\d{4}|\\d{1,2}:\\d{2})|\\d{4}-\\d{2}-\\d{2}\\s+\\d{1,2}:\\d{2})\\s(.+)$"_s);
+      "(?:\\d*[^\\d\\s]\\S*\\s+(?:0?[1-9]|[12]\\d|3[01])\\s+(?:(?:19|20)\\d{2}|\\d{1,2}:\\d{2})|\\d{4}-\\d{2}-\\d{2}\\s+\\d{1,2}:\\d{2})\\s(.+)$"_s);
   const QRegularExpressionMatch match = form.match(line);
   if (!match.hasMatch()) return std::nullopt;
   FtpEntry entry{match.captured(3)};

@@ -43,7 +43,9 @@ CheckedPlace Checked(const OriginalPlace& place) {
   CheckedPlace checked{PathParts(place.filePath), place.id + place.type};
   if (checked.name.isEmpty()) Refuse(place, u"没有文件名"_s);
   if (checked.name == u"."_s || checked.name == u".."_s) Refuse(place, u"文件名是目录"_s);
-  if (!place.filePath.isEmpty() && IsSeparator(place.filePath.front())) Refuse(place, u"FilePath 是绝对路径"_s);
+  // One separator in front is only one too many: the path stands behind the store's.
+  if (place.filePath.size() > 1 && IsSeparator(place.filePath[0]) && IsSeparator(place.filePath[1]))
+    Refuse(place, u"FilePath 是网络路径"_s);
   for (const QString& part : checked.directories + QStringList{checked.name}) {
     if (part == u".."_s) Refuse(place, u"FilePath 通向上级目录"_s);
     if (NamesDrive(part)) Refuse(place, u"有盘符"_s);

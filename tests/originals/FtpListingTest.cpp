@@ -41,10 +41,14 @@ TEST(FtpListingTest, TheFormOfUnixIsReadWithBlanksInNamesAndWithoutAGroup) {
       "-rw-------   1 owner        34 Dec 31 23:59 c.tif\n"
       "-rw-r--r--+  1 1000 1000 56 2026-01-02 03:04 d.tif\n"
       "-rw-r--r--   1 owner group       7 1月 2 03:04 收文.tif\n"
+      "drwxr-xr-x    2 0        0            4096 Jan 02 03:04 2003\n"
+      "-rw-r--r--    1 14       50           4321 Nov 23 10:00 1234.tif\n"
+      "-rw-r--r--    1 ftp      14           4321 Nov 23 10:00 5678.tif\n"
       "lrwxrwxrwx   1 owner group        5 Jan  2 03:04 link -> /etc\n"
       "drwxr-xr-x   2 owner group     4096 Jan  2 03:04 .\n"_s;
-  EXPECT_THAT(Shown(EntriesOfText(listing)), ElementsAre(u"2026|dir"_s, u"a 1 b.tif|12"_s, u"c.tif|34"_s, u"d.tif|56"_s,
-                                                         u"收文.tif|7"_s, u"link|-1"_s));
+  EXPECT_THAT(Shown(EntriesOfText(listing)),
+              ElementsAre(u"2026|dir"_s, u"a 1 b.tif|12"_s, u"c.tif|34"_s, u"d.tif|56"_s, u"收文.tif|7"_s,
+                          u"2003|dir"_s, u"1234.tif|4321"_s, u"5678.tif|4321"_s, u"link|-1"_s));
 }
 
 TEST(FtpListingTest, TheFormOfDosIsRead) {
