@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <curl/curl.h>
+#include <set>
+#include <utility>
 
 #include <folvane/DataError.h>
 #include <folvane/OriginalsRequest.h>
@@ -91,12 +93,28 @@ void Connect(const FtpLogin& login) {
   }
 }
 
+using Holder = std::pair<QString, QString>;  // the ids of a file and of a record
+
+Holder HolderIn(const Recordset& originals) { return {originals[u"ID"_s].Text(), originals[u"RecordID"_s].Text()}; }
+
+/// Whether nobody holds the file once the holders have gone.
+bool IsFree(Recordset& all, const Holder& holder, const std::set<Holder>& going) {
+  if (IsOnlyHolder(all, holder.first, holder.second)) return true;
+  for (; !all.EOF_(); all.MoveNext()) {
+    if (!going.contains(HolderIn(all))) return false;
+  }
+  return true;
+}
+
 /// The places of the files that no other record holds. @throws DataError where one of them leads out of the store
 std::vector<OriginalPlace> PlacesToClear(Recordset& going, Recordset& all) {
+  std::set<Holder> holders;
+  for (; !going.EOF_(); going.MoveNext()) holders.insert(HolderIn(going));
   std::vector<OriginalPlace> places;
+  if (going.RecordCount() > 0) going.MoveFirst();
   for (; !going.EOF_(); going.MoveNext()) {
+    if (!IsFree(all, HolderIn(going), holders)) continue;
     const OriginalPlace place{going[u"FilePath"_s].Text(), going[u"ID"_s].Text(), going[u"Type"_s].Text()};
-    if (!IsOnlyHolder(all, place.id, going[u"RecordID"_s].Text())) continue;
     Checked(place);
     places.push_back(place);
   }

@@ -95,6 +95,19 @@ TEST_P(OriginalStoreTest, ARecordsFilesGoWithItsRowsAndAMissingOneIsNoMatter) {
   EXPECT_EQ(Rows(), 1);
 }
 
+TEST_P(OriginalStoreTest, AFileGoesWithTheLastOfThoseThatHoldIt) {
+  InitOriginalStore();
+  for (const QString& file : {u"7"_s, u"8"_s}) program_.Write(u"Data/%1.tif"_s.arg(file), "picture");
+  for (const int record : {1, 2}) AddOriginal(record, u"7"_s, QString());
+  for (const int record : {1, 2, 3}) AddOriginal(record, u"8"_s, QString());
+  const QString both = u" Where RecordID In ('%1','%2')"_s.arg(DesignedDatabase::Key(1), DesignedDatabase::Key(2));
+  EXPECT_EQ(DeleteOriginalsAndTell(both), QString());
+  EXPECT_FALSE(program_.Has(u"Data/7.tif"_s)) << "nobody else holds it";
+  EXPECT_TRUE(program_.Has(u"Data/8.tif"_s));
+  DeleteOriginals(OfRecord(3));
+  EXPECT_FALSE(program_.Has(u"Data/8.tif"_s));
+}
+
 TEST_P(OriginalStoreTest, AMalformedPlaceIsRefusedBeforeAnythingIsTouched) {
   InitOriginalStore();
   program_.Write(u"Data/7.tif"_s, "picture");
