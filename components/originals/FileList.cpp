@@ -71,6 +71,21 @@ void FileList::SelectRows(const std::vector<int>& rows) {
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
+void FileList::EndEditing() {
+  QWidget* editor = indexWidget(currentIndex());
+  if (!editor) return;
+  commitData(editor);
+  closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+// The view would put the old text into an open editor whatever has changed, such as the picture beside it.
+void FileList::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+  if (roles.isEmpty() || roles.contains(Qt::DisplayRole) || roles.contains(Qt::EditRole))
+    QTreeView::dataChanged(first, last, roles);
+  else
+    viewport()->update();
+}
+
 // Always a copy: after a move the view would remove the rows that were dragged, another program its files.
 void FileList::dropEvent(QDropEvent* event) {
   if (!event->possibleActions().testFlag(Qt::CopyAction)) return event->ignore();

@@ -23,8 +23,11 @@ class FileList : public QTreeView {
   /// In their order.
   std::vector<int> SelectedRows() const;
   void SelectRows(const std::vector<int>& rows);
+  /// Puts what is being typed into its cell.
+  void EndEditing();
 
  protected:
+  void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
   void dropEvent(QDropEvent* event) override;
 
  private:

@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QLabel>
 #include <QScopedValueRollback>
+#include <QTimer>
+#include <utility>
 
 #include <folvane/Icons.h>
 
@@ -56,7 +58,33 @@ void FrmOriginals::Do(const std::function<void()>& work) {
   if (isBusy_) return;
   const QScopedValueRollback busy(isBusy_, true);
   const ThumbnailReader::Pause pause(thumbnails_);
-  Guarded(work);
+  Guarded([&] {
+    list_->EndEditing();
+    if (StoreNames()) work();
+  });
+}
+
+// Not stored within the signal: the rows are read anew, the cell among them.
+void FrmOriginals::NoteName(const QStandardItem& cell) {
+  const QString id = cell.data(Qt::UserRole).toString();
+  const auto isSame = [&](const Original& shown) { return shown.id == id && shown.name == cell.text(); };
+  if (cell.column() != 0 || std::any_of(shown_.begin(), shown_.end(), isSame)) return;
+  names_.insert(id, cell.text());
+  QTimer::singleShot(0, this, [this] {
+    if (!names_.isEmpty()) Do([] {});
+  });
+}
+
+bool FrmOriginals::StoreNames() {
+  const auto idsShown = [this] {
+    QStringList ids;
+    for (const Original& original : shown_) ids << original.id;
+    return ids;
+  };
+  const QStringList before = idsShown();
+  const QHash<QString, QString> names = std::exchange(names_, {});
+  for (auto name = names.begin(); name != names.end(); ++name) Rename(name.key(), name.value());
+  return idsShown() == before;
 }
 
 void FrmOriginals::Load(const QStringList& selected) {
@@ -209,7 +237,7 @@ void FrmOriginals::Check() { CheckOriginals(this, originals_); }
 void FrmOriginals::Refresh() { Load(SelectedIds()); }
 
 void FrmOriginals::reject() {
-  if (!isBusy_) QDialog::reject();
+  Do([this] { QDialog::reject(); });
 }
 
 }  // namespace folvane::originals

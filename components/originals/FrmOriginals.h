@@ -8,6 +8,7 @@
 
 class QAction;
 class QLabel;
+class QStandardItem;
 class QToolBar;
 
 namespace folvane {
@@ -32,8 +33,12 @@ class FrmOriginals : public QDialog {
   void SetUpList();
   QToolBar* NewToolBar();
   QAction* NewKey(QToolBar& bar, const ToolKey& key, Handler handler);
-  /// Runs what the user asked for, one at a time; the thumbnails wait meanwhile.
+  /// Runs what the user asked for, one at a time; the thumbnails wait meanwhile. A name that is being typed is stored
+  /// first. What was asked for of rows that are not there any more after that is let go.
   void Do(const std::function<void()>& work);
+  void NoteName(const QStandardItem& cell);
+  /// @return whether the rows are the same as before
+  bool StoreNames();
 
   /// Reads the originals and selects some of them.
   void Load(const QStringList& selected = {});
@@ -63,7 +68,8 @@ class FrmOriginals : public QDialog {
 
   RecordOriginals& originals_;
   std::vector<Original> shown_;
-  QTemporaryDir images_;  ///< that were pasted
+  QTemporaryDir images_;           ///< that were pasted
+  QHash<QString, QString> names_;  ///< that were typed and are not stored yet, by the originals' ids
   bool isBusy_ = false;
   ThumbnailReader thumbnails_;
   FileList* list_;

@@ -62,12 +62,8 @@ void FrmOriginals::SetUpList() {
   list_->onMove = [this](const std::vector<int>& rows, int before) { Do([&] { MoveRows(rows, before); }); };
   connect(list_, &QTreeView::activated, this, [this] { Do([this] { View(); }); });
   connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &FrmOriginals::Enable);
-  // Not within the signal: the rows are read anew, the cell among them.
-  connect(&list_->Items(), &QStandardItemModel::itemChanged, this, [this](const QStandardItem* cell) {
-    QTimer::singleShot(0, this, [this, id = cell->data(Qt::UserRole).toString(), name = cell->text()] {
-      Do([&] { Rename(id, name); });
-    });
-  });
+  connect(&list_->Items(), &QStandardItemModel::itemChanged, this,
+          [this](const QStandardItem* cell) { NoteName(*cell); });
 }
 
 QToolBar* FrmOriginals::NewToolBar() {

@@ -79,14 +79,56 @@ TEST_P(ManageWindowTest, RenamesWithF2) {
   });
 }
 
-TEST_P(ManageWindowTest, ANameForAnOriginalThatHasGoneMeanwhileIsDropped) {
+TEST_P(ManageWindowTest, ANameThatIsBeingTypedIsStoredBeforeAnythingElse) {
   AddThree();
+  MessageBoxes boxes;
+  boxes.Answer(7);
+  InWindow([&](QWidget& window) {
+    const auto type = [&](int row, const QString& name) {
+      Choose(window, row);
+      Press(window, u"CmdRename"_s);
+      QWidget* editor = List(window).indexWidget(List(window).currentIndex());
+      ASSERT_TRUE(editor);
+      Retype(*editor, name);
+    };
+    type(1, u"新名"_s);
+    Press(window, u"CmdDelete"_s);
+    EXPECT_EQ(Names(), QStringList({u"甲.txt"_s, u"新名.txt"_s, u"丙.txt"_s}));
+    type(1, u"更新"_s);
+    Press(window, u"CmdUp"_s);
+    EXPECT_EQ(Names(), QStringList({u"更新.txt"_s, u"甲.txt"_s, u"丙.txt"_s}));
+    type(2, u"末"_s);
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_EQ(Names(), QStringList({u"更新.txt"_s, u"甲.txt"_s, u"末.txt"_s}));
+  EXPECT_EQ(boxes.Requests().size(), 1u);
+}
+
+TEST_P(ManageWindowTest, AThumbnailLeavesTheNameThatIsBeingTyped) {
+  AddThree();
+  InWindow([&](QWidget& window) {
+    Choose(window, 0);
+    Press(window, u"CmdRename"_s);
+    auto* editor = List(window).viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    Retype(*editor, u"半个名"_s);
+    List(window).model()->setData(List(window).model()->index(0, 0), QIcon(), Qt::DecorationRole);
+    EXPECT_EQ(editor->text(), u"半个名"_s);
+    test::Press(*editor, Qt::Key_Escape);
+  });
+}
+
+TEST_P(ManageWindowTest, ANameForAnOriginalThatHasGoneMeanwhileIsDroppedAndTold) {
+  AddThree();
+  MessageBoxes boxes;
   InWindow([&](QWidget& window) {
     List(window).model()->setData(List(window).model()->index(0, 0), u"新名"_s);
     Originals().Delete(Originals().Read().front());
     Press(window, u"CmdRefresh"_s);
     QCoreApplication::processEvents();
     EXPECT_EQ(Shown(window), QStringList({u"乙"_s, u"丙"_s}));
+    EXPECT_EQ(boxes.Requests().size(), 1u);
   });
   EXPECT_EQ(Names(), QStringList({u"乙.txt"_s, u"丙.txt"_s}));
 }
