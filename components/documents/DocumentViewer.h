@@ -15,8 +15,9 @@ struct Document {
   QString type;  ///< the ending of a file, such as ".pdf"
   /// Writes the whole file to the device, and throws when that fails. It is called from a thread of the viewer's own,
   /// never two at a time, again only after it has failed; it has returned before ShowDocuments does. Writing fails as
-  /// soon as the user has gone on to another document or closed the window; it should throw then as well.
-  std::function<void(QIODevice& target)> fetch;
+  /// soon as the user has gone on to another document or closed the window, which `goesOn` answers also where nothing
+  /// comes that could be written; it should throw then as well.
+  std::function<void(QIODevice& target, const std::function<bool()>& goesOn)> fetch;
 };
 
 /// Shows documents in a window, one at a time, and returns when the window is closed.

@@ -3,11 +3,13 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QSaveFile>
 #include <QTemporaryDir>
 #include <QUrl>
-#include <filesystem>
 
 #include <folvane/DataError.h>
+
+#include "components/common/WholeFile.h"
 
 namespace folvane::documents {
 namespace {
@@ -18,6 +20,8 @@ const QStringList kProgramTypes{
     u".lnk"_s, u".url"_s, u".reg"_s, u".hta"_s,     u".vbs"_s,  u".vbe"_s, u".js"_s,       u".jse"_s,  u".wsf"_s,
     u".wsh"_s, u".ps1"_s, u".jar"_s, u".sh"_s,      u".run"_s,  u".bin"_s, u".desktop"_s,  u".py"_s,   u".pl"_s,
     u".rb"_s,  u".deb"_s, u".rpm"_s, u".flatpak"_s, u".snap"_s, u".so"_s,  u".appimage"_s, u".bash"_s, u".csh"_s};
+
+constexpr qint64 kPortion = 1 << 20;
 
 [[noreturn]] void RefuseFile(const QString& why) { throw DataError(DataErrorKind::File, why); }
 
@@ -34,16 +38,19 @@ QString FileName(const QString& name, const QString& type) {
 }
 
 void CopyFile(const QString& from, const QString& to) {
-  const QString made = to + u".part"_s;
-  QFile::remove(made);
+  const auto refuse = [&](const QFileDevice& file) {
+    RefuseFile(u"无法保存 %1：%2"_s.arg(QDir::toNativeSeparators(to), file.errorString()));
+  };
   QFile source(from);
-  if (!source.copy(made)) RefuseFile(u"无法保存 %1：%2"_s.arg(QDir::toNativeSeparators(to), source.errorString()));
-  QFile::setPermissions(made, QFile::permissions(made) | QFile::WriteOwner);
-  std::error_code failed;
-  std::filesystem::rename(made.toStdU16String(), to.toStdU16String(), failed);
-  if (!failed) return;
-  QFile::remove(made);
-  RefuseFile(u"无法保存 %1。"_s.arg(QDir::toNativeSeparators(to)));
+  if (!source.open(QIODevice::ReadOnly)) refuse(source);
+  QSaveFile target(to);
+  if (!target.open(QIODevice::WriteOnly)) refuse(target);
+  while (!source.atEnd()) {
+    const QByteArray portion = source.read(kPortion);
+    if (portion.isEmpty()) refuse(source);
+    if (target.write(portion) < portion.size()) refuse(target);
+  }
+  if (!components::CommitWhole(target)) refuse(target);
 }
 
 bool IsProgram(const QString& path, const QString& type) {

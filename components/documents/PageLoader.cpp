@@ -161,7 +161,7 @@ class PageLoader::Work : public std::enable_shared_from_this<Work> {
                        [this](qint64 bytes) { Tell([bytes](const LoaderEvents& events) { events.fetched(bytes); }); });
     try {
       if (!file.open(QIODevice::WriteOnly)) throw DataError(DataErrorKind::File, file.errorString());
-      document_.fetch(file);
+      document_.fetch(file, [this] { return !stop_; });
       if (!file.flush()) throw DataError(DataErrorKind::File, file.errorString());
       file.close();
       if (!stop_ && !file.rename(path_)) throw DataError(DataErrorKind::File, file.errorString());

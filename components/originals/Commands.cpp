@@ -71,8 +71,10 @@ void ViewOriginals(QWidget* parent, RecordOriginals& originals, const QString& f
   int first = -1;
   for (const Original& original : originals.Read()) {
     if (original.id == fileId) first = int(documents.size());
-    documents.push_back({original.name, original.type,
-                         [&originals, original](QIODevice& target) { originals.Fetch(original, target); }});
+    documents.push_back(
+        {original.name, original.type, [&originals, original](QIODevice& target, const std::function<bool()>& goesOn) {
+           originals.Fetch(original, target, [&](qint64, qint64) { return goesOn(); });
+         }});
   }
   if (first < 0) return Tell(u"该原文已不存在，可能已被其他用户删除。"_s, kWarningIcon);
   if (CanReachStore(originals)) documents::ShowDocuments(parent, u"浏览原文"_s, documents, first);

@@ -1,5 +1,7 @@
 #include "components/scanning/ScanMemory.h"
 
+#include <exception>
+
 #include <folvane/HostServices.h>
 
 namespace folvane::scanning {
@@ -11,12 +13,19 @@ const QString kScanning = u"HKEY_CURRENT_USER\\Software\\Norvex\\Folvane\\Scanni
 }  // namespace
 
 QString Remembered(const QString& name) {
-  const auto& registry = Services().registry;
-  return registry ? registry->Read(kScanning, name) : QString();
+  try {
+    const auto& registry = Services().registry;
+    return registry ? registry->Read(kScanning, name) : QString();
+  } catch (const std::exception&) {
+    return {};
+  }
 }
 
 void Remember(const QString& name, const QString& value) {
-  if (const auto& registry = Services().registry) registry->Write(kScanning, name, value);
+  try {
+    if (const auto& registry = Services().registry) registry->Write(kScanning, name, value);
+  } catch (const std::exception&) {
+  }
 }
 
 }  // namespace folvane::scanning

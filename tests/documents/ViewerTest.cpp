@@ -23,7 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 using namespace documents;
 
 Document Holding(const QString& name, const QString& type, const QByteArray& content) {
-  return {name, type, [content](QIODevice& target) { target.write(content); }};
+  return {name, type, [content](QIODevice& target, const auto&) { target.write(content); }};
 }
 
 /// Takes what is handed to the desktop.
@@ -199,7 +199,8 @@ TEST_F(ViewerTest, ADamagedPageIsToldAndTheOthersAreShown) {
 
 TEST_F(ViewerTest, WhatAServerHasSaidIsNoMarkup) {
   const QString said = u"550 <a href='file:///etc/passwd'>x</a>"_s;
-  const Document document{u"一"_s, u".png"_s, [said](QIODevice&) { throw DataError(DataErrorKind::File, said); }};
+  const Document document{u"一"_s, u".png"_s,
+                          [said](QIODevice&, const auto&) { throw DataError(DataErrorKind::File, said); }};
   InViewer({document}, [said](QWidget& window) {
     ASSERT_TRUE(WaitForNotice(window, said));
     EXPECT_EQ(Find<QLabel>(window, u"LblNotice"_s).textFormat(), Qt::PlainText);
@@ -208,7 +209,7 @@ TEST_F(ViewerTest, WhatAServerHasSaidIsNoMarkup) {
 
 TEST_F(ViewerTest, AFailedFetchCanBeRepeated) {
   auto calls = std::make_shared<std::atomic<int>>(0);
-  const Document document{u"一"_s, u".png"_s, [calls](QIODevice& target) {
+  const Document document{u"一"_s, u".png"_s, [calls](QIODevice& target, const auto&) {
                             if (++*calls == 1) throw DataError(DataErrorKind::Lost, u"服务器没有响应。"_s);
                             target.write(ImageFile(FilledImage(9, 9, Qt::black), "png"));
                           }};
@@ -224,7 +225,7 @@ TEST_F(ViewerTest, AFailedFetchCanBeRepeated) {
 
 TEST_F(ViewerTest, FetchingIsBrokenOffWhenTheWindowIsClosed) {
   auto ended = std::make_shared<std::atomic<bool>>(false);
-  const Document endless{u"一"_s, u".png"_s, [ended](QIODevice& target) {
+  const Document endless{u"一"_s, u".png"_s, [ended](QIODevice& target, const auto&) {
                            while (target.write(QByteArray(1 << 16, 0)) >= 0) QThread::msleep(1);
                            *ended = true;
                            throw DataError(DataErrorKind::File, target.errorString());
@@ -241,9 +242,20 @@ TEST_F(ViewerTest, FetchingIsBrokenOffWhenTheWindowIsClosed) {
   EXPECT_TRUE(*ended);
 }
 
+TEST_F(ViewerTest, FetchingIsBrokenOffAlsoWhereNothingComes) {
+  auto ended = std::make_shared<std::atomic<bool>>(false);
+  const Document silent{u"一"_s, u".png"_s, [ended](QIODevice&, const auto& goesOn) {
+                          while (goesOn()) QThread::msleep(1);
+                          *ended = true;
+                          throw DataError(DataErrorKind::Other, u"已取消"_s);
+                        }};
+  InViewer({silent}, [](QWidget&) {});
+  EXPECT_TRUE(*ended);
+}
+
 TEST_F(ViewerTest, AFileIsFetchedOnce) {
   auto calls = std::make_shared<std::atomic<int>>(0);
-  const Document counted{u"一"_s, u".tif"_s, [calls](QIODevice& target) {
+  const Document counted{u"一"_s, u".tif"_s, [calls](QIODevice& target, const auto&) {
                            ++*calls;
                            target.write(GreyTiff({10}));
                          }};
@@ -296,6 +308,7 @@ TEST_F(ViewerTest, AProgramIsNeverStarted) {
 TEST_F(ViewerTest, SavesACopy) {
   TempProgramDirectory folder;
   folder.Write(u"copy.tif"_s, "what was there");
+  folder.Write(u"copy.tif.part"_s, "of another program");
   MessageBoxes boxes;
   FileDialogs files;
   files.Answer({}).Answer(folder.Path(u"copy.tif"_s)).Answer(folder.Path(u"none/copy.tif"_s));
@@ -309,6 +322,7 @@ TEST_F(ViewerTest, SavesACopy) {
     Do(window, u"CmdSave"_s);
     EXPECT_TRUE(boxes.Last().text.startsWith(u"无法保存 "_s));
   });
+  EXPECT_EQ(folder.Read(u"copy.tif.part"_s), "of another program");
   EXPECT_TRUE(files.Requests().at(0).save);
   EXPECT_TRUE(files.Requests().at(0).directory.endsWith(u"/一.tif"_s));
 }

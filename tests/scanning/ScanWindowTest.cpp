@@ -65,6 +65,26 @@ class ScanWindowTest : public testing::Test {
   TempProgramDirectory folder_;
 };
 
+/// Takes no settings, as on a full disk.
+class FullRegistry : public RegistryStore {
+ public:
+  QString Read(const QString&, const QString&) const override { throw DataError(DataErrorKind::File, u"unreadable"_s); }
+  void Write(const QString&, const QString&, const QString&) override {
+    throw DataError(DataErrorKind::File, u"full"_s);
+  }
+};
+
+TEST_F(ScanWindowTest, SettingsThatCannotBeKeptKeepNobodyFromScanning) {
+  Services().registry = std::make_shared<FullRegistry>();
+  InWindow([](QWidget& window) {
+    ASSERT_TRUE(WaitForScanner(window));
+    ScanOne(window);
+    ScanOne(window);
+    Do(window, u"CmdDrop"_s);
+    Do(window, u"CmdDrop"_s);
+  });
+}
+
 TEST_F(ScanWindowTest, OffersWhatTheScannerOffers) {
   InWindow([](QWidget& window) {
     ASSERT_TRUE(WaitForScanner(window));
