@@ -170,18 +170,22 @@ void SetsPage::Link(const QString& source, const QString& destination) {
   if (!HasSet()) return;
   const std::size_t before = Now().links.size();
   const std::size_t link = settings_.Link(Set(), source, destination);
-  const bool isNew = Now().links.size() > before;
-  Changed(isNew ? u"已将“%1”对应到“%2”。"_s.arg(source, destination)
-                : u"目标字段“%2”原有的对应已改为来源字段“%1”。"_s.arg(source, destination));
+  ShowLinked(link, Now().links.size() > before);
+}
+
+void SetsPage::ShowLinked(std::size_t link, bool isNew) {
+  const FieldLink& linked = Now().links[link];
+  Changed(isNew ? u"已将“%1”对应到“%2”。"_s.arg(linked.source, linked.destination)
+                : u"目标字段“%2”原有的对应已改为来源字段“%1”。"_s.arg(linked.source, linked.destination));
   links_->GoTo(int(link));
 }
 
 void SetsPage::DropOnLink(bool isSource, const QString& field, int row) {
   if (!HasSet() || row < 0 || std::size_t(row) >= Now().links.size()) return;
   if (isSource) return Link(field, Now().links[std::size_t(row)].destination);
+  const std::size_t before = Now().links.size();
   const std::size_t moved = settings_.MoveLink(Set(), std::size_t(row), field);
-  Changed(u"已将“%1”对应到“%2”。"_s.arg(Now().links[moved].source, field));
-  links_->GoTo(int(moved));
+  ShowLinked(moved, Now().links.size() == before);  // one less where another link has given its place
 }
 
 void SetsPage::EditLink() {

@@ -64,6 +64,8 @@ class SetsPage : public QWidget {
   void LinkFields();
   void LinkNext();
   void Link(const QString& source, const QString& destination);
+  /// Tells of a link that was made, and goes to it. A link that is not new has taken the place of another.
+  void ShowLinked(std::size_t link, bool isNew);
   void DropOnLink(bool isSource, const QString& field, int row);
   void EditLink();
   void ActivateLink();

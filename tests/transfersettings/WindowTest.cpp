@@ -111,6 +111,8 @@ TEST_P(WindowTest, AFieldIsDroppedOntoAnotherOrOntoALink) {
     WaitUntil([&] { return State(window) == u"已将“Pages”对应到“ItemNo”。"_s; });
     EXPECT_FALSE(drop(u"LvSource"_s, u"Secret"_s, u"LvSource"_s, 0));
     EXPECT_EQ(Shown(window, u"LvLinks"_s).filter(u"建议"_s, Qt::CaseSensitive).size(), 2);  // the date, and pages anew
+    EXPECT_TRUE(drop(u"LvDestination"_s, u"Author"_s, u"LvLinks"_s, 2));                    // where Secret went
+    EXPECT_TRUE(WaitUntil([&] { return State(window) == u"目标字段“Author”原有的对应已改为来源字段“Pages”。"_s; }));
     Find<QAbstractButton>(window, u"CmdSave"_s).setFocus();
   });
   EXPECT_THAT(boxes_.Texts().join(u'|').toStdString(), HasSubstr("是否保存"));
