@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <functional>
 
-#include <folvane/HostServices.h>
+#include "components/common/KeptText.h"
 
 namespace folvane {
 namespace {
@@ -15,22 +15,10 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kPlacements = u"HKEY_CURRENT_USER\\Software\\Norvex\\Folvane\\Windows"_s;
 
-// Where a window stood is a comfort: no trouble with the store may keep it from opening or closing.
-QByteArray ReadKept(const QString& name) {
-  try {
-    const auto& registry = Services().registry;
-    return registry ? QByteArray::fromBase64(registry->Read(kPlacements, name).toLatin1()) : QByteArray();
-  } catch (const std::exception&) {
-    return {};
-  }
-}
+QByteArray KeptState(const QString& name) { return QByteArray::fromBase64(ReadKept(kPlacements, name).toLatin1()); }
 
-void WriteKept(const QString& name, const QByteArray& state) {
-  try {
-    const auto& registry = Services().registry;
-    if (registry) registry->Write(kPlacements, name, QString::fromLatin1(state.toBase64()));
-  } catch (const std::exception&) {
-  }
+void KeepState(const QString& name, const QByteArray& state) {
+  WriteKept(kPlacements, name, QString::fromLatin1(state.toBase64()));
 }
 
 /// Has something remembered whenever a window is hidden.
@@ -53,25 +41,25 @@ class PlacementKeeper : public QObject {
 }  // namespace
 
 void KeepPlacement(QWidget& window) {
-  const QByteArray kept = ReadKept(window.objectName());
+  const QByteArray kept = KeptState(window.objectName());
   if (!kept.isEmpty()) window.restoreGeometry(kept);
   window.resize(window.size().boundedTo(window.screen()->availableSize()));
-  new PlacementKeeper(window, [&window] { WriteKept(window.objectName(), window.saveGeometry()); });
+  new PlacementKeeper(window, [&window] { KeepState(window.objectName(), window.saveGeometry()); });
 }
 
 void KeepWidths(QHeaderView& header) {
   QWidget& list = *header.parentWidget();
   const QString name = list.window()->objectName() + u'.' + list.objectName();
-  const QByteArray kept = ReadKept(name);
+  const QByteArray kept = KeptState(name);
   if (!kept.isEmpty()) header.restoreState(kept);
-  new PlacementKeeper(*list.window(), [&header, name] { WriteKept(name, header.saveState()); });
+  new PlacementKeeper(*list.window(), [&header, name] { KeepState(name, header.saveState()); });
 }
 
 void KeepSizes(QSplitter& splitter) {
   const QString name = splitter.window()->objectName() + u'.' + splitter.objectName();
-  const QByteArray kept = ReadKept(name);
+  const QByteArray kept = KeptState(name);
   if (!kept.isEmpty()) splitter.restoreState(kept);
-  new PlacementKeeper(*splitter.window(), [&splitter, name] { WriteKept(name, splitter.saveState()); });
+  new PlacementKeeper(*splitter.window(), [&splitter, name] { KeepState(name, splitter.saveState()); });
 }
 
 }  // namespace folvane

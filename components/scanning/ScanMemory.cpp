@@ -1,8 +1,6 @@
 #include "components/scanning/ScanMemory.h"
 
-#include <exception>
-
-#include <folvane/HostServices.h>
+#include "components/common/KeptText.h"
 
 namespace folvane::scanning {
 namespace {
@@ -12,20 +10,8 @@ const QString kScanning = u"HKEY_CURRENT_USER\\Software\\Norvex\\Folvane\\Scanni
 
 }  // namespace
 
-QString Remembered(const QString& name) {
-  try {
-    const auto& registry = Services().registry;
-    return registry ? registry->Read(kScanning, name) : QString();
-  } catch (const std::exception&) {
-    return {};
-  }
-}
+QString Remembered(const QString& name) { return ReadKept(kScanning, name); }
 
-void Remember(const QString& name, const QString& value) {
-  try {
-    if (const auto& registry = Services().registry) registry->Write(kScanning, name, value);
-  } catch (const std::exception&) {
-  }
-}
+void Remember(const QString& name, const QString& value) { WriteKept(kScanning, name, value); }
 
 }  // namespace folvane::scanning
