@@ -45,7 +45,8 @@ std::optional<FtpEntry> EntryOfFacts(const QString& line) {
 std::optional<FtpEntry> EntryOfUnix(const QString& line) {
   static const QRegularExpression form(
       u"^([-bcdlps])[-rwxsStTlL]{9}[.+@]?\\s.*?(?:(\\d+)|\\d+,\\s*\\d+)\\s+"
-      "(?:\\d*[^\\d\\s]\\S*\\s+(?:0?[1-9]|[12]\\d|3[01])\\s+(?:(?:19|20)\\d{2}|\\d{1,2}:\\d{2})|\\d{4}-\\d{2}-\\d{2}\\s+\\d{1,2}:\\d{2})\\s(.+)$"_s);
+      "(?:\\d*[^\\d\\s]\\S*\\s+(?:0?[1-9]|[12]\\d|3[01])\\s+(?:(?:19|20)\\d{2}|\\d{1,2}:\\d{2})|"
+      "\\d{4}-\\d{2}-\\d{2}\\s+\\d{1,2}:\\d{2})\\s(.+)$"_s);
   const QRegularExpressionMatch match = form.match(line);
   if (!match.hasMatch()) return std::nullopt;
   FtpEntry entry{match.captured(3)};

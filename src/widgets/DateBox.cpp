@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QToolTip>
 #include <algorithm>
-#include <utility>
 
 #include "base/HalfWidth.h"
 #include "base/Surroundings.h"
@@ -77,7 +76,7 @@ bool DateBox::AllTaken(const QList<DateBox*>& boxes) {
   return false;
 }
 
-// Only digits and the signs between them could be typed.
+// Only digits and the signs between them can be typed: nothing that a tip would take for markup.
 void DateBox::TellRefused() {
   QToolTip::showText(mapToGlobal(rect().bottomLeft()), u"“%1”不是日期，没有采用"_s.arg(refused_), this);
 }

@@ -44,7 +44,7 @@ class DateBox : public CalendarCombo {
   void MakeRoomForDigit();
 
   QDate date_;
-  QString refused_;  ///< what has been typed last and was no date; "" once a date is there
+  QString refused_;  ///< what was typed last and was no date; "" once a date is there or the window has been held up
 };
 
 }  // namespace folvane

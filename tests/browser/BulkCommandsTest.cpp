@@ -172,7 +172,7 @@ TEST_P(BulkCommandsTest, ABatchUpdateIsToldTheTableAndTheSelectedRow) {
 TEST_P(BulkCommandsTest, ABatchUpdateStartsAtTheSelectedRecordWhereverTheListBegins) {
   design_->Run(u"delete from Lwdj"_s);
   design_->AddRecords(u"Lwdj"_s, 70);
-  const auto position = [this](const Browser& browser) {
+  const auto position = [](const Browser& browser) {
     int told = 0;
     WithWindow(u"FrmBactchUpdate"_s, [&](QWidget& window) { told = static_cast<FrmBactchUpdate&>(window).vsPos; });
     browser.Entry(u"mnu_Tool1_BUpdate"_s).trigger();

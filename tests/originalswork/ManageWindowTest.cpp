@@ -35,6 +35,15 @@ class ManageWindowTest : public WorkTest {
   }
   static QAction& Key(QWidget& window, const QString& key) { return FindAction(window, u"TlbOriginals"_s, key); }
   static void Press(QWidget& window, const QString& key) { Key(window, key).trigger(); }
+  /// Opens the box for the name of a row and types into it.
+  static QWidget& TypeName(QWidget& window, int row, const QString& name) {
+    Choose(window, row);
+    Press(window, u"CmdRename"_s);
+    QWidget* editor = List(window).indexWidget(List(window).currentIndex());
+    if (!editor) throw std::logic_error("no box for the name has been opened");
+    Retype(*editor, name);
+    return *editor;
+  }
   static void Drop(QWidget& window, const QMimeData& data, const QPoint& at) {
     EXPECT_EQ(DropOnto(List(window), data, at, Qt::CopyAction | Qt::MoveAction), Qt::CopyAction)
         << "after a move the view removes what was dragged";
@@ -68,12 +77,7 @@ TEST_P(ManageWindowTest, OpensAsItWasLeft) {
 TEST_P(ManageWindowTest, RenamesWithF2) {
   AddThree();
   InWindow([&](QWidget& window) {
-    Choose(window, 1);
-    Press(window, u"CmdRename"_s);
-    auto* editor = List(window).viewport()->findChild<QLineEdit*>();
-    ASSERT_TRUE(editor);
-    Retype(*editor, u"新名"_s);
-    test::Press(*editor, Qt::Key_Return);
+    test::Press(TypeName(window, 1, u"新名"_s), Qt::Key_Return);
     ASSERT_TRUE(WaitUntil([&] { return Names()[1] == u"新名.txt"_s; }));
     EXPECT_EQ(Shown(window), QStringList({u"甲"_s, u"新名"_s, u"丙"_s}));
   });
@@ -84,20 +88,13 @@ TEST_P(ManageWindowTest, ANameThatIsBeingTypedIsStoredBeforeAnythingElse) {
   MessageBoxes boxes;
   boxes.Answer(7);
   InWindow([&](QWidget& window) {
-    const auto type = [&](int row, const QString& name) {
-      Choose(window, row);
-      Press(window, u"CmdRename"_s);
-      QWidget* editor = List(window).indexWidget(List(window).currentIndex());
-      ASSERT_TRUE(editor);
-      Retype(*editor, name);
-    };
-    type(1, u"新名"_s);
+    TypeName(window, 1, u"新名"_s);
     Press(window, u"CmdDelete"_s);
     EXPECT_EQ(Names(), QStringList({u"甲.txt"_s, u"新名.txt"_s, u"丙.txt"_s}));
-    type(1, u"更新"_s);
+    TypeName(window, 1, u"更新"_s);
     Press(window, u"CmdUp"_s);
     EXPECT_EQ(Names(), QStringList({u"更新.txt"_s, u"甲.txt"_s, u"丙.txt"_s}));
-    type(2, u"末"_s);
+    TypeName(window, 2, u"末"_s);
     window.close();
     EXPECT_FALSE(window.isVisible());
   });
@@ -108,14 +105,10 @@ TEST_P(ManageWindowTest, ANameThatIsBeingTypedIsStoredBeforeAnythingElse) {
 TEST_P(ManageWindowTest, AThumbnailLeavesTheNameThatIsBeingTyped) {
   AddThree();
   InWindow([&](QWidget& window) {
-    Choose(window, 0);
-    Press(window, u"CmdRename"_s);
-    auto* editor = List(window).viewport()->findChild<QLineEdit*>();
-    ASSERT_TRUE(editor);
-    Retype(*editor, u"半个名"_s);
+    auto& editor = static_cast<QLineEdit&>(TypeName(window, 0, u"半个名"_s));
     List(window).model()->setData(List(window).model()->index(0, 0), QIcon(), Qt::DecorationRole);
-    EXPECT_EQ(editor->text(), u"半个名"_s);
-    test::Press(*editor, Qt::Key_Escape);
+    EXPECT_EQ(editor.text(), u"半个名"_s);
+    test::Press(editor, Qt::Key_Escape);
   });
 }
 

@@ -95,6 +95,14 @@ TEST_P(PagesTest, APrinterGetsThePagesThatAreAskedFor) {
   EXPECT_FALSE(text.contains(u"第4页"_s));
 }
 
+TEST_P(PagesTest, APageWithoutRoomIsTold) {
+  reports::LaidOutReport report = reports::LayOutReport(Request(u"Lwdj"_s, u"RegID = 1"_s));
+  report.pages.SetLayout(QPageLayout(QPageSize(QPageSize::A5), QPageLayout::Landscape, QMarginsF(10, 80, 10, 80),
+                                     QPageLayout::Millimeter));
+  EXPECT_THROW(report.pages.WritePdf(program_.Path(u"report.pdf"_s), u"x"_s), DataError);
+  EXPECT_FALSE(program_.Has(u"report.pdf"_s));
+}
+
 TEST_P(PagesTest, AFolderThatIsMissingIsTold) {
   const reports::LaidOutReport report = reports::LayOutReport(Request(u"Lwdj"_s, u"RegID = 1"_s));
   EXPECT_THROW(report.pages.WritePdf(program_.Path(u"none/report.pdf"_s), u"x"_s), DataError);
