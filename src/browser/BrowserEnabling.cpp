@@ -21,8 +21,9 @@ BrowserEnabling::BrowserEnabling(const BrowserView& view) {
 }
 
 void BrowserEnabling::SetBrowsing(const BrowserView& view) {
-  Set(entries, {u"mnu_File5_Save"_s, u"mnu_Tool4_HSearch"_s, u"mnu_Tool5_LSearch"_s, u"mnu_Goto"_s}, view.hasTable);
-  Set(entries, {u"mnu_Tool3_Sort"_s}, view.hasTable && !view.refused);
+  Set(entries,
+      {u"mnu_File5_Save"_s, u"mnu_Tool3_Sort"_s, u"mnu_Tool4_HSearch"_s, u"mnu_Tool5_LSearch"_s, u"mnu_Goto"_s},
+      view.hasTable);
   Set(keys, {u"Search"_s, u"Refresh"_s}, view.hasTable);
 }
 

@@ -60,7 +60,7 @@ FrmMain::FrmMain() {
   MakeNavigation();
   limits_ = std::make_unique<ListLimits>(*list_, parameters_, tables_->Tree());
   limits_->SetCaptions([this](const QString& field) { return search_->CaptionOf(field); });
-  limits_->OfferAdding();
+  limits_->OfferCommands();
   related_ = std::make_unique<RelatedRecords>(*tables_, *list_, parameters_);
   recordCommands_ = std::make_unique<RecordCommands>(*list_, parameters_, *treeView_, *status_);
   bulkCommands_ = std::make_unique<BulkCommands>(*list_, parameters_, *status_);

@@ -53,8 +53,6 @@ QString OrderTextOf(const std::vector<OrderItem>& items) { return Joined(items, 
 
 QString OrderWordsOf(const std::vector<OrderItem>& items) { return Joined(items, u"(升序)"_s, u"(降序)"_s); }
 
-bool OrdersByKey(const QString& order) { return order.contains(u"ArchiveID"_s, Qt::CaseInsensitive); }
-
 QString FittedOrder(const QString& order, int size) {
   if (FitsByteLength(order, size)) return order;
   const QString cut = LimitByteLength(order, size);

@@ -23,9 +23,6 @@ QString OrderTextOf(const std::vector<OrderItem>& items);
 /// The same to be shown, for items that hold captions.
 QString OrderWordsOf(const std::vector<OrderItem>& items);
 
-/// Whether an order is the plain one by the key of the records, or has that in it: it is no choice of the user then.
-bool OrdersByKey(const QString& order);
-
 /// An order that fits into so many characters: a longer one is cut there, and then before its last comma; "" when that
 /// leaves nothing.
 QString FittedOrder(const QString& order, int size);

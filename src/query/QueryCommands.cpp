@@ -42,8 +42,9 @@ void QueryCommands::Refresh() {
   list_.ShowWhere(QString());
 }
 
+// Records that were refused may come in another order: the one that is kept may name a field that is gone.
 void QueryCommands::Sort() {
-  if (list_.Rows().Count() == 0) return;
+  if (list_.Rows().Count() == 0 && list_.State() != ListRecords::Refused) return;
   const QString order = AskOrder(list_.Table(), parameters_.Selected(Parameter::Order));
   if (!order.isEmpty()) list_.ShowInOrder(order);
 }

@@ -72,8 +72,10 @@ QString ListLimits::KeyHint() const {
 QString ListLimits::RefusedHint() const {
   if (LacksKey(list_.Table())) return KeyHint();
   const QString failed = u"未能打开"_s + TableCaption() + u"的记录。"_s;
+  if (!list_.ShownFilter().isEmpty()) return failed + u"按 F5 刷新以取消上面的条件，显示全部。"_s;
+  const bool isOrdered = !OrdersByKey(parameters_.Selected(Parameter::Order));
   return failed +
-         (list_.ShownFilter().isEmpty() ? u"按 F5 刷新以重试。"_s : u"按 F5 刷新以取消上面的条件，显示全部。"_s);
+         (offersCommands_ && isOrdered ? u"按 F5 刷新以重试，或按 Ctrl+T 按其他字段排序。"_s : u"按 F5 刷新以重试。"_s);
 }
 
 // Records are there, and none could be shown.
@@ -91,7 +93,7 @@ QString ListLimits::UnshownHint() const {
 QString ListLimits::NoRecordsHint() const {
   const QString limit = parameters_.Selected(Parameter::RowLimit);
   if (limit == u"1 = 2"_s) return u"您没有查看"_s + TableCaption() + u"的权限，请与管理员联系。"_s;
-  const bool mayAdd = offersAdding_ && parameters_.Grants().edit;
+  const bool mayAdd = offersCommands_ && parameters_.Grants().edit;
   if (!list_.ShownFilter().isEmpty()) {
     return u"当前条件下没有记录。按 F5 刷新以显示全部"_s + (mayAdd ? u"，或按 Ctrl+N 新增。"_s : u"。"_s);
   }

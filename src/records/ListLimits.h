@@ -19,8 +19,8 @@ class ListLimits {
 
   /// Gives captions to fields that are no columns of the list; "" leaves a field its own name.
   void SetCaptions(std::function<QString(const QString& field)> captionOf) { captionOf_ = std::move(captionOf); }
-  /// Has an empty list say how to add a record, to those who may.
-  void OfferAdding() { offersAdding_ = true; }
+  /// Has an empty list name the commands of its window: for adding a record, to those who may, and for the order.
+  void OfferCommands() { offersCommands_ = true; }
 
   /// Keeps the words of a condition that cannot be told from its text.
   void KeepWords(const QString& filter, const QString& words) { words_.insert(filter, words); }
@@ -44,7 +44,7 @@ class ListLimits {
   const TableParameters& parameters_;
   const ClassTree& tree_;
   std::function<QString(const QString&)> captionOf_;
-  bool offersAdding_ = false;
+  bool offersCommands_ = false;
   QHash<QString, QString> words_;  ///< by condition
 };
 

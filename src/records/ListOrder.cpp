@@ -34,6 +34,8 @@ QString OrderField(const QString& order) {
   return item.section(u' ', 0, 0);
 }
 
+bool OrdersByKey(const QString& order) { return order.contains(u"ArchiveID"_s, Qt::CaseInsensitive); }
+
 QString WithoutArrows(const QString& caption) { return QString(caption).remove(u'↑').remove(u'↓').trimmed(); }
 
 QString OrderAfterClick(const RecordListModel& list, int column, const QString& order) {

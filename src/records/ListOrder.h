@@ -9,6 +9,9 @@ class RecordListModel;
 /// The field that an order text starts with.
 QString OrderField(const QString& order);
 
+/// Whether an order is the plain one by the key of the records, or has that in it: it is no choice of the user then.
+bool OrdersByKey(const QString& order);
+
 /// A caption without the arrows that show a direction.
 QString WithoutArrows(const QString& caption);
 

@@ -45,9 +45,8 @@ QStringList Enabled(const BrowserEnabling& enabling) {
   return names;
 }
 
-const QStringList kOfTable{u"mnu_File5_Save"_s, u"mnu_Tool4_HSearch"_s, u"mnu_Tool5_LSearch"_s,
-                           u"mnu_Goto"_s,       u"!Search"_s,           u"!Refresh"_s};
-const QStringList kOfRecords{u"mnu_Tool3_Sort"_s};
+const QStringList kOfTable{u"mnu_File5_Save"_s, u"mnu_Tool3_Sort"_s, u"mnu_Tool4_HSearch"_s, u"mnu_Tool5_LSearch"_s,
+                           u"mnu_Goto"_s,       u"!Search"_s,        u"!Refresh"_s};
 const QStringList kPrinting{u"mnu_Report"_s};
 const QStringList kEditing{u"mnu_File2_Open"_s, u"mnu_Tool2_BDel"_s};
 const QStringList kArchiving{u"Archive(1)"_s};
@@ -59,7 +58,7 @@ const QStringList kToNumber{u"mnu_Goto4_Location"_s, u"mnu_Goto4A_Location"_s};
 const QStringList kBack{u"mnu_Goto5_FPage"_s, u"mnu_Goto2_PPage"_s, u"!PrePage"_s};
 const QStringList kForward{u"mnu_Goto3_NPage"_s, u"mnu_Goto6_LPage"_s, u"!NextPage"_s};
 
-const QStringList kOfEditor = kOfTable + kOfRecords + kPrinting + kEditing + kEditingRecords + kArchiving;
+const QStringList kOfEditor = kOfTable + kPrinting + kEditing + kEditingRecords + kArchiving;
 const QStringList kOfEditorOnRow = kOfEditor + kEditingRow + kLooking;
 
 struct Case {
@@ -89,13 +88,12 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"ARecordThatIsGone", {true, kAll, false, false, true, true, -3, 3}, kOfEditorOnRow + kToNumber + kForward},
         Case{"UnderAParentTable", WithParent(), kOfEditorOnRow + QStringList{u"mnu_Goto1_UClass"_s}},
         Case{"RecordsThatTheDatabaseRefused", Refused(), kOfTable + kPrinting + kEditing + kArchiving},
-        Case{"WithoutTheRightToEdit", At(1, 1, Without(&TableGrants::edit)),
-             kOfTable + kOfRecords + kPrinting + kLooking},
+        Case{"WithoutTheRightToEdit", At(1, 1, Without(&TableGrants::edit)), kOfTable + kPrinting + kLooking},
         Case{"WithoutTheRightToPrint", At(0, 0, Without(&TableGrants::print)),
-             kOfTable + kOfRecords + kEditing + kEditingRecords + kArchiving},
+             kOfTable + kEditing + kEditingRecords + kArchiving},
         Case{"WithoutTheRightToLookAtFiles", At(1, 1, Without(&TableGrants::lookFile)), kOfEditor + kEditingRow},
         Case{"WithoutAnArchiveTable", At(0, 0, Without(&TableGrants::hasTarget)),
-             kOfTable + kOfRecords + kPrinting + kEditing + kEditingRecords}),
+             kOfTable + kPrinting + kEditing + kEditingRecords}),
     [](const auto& each) { return std::string(each.param.name); });
 
 TEST(BrowserEnabling, SaysNothingOfTheMovesWithoutATable) {

@@ -85,8 +85,8 @@ TEST_P(RefusedTest, CommandsThatNeedRecordsAreOffUntilTheyAreOpenAgain) {
     Query(browser, u"Lwdj.NoSuchField = '1'"_s);
     messages.Clear();
     EXPECT_EQ(ListHint(browser), u"未能打开表“来文登记”的记录。按 F5 刷新以取消上面的条件，显示全部。"_s);
-    for (const QString& entry : {u"mnu_File1_Add"_s, u"mnu_File4_Property"_s, u"mnu_File3_Del"_s,
-                                 u"mnu_Tool1_BUpdate"_s, u"mnu_Tool3_Sort"_s}) {
+    for (const QString& entry :
+         {u"mnu_File1_Add"_s, u"mnu_File4_Property"_s, u"mnu_File3_Del"_s, u"mnu_Tool1_BUpdate"_s}) {
       EXPECT_FALSE(browser.On(entry)) << entry.toStdString();
     }
     EXPECT_FALSE(browser.KeyOn(u"NEW"_s));
@@ -98,6 +98,24 @@ TEST_P(RefusedTest, CommandsThatNeedRecordsAreOffUntilTheyAreOpenAgain) {
     EXPECT_FALSE(browser.KeyOn(u"PrePage"_s));
   });
   EXPECT_TRUE(messages.Requests().empty());
+}
+
+TEST_P(RefusedTest, AnOrderByAFieldThatIsGoneIsReplacedByAnother) {
+  MessageBoxes messages;
+  Database().Native(u"insert into FindCirOrder(TableName, OrderStr, UserID) values('Lwdj', 'NoSuchField Asc', 1)"_s);
+  InBrowser([&](const Browser& browser) {
+    EXPECT_EQ(ListHint(browser), u"未能打开表“来文登记”的记录。按 F5 刷新以重试，或按 Ctrl+T 按其他字段排序。"_s);
+    WithWindow(u"FrmOrderBy"_s, [](QWidget& window) {
+      EXPECT_EQ(Find<QAbstractItemView>(window, u"LV2"_s).model()->rowCount(), 0);
+      Click(Find<QAbstractButton>(window, u"CmdSort(3)"_s));
+      Click(Find<QAbstractButton>(window, u"CmdOK"_s));
+    });
+    browser.Entry(u"mnu_Tool3_Sort"_s).trigger();
+    EXPECT_EQ(browser.List().model()->rowCount(), 12);
+    EXPECT_EQ(ListHint(browser), QString());
+    EXPECT_TRUE(browser.On(u"mnu_File1_Add"_s));
+  });
+  EXPECT_EQ(messages.Requests().size(), 1u) << "that of the opening";
 }
 
 TEST_P(RefusedTest, AWordThatTheDatabaseRefusesStaysInTheSearchBox) {

@@ -29,12 +29,6 @@ TEST(OrderTextTest, ItemsAreJoinedWithoutBlanks) {
   EXPECT_EQ(OrderTextOf({}), QString());
 }
 
-TEST(OrderTextTest, TheKeyInAnOrderIsFoundInAnyCase) {
-  EXPECT_TRUE(OrdersByKey(u"ArchiveId Desc"_s));
-  EXPECT_TRUE(OrdersByKey(u"A Desc,ArchiveID"_s));
-  EXPECT_FALSE(OrdersByKey(u"A Desc"_s));
-}
-
 TEST(OrderTextTest, ALongOrderIsShortenedToWholeItems) {
   const QString order = u"A Desc,B Asc,C Asc"_s;
   EXPECT_EQ(FittedOrder(order, 18), order);

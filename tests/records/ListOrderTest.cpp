@@ -30,6 +30,12 @@ class KeptOrderTest : public DesignTest {};
 
 }  // namespace
 
+TEST(ListOrderTextTest, TheKeyInAnOrderIsFoundInAnyCase) {
+  EXPECT_TRUE(OrdersByKey(u"ArchiveId Desc"_s));
+  EXPECT_TRUE(OrdersByKey(u"A Desc,ArchiveID"_s));
+  EXPECT_FALSE(OrdersByKey(u"A Desc"_s));
+}
+
 TEST_F(MarkedOrderTest, AnotherColumnSortsAscending) {
   EXPECT_EQ(Click(0, u"ArchiveId Desc"_s), u"RegID Asc"_s);
   EXPECT_EQ(Caption(0), u"↑登记号"_s);
