@@ -4,6 +4,7 @@
 #include <folvane/DataError.h>
 
 #include "data/DatabaseSession.h"
+#include "design/ClerksRows.h"
 #include "design/PhysicalTables.h"
 #include "design/RowChanges.h"
 #include "design/Shape.h"
@@ -19,6 +20,16 @@ struct Work {
   std::vector<RowChange> rows;
   std::vector<PhysicalStep> steps;
 };
+
+bool IsDrop(const PhysicalStep& step) {
+  return step.kind == PhysicalStep::Kind::DropColumn || step.kind == PhysicalStep::Kind::DropTable;
+}
+
+std::vector<PhysicalStep> DropsOf(const Work& work) {
+  std::vector<PhysicalStep> drops;
+  std::copy_if(work.steps.begin(), work.steps.end(), std::back_inserter(drops), IsDrop);
+  return drops;
+}
 
 // What rows cannot hold would not come back.
 void RequireStorable(const Design& wanted, const StoredRows& rows) {
@@ -98,10 +109,6 @@ class Answers {
   const std::vector<LossAnswer>& answers_;
 };
 
-bool IsDrop(const PhysicalStep& step) {
-  return step.kind == PhysicalStep::Kind::DropColumn || step.kind == PhysicalStep::Kind::DropTable;
-}
-
 // One at a time: whoever else applies a design waits, and then sees what this one has written.
 void LockOut(Connection& connection) {
   DatabaseSession& session = DatabaseSession::Of(connection);
@@ -141,8 +148,11 @@ void Apply(Connection& connection, const DesignPlan& plan, const Answers& answer
   for (const PhysicalStep& step : work.steps)
     if (!IsDrop(step)) CarryOut(connection, step);
   RunRows(connection, work.rows);
-  for (const PhysicalStep& step : work.steps)
-    if (IsDrop(step) && answers.Allow(step)) CarryOut(connection, step);
+  std::vector<PhysicalStep> drops = DropsOf(work);
+  std::erase_if(drops, [&](const PhysicalStep& step) { return !answers.Allow(step); });
+  for (const QString& statement : ClerksStatements(connection, plan.base, plan.wanted, drops))
+    connection.Execute(statement);
+  for (const PhysicalStep& step : drops) CarryOut(connection, step);
   RequireOrder(connection, plan.wanted, work.rows);
 }
 
@@ -161,6 +171,7 @@ DesignPlan PlanDesign(Connection& connection, const Design& base, const Design& 
     if (step.IsLoss()) plan.losses.push_back(design::LossOf(step));
   }
   plan.statements << design::StatementsOf(connection, work.rows);
+  plan.statements << design::ClerksStatements(connection, plan.base, plan.wanted, design::DropsOf(work));
   return plan;
 }
 

@@ -13,8 +13,6 @@ namespace folvane::design {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int kAnyLength = 2147483647;
-
 // As the database has the column, or as it will be made of the field.
 ColumnInfo ColumnFor(const Design::Field& field) {
   const Column column = ColumnOf(field);

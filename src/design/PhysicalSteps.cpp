@@ -107,20 +107,31 @@ class Steps {
     }
   }
 
+  const Design::Field* FieldBefore(const Design::Table& table, const Design::Field& field) const {
+    const Design::Table* before = FindSame(base_.tables, table);
+    return before ? FindSame(before->fields, field) : nullptr;
+  }
+
+  // A length of 0 lifts the limit of a column where it was chosen; many designs have it for columns that have one.
+  bool IsUnlimitedNow(const Design::Table& table, const Design::Field& field) const {
+    const Design::Field* was = FieldBefore(table, field);
+    return field.length <= 0 && was && was->length > 0;
+  }
+
   void FitColumn(const Design::Table& table, const Design::Field& field, const TableInfo& info,
                  const ColumnInfo& present) {
     const Column column = ColumnOf(field);
     const bool isText = GroupOfType(present.type) == TypeGroup::Text;
     if (isText && (column.type == ColumnType::Text || column.type == ColumnType::LongText)) {
-      const bool isTooShort = column.type == ColumnType::LongText ? field.length > present.definedSize
-                                                                  : column.length > present.definedSize;
-      if (isTooShort && session_.Words().text)
+      const bool isLong = column.type == ColumnType::LongText;
+      const bool isTooShort = isLong ? field.length > present.definedSize || IsUnlimitedNow(table, field)
+                                     : column.length > present.definedSize;
+      if (isTooShort && present.definedSize < kAnyLength && session_.Words().text)
         steps_.push_back({Kind::WidenColumn, {info.name, {}, {}, {}}, {present.name, column.type, column.length}});
       return;
     }
     if (isText) return;  // takes anything
-    const Design::Table* before = FindSame(base_.tables, table);
-    const Design::Field* was = before ? FindSame(before->fields, field) : nullptr;
+    const Design::Field* was = FieldBefore(table, field);
     const bool isNumber = GroupOfType(present.type) == TypeGroup::Number;
     const bool suits = isNumber ? column.type == ColumnType::Integer
                                 : GroupOfType(present.type) != TypeGroup::Date || column.type == ColumnType::Date;

@@ -54,7 +54,9 @@ QString InWords(const PhysicalStep& step) {
 void RequireWide(Connection& connection, const PhysicalStep& step) {
   const TableInfo* info = DatabaseSession::Of(connection).Table(step.table.name);
   const int at = info ? info->IndexOf(step.column.name) : -1;
-  if (at < 0 || info->columns[std::size_t(at)].definedSize < step.column.length)
+  const bool isUnlimited = step.column.type == ColumnType::LongText;
+  const int needed = isUnlimited ? kAnyLength : step.column.length;
+  if (at < 0 || info->columns[std::size_t(at)].definedSize < needed)
     throw DataError(DataErrorKind::Other,
                     u"表“%1”的列“%2”没有加长，本次修改没有保存。"_s.arg(step.table.name, step.column.name));
 }

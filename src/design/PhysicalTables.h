@@ -10,6 +10,9 @@
 // The tables of the records themselves, as a design wants them.
 namespace folvane::design {
 
+/// The defined size of a column without a limit.
+inline constexpr int kAnyLength = 2147483647;
+
 /// A field as a column: numbers, dates and texts of its length.
 Column ColumnOf(const Design::Field& field);
 

@@ -130,6 +130,20 @@ TEST_P(ApplyDesignTest, WhatClerksWroteStaysWhileTheirFieldsAreDesigned) {
   EXPECT_EQ(Read().dictionaries[0].entries.size(), 3u);
 }
 
+TEST_P(ApplyDesignTest, ALengthOfZeroLiftsTheLimitOfTheColumn) {
+  AddLetter(u"1"_s, u"通知"_s);
+  Apply([](Design& design) { FieldOf(design, u"Lwdj"_s, u"Amaintitle"_s).length = 0; });
+  EXPECT_EQ(SizeOf(u"Lwdj"_s, u"Amaintitle"_s), std::numeric_limits<int>::max());
+  AddLetter(u"2"_s, QString(3000, u'长'));
+  EXPECT_EQ(Database().Value(u"select length(Amaintitle) from Lwdj where ArchiveID = '2'"_s), u"3000"_s);
+}
+
+TEST_P(ApplyDesignTest, ALengthThatWasZeroAllAlongLeavesTheColumnAlone) {
+  Database().Native(u"update DynamicWindows set FieldLong = 0 where TableName = 'Lwdj' and FieldName = 'Amaintitle'"_s);
+  Apply([](Design& design) { FieldOf(design, u"Lwdj"_s, u"Amaintitle"_s).caption = u"标题"_s; });
+  EXPECT_EQ(SizeOf(u"Lwdj"_s, u"Amaintitle"_s), 160);
+}
+
 TEST_P(ApplyDesignTest, WhatOthersChangedElsewhereMeanwhileStays) {
   const Design base = Read();
   Design mine = base, theirs = base;
