@@ -104,12 +104,18 @@ void ConditionDialog::Show(const QString& condition) {
   isFree_ = !lines.has_value();
   if (lines)
     for (const ConditionLine& line : *lines) AddRow(line);
+  given_ = condition.trimmed();
+  if (lines) linesGiven_ = Lines();
   text_->setText(condition);
   Follow();
   Try();
 }
 
-QString ConditionDialog::Condition() const { return isFree_ ? text_->text().trimmed() : SqlOf(Lines(), table_); }
+QString ConditionDialog::Condition() const {
+  if (isFree_) return text_->text().trimmed();
+  const RowCondition lines = Lines();
+  return lines == linesGiven_ ? given_ : SqlOf(lines, table_);
+}
 
 ConditionRow* ConditionDialog::AddRow(const ConditionLine& line) {
   auto* row = new ConditionRow(design_, table_, this);

@@ -22,7 +22,7 @@ class ConditionDialog : public QDialog {
   ConditionDialog(const Design& design, const Design::Table& table, Connection& connection, QWidget* parent);
 
   void Show(const QString& condition);
-  /// What follows Where; "" for all rows.
+  /// What follows Where; "" for all rows. It is as it was given as long as no line is another.
   QString Condition() const;
 
   /// Stays while something is wrong with the condition.
@@ -44,6 +44,8 @@ class ConditionDialog : public QDialog {
   Design::Table table_;
   transfer::BusinessTable columns_;
   Connection& connection_;
+  QString given_;
+  std::optional<RowCondition> linesGiven_;  ///< nothing where it had another form
   QList<ConditionRow*> rows_;
   QVBoxLayout* list_;
   QPushButton *add_, *clear_;

@@ -1,5 +1,7 @@
 #include "designer/DesignPage.h"
 
+#include <QAbstractItemView>
+
 #include "design/Shape.h"
 #include "shell/EventGuard.h"
 
@@ -40,6 +42,16 @@ void DesignPage::ShowChange() {
 void DesignPage::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (isStale_) ShowChange();
+}
+
+void TakeTyped(QWidget& window) {
+  QWidget* typing = window.focusWidget();
+  if (!typing) return;
+  QWidget* stays = typing;  // of an editor in a cell the grid
+  for (QWidget* above = typing->parentWidget(); above; above = above->parentWidget())
+    if (qobject_cast<QAbstractItemView*>(above)) stays = above;
+  typing->clearFocus();
+  stays->setFocus();
 }
 
 }  // namespace folvane::designer

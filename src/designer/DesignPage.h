@@ -40,4 +40,7 @@ class DesignPage : public QWidget {
   bool isStale_ = true;
 };
 
+/// Has what is being typed in a window count before something else is done; the keyboard stays where it is.
+void TakeTyped(QWidget& window);
+
 }  // namespace folvane::designer

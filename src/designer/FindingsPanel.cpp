@@ -14,6 +14,7 @@
 #include <folvane/HostServices.h>
 #include <folvane/Icons.h>
 
+#include "designer/DesignPage.h"
 #include "shell/EventGuard.h"
 #include "widgets/BusyPointer.h"
 #include "widgets/PlainTip.h"
@@ -153,6 +154,7 @@ void FindingsPanel::ShowCurrent() {
 
 void FindingsPanel::Mend(const std::vector<const DesignFinding*>& findings) {
   if (findings.empty()) return;
+  TakeTyped(*window());
   const QString words =
       findings.size() == 1 ? u"改正："_s + findings.front()->what : u"改正 %1 个问题"_s.arg(findings.size());
   const bool isDone = session_.Change(words, [&](Design& wanted) {

@@ -1,6 +1,5 @@
 #include "designer/FrmDesigner.h"
 
-#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QFile>
 #include <QLabel>
@@ -73,18 +72,24 @@ FrmDesigner::FrmDesigner(DesignSession& session) : session_(session) {
 FrmDesigner::~FrmDesigner() { hide(); }
 
 void FrmDesigner::Connect() {
-  commands_->OnEntry(u"mnuNewClass"_s, [this] { AddClass(); });
-  commands_->OnEntry(u"mnuNewTable"_s, [this] { AddTable(); });
-  commands_->OnEntry(u"mnuRemove"_s, [this] { Remove(); });
-  commands_->OnEntry(u"mnuImport"_s, [this] { Import(); });
-  commands_->OnEntry(u"mnuExport"_s, [this] { Export(); });
-  commands_->OnEntry(u"mnuApply"_s, [this] { Apply(); });
-  commands_->OnEntry(u"mnuReadAgain"_s, [this] { ReadAgain(); });
-  commands_->OnEntry(u"mnuGiveUp"_s, [this] { GiveUp(); });
-  commands_->OnEntry(u"mnuClose"_s, [this] { close(); });
-  commands_->OnEntry(u"mnuUndo"_s, [this] { session_.History().undo(); });
-  commands_->OnEntry(u"mnuRedo"_s, [this] { session_.History().redo(); });
-  commands_->OnEntry(u"mnuCheckAll"_s, [this] { Check(); });
+  const auto on = [this](const QString& entry, const std::function<void()>& command) {
+    commands_->OnEntry(entry, [this, command] {
+      TakeTyped(*this);
+      command();
+    });
+  };
+  on(u"mnuNewClass"_s, [this] { AddClass(); });
+  on(u"mnuNewTable"_s, [this] { AddTable(); });
+  on(u"mnuRemove"_s, [this] { Remove(); });
+  on(u"mnuImport"_s, [this] { Import(); });
+  on(u"mnuExport"_s, [this] { Export(); });
+  on(u"mnuApply"_s, [this] { Apply(); });
+  on(u"mnuReadAgain"_s, [this] { ReadAgain(); });
+  on(u"mnuGiveUp"_s, [this] { GiveUp(); });
+  on(u"mnuClose"_s, [this] { close(); });
+  on(u"mnuUndo"_s, [this] { session_.History().undo(); });
+  on(u"mnuRedo"_s, [this] { session_.History().redo(); });
+  on(u"mnuCheckAll"_s, [this] { Check(); });
   ConnectGuarded(tree_, &DesignTree::CurrentChanged, this, &FrmDesigner::ShowChosen);
   ConnectGuarded(&session_, &DesignSession::Changed, this, &FrmDesigner::ShowState);
   ConnectGuarded(&session_.History(), &QUndoStack::indexChanged, this, [this](int) { ShowState(); });
@@ -211,19 +216,7 @@ void FrmDesigner::Export() {
   status_->ShowNotice(u"已导出到“%1”。"_s.arg(path));
 }
 
-// What is being typed counts, and the keyboard stays where it is.
-void FrmDesigner::TakeTyped() {
-  QWidget* typing = focusWidget();
-  if (!typing) return;
-  QWidget* stays = typing;  // of an editor in a cell the grid
-  for (QWidget* above = typing->parentWidget(); above; above = above->parentWidget())
-    if (qobject_cast<QAbstractItemView*>(above)) stays = above;
-  typing->clearFocus();
-  stays->setFocus();
-}
-
 bool FrmDesigner::Apply() {
-  TakeTyped();
   DesignPlan plan;
   {
     const BusyPointer busy;
@@ -263,7 +256,7 @@ void FrmDesigner::Check() {
 void FrmDesigner::closeEvent(QCloseEvent* event) {
   event->accept();
   RunGuarded([&] {
-    TakeTyped();
+    TakeTyped(*this);
     if (session_.IsChanged()) {
       event->ignore();  // also where the question cannot be asked
       const int answer =

@@ -45,7 +45,6 @@ class FrmDesigner : public QMainWindow {
   void Remove();
   void Import();
   void Export();
-  void TakeTyped();
   bool Apply();
   void ReadAgain();
   void GiveUp();

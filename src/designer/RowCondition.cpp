@@ -17,6 +17,9 @@ const QString kBegins = u"开头为"_s, kEmpty = u"为空"_s, kNotEmpty = u"不�
 
 QString Literal(const QString& text) { return u'\'' + EscapeSql(text) + u'\''; }
 
+// A bracket means itself; the signs for any characters keep their meaning.
+QString EscapedPattern(const QString& text) { return QString(text).replace(u'[', u"[[]"_s); }
+
 // Numbers and dates are empty only as nulls.
 bool IsTextField(const Design::Table& table, const QString& name) {
   const Design::Field* field = design::FindNamed(table.fields, name);
@@ -29,7 +32,7 @@ QString Compared(const ConditionLine& line, const Design::Table& table) {
   const bool isText = IsTextField(table, line.field);
   if (line.relation == kEmpty) return isText ? u"(%1 Is Null Or %1 = '')"_s.arg(subject) : subject + u" Is Null"_s;
   if (line.relation == kNotEmpty) return subject + (isText ? u" <> ''"_s : u" Is Not Null"_s);
-  const QString pattern = QString(line.value).replace(u'[', u"[[]"_s) + u'%';
+  const QString pattern = EscapedPattern(line.value) + u'%';
   if (line.relation == kBegins) return subject + u" Like "_s + Literal(pattern);
   const QString comparison = ComparisonOperator(line.relation);
   const QString value = Literal(IsPatternOperator(comparison) ? u'%' + pattern : line.value);
@@ -149,8 +152,8 @@ class LineReader {
     if (!isAnywhere && isNegated) return false;
     if (isAnywhere) pattern = pattern.mid(1);
     line.relation = !isAnywhere ? kBegins : isNegated ? u"不包含"_s : u"包含"_s;
-    line.value = pattern.replace(u"[[]"_s, u"["_s);
-    return !line.value.isEmpty();
+    line.value = QString(pattern).replace(u"[[]"_s, u"["_s);
+    return !line.value.isEmpty() && EscapedPattern(line.value) == pattern;  // no classes of characters
   }
 
   std::vector<sql::Token> tokens_;

@@ -12,24 +12,56 @@ using namespace Qt::Literals::StringLiterals;
 
 using testing::IsEmpty;
 
-using ApplyingTest = DesignerTest;
+class ApplyingTest : public DesignerTest {
+ protected:
+  /// Types a caption over that of a field, without leaving the cell.
+  static void BeginTyping(QWidget& window, int row, const QString& caption) {
+    auto& grid = Find<QAbstractItemView>(window, u"GrdFields"_s);
+    grid.setFocus();
+    grid.setCurrentIndex(grid.model()->index(row, 0));
+    grid.edit(grid.currentIndex());
+    const auto editors = grid.findChildren<QLineEdit*>();  // the ones before may still have to go
+    ASSERT_FALSE(editors.isEmpty());
+    editors.last()->setText(caption);
+  }
+  static QString Caption(QWidget& window, int row) {
+    return Shown(window, u"GrdFields"_s).value(row).section(u'|', 0, 0);
+  }
+};
 FOLVANE_ON_EACH_DATABASE(ApplyingTest);
 
 TEST_P(ApplyingTest, ApplyingTakesWhatIsBeingTypedAndLeavesTheKeyboardThere) {
   Open([&](QWidget& window) {
     Choose(window, u"收文登记"_s);
-    auto& grid = Find<QAbstractItemView>(window, u"GrdFields"_s);
-    grid.setFocus();
-    grid.setCurrentIndex(grid.model()->index(2, 0));
-    grid.edit(grid.currentIndex());
-    auto* editor = grid.findChild<QLineEdit*>();
-    ASSERT_NE(editor, nullptr);
-    editor->setText(u"标题"_s);
+    BeginTyping(window, 2, u"标题"_s);
     Apply(window);
-    EXPECT_EQ(window.focusWidget(), &grid);
+    EXPECT_EQ(window.focusWidget(), &Find(window, u"GrdFields"_s));
   });
   Design stored = Read();
   EXPECT_EQ(FieldOf(stored, u"Lwdj"_s, u"Amaintitle"_s).caption, u"标题");
+}
+
+TEST_P(ApplyingTest, WhatIsBeingTypedOutlastsEveryCommand) {
+  Open([&](QWidget& window) {
+    Choose(window, u"收文登记"_s);
+    BeginTyping(window, 2, u"标题"_s);
+    Run(window, u"mnuDesign"_s, u"mnuReadAgain"_s);
+    EXPECT_EQ(Caption(window, 2), u"标题");
+    BeginTyping(window, 0, u"编号"_s);
+    Undo(window);
+    EXPECT_EQ(Caption(window, 0), u"登记号") << "the last step is what was typed";
+    EXPECT_EQ(Caption(window, 2), u"标题");
+    Redo(window);
+    EXPECT_EQ(Caption(window, 0), u"编号");
+    Set(window, u"GrdFields"_s, 3, 4, u"没有的字典"_s);
+    ASSERT_TRUE(WaitUntil([&] { return Key(window, u"CmdMend"_s).isEnabled(); }));
+    BeginTyping(window, 1, u"日期"_s);
+    Key(window, u"CmdMend"_s).trigger();
+    EXPECT_EQ(Caption(window, 1), u"日期");
+    Apply(window);
+  });
+  Design stored = Read();
+  EXPECT_EQ(FieldOf(stored, u"Lwdj"_s, u"CreatedDate"_s).caption, u"日期");
 }
 
 TEST_P(ApplyingTest, ANewTableIsMadeFilledAndRegisteredInTheDatabase) {

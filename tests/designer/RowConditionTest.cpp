@@ -57,7 +57,8 @@ TEST_F(RowConditionTest, ConditionsOfOtherHandsAreReadWhereTheyHaveThatForm) {
   for (const QString& other :
        {u"Left(CreatedDate,4) = '2026'"_s, u"Other.RegID = '1'"_s, u"NoSuch = '1'"_s, u"RegID = '1"_s,
         u"(RegID = '1'"_s, u"RegID = '1')"_s, u"RegID = '1' And"_s, u"RegID In ('1','2')"_s, u"Amaintitle Like '%'"_s,
-        u"RegID = '1'; Delete From Lwdj"_s, u"RegID = CreatedDate"_s}) {
+        u"RegID = '1'; Delete From Lwdj"_s, u"RegID = CreatedDate"_s, u"Amaintitle Like '[A-C]%'"_s,
+        u"Amaintitle Not Like '%[0-9]%'"_s}) {
     EXPECT_EQ(designer::LinesOf(other, table_), std::nullopt) << other.toStdString();
     EXPECT_EQ(Words(other), other);
   }

@@ -118,6 +118,21 @@ TEST_P(UsersPageTest, RightsAreGivenTableByTableAndTheirWordsFollowTheTicks) {
   ExpectTakenBack();
 }
 
+TEST_P(UsersPageTest, AConditionThatIsOnlyLookedAtStaysAsItWasWritten) {
+  const QString before = Clerk().rights[0].condition;
+  GoTo(kRights, 0);
+  WithCondition([](QWidget& dialog) {
+    EXPECT_EQ(TextIn(dialog, u"TxtCondition"_s), u"Lwdj.SecurityClass Is Null");
+    Accept(dialog);
+  });
+  EXPECT_EQ(Clerk().rights[0].condition, before);
+  WithCondition([](QWidget& dialog) {
+    Click(Find(dialog, u"CmdClear"_s));
+    Accept(dialog);
+  });
+  EXPECT_EQ(Clerk().rights[0].condition, QString());
+}
+
 TEST_P(UsersPageTest, AConditionIsPutTogetherTriedAndTakenBack) {
   GoTo(kRights, 0);
   WithCondition([&](QWidget& dialog) {
