@@ -155,7 +155,9 @@ int Import(const Options& options) {
   const Design given = PartOf(DesignIn(options.names[1]), options.tables);
   Database database(options.names[0], options.isDry ? Database::Missing::Fail : Database::Missing::Make);
   const Design base = ReadDesign(database.Get());
-  const DesignPlan plan = PlanDesign(database.Get(), base, options.isWhole ? given : Joined(base, given));
+  QStringList told;
+  const DesignPlan plan = PlanDesign(database.Get(), base, options.isWhole ? given : Joined(base, given, &told));
+  for (const QString& line : told) Print(line);
   for (const DesignChange& change : plan.changes) Print(change.where + u"："_s + change.what);
   if (options.isDry)
     for (const QString& statement : plan.statements) Print(statement);

@@ -198,8 +198,11 @@ FOLVANE_EXPORT Design ParseDesign(const QByteArray& text);
 /// between them and the rights in them. @throws DataError Usage for a table that the design does not have
 FOLVANE_EXPORT Design ExcerptOf(const Design& design, const QStringList& tables);
 
-/// A design with what another one has put in: what both have is as the other has it, nothing is removed.
-FOLVANE_EXPORT Design Joined(const Design& design, const Design& other);
+/// A design with what another one has put in: what both have is as the other has it, nothing is removed. A class, a
+/// user or a report of the same number but another name is another one: classes and reports get numbers that are free,
+/// users are left out.
+/// @param told takes what was renumbered and left out, in words
+FOLVANE_EXPORT Design Joined(const Design& design, const Design& other, QStringList* told = nullptr);
 
 // Designs compared and applied.
 

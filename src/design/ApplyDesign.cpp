@@ -5,6 +5,7 @@
 
 #include "data/DatabaseSession.h"
 #include "design/ClerksRows.h"
+#include "design/ConditionNames.h"
 #include "design/PhysicalTables.h"
 #include "design/RowChanges.h"
 #include "design/Shape.h"
@@ -141,6 +142,27 @@ void RequireOrder(Connection& connection, const Design& wanted, const std::vecto
   }
 }
 
+// Without the column every statement of that user would fail.
+void RequireUnused(Connection& connection, const Design& base, const std::vector<PhysicalStep>& drops) {
+  if (drops.empty()) return;
+  const Design written = DesignOf(ReadStoredRows(connection));
+  for (const Design::User& user : written.users) {
+    for (const Design::Rights& rights : user.rights) {
+      const Design::Table* table = FindNamed(base.tables, rights.table);
+      if (!table) continue;
+      for (const QString& field : FieldsIn(rights.condition, *table)) {
+        const auto goes = [&](const PhysicalStep& step) {
+          return IsSame(step.table.name, rights.table) && IsSame(step.column.name, field);
+        };
+        if (std::any_of(drops.begin(), drops.end(), goes))
+          throw DataError(DataErrorKind::Usage,
+                          u"用户“%1”对表“%2”的条件用到列“%3”，没有删除，本次修改没有保存。请先改正条件。"_s.arg(
+                              user.name, table->name, field));
+      }
+    }
+  }
+}
+
 void Apply(Connection& connection, const DesignPlan& plan, const Answers& answers) {
   LockOut(connection);
   if (!CheckTables(connection).isEmpty()) CreateTables(connection);
@@ -150,6 +172,7 @@ void Apply(Connection& connection, const DesignPlan& plan, const Answers& answer
   RunRows(connection, work.rows);
   std::vector<PhysicalStep> drops = DropsOf(work);
   std::erase_if(drops, [&](const PhysicalStep& step) { return !answers.Allow(step); });
+  RequireUnused(connection, plan.base, drops);
   for (const QString& statement : ClerksStatements(connection, plan.base, plan.wanted, drops))
     connection.Execute(statement);
   for (const PhysicalStep& step : drops) CarryOut(connection, step);

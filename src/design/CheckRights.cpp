@@ -3,6 +3,7 @@
 
 #include "data/DatabaseSession.h"
 #include "design/Checks.h"
+#include "design/ConditionNames.h"
 #include "design/Names.h"
 
 namespace folvane::design {
@@ -46,12 +47,23 @@ void CheckCondition(Checked& checked, const Design::User& user, const Design::Ri
 
 void CheckConditionFields(Checked& checked, const Design::User& user, const Design::Rights& rights,
                           const Design::Table& table, const QString& where) {
-  for (const QString& field : rights.conditionFields)
-    if (!FindNamed(table.fields, field))
-      checked.findings.push_back(
-          {Weight::Warning, u"rights-field"_s, where, u"条件的字段“%1”不是表的字段"_s.arg(field),
-           u"保存时不按条件检查"_s, u"去掉这个字段"_s,
-           InRights(user, rights, [field](Design::Rights& mended) { mended.conditionFields.removeAll(field); })});
+  for (const QString& field : rights.conditionFields) {
+    if (FindNamed(table.fields, field)) continue;
+    const QString notOf = u"条件的字段“%1”不是表的字段"_s.arg(field);
+    if (Names(rights.condition, field)) {
+      checked.findings.push_back({Weight::Warning,
+                                  u"rights-field"_s,
+                                  where,
+                                  notOf,
+                                  u"保存时不按条件检查；没有这一列时，这个用户打开表出错"_s,
+                                  u"请改正条件"_s,
+                                  {}});
+      continue;
+    }
+    checked.findings.push_back(
+        {Weight::Warning, u"rights-field"_s, where, notOf, u"保存时不按条件检查"_s, u"去掉这个字段"_s,
+         InRights(user, rights, [field](Design::Rights& mended) { mended.conditionFields.removeAll(field); })});
+  }
 }
 
 void CheckUser(Checked& checked, const Design::User& user) {

@@ -1,5 +1,4 @@
 #include <QSet>
-#include <type_traits>
 
 #include <folvane/DataError.h>
 
@@ -63,40 +62,9 @@ class Excerpt {
   QSet<QString> taken_;
 };
 
-// Tables, transfers and reports come whole; what is shared with others gains and keeps its parts.
-template <class T>
-constexpr bool kGainsParts = std::is_same_v<T, Design::Dictionary> || std::is_same_v<T, Design::User>;
-
-template <class T>
-void Join(T& into, const T& from) {
-  Shape<T>::Lists([&](const char*, const char16_t*, auto list) {
-    using Item = typename std::decay_t<decltype(into.*list)>::value_type;
-    for (const Item& item : from.*list) {
-      Item* present = FindSame(into.*list, item);
-      if (!present) {
-        (into.*list).push_back(item);
-        continue;
-      }
-      const Item before = *present;
-      *present = item;
-      if constexpr (kGainsParts<Item>) {
-        Shape<Item>::Lists([&](const char*, const char16_t*, auto parts) { present->*parts = before.*parts; });
-        Join(*present, item);
-      }
-    }
-  });
-}
-
 }  // namespace
 }  // namespace design
 
 Design ExcerptOf(const Design& design, const QStringList& tables) { return design::Excerpt(design, tables).Take(); }
-
-Design Joined(const Design& design, const Design& other) {
-  Design joined = design;
-  design::Join(joined, other);
-  PutInOrder(joined);
-  return joined;
-}
 
 }  // namespace folvane

@@ -5,6 +5,7 @@
 #include <folvane/DataError.h>
 
 #include "base/CodePage.h"
+#include "design/ConditionNames.h"
 #include "design/FormArrangement.h"
 #include "design/Names.h"
 #include "design/Shape.h"
@@ -34,6 +35,12 @@ void ForLinkEnds(Design& design, const QString& table,
     if (IsSame(map.source, table)) visit(map, &Design::TransferLink::source);
     if (IsSame(map.destination, table)) visit(map, &Design::TransferLink::destination);
   }
+}
+
+void ForRights(Design& design, const QString& table, const std::function<void(Design::Rights&)>& visit) {
+  for (Design::User& user : design.users)
+    for (Design::Rights& rights : user.rights)
+      if (IsSame(rights.table, table)) visit(rights);
 }
 
 void RequireName(const QString& name) {
@@ -148,6 +155,10 @@ void RenameField(Design& design, const QString& table, const QString& from, cons
   ForLinkEnds(design, table, [&](Design::TransferMap& map, auto end) {
     for (Design::TransferLink& link : map.links) Replace(link.*end, from, to);
   });
+  ForRights(design, table, [&](Design::Rights& rights) {
+    rights.condition = WithFieldRenamed(rights.condition, table, from, to);
+    for (QString& name : rights.conditionFields) Replace(name, from, to);
+  });
 }
 
 void CaptionField(Design::Table& table, const QString& name, const QString& caption) {
@@ -210,8 +221,10 @@ void RenameTable(Design& design, const QString& from, const QString& to) {
     Replace(map.destination, from, to);
   }
   for (Design::Report& report : design.reports) Replace(report.group, from, to);
-  for (Design::User& user : design.users)
-    for (Design::Rights& rights : user.rights) Replace(rights.table, from, to);
+  ForRights(design, from, [&](Design::Rights& rights) {
+    rights.condition = WithTableRenamed(rights.condition, from, to);
+    rights.table = to;
+  });
 }
 
 void RemoveTable(Design& design, const QString& name) {
@@ -226,9 +239,20 @@ void RemoveTable(Design& design, const QString& name) {
     std::erase_if(user.rights, [&](const Design::Rights& rights) { return IsSame(rights.table, name); });
 }
 
-int AddClass(Design& design, const QString& name, int parent) {
+int FreeClassId(const Design& design) {
   int id = 2;
   while (FindByKey(design.classes, QString::number(id))) ++id;
+  return id;
+}
+
+QString FreeReportId(const Design& design) {
+  qint64 highest = 1000;
+  for (const Design::Report& report : design.reports) highest = std::max(highest, qint64(report.id.toInt()));
+  return QString::number(highest + 1);
+}
+
+int AddClass(Design& design, const QString& name, int parent) {
+  const int id = FreeClassId(design);
   design.classes.push_back({id, name, parent});
   return id;
 }

@@ -43,6 +43,9 @@ void RenameTable(Design& design, const QString& from, const QString& to);
 /// Takes a table out, wherever the design names it.
 void RemoveTable(Design& design, const QString& table);
 /// Adds a class under that one. @return its number
+int FreeClassId(const Design& design);
+/// One more than the highest number of a report.
+QString FreeReportId(const Design& design);
 int AddClass(Design& design, const QString& name, int parent);
 /// Takes a class out; what hung under it hangs under the class above.
 void RemoveClass(Design& design, int id);

@@ -197,10 +197,13 @@ void FrmDesigner::Import() {
   if (!file.open(QIODevice::ReadOnly))
     throw DataError(DataErrorKind::File, u"不能读取“%1”：%2"_s.arg(path, file.errorString()));
   const Design other = ParseDesign(file.readAll());
-  const bool isDone = session_.Change(u"导入设计文件"_s, [&](Design& wanted) { wanted = Joined(wanted, other); });
-  status_->ShowNotice(
-      isDone ? u"已加入文件中的 %1 个表、%2 个字典。"_s.arg(other.tables.size()).arg(other.dictionaries.size())
-             : u"文件中的内容这里都已有。"_s);
+  QStringList told;
+  const bool isDone =
+      session_.Change(u"导入设计文件"_s, [&](Design& wanted) { wanted = Joined(wanted, other, &told); });
+  const QString done =
+      isDone ? u"已加入文件中的 %1 个表、%2 个字典"_s.arg(other.tables.size()).arg(other.dictionaries.size())
+             : u"文件中的内容这里都已有"_s;
+  status_->ShowNotice((QStringList{done} + told).join(u"；"_s) + u'。');
 }
 
 void FrmDesigner::Export() {

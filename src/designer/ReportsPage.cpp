@@ -35,13 +35,6 @@ std::vector<Design::Table> OfferingTables(const Design& design) {
   return tables;
 }
 
-// One more than the highest number in use.
-QString NextReportId(const std::vector<Report>& reports) {
-  qint64 highest = 1000;
-  for (const Report& report : reports) highest = std::max(highest, qint64(report.id.toInt()));
-  return QString::number(highest + 1);
-}
-
 }  // namespace
 
 ReportsPage::ReportsPage(DesignSession& session) : DesignPage(session, u"ReportsPage"_s) {
@@ -71,7 +64,7 @@ GridModel* ReportsPage::NewReports() {
   rules.locate = [](const Design& design) { return &design.reports; };
   rules.fresh = [](const Design& design) {
     const QString group = design.tables.empty() ? FlowTables().front().name : design.tables.front().name;
-    return Report{NextReportId(design.reports), u"新报表"_s, group, u"1"_s};
+    return Report{design::FreeReportId(design), u"新报表"_s, group, u"1"_s};
   };
   auto id = ColumnOf(&Report::id, 12);
   id.look.tip = u"报表的模板文件以编号命名"_s;

@@ -204,18 +204,4 @@ QString FlawOf(const RowCondition& condition, const transfer::BusinessTable& col
   return depth > 0 ? u"少了 %1 个右括号"_s.arg(depth) : QString();
 }
 
-QStringList FieldsIn(const QString& sql, const Design::Table& table) {
-  QStringList names;
-  try {
-    for (const sql::Token& token : sql::Tokenize(sql)) {
-      const bool isName = token.kind == sql::TokenKind::Word || token.kind == sql::TokenKind::Quoted;
-      const Design::Field* field = isName ? design::FindNamed(table.fields, token.text) : nullptr;
-      if (field && !names.contains(field->name)) names << field->name;
-    }
-  } catch (const DataError&) {
-    return names;  // the database says what is wrong with it
-  }
-  return names;
-}
-
 }  // namespace folvane::designer

@@ -41,7 +41,4 @@ QString ConditionShown(const QString& sql, const Design::Table& table);
 /// @param columns the same table with its columns
 QString FlawOf(const RowCondition& condition, const transfer::BusinessTable& columns);
 
-/// The fields of the table that a condition of any form names, in its order.
-QStringList FieldsIn(const QString& sql, const Design::Table& table);
-
 }  // namespace folvane::designer

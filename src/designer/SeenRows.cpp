@@ -5,6 +5,7 @@
 
 #include "data/DatabaseSession.h"
 #include "data/Schema.h"
+#include "design/ConditionNames.h"
 #include "design/Names.h"
 #include "design/Shape.h"
 #include "designer/RowCondition.h"
@@ -19,7 +20,7 @@ constexpr int kMostSeen = 50;
 QString ReasonNotToAsk(const Design::Table& table, const QString& condition, const TableInfo* info) {
   if (const QString complaint = design::NameComplaint(table.name); !complaint.isEmpty()) return complaint + u'。';
   if (!info) return u"表还没有建立，应用设计后才有记录。"_s;
-  for (const QString& field : FieldsIn(condition, table))
+  for (const QString& field : design::FieldsIn(condition, table))
     if (info->IndexOf(field) < 0) return u"字段“%1”还没有建立，应用设计后才能试用条件。"_s.arg(field);
   return {};
 }

@@ -4,6 +4,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "design/ConditionNames.h"
 #include "designer/ConditionDialog.h"
 #include "designer/DesignGrid.h"
 #include "designer/Labels.h"
@@ -213,7 +214,7 @@ void UsersPage::EditCondition() {
   ShowModal(dialog);
   if (dialog.result() != QDialog::Accepted) return;
   const QString condition = dialog.Condition();
-  const QStringList fields = FieldsIn(condition, *table);
+  const QStringList fields = design::FieldsIn(condition, *table);
   Session().Change(u"修改对表“%1”的条件"_s.arg(table->name), [&](Design& changed) {
     Rights& own = *design::FindNamed(design::FindNamed(changed.users, user)->rights, table->name);
     own.condition = condition;

@@ -5,6 +5,7 @@
 
 #include "data/DatabaseSession.h"
 #include "design/SmallDesign.h"
+#include "design/TableEdits.h"
 
 namespace folvane::test {
 namespace {
@@ -94,6 +95,19 @@ TEST_P(ApplyDesignTest, ATableWithRecordsGoesOnlyWhenTheAnswerIsToLoseIt) {
   Apply([](Design& design) { design.tables.push_back(SmallDesign().tables[1]); });
   Apply(remove);
   EXPECT_FALSE(Has(u"Lwdj"_s));
+}
+
+TEST_P(ApplyDesignTest, AColumnThatAConditionOfAUserNamesDoesNotGo) {
+  const auto remove = [](Design& design) { design::RemoveField(design, u"Lwdj"_s, u"SecurityClass"_s); };
+  EXPECT_EQ(Refusal(remove),
+            u"用户“王小明”对表“Lwdj”的条件用到列“SecurityClass”，没有删除，本次修改没有保存。请先改正条件。");
+  EXPECT_TRUE(Has(u"Lwdj"_s, u"SecurityClass"_s));
+  Apply([&](Design& design) {
+    remove(design);
+    design.users[1].rights[0].condition.clear();
+    design.users[1].rights[0].conditionFields.clear();
+  });
+  EXPECT_FALSE(Has(u"Lwdj"_s, u"SecurityClass"_s));
 }
 
 TEST_P(ApplyDesignTest, RecordsThatCameAfterTheQuestionAreNotLostByItsAnswer) {
@@ -232,6 +246,8 @@ TEST_P(ApplyDesignTest, EachOfTwoLossesHasItsOwnAnswer) {
   Design wanted = base;
   std::erase_if(TableOf(wanted, u"Lwdj"_s).fields,
                 [](const auto& field) { return field.name == u"Amaintitle" || field.name == u"SecurityClass"; });
+  wanted.users[1].rights[0].condition.clear();
+  wanted.users[1].rights[0].conditionFields.clear();
   const DesignPlan plan = PlanDesign(*Connected(), base, wanted);
   ASSERT_EQ(plan.losses.size(), 2u);
   const bool titleFirst = plan.losses[0].column.toLower() == u"amaintitle"_s;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "design/SmallDesign.h"
+#include "design/TableEdits.h"
 
 namespace folvane::test {
 namespace {
@@ -186,6 +187,15 @@ std::vector<Broken> BrokenRights() {
        [](Design& design) { design.reports[0].name = u"登记簿"_s; }},
       {"report-group", [](Design& design) { design.reports[0].group = u"Nirgends"_s; }},
   };
+}
+
+TEST(CheckDesignAlone, AConditionWithoutItsFieldIsForSomebodyToDecide) {
+  Design design = SmallDesign();
+  design::RemoveField(design, u"Lwdj"_s, u"SecurityClass"_s);
+  const std::vector<DesignFinding> findings = CheckDesign(design);
+  const DesignFinding* finding = Find(findings, u"rights-field"_s);
+  ASSERT_TRUE(finding) << TextOf(findings);
+  EXPECT_FALSE(finding->mend) << "without the name of the field the check would be content, and the user locked out";
 }
 
 class BrokenDesign : public testing::TestWithParam<Broken> {};

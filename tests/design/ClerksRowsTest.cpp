@@ -32,19 +32,19 @@ class ClerksRowsTest : public WithSmallDesign {
 FOLVANE_ON_EACH_DATABASE(ClerksRowsTest);
 
 TEST_P(ClerksRowsTest, AColumnThatGoesLeavesTheOrders) {
-  AddOrder(u"Lwdj"_s, 1, u"SecurityClass Desc,RegID Asc"_s);
-  AddOrder(u"Lwdj"_s, 12, u"securityclass Asc"_s);
-  AddOrder(u"Gdwj"_s, 12, u"SecurityClass Asc"_s);
+  AddOrder(u"Lwdj"_s, 1, u"FileDate Desc,RegID Asc"_s);
+  AddOrder(u"Lwdj"_s, 12, u"filedate Asc"_s);
+  AddOrder(u"Gdwj"_s, 12, u"FileDate Asc"_s);
   const Design base = Read();
   Design wanted = base;
-  std::erase_if(TableOf(wanted, u"Lwdj"_s).fields, [](const auto& field) { return field.name == u"SecurityClass"; });
+  std::erase_if(TableOf(wanted, u"Lwdj"_s).fields, [](const auto& field) { return field.name == u"FileDate"; });
   const DesignPlan plan = PlanDesign(*Connected(), base, wanted);
   EXPECT_TRUE(plan.statements.contains(
       u"Update FindCirOrder Set OrderStr = 'RegID Asc' Where TableName = 'Lwdj' And UserID = 1"_s))
       << "what is done is told before";
   ApplyDesign(*Connected(), plan);
   EXPECT_EQ(Database().Rows(u"select TableName, UserID, OrderStr from FindCirOrder order by TableName, UserID"_s),
-            (std::vector<QStringList>{{u"Gdwj"_s, u"12"_s, u"SecurityClass Asc"_s},
+            (std::vector<QStringList>{{u"Gdwj"_s, u"12"_s, u"FileDate Asc"_s},
                                       {u"Lwdj"_s, u"1"_s, u"RegID Asc"_s},
                                       {u"Lwdj"_s, u"12"_s, u"ArchiveId Desc"_s}}));
 }

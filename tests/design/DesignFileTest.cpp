@@ -4,6 +4,7 @@
 #include <folvane/DataError.h>
 
 #include "design/RandomDesign.h"
+#include "design/Shape.h"
 #include "design/SmallDesign.h"
 
 namespace folvane::test {
@@ -92,6 +93,35 @@ TEST(DesignFile, JoiningKeepsEntriesAndRightsThatTheOtherDoesNotHave) {
   other.dictionaries = {{u"密级"_s, u"2 - 字符型"_s, true, {{u"绝密"_s, u"U"_s, u"003"_s, true}}}};
   const Design joined = Joined(SmallDesign(), other);
   EXPECT_EQ(joined.dictionaries[0].entries.size(), 3u);
+}
+
+TEST(DesignFile, NumbersOfAnotherOfficeMeanSomethingElse) {
+  const Design own = SmallDesign();
+  Design other;
+  other.classes = {{2, u"合同管理"_s, 1}, {3, u"采购合同"_s, 2}, {4, u"归档文件"_s, 1}};
+  Design::Table table{u"Htdj"_s, u"合同登记"_s, u"F"_s, 3, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+  table.fields = {{u"Amaintitle"_s, u"题名"_s, u"文本型"_s, 160, {}}};
+  other.tables = {table};
+  other.reports = {{u"1001"_s, u"合同台账"_s, u"Htdj"_s, u"1"_s}};
+  const Design::Rights rights{u"Htdj"_s, u"全部"_s, true, true, true, {}, {}};
+  other.users = {{u"1"_s, u"系统管理员"_s, {rights}}, {u"12"_s, u"赵六"_s, {rights}}, {u"13"_s, u"钱七"_s, {rights}}};
+  QStringList told;
+  const Design joined = Joined(own, other, &told);
+  EXPECT_EQ(joined.classes, (std::vector<Design::Class>{{2, u"收文管理"_s, 1},
+                                                        {3, u"归档文件"_s, 1},
+                                                        {4, u"归档文件"_s, 1},
+                                                        {5, u"合同管理"_s, 1},
+                                                        {6, u"采购合同"_s, 5}}));
+  EXPECT_EQ(design::FindNamed(joined.tables, u"Htdj"_s)->classId, 6);
+  EXPECT_EQ(joined.reports,
+            (std::vector<Design::Report>{own.reports[0], {u"1002"_s, u"合同台账"_s, u"Htdj"_s, u"1"_s}}));
+  ASSERT_EQ(joined.users.size(), 3u);
+  EXPECT_EQ(joined.users[0].rights.size(), 1u);
+  EXPECT_EQ(joined.users[1], own.users[1]) << "the rights of a stranger are not for the one with that number";
+  EXPECT_EQ(joined.users[2].name, u"钱七");
+  EXPECT_EQ(told, (QStringList{u"用户“赵六”没有加入：编号 12 在这里是“王小明”"_s, u"类别“合同管理”的编号改为 5"_s,
+                               u"类别“采购合同”的编号改为 6"_s, u"报表“合同台账”的编号改为 1002，模板文件也要改名"_s}));
+  EXPECT_EQ(Joined(joined, other), joined) << "a second time there is nothing new";
 }
 
 }  // namespace

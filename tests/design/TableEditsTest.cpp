@@ -52,6 +52,21 @@ TEST(TableEditsTest, AFieldThatIsNamedAnewIsNamedSoEverywhere) {
   EXPECT_NO_THROW(design::RenameField(small, u"Gdwj"_s, u"FondsNo"_s, u"fondsno"_s)) << "the same name in other case";
 }
 
+TEST(TableEditsTest, ConditionsOfUsersFollowNames) {
+  Design small = SmallDesign();
+  Design::Rights& rights = small.users[1].rights[0];
+  rights.condition = u"Lwdj.SecurityClass Is Null Or [securityclass] = 'SecurityClass' Or Gdwj.SecurityClass = ''"_s;
+  design::RenameField(small, u"lwdj"_s, u"SecurityClass"_s, u"密级"_s);
+  EXPECT_EQ(rights.condition, u"Lwdj.密级 Is Null Or [密级] = 'SecurityClass' Or Gdwj.SecurityClass = ''");
+  EXPECT_EQ(rights.conditionFields, QStringList{u"密级"_s});
+  design::RenameTable(small, u"Lwdj"_s, u"来文"_s);
+  EXPECT_EQ(rights.condition, u"来文.密级 Is Null Or [密级] = 'SecurityClass' Or Gdwj.SecurityClass = ''");
+  EXPECT_EQ(rights.table, u"来文");
+  rights.condition = u"密级 = 'not closed"_s;
+  design::RenameField(small, u"来文"_s, u"密级"_s, u"SecurityClass"_s);
+  EXPECT_EQ(rights.condition, u"密级 = 'not closed");
+}
+
 TEST(TableEditsTest, AFieldThatIsTakenOutIsNamedNowhere) {
   Design small = SmallDesign();
   design::RemoveField(small, u"Gdwj"_s, u"FileYear"_s);
@@ -210,6 +225,35 @@ TEST(RebaseDesignTest, BothSidesChangesComeTogetherAndTheOthersWinWhereTheyMeet)
   EXPECT_EQ(TableOf(both, u"Gdwj"_s).numberParts, TableOf(mine, u"Gdwj"_s).numberParts);
   EXPECT_EQ(given.size(), 2);
   EXPECT_TRUE(given.join(u' ').contains(u"Amaintitle")) << given.join(u' ').toStdString();
+}
+
+TEST(RebaseDesignTest, ATableThatOthersChangedComesBackWithAllThatWentWithIt) {
+  Design base = SmallDesign();
+  TableOf(base, u"Gdwj"_s).parent = u"Lwdj"_s;
+  TableOf(base, u"Gdwj"_s).relationField = u"Amaintitle"_s;
+  Design mine = base, theirs = base;
+  design::RemoveTable(mine, u"Lwdj"_s);
+  design::RemoveClass(mine, 2);
+  FieldOf(theirs, u"Lwdj"_s, u"RegID"_s).caption = u"编号"_s;
+  QStringList given;
+  Design both = design::Rebased(base, mine, theirs, given);
+  PutInOrder(both);
+  EXPECT_EQ(both, theirs);
+  EXPECT_EQ(given, QStringList{u"表“收文登记”(Lwdj)"_s});
+}
+
+TEST(RebaseDesignTest, AFieldThatOthersChangedComesBackWithAllThatWentWithIt) {
+  const Design base = SmallDesign();
+  for (const QString& name : {u"Amaintitle"_s, u"FileYear"_s, u"ArchiveNo"_s}) {
+    Design mine = base, theirs = base;
+    design::RemoveField(mine, u"Gdwj"_s, name);
+    FieldOf(theirs, u"Gdwj"_s, name).length = 60;
+    QStringList given;
+    Design both = design::Rebased(base, mine, theirs, given);
+    PutInOrder(both);
+    EXPECT_EQ(CompareDesigns(both, theirs).size(), 0u) << name.toStdString();
+    EXPECT_EQ(given.size(), 1) << name.toStdString();
+  }
 }
 
 TEST(RebaseDesignTest, WithoutOwnChangesItIsAsTheOthersHaveIt) {

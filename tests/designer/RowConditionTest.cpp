@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "design/ConditionNames.h"
 #include "design/DesignedTransfers.h"
 #include "design/Shape.h"
 #include "design/SmallDesign.h"
@@ -37,7 +38,7 @@ TEST_F(RowConditionTest, LinesBecomeTextAndWords) {
   EXPECT_EQ(designer::WordsOf(lines, table_),
             u"(密级 等于 秘密 或 密级 为空) 与 登记号 大于等于 5 与 题名 不包含 O'Neil [1]");
   EXPECT_EQ(designer::LinesOf(sql, table_), lines);
-  EXPECT_EQ(designer::FieldsIn(sql, table_), QStringList({u"SecurityClass"_s, u"RegID"_s, u"Amaintitle"_s}));
+  EXPECT_EQ(design::FieldsIn(sql, table_), QStringList({u"SecurityClass"_s, u"RegID"_s, u"Amaintitle"_s}));
 }
 
 TEST_F(RowConditionTest, EveryRelationComesBackAsItWasPutTogether) {
