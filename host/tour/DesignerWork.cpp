@@ -17,9 +17,8 @@ namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kLogOn = u"LogOnDialog"_s, kStart = u"StartWindow"_s, kNewOffice = u"NewOfficeDialog"_s,
-              kDesigner = u"FrmDesigner"_s, kNewTable = u"NewTableDialog"_s, kPlan = u"PlanDialog"_s,
-              kForm = u"FrmInput"_s;
+const QString kNewOffice = u"NewOfficeDialog"_s, kDesigner = u"FrmDesigner"_s, kNewTable = u"NewTableDialog"_s,
+              kPlan = u"PlanDialog"_s;
 const QString kSecret = u"correct horse"_s, kTable = u"合同登记"_s;
 constexpr QSize kDesignerSize(1180, 740);
 
@@ -136,8 +135,8 @@ void ChooseTable() {
   hands::ClickItem(Tree(), found.last());
 }
 
-void Fill(const QString& field, const QString& text) {
-  for (QWidget* control : Window(kForm).findChildren<QWidget*>())
+void FillField(const QString& field, const QString& text) {
+  for (QWidget* control : Window(kEntry).findChildren<QWidget*>())
     if (control->property("DataField") == field) return hands::Retype(*control, text);
   throw TourError(u"the form has no "_s + field);
 }
@@ -149,17 +148,17 @@ void PlanFirstRecord(Tour& tour) {
   tour.Step(u"choose the own table"_s, Shown(kBrowser), ChooseTable);
   tour.Step(u"begin its first record"_s, Shown(kBrowser),
             [] { hands::ClickKey(Window(kBrowser), u"tlb"_s, u"NEW"_s); });
-  tour.Step(u"fill it in and save it"_s, Shown(kForm), [&tour] {
-    Fill(u"Amaintitle"_s, u"机房空调采购合同"_s);
-    Fill(u"对方单位"_s, u"青岚市暖通设备公司"_s);
-    Fill(u"合同类别"_s, u"采购"_s);
-    Fill(u"签订日期"_s, u"2026-06-15"_s);
-    Fill(u"合同金额"_s, u"86000"_s);
-    hands::ClickKey(Window(kForm), u"TlbCool"_s, u"SaveRecord"_s);
-    const QString status = In<QLabel>(kForm, u"Panel(1)"_s).text();
+  tour.Step(u"fill it in and save it"_s, Shown(kEntry), [&tour] {
+    FillField(u"Amaintitle"_s, u"机房空调采购合同"_s);
+    FillField(u"对方单位"_s, u"青岚市暖通设备公司"_s);
+    FillField(u"合同类别"_s, u"采购"_s);
+    FillField(u"签订日期"_s, u"2026-06-15"_s);
+    FillField(u"合同金额"_s, u"86000"_s);
+    hands::ClickKey(Window(kEntry), u"TlbCool"_s, u"SaveRecord"_s);
+    const QString status = In<QLabel>(kEntry, u"Panel(1)"_s).text();
     Expect(status == u"准备就绪"_s, status);
-    tour.Picture(Window(kForm), u"own-record"_s);
-    Window(kForm).close();
+    tour.Picture(Window(kEntry), u"own-record"_s);
+    Window(kEntry).close();
   });
   tour.Step(u"see it in the list with its number"_s, Shown(kBrowser), [&tour] {
     Expect(Cell(u"Amaintitle"_s) == u"机房空调采购合同"_s && Cell(u"RegID"_s) == u"1"_s, Cell(u"Amaintitle"_s));

@@ -16,7 +16,6 @@ namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kLogOnWindow = u"LogOnDialog"_s;
 constexpr int kOkAnswer = 1;
 constexpr int kSecondRecords = 300;
 
@@ -43,8 +42,8 @@ void MakeSecondDatabase() {
 }
 
 void UseFile(const QString& path) {
-  In<QRadioButton>(kLogOnWindow, u"OptFile"_s).setChecked(true);
-  auto& file = In<QLineEdit>(kLogOnWindow, u"TxtFile"_s);
+  In<QRadioButton>(kLogOn, u"OptFile"_s).setChecked(true);
+  auto& file = In<QLineEdit>(kLogOn, u"TxtFile"_s);
   hands::Retype(file, path);
   Q_EMIT file.editingFinished();
 }
@@ -78,18 +77,17 @@ void PlanSaving(Tour& tour) {
 }
 
 void PlanSecondDatabase(Tour& tour) {
-  tour.Step(u"choose a second database"_s, Shown(kLogOnWindow), [] {
-    First() = {In<QLineEdit>(kLogOnWindow, u"TxtFile"_s).text(),
-               In<QRadioButton>(kLogOnWindow, u"OptOdbc"_s).isChecked()};
+  tour.Step(u"choose a second database"_s, Shown(kLogOn), [] {
+    First() = {In<QLineEdit>(kLogOn, u"TxtFile"_s).text(), In<QRadioButton>(kLogOn, u"OptOdbc"_s).isChecked()};
     MakeSecondDatabase();
     UseFile(SecondDatabase());
   });
 }
 
 void PlanFirstDatabase(Tour& tour) {
-  tour.Step(u"go back to the first database"_s, Shown(kLogOnWindow), [] {
+  tour.Step(u"go back to the first database"_s, Shown(kLogOn), [] {
     UseFile(First().file);
-    if (First().isOdbc) In<QRadioButton>(kLogOnWindow, u"OptOdbc"_s).setChecked(true);
+    if (First().isOdbc) In<QRadioButton>(kLogOn, u"OptOdbc"_s).setChecked(true);
   });
 }
 

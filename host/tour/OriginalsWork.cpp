@@ -19,8 +19,7 @@ namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kAdding = u"frmAddOriginals"_s, kViewer = u"frmViewer"_s, kManager = u"frmOriginals"_s,
-              kEntryWindow = u"FrmInput"_s;
+const QString kAdding = u"frmAddOriginals"_s, kViewer = u"frmViewer"_s, kManager = u"frmOriginals"_s;
 constexpr int kYes = 6;
 constexpr int kScans = 3;
 constexpr QSize kScanSize(1240, 1754);  // A4 at 150 dpi
@@ -121,12 +120,12 @@ void PlanLook(Tour& tour, const std::shared_ptr<int>& before) {
 void PlanManagement(Tour& tour) {
   tour.Step(u"open the document's form"_s, OnTop(kBrowser),
             [] { hands::ClickKey(Window(kBrowser), u"tlb"_s, u"Mod"_s); });
-  tour.Step(u"manage its originals"_s, OnTop(kEntryWindow), [] { ChooseEntry(kEntryWindow, u"BorrowFile"_s); });
+  tour.Step(u"manage its originals"_s, OnTop(kEntry), [] { ChooseEntry(kEntry, u"BorrowFile"_s); });
   tour.Step(u"look at them in small and leave"_s, Shown(kManager), [&tour] {
     tour.Picture(Window(kManager), u"manage-originals"_s);
     Window(kManager).close();
   });
-  tour.Step(u"close the form"_s, OnTop(kEntryWindow), [] { Window(kEntryWindow).close(); });
+  tour.Step(u"close the form"_s, OnTop(kEntry), [] { Window(kEntry).close(); });
 }
 
 void PlanDeletion(Tour& tour, const std::shared_ptr<int>& before) {

@@ -9,7 +9,8 @@
 /// What is seen on the tour, mostly in the record browser.
 namespace folvane::host {
 
-inline const QString kBrowser = QStringLiteral("FrmMain");
+inline const QString kLogOn = QStringLiteral("LogOnDialog"), kStart = QStringLiteral("StartWindow"),
+                     kBrowser = QStringLiteral("FrmMain"), kEntry = QStringLiteral("FrmInput");
 inline constexpr int kPage = 30;
 
 /// That the window is shown and takes input.

@@ -21,7 +21,6 @@ namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kLogOn = u"LogOnDialog"_s, kStart = u"StartWindow"_s;
 constexpr QSize kBrowserSize(1180, 720);
 constexpr int kImageRole = Qt::UserRole + 1;
 

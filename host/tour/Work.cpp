@@ -16,7 +16,7 @@ namespace folvane::host {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-const QString kEntry = u"FrmInput"_s, kReplace = u"FrmReplace"_s, kSimple = u"frmSimFind"_s, kCompound = u"frmfhfind"_s,
+const QString kReplace = u"FrmReplace"_s, kSimple = u"frmSimFind"_s, kCompound = u"frmfhfind"_s,
               kOrder = u"FrmOrderBy"_s, kMove = u"FrmRecordMove"_s, kUpdate = u"FrmBactchUpdate"_s;
 const QString kTitle = u"青岚市档案馆关于开展数字档案室评价工作的通知"_s;
 const QString kSender = u"青岚市档案馆"_s;

@@ -4,8 +4,8 @@
 
 #include <folvane/Design.h>
 
-// The names in the condition that limits the rows of a table, whatever form it has. One that cannot be taken apart names
-// nothing and stays as it is; the database says what is wrong with it.
+// The names in the condition that limits the rows of a table, whatever form it has. One that cannot be taken apart
+// names nothing and stays as it is; the database says what is wrong with it.
 namespace folvane::design {
 
 /// Whether a condition names that column.

@@ -10,10 +10,10 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
-bool IsBreak(QChar sign) { return sign == u'\n' || sign == u'\r'; }
+bool EndsLine(QChar sign) { return sign == u'\n' || sign == u'\r'; }
 
 QString OnOneLine(QString text) {
-  while (!text.isEmpty() && IsBreak(text.back())) text.chop(1);
+  while (!text.isEmpty() && EndsLine(text.back())) text.chop(1);
   return text.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
 }
 
@@ -36,7 +36,7 @@ void LineGuard::Check(const QString& text) {
   const auto same = std::mismatch(text.rbegin(), std::make_reverse_iterator(given), before_.rbegin(),
                                   std::make_reverse_iterator(old));
   const QString pasted(given, same.first.base() - given);
-  if (std::none_of(pasted.begin(), pasted.end(), IsBreak)) return;
+  if (std::none_of(pasted.begin(), pasted.end(), EndsLine)) return;
   line_.setSelection(int(given - text.begin()), int(pasted.size()));
   line_.insert(OnOneLine(pasted));
 }

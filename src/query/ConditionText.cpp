@@ -12,7 +12,7 @@ QString Comparison(const QString& table, const QueryConditionRow& row) {
   return begin + u" '%"_s + QString(row.compValue).replace(u"["_s, u"[[]"_s) + u"%'"_s;
 }
 
-QString Words(const QueryConditionRow& row) {
+QString WordsOf(const QueryConditionRow& row) {
   const QString relation = IsPatternOperator(row.compRelation) ? u"包含"_s : row.chnCompRelation;
   return row.chnCompField + u" "_s + relation + u" "_s + row.compValue;
 }
@@ -20,11 +20,11 @@ QString Words(const QueryConditionRow& row) {
 }  // namespace
 
 ConditionText TextOf(const QString& table, const std::vector<QueryConditionRow>& conditions) {
-  if (conditions.size() == 1) return {Comparison(table, conditions.front()), Words(conditions.front())};
+  if (conditions.size() == 1) return {Comparison(table, conditions.front()), WordsOf(conditions.front())};
   ConditionText text;
   for (const QueryConditionRow& row : conditions) {
     text.sql = Comparison(table, row) + u" "_s + row.andOrRelation + u" "_s + text.sql;
-    text.words = u"("_s + Words(row) + u") "_s + row.chnAndOrRelation + u" "_s + text.words;
+    text.words = u"("_s + WordsOf(row) + u") "_s + row.chnAndOrRelation + u" "_s + text.words;
   }
   return text;
 }
