@@ -122,11 +122,15 @@ void FrmSearchResult::LoadUpTo(qint64 rows) {
   const int before = model_.Count();
   const qint64 missing = std::min(rows, records_.RecordCount()) - before;
   if (missing <= 0) return;
+  // By its key: where others have deleted records, a row stands in another place than its number says.
+  if (before > 0 && pages_.PositionOn(model_.KeyOf(before - 1)))
+    records_.MoveNext();
+  else
+    records_.SetAbsolutePosition(before + 1);
   LongWork work(*this, exit_, ShowIn(*progress_));
   for (qint64 added = 0; added < missing && work.GoOn(added, missing); added = model_.Count() - before) {
     const int wanted = int(std::min<qint64>(kPageSize, missing - added));
     const int loaded = model_.Count();
-    records_.SetAbsolutePosition(loaded + 1);
     pages_.FillRows(wanted);
     if (model_.Count() < loaded + wanted) return;  // what stopped it has been told
   }

@@ -45,10 +45,11 @@ void RecordMerge::LeaveOutSurvivor(Recordset& found) const {
 }
 
 void RecordMerge::Merge(const QStringList& keys, const Progress& progress) {
-  for (const QString& key : keys) {
-    progress(merged_, int(keys.size()));
-    MergeOne(key);
-    ++merged_;
+  for (qsizetype at = 0; at < keys.size(); ++at) {
+    progress(int(at), int(keys.size()));
+    if (merged_.contains(keys[at])) continue;
+    MergeOne(keys[at]);
+    merged_ << keys[at];
   }
 }
 
@@ -57,31 +58,44 @@ void RecordMerge::MergeOne(const QString& key) {
   const QString quoted = u'\'' + EscapeSql(key) + u'\'', ofRecord = u" Where ArchiveID = "_s + quoted;
   connection->Execute(u"Update "_s + table_ + u" Set FileStatus = '不归档'"_s + ofRecord);
   if (!hasNote_) hasNote_ = HasNote(table_);
-  if (*hasNote_) connection->Execute(u"Update "_s + table_ + u" Set Note = Note + '已合并件'"_s + ofRecord);
+  if (*hasNote_ && !noted_.contains(key)) {
+    connection->Execute(u"Update "_s + table_ + u" Set Note = Note + '已合并件'"_s + ofRecord);
+    noted_ << key;
+  }
   Recordset originals;
   originals.Open(u"Select * From Original_Text Where RecordID = "_s + quoted + u" Order By FileOrder"_s, connection,
                  CursorType::Static, LockType::ReadOnly);
+  // One statement copies all that share an order.
+  std::optional<QString> copied;
+  bool isLeftOut = false;
   for (; !originals.EOF_(); originals.MoveNext()) {
-    try {
-      CopyOriginal(originals[u"RecordID"_s].Text(), originals[u"FileOrder"_s].Text());
-    } catch (const std::exception& error) {
-      ++leftOut_;
-      reason_ = ErrorText(error);
+    const QString order = originals[u"FileOrder"_s].Text();
+    if (copied != order) {
+      copied = order;
+      isLeftOut = !CopyOriginals(originals[u"RecordID"_s].Text(), order);
     }
+    if (isLeftOut) ++leftOut_;
   }
 }
 
-void RecordMerge::CopyOriginal(const QString& record, const QString& fileOrder) {
+bool RecordMerge::CopyOriginals(const QString& record, const QString& fileOrder) {
   const int order = fileOrder.isEmpty() ? 0 : ToInteger(fileOrder);
-  SharedConnection()->Execute(u"Insert Into Original_Text Select ID,Original_Name+'<合并件>',Type,'"_s + target_ +
-                              u"',Size,"_s + QString::number(order + nextFileOrder_) +
-                              u",FilePath From Original_Text Where RecordID = '"_s + EscapeSql(record) +
-                              u"' And FileOrder = '"_s + fileOrder + u"'"_s);
+  try {
+    const qint64 count = SharedConnection()->Execute(
+        u"Insert Into Original_Text Select ID,Original_Name+'<合并件>',Type,'"_s + target_ + u"',Size,"_s +
+        QString::number(order + nextFileOrder_) + u",FilePath From Original_Text Where RecordID = '"_s +
+        EscapeSql(record) + u"' And FileOrder = '"_s + fileOrder + u"'"_s);
+    if (count != 0) return true;
+    reason_ = fileOrder.isEmpty() ? u"原文没有顺序号"_s : u"原文已被其他用户改动"_s;
+  } catch (const std::exception& error) {
+    reason_ = ErrorText(error);
+  }
+  return false;
 }
 
 QString RecordMerge::Outcome() const {
-  if (merged_ == 0) return {};
-  const QString done = u"已将 %1 份记录合并一件"_s.arg(merged_);
+  if (merged_.isEmpty()) return {};
+  const QString done = u"已将 %1 份记录合并一件"_s.arg(merged_.size());
   return leftOut_ == 0 ? done : done + u"；%1 件原文没有复制：%2"_s.arg(leftOut_).arg(reason_);
 }
 

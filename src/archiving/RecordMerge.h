@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -29,22 +30,25 @@ class RecordMerge {
 
   /// Is told before each record how many of how many are done.
   using Progress = std::function<void(int done, int total)>;
-  /// Joins records by their keys, in this order. @throws DataError
+  /// Joins records by their keys, in this order. Those that were joined before, ahead of an error, are passed over, so
+  /// that the same can be asked for again. @throws DataError
   void Merge(const QStringList& keys, const Progress& progress);
 
   /// The records that were joined.
-  int Merged() const { return merged_; }
+  int Merged() const { return int(merged_.size()); }
   /// What came of it, in words; the originals that could not be taken over among it.
   QString Outcome() const;
 
  private:
   void MergeOne(const QString& key);
-  void CopyOriginal(const QString& record, const QString& fileOrder);
+  /// @return whether they were copied
+  bool CopyOriginals(const QString& record, const QString& fileOrder);
 
   QString table_, target_;
   qint16 nextFileOrder_ = 1;
-  std::optional<bool> hasNote_;  ///< whether the table has a field for notes; none before that was asked
-  int merged_ = 0, leftOut_ = 0;
+  std::optional<bool> hasNote_;   ///< whether the table has a field for notes; none before that was asked
+  QSet<QString> merged_, noted_;  ///< by their keys
+  int leftOut_ = 0;
   QString reason_;  ///< why the last original that was left out could not be taken over
 };
 

@@ -1,6 +1,8 @@
 #include <QHeaderView>
+#include <QScopedValueRollback>
 
 #include "archiving/FrmSearchResultFixture.h"
+#include "data/RowReading.h"
 #include "shell/Messages.h"
 #include "support/Accessibility.h"
 
@@ -217,6 +219,23 @@ TEST_P(FrmSearchResultTest, AnErrorIsShownAndTheWindowTellsHowFarItCame) {
     EXPECT_EQ(TextIn(window, u"LblTicked"_s), u"已将 1 份记录合并一件"_s);
   });
   EXPECT_EQ(outcome, u"已将 1 份记录合并一件"_s);
+}
+
+TEST_P(FrmSearchResultTest, ARecordThatIsDeletedMeanwhileShiftsNoPage) {
+  const QScopedValueRollback border(RowReading::Border(), {10, 10});
+  constexpr int kMore = 130;  // rows are read ahead
+  for (int number = kRecords + 1; number <= kRecords + kMore; ++number)
+    design_->Insert(u"Lwdj"_s, u"ArchiveID,RegID,Amaintitle"_s,
+                    {Key(number), QString::number(number), u"题名"_s + QString::number(number)});
+  InWindow([&](QWidget& window) {
+    SearchAll(window);
+    design_->Run(u"delete from Lwdj where RegID = 140"_s);
+    Follow(window, 3);
+    QStringList keys;
+    for (int row = 1; row <= Loaded(window); ++row) keys << Cell(window, row).siblingAtColumn(4).data().toString();
+    EXPECT_EQ(keys.removeDuplicates(), 0);
+    EXPECT_EQ(keys.size(), kRecords + kMore - 2) << "without the survivor and the one that is gone";
+  });
 }
 
 TEST_P(FrmSearchResultTest, LeavingMergesNothing) {

@@ -157,6 +157,35 @@ TEST_P(RecordMergeTest, AnotherErrorEndsItAndWhatWasDoneStays) {
   EXPECT_EQ(StatusOf(4), u"需归档"_s);
 }
 
+TEST_P(RecordMergeTest, TheSameAgainAfterAnErrorDoesTheRestAlone) {
+  AddOriginal(2, 1);
+  AddOriginal(3, 1);
+  const QStringList keys{Key(2), Key(3), Key(4)};
+  const auto silent = [](int, int) {};
+  for (const int statement : {2, 4, 6, 7, 8}) {
+    design_->Run(u"delete from Original_Text where RecordID='"_s + Key(1) + u"'"_s);
+    design_->Run(u"update Lwdj set FileStatus='需归档', Note='旧'"_s);
+    RecordMerge merge(u"Lwdj"_s, Key(1));
+    log_.reset();
+    {
+      const LockedStatement locked(*Connected(), statement);
+      EXPECT_THROW(merge.Merge(keys, silent), DataError) << statement;
+      ASSERT_TRUE(locked.WasRun()) << statement;
+    }
+    merge.Merge(keys, silent);
+    EXPECT_EQ(merge.Outcome(), u"已将 3 份记录合并一件"_s) << statement;
+    EXPECT_THAT(OriginalsOf(1), ElementsAre(u"2 2-1 正文2-1<合并件>"_s, u"2 3-1 正文3-1<合并件>"_s)) << statement;
+    for (const int record : {2, 3, 4}) EXPECT_EQ(NoteOf(record), u"旧已合并件"_s) << statement;
+  }
+}
+
+TEST_P(RecordMergeTest, OriginalsThatShareAnOrderComeOnceEach) {
+  for (const int record : {2, 3}) AddOriginal(record, 1);
+  Merge({2, 3});
+  Merge({1}, 4);
+  EXPECT_THAT(OriginalsOf(4), ElementsAre(u"3 2-1 正文2-1<合并件><合并件>"_s, u"3 3-1 正文3-1<合并件><合并件>"_s));
+}
+
 TEST_P(RecordMergeTest, NothingTickedChangesNothing) {
   Merge({});
   EXPECT_EQ(log_->Take().size(), 1) << "only the order was asked for";
@@ -174,7 +203,7 @@ TEST_P(RecordMergeTest, AnOriginalWithoutAnOrderIsNotCopied) {
   design_->Run(u"update Original_Text set FileOrder=null where ID='2-1'"_s);
   Merge({2});
   EXPECT_THAT(OriginalsOf(1), ElementsAre(u"3 2-2 正文2-2<合并件>"_s));
-  EXPECT_EQ(outcome_, u"已将 1 份记录合并一件"_s);
+  EXPECT_EQ(outcome_, u"已将 1 份记录合并一件；1 件原文没有复制：原文没有顺序号"_s);
 }
 
 TEST_P(RecordMergeTest, AnAlternativeInTheConditionDoesNotLetTheSurvivorIn) {
