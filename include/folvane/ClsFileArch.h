@@ -31,6 +31,9 @@ class FOLVANE_EXPORT ClsFileArch {
   void IsTransOriginal(bool take);   ///< whether the rows of the originals are copied too
   /// Is told after each record how many of how many were looked at; answers false to take everything back.
   void OnProgress(std::function<bool(int done, int total)> progress);
+  /// Is called when records were transferred, as the last thing before the commit: what is done on the same connection
+  /// lasts exactly if the transfer does. What it throws takes everything back.
+  void BeforeCommit(std::function<void()> work);
 
   /// The records that were transferred.
   qint16 SucceedCount() const;

@@ -72,6 +72,7 @@ ArchiveOutcome TransferRecords(const ArchiveOrder& order, ListStatus* status) {
   if (mode != kModeOfCurrent) transfer.TransListview(mode == kModeOfTicks ? ticked.View() : order.list);
   transfer.TransObjTbl(order.destination);
   transfer.TransSouTbl(order.source);
+  transfer.BeforeCommit(order.mark);
   std::unique_ptr<ShownTransfer> shown;
   if (status) {
     shown = std::make_unique<ShownTransfer>(*status);

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 class QAbstractItemView;
 
@@ -16,6 +17,9 @@ struct ArchiveOrder {
   QAbstractItemView* list = nullptr;  ///< whose selected rows name the records; null for the ticked or current ones
   QStringList ticked = {};            ///< the keys of the ticked records in their order
   bool withOriginals = true;
+  /// Marks what was transferred; part of the transaction, so that nobody finds a record in the archive that still
+  /// waits.
+  std::function<void()> mark = {};
 };
 
 /// What came of it.

@@ -25,6 +25,7 @@ void ArchiveTransfer::DoFileArch(const TransferOrder& order, const QStringList& 
   tables_ = std::make_unique<TransferTables>(order);
   firstCounter_ = tables_->ArchiveCounter;
   succeedCount_ = 0;
+  volumeMade_.clear();
   RecordTransfer transfer(*tables_);
   std::optional<MessageRequest> notice;
   std::optional<Transaction> transaction(std::in_place, *connection);
@@ -35,10 +36,12 @@ void ArchiveTransfer::DoFileArch(const TransferOrder& order, const QStringList& 
       notice = transfer.Failure();
     else if (AreNumbersTaken(transfer))
       notice = MessageRequest{kTakenText, MessageFlag::Warning, kTransferTitle, {}, {}};
-    if (ending == Ending::TakenBack || notice)
+    if (ending == Ending::TakenBack || notice) {
       succeedCount_ = 0;
-    else
+    } else {
+      if (succeedCount_ > 0 && beforeCommit) beforeCommit();
       transaction->Commit();
+    }
   } catch (...) {
     succeedCount_ = 0;
     throw;
@@ -82,11 +85,12 @@ void ArchiveTransfer::WriteVolume() {
   const QString parentTable = parent[u"TableName"_s].Text();
   const QString storeField =
       FirstText(u"Select StoreField From ArchiveNo_Format where TableName='"_s + parentTable + u'\'', u"StoreField"_s);
-  InputAmaintitle(table, parentTable, storeField, tables_->formatScopeClause);
+  volumeMade_ = InputAmaintitle(table, parentTable, storeField, tables_->formatScopeClause);
+  volumeTable_ = parentTable;
 }
 
-void ArchiveTransfer::InputAmaintitle(const QString& objectTable, const QString& parentTable, const QString& storeField,
-                                      const QString& scopeClause) const {
+QString ArchiveTransfer::InputAmaintitle(const QString& objectTable, const QString& parentTable,
+                                         const QString& storeField, const QString& scopeClause) const {
   VolumeOrder order{objectTable, parentTable, storeField, scopeClause, SharedNumberFormat(), objectTable, {}, askTitle};
   order.fieldText = [](const NumberField& field) { return field.value; };
   if (tables_) {
@@ -94,12 +98,19 @@ void ArchiveTransfer::InputAmaintitle(const QString& objectTable, const QString&
     order.dictionaryTable = tables_->order.destinationTable;
     order.fieldText = [this](const NumberField& field) { return tables_->destination[field.name].Text(); };
   }
-  WriteVolumeRecord(order);
+  return WriteVolumeRecord(order);
 }
 
 bool ArchiveTransfer::AreNumbersTaken(const RecordTransfer& transfer) const {
-  GivenNumbers given{transfer.WrittenKeys(), transfer.Numbers(),          tables_->format.storeField, {},
-                     firstCounter_,          tables_->ArchiveCounter - 1, tables_->formatScopeClause};
+  GivenNumbers given{transfer.WrittenKeys(),
+                     transfer.Numbers(),
+                     tables_->format.storeField,
+                     {},
+                     firstCounter_,
+                     tables_->ArchiveCounter - 1,
+                     tables_->formatScopeClause,
+                     volumeTable_,
+                     volumeMade_};
   // The greatest of texts may be less than numbers that have long been given.
   const bool isNumber = GroupOfType(tables_->destination[tables_->sequenceField].Type()) == TypeGroup::Number;
   if (tables_->IsCounted() && isNumber) given.counterField = tables_->sequenceField;

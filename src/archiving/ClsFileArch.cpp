@@ -56,6 +56,8 @@ void ClsFileArch::OnProgress(std::function<bool(int done, int total)> progress) 
   transfer_->engine.onProgress = std::move(progress);
 }
 
+void ClsFileArch::BeforeCommit(std::function<void()> work) { transfer_->engine.beforeCommit = std::move(work); }
+
 qint16 ClsFileArch::SucceedCount() const { return transfer_->engine.SucceedCount(); }
 QString ClsFileArch::ResultMsg() const { return transfer_->engine.ResultMsg(); }
 

@@ -31,6 +31,7 @@ bool TakenNumbers::AnyOf(const GivenNumbers& given) {
   DatabaseSession& session = DatabaseSession::Of(*connection_);
   if (const QByteArray wait = session.Words().oneAtATime; !wait.isEmpty()) session.FetchNative({wait, {}});
   if (IsCounterTaken(given)) return true;
+  if (IsVolumeTaken(given)) return true;
   if (given.numbers.isEmpty()) return false;
   const std::optional<qint64> rows = CountRows();
   const bool othersCame = !rows || !rowsBefore_ || *rows - given.keys.size() > *rowsBefore_;
@@ -56,11 +57,22 @@ bool TakenNumbers::IsNumberTaken(const GivenNumbers& given) const {
   return false;
 }
 
+// Where another workstation has made a record of the same volume, too, there would be two of it for good.
+bool TakenNumbers::IsVolumeTaken(const GivenNumbers& given) const {
+  if (given.volumeKey.isEmpty()) return false;
+  const FetchedRows keys =
+      DatabaseSession::Of(*connection_)
+          .FetchUntold(u"Select ArchiveID From "_s + given.volumeTable + given.scopeClause, TextOrder::Plain);
+  for (std::size_t row = 0; row < keys.rows->RowCount(); ++row)
+    if (keys.rows->At(row, 0).ToVariant().toString().trimmed() != given.volumeKey) return true;
+  return false;
+}
+
 bool TakenNumbers::FindsOthers(const QString& condition, const QSet<QString>& keys) const {
   Recordset rows;
   rows.Open(u"Select ArchiveID From "_s + table_ + condition, connection_);
   for (; !rows.EOF_(); rows.MoveNext())
-    if (!keys.contains(rows.Fields().Item(0).Text())) return true;
+    if (!keys.contains(rows.Fields().Item(0).Text().trimmed())) return true;
   return false;
 }
 

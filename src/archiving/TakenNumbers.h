@@ -16,7 +16,8 @@ struct GivenNumbers {
   QString storeField;     ///< the column of the composed numbers
   QString counterField;   ///< the column of the counter, "" where none is kept
   int firstCounter = 0, lastCounter = -1;
-  QString scopeClause;  ///< the rows that are counted together
+  QString scopeClause;             ///< the rows that are counted together, and that of their volume
+  QString volumeTable, volumeKey;  ///< of a volume that was made, "" for none
 };
 
 /// Tells whether the numbers of a transfer were meanwhile given by another workstation's, too. Made before the first
@@ -33,6 +34,7 @@ class TakenNumbers {
   std::optional<qint64> CountRows() const;
   bool IsCounterTaken(const GivenNumbers& given) const;
   bool IsNumberTaken(const GivenNumbers& given) const;
+  bool IsVolumeTaken(const GivenNumbers& given) const;
   bool FindsOthers(const QString& condition, const QSet<QString>& keys) const;
 
   std::shared_ptr<Connection> connection_;

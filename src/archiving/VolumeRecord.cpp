@@ -26,11 +26,12 @@ QStringList SharedFields(const VolumeOrder& order) {
   return fields;
 }
 
-void AddVolume(Recordset& volume, const VolumeOrder& order) {
+QString AddVolume(Recordset& volume, const VolumeOrder& order) {
   const QString title = order.askTitle();
   const QStringList shared = SharedFields(order);
   volume.AddNew();
-  volume[u"ArchiveID"_s].SetValue(createdname().CreateName());
+  const QString key = createdname().CreateName();
+  volume[u"ArchiveID"_s].SetValue(key);
   QString number;
   for (const NumberField& field : order.format.fixedFields) {
     StoreIfThere(volume, field.name, field.value);
@@ -41,6 +42,7 @@ void AddVolume(Recordset& volume, const VolumeOrder& order) {
   Recordset records;
   records.Open(u"Select * From "_s + order.objectTable + order.scopeClause, SharedConnection());
   for (const QString& field : shared) volume[field].SetValue(records[field].Value());
+  return key;
 }
 
 void StoreSums(Recordset& volume, const VolumeOrder& order) {
@@ -55,13 +57,14 @@ void StoreSums(Recordset& volume, const VolumeOrder& order) {
 
 }  // namespace
 
-void WriteVolumeRecord(const VolumeOrder& order) {
+QString WriteVolumeRecord(const VolumeOrder& order) {
   Recordset volume;
   volume.Open(u"Select * From "_s + order.parentTable + order.scopeClause, SharedConnection());
-  if (volume.EOF_()) AddVolume(volume, order);
+  const QString made = volume.EOF_() ? AddVolume(volume, order) : QString();
   StoreSums(volume, order);
   volume.UpdateBatch(AffectKind::AllChapters);
   volume.UpdateBatch(AffectKind::Current);
+  return made;
 }
 
 }  // namespace folvane

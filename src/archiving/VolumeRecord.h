@@ -20,7 +20,9 @@ struct VolumeOrder {
   std::function<QString()> askTitle;  ///< asks the user for the title of a new volume
 };
 
-/// Makes the record of a volume in the parent table, or refreshes its sums where it is there. @throws DataError
-void WriteVolumeRecord(const VolumeOrder& order);
+/// Makes the record of a volume in the parent table, or refreshes its sums where it is there.
+/// @return the key of the record that was made, "" for one that was there
+/// @throws DataError
+QString WriteVolumeRecord(const VolumeOrder& order);
 
 }  // namespace folvane

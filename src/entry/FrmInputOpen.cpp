@@ -185,10 +185,23 @@ void FrmInput::Archive() {
   order.source = CurrTable;
   order.destination = Selected(Parameter::Target);
   order.statement = lifecycle_->Records().Source();
+  bool isMarked = false;
+  order.mark = [&] {
+    isMarked = true;
+    lifecycle_->MarkArchived();
+  };
   const QScopedValueRollback archiving(isArchiving_, true);
-  const ArchiveOutcome outcome = ArchiveRecords(order, nullptr);
+  ArchiveOutcome outcome;
+  try {
+    outcome = ArchiveRecords(order, nullptr);
+  } catch (const std::exception&) {
+    if (isMarked) {  // and taken back with all the rest
+      lifecycle_->ReadAgain();
+      ShowCurrentRecord();
+    }
+    throw;
+  }
   if (outcome.isRun) {
-    if (outcome.count > 0) lifecycle_->MarkArchived();
     lifecycle_->EndCopyAll();
     ShowCurrentRecord();
   }

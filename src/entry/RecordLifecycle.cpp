@@ -5,6 +5,7 @@
 
 #include <folvane/DataError.h>
 
+#include "archiving/TransferWords.h"
 #include "base/IgnoreErrors.h"
 #include "base/KeyMaker.h"
 #include "data/ValueText.h"
@@ -158,11 +159,16 @@ void RecordLifecycle::Delete() {
   copyAll_ = false;
 }
 
+// Read again first: a mark that was taken back with its transfer may still stand here, and somebody else may have
+// archived the record meanwhile.
 void RecordLifecycle::MarkArchived() {
   const QString status = u"FileStatus"_s;
   if (!HasRow() || !FieldExists(records_, status)) return;
-  records_[status].SetValue(u"已归档"_s);
   try {
+    records_.Resync(AffectKind::Current);
+    if (records_[status].Text() != kToBeArchived)
+      throw DataError(DataErrorKind::Conflict, u"该记录的归档状态已被其他用户修改，没有归档。"_s);
+    records_[status].SetValue(kArchived);
     records_.UpdateBatch();
   } catch (const DataError&) {
     records_.CancelUpdate();

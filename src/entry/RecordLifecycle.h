@@ -67,9 +67,11 @@ class RecordLifecycle {
   /// Answers false when there was no such record; the nearest is then the current one.
   bool Move(Step step);
 
-  /// Writes that the current record has been archived, where it has a status. When the database refuses, the record is
-  /// as it was.
+  /// Writes that the current record has been archived, where it has a status. When the database refuses, or the record
+  /// waits no longer, the record is as it was. @throws DataError
   void MarkArchived();
+  /// Takes the record as the database has it now, if it can.
+  void ReadAgain();
 
   /// The record set was moved by someone else: cancelling returns to where it stands now.
   void NoteMoved();
@@ -88,7 +90,6 @@ class RecordLifecycle {
  private:
   void NoteWritten();
   void Return();
-  void ReadAgain();
 
   Recordset& records_;
   EntryLayout layout_;

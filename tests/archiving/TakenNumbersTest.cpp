@@ -109,6 +109,33 @@ TEST_P(TakenNumbersTest, OfTwoTransfersAtOnceOneIsTold) {
   EXPECT_EQ(Archived(u"Amaintitle,ArchNo"_s), QStringList({u"题名2|123-2002-0001"_s}));
 }
 
+// The numbers differ where each document brings its own, and yet there is one volume.
+TEST_P(TakenNumbersTest, OfTwoThatMakeTheSameVolumeOneIsTold) {
+  if (OnSqlite()) return;
+  Map(u"Unit"_s, u"ItemNo"_s);
+  design_->Run(u"update Fwdj set Unit = case when Amaintitle = '题名1' then '11' else '12' end"_s);
+  const std::shared_ptr<folvane::Connection> mine = Connected(), others = Database().Connect();
+  int theirs = -1;
+  ArchiveTransfer transfer;
+  transfer.askTitle = [&] {
+    Shared().Connection = others;
+    ArchiveTransfer other;
+    other.askTitle = [] { return u"他人的案卷"_s; };
+    other.DoFileArch(Order(), {DesignedDatabase::Key(2)}, true);
+    theirs = other.SucceedCount();
+    Shared().Connection = mine;
+    return u"案卷"_s;
+  };
+  transfer.DoFileArch(Order(), {DesignedDatabase::Key(1)}, true);
+  EXPECT_EQ(theirs, 1);
+  EXPECT_EQ(transfer.SucceedCount(), 0);
+  EXPECT_EQ(Volumes(u"Amaintitle"_s), QStringList{u"他人的案卷"_s});
+  EXPECT_EQ(Archived(u"Amaintitle,ArchNo"_s), QStringList({u"题名2|123-2002-0012"_s}));
+  transfer.DoFileArch(Order(), {DesignedDatabase::Key(1)}, true);
+  EXPECT_EQ(transfer.SucceedCount(), 1) << "now into the volume that is there";
+  EXPECT_EQ(Volumes(u"Amaintitle,Quantity"_s), QStringList{u"他人的案卷|2"_s});
+}
+
 TEST_P(TakenNumbersTest, OnSqliteASecondTransferIsToldWhileTheFirstGoesOn) {
   if (!OnSqlite()) return;
   const std::shared_ptr<folvane::Connection> mine = Connected(), others = Database().Connect();

@@ -1,46 +1,13 @@
 #include <gmock/gmock.h>
 
-#include "InputFixture.h"
+#include <folvane/HostServices.h>
+
+#include "entry/EntryArchiveFixture.h"
 #include "shell/Messages.h"
 
 namespace folvane::test {
 namespace {
 using namespace Qt::Literals::StringLiterals;
-
-/// The entry window on two documents of Lwdj, which Wsda takes. Numbers are made of the year and the item.
-class EntryArchiveTest : public InputTest {
- protected:
-  void SetUp() override {
-    InputTest::SetUp();
-    Shared().UserId = u"1"_s;
-    AddRecords(2);
-    Run(u"update Lwdj set FileStatus='需归档'"_s);
-    Design({u"Amaintitle"_s, u"题名"_s});
-    Design({u"FileStatus"_s, u"归档状态"_s});
-    CreateTable(*Connected(), BusinessTable(u"Wsda"_s, {{u"Amaintitle"_s, ColumnType::Text, 200},
-                                                        {u"FileYear"_s, ColumnType::Text, 4},
-                                                        {u"ItemNo"_s, ColumnType::Integer},
-                                                        {u"ArchiveNo"_s, ColumnType::Text, 40}}));
-    Design({u"FileYear"_s, u"年度"_s}, u"Wsda"_s);
-    Run(u"insert into DataTransfer_Ini (RecId,SourceTbl,DesTbl) values (1,'Lwdj','Wsda')"_s);
-    Run(u"insert into DataTransfer_Details (IniRecId,SourceField,DesField,SourceChn) values "
-        "(1,'Amaintitle','Amaintitle','题名')"_s);
-    for (const QString& field : {u"FileYear"_s, u"ItemNo"_s})
-      Run(u"insert into ArchiveNo_Format (TableName,FieldName,ListSeparator,ShowMode,Lengh,StoreField,FolderNoField) "
-          "values ('Wsda','%1','-','显示名称',4,'ArchiveNo','(无)')"_s.arg(field));
-    Right(Parameter::Target, u"Wsda"_s);
-  }
-  static void GiveYearAndArchive(const Input& input) {
-    WithWindow(u"FrmArchivePara"_s, [](QWidget& window) {
-      Retype(Find<QWidget>(window, u"Txt(1)"_s), u"2002"_s);
-      Click(Find<QWidget>(window, u"CmdOK"_s));
-    });
-    input.Do(u"mnuArchive"_s);
-  }
-  QString StatusOf(int record) {
-    return Value(u"select FileStatus from Lwdj where ArchiveID='"_s + Key(record) + u"'"_s);
-  }
-};
 
 FOLVANE_ON_EACH_DATABASE(EntryArchiveTest);
 
@@ -160,15 +127,45 @@ TEST_P(EntryArchiveTest, ClosedOverTheTitleOfAVolumeTheWindowStaysUntilTheRecord
   EXPECT_EQ(Value(u"select FileYear from Anjuan"_s), u"2002"_s);
 }
 
-TEST_P(EntryArchiveTest, AMarkThatIsRefusedIsToldAndNothingWaits) {
+TEST_P(EntryArchiveTest, ARecordWhoseStateAnotherUserHasChangedMeanwhileIsMarkedAllTheSame) {
+  Run(u"update Lwdj set FileStatus=null"_s);
+  InWindow([&](const Input& input) {
+    Run(u"update Lwdj set FileStatus='需归档', Amaintitle='改过的题名' where ArchiveID='"_s + Key(1) + u"'"_s);
+    GiveYearAndArchive(input);
+    EXPECT_EQ(boxes_.Texts(), QStringList{u"成功归档1份记录！"_s});
+    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"已归档"_s);
+    EXPECT_EQ(input.Text(u"Txt(1)"_s), u"改过的题名"_s);
+    EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
+  });
+  EXPECT_EQ(StatusOf(1), u"已归档"_s);
+  EXPECT_EQ(Value(u"select Amaintitle from Lwdj where ArchiveID='"_s + Key(1) + u"'"_s), u"改过的题名"_s);
+}
+
+// As long as the box stands another user could archive it once more.
+TEST_P(EntryArchiveTest, TheRecordIsMarkedBeforeTheBoxThatTellsIt) {
+  QString status;
+  InWindow([&](const Input& input) {
+    const auto told = std::exchange(Services().messageBox, [&](const MessageRequest&) {
+      status = StatusOf(1);
+      return 1;
+    });
+    GiveYearAndArchive(input);
+    Services().messageBox = told;
+  });
+  EXPECT_EQ(status, u"已归档"_s);
+}
+
+TEST_P(EntryArchiveTest, AMarkThatIsRefusedTakesTheTransferBack) {
   Refuse(u"Lwdj"_s, u"update"_s, u"new.FileStatus = '已归档'"_s);
   InWindow([&](const Input& input) {
     GiveYearAndArchive(input);
-    ASSERT_EQ(boxes_.Texts().size(), 2);
+    EXPECT_EQ(boxes_.Texts().size(), 1) << "the error";
+    EXPECT_EQ(input.Text(u"Txt(2)"_s), u"需归档"_s);
+    EXPECT_FALSE(Connected()->InTransaction());
     EXPECT_EQ(Shared().CurrentRecords[u"FileStatus"_s].Text(), u"需归档"_s);
     EXPECT_EQ(Shared().CurrentRecords.PendingCount(), 0);
   });
-  EXPECT_EQ(Value(u"select count(*) from Wsda"_s), u"1"_s) << "the transfer itself is done";
+  EXPECT_EQ(Value(u"select count(*) from Wsda"_s), u"0"_s) << "the transfer is taken back with it";
 }
 
 TEST_P(EntryArchiveTest, ATableWithoutATargetCannotBeArchived) {

@@ -156,9 +156,11 @@ TEST_P(RecordLifecycleTest, HasNowhereToGoWithoutARecord) {
 }
 
 TEST_P(RecordLifecycleTest, IsArchivedOnlyWhereTheTableSaysSo) {
+  Run(u"update Lwdj set FileStatus = '需归档'"_s);
   RecordLifecycle lifecycle = Opened(1);
   lifecycle.MarkArchived();
   EXPECT_EQ(Value(u"select FileStatus from Lwdj where ArchiveID = '1'"_s), u"已归档"_s);
+  EXPECT_THROW(lifecycle.MarkArchived(), DataError) << "somebody was first";
   Run(u"alter table Lwdj drop column FileStatus"_s);
   RecordLifecycle without = Opened(2);
   without.MarkArchived();

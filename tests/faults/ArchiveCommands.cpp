@@ -1,6 +1,7 @@
 #include "archiving/FrmArchiveFixture.h"
 #include "archiving/FrmSearchResultFixture.h"
 #include "archiving/TransferFixture.h"
+#include "entry/EntryArchiveFixture.h"
 #include "faults/Trial.h"
 
 namespace folvane::test {
@@ -52,6 +53,14 @@ class VolumeArchived : public CommandIn<TransferTest> {
   }
 };
 
+/// The record in the entry window, which marks it in its own record set.
+class CurrentArchived : public CommandIn<EntryArchiveTest> {
+ public:
+  void Work(Trial& trial) override {
+    InWindow([&](const Input& input) { trial.TryFromArm([&] { GiveYearAndArchive(input, [&] { trial.Arm(); }); }); });
+  }
+};
+
 class RecordsMerged : public CommandIn<FrmSearchResultTest> {
  public:
   void Begin() override {
@@ -79,6 +88,7 @@ class RecordsMerged : public CommandIn<FrmSearchResultTest> {
 std::vector<CommandRow> ArchiveCommands() {
   return {Row<RecordsArchived>("archive records with their originals", Keeps::AllOrNothing, 1),
           Row<VolumeArchived>("archive records into a new volume", Keeps::AllOrNothing, 1),
+          Row<CurrentArchived>("archive the record of the entry window", Keeps::AllOrNothing, 1),
           Row<RecordsMerged>("merge records", Keeps::EachRow, 6)};
 }
 
