@@ -10,6 +10,8 @@ namespace folvane {
 namespace {
 using namespace Qt::Literals::StringLiterals;
 
+const QString kKey = u"ArchiveID"_s;
+
 void StoreIfThere(Recordset& records, const QString& field, const QVariant& value) {
   if (FieldExists(records, field)) records[field].SetValue(value);
 }
@@ -26,12 +28,11 @@ QStringList SharedFields(const VolumeOrder& order) {
   return fields;
 }
 
-QString AddVolume(Recordset& volume, const VolumeOrder& order) {
+void AddVolume(Recordset& volume, const VolumeOrder& order) {
   const QString title = order.askTitle();
   const QStringList shared = SharedFields(order);
   volume.AddNew();
-  const QString key = createdname().CreateName();
-  volume[u"ArchiveID"_s].SetValue(key);
+  volume[kKey].SetValue(createdname().CreateName());
   QString number;
   for (const NumberField& field : order.format.fixedFields) {
     StoreIfThere(volume, field.name, field.value);
@@ -42,7 +43,6 @@ QString AddVolume(Recordset& volume, const VolumeOrder& order) {
   Recordset records;
   records.Open(u"Select * From "_s + order.objectTable + order.scopeClause, SharedConnection());
   for (const QString& field : shared) volume[field].SetValue(records[field].Value());
-  return key;
 }
 
 void StoreSums(Recordset& volume, const VolumeOrder& order) {
@@ -60,11 +60,12 @@ void StoreSums(Recordset& volume, const VolumeOrder& order) {
 QString WriteVolumeRecord(const VolumeOrder& order) {
   Recordset volume;
   volume.Open(u"Select * From "_s + order.parentTable + order.scopeClause, SharedConnection());
-  const QString made = volume.EOF_() ? AddVolume(volume, order) : QString();
+  const bool isNew = volume.EOF_();
+  if (isNew) AddVolume(volume, order);
   StoreSums(volume, order);
   volume.UpdateBatch(AffectKind::AllChapters);
   volume.UpdateBatch(AffectKind::Current);
-  return made;
+  return isNew ? volume[kKey].Text().trimmed() : QString();
 }
 
 }  // namespace folvane

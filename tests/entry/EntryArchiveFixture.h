@@ -29,7 +29,8 @@ class EntryArchiveTest : public InputTest {
           "values ('Wsda','%1','-','显示名称',4,'ArchiveNo','(无)')"_s.arg(field));
     Right(Parameter::Target, u"Wsda"_s);
   }
-  static void GiveYearAndArchive(const Input& input, const std::function<void()>& beforeOk = [] {}) {
+  static void GiveYearAndArchive(
+      const Input& input, const std::function<void()>& beforeOk = [] {}) {
     WithWindow(u"FrmArchivePara"_s, [&](QWidget& window) {
       Retype(Find<QWidget>(window, u"Txt(1)"_s), u"2002"_s);
       beforeOk();
