@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "design/TableEdits.h"
 #include "designer/DesignGrid.h"
 #include "designer/Labels.h"
 #include "designer/ThingModel.h"
