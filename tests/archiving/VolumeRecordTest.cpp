@@ -66,6 +66,14 @@ TEST_P(VolumeRecordTest, TakesTheSharedFieldsOfTheFirstRecord) {
   EXPECT_EQ(Volumes(u"Term,Secret"_s), QStringList({u"永久|<null>"_s}));
 }
 
+TEST_P(VolumeRecordTest, MayHaveTheKeyOfItsFirstRecord) {
+  Share(u"ArchiveID"_s);
+  AddDocuments(2);
+  EXPECT_EQ(Transfer(1).SucceedCount(), 1);
+  EXPECT_EQ(Volumes(u"ArchiveID"_s), Archived(u"ArchiveID"_s));
+  EXPECT_EQ(Transfer(2).SucceedCount(), 1);
+}
+
 TEST_P(VolumeRecordTest, PassesOverFieldsThatTheParentDoesNotHave) {
   design_->Run(u"drop table Anjuan"_s);
   design_->Run(u"create table Anjuan (ArchiveID varchar(20) primary key, FondsNo varchar(20), DocYear varchar(20))"_s);
