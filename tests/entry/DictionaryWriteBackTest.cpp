@@ -82,6 +82,27 @@ TEST_P(DictionaryWriteBackTest, AnEntryThatIsTooLongKeepsNoOtherOut) {
   EXPECT_FALSE(Connected()->InTransaction());
 }
 
+TEST_P(DictionaryWriteBackTest, AnotherRefusalIsToldThoughAnEntryIsTooLong) {
+  AddDictionary();
+  Refuse(u"AssistantDicKey"_s, u"insert"_s, u"new.Name = '拒'"_s);
+  try {
+    WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {QString(300, u'长'), u"拒"_s}}});
+    ADD_FAILURE() << "it was written";
+  } catch (const DataError& error) {
+    EXPECT_NE(error.Kind(), DataErrorKind::TooLong);
+  }
+  EXPECT_EQ(Entries(u"d1"_s), u"1"_s);
+}
+
+TEST_P(DictionaryWriteBackTest, ADictionaryWhoseNameIsTooLongIsNotMadeAndTold) {
+  if (OnSqlite()) return;  // keeps texts of any length
+  Run(u"alter table DynamicWindows alter column AuxiDictDetails type varchar(300)"_s);
+  Run(u"update DynamicWindows set AuxiDictDetails = repeat('长', 200) where FieldName = 'FileStatus'"_s);
+  EXPECT_THROW(WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {u"新"_s}}}), DataError);
+  EXPECT_EQ(Value(u"select count(*) from AssistantDictionary"_s), u"0"_s);
+  EXPECT_EQ(Value(u"select count(*) from AssistantDicKey"_s), u"0"_s);
+}
+
 TEST_P(DictionaryWriteBackTest, KeepsAnApostrophe) {
   AddDictionary();
   WriteBackDictionaries(u"Lwdj"_s, {{u"FileStatus"_s, {u"it's"_s}}});

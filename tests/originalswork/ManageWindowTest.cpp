@@ -102,6 +102,20 @@ TEST_P(ManageWindowTest, ANameThatIsBeingTypedIsStoredBeforeAnythingElse) {
   EXPECT_EQ(boxes.Requests().size(), 1u);
 }
 
+TEST_P(ManageWindowTest, WhereTheListHasChangedUnderANameTheCommandWaitsToBeGivenAgain) {
+  AddThree();
+  MessageBoxes boxes;
+  InWindow([&](QWidget& window) {
+    TypeName(window, 1, u"新名"_s);
+    Originals().Delete(Originals().Read().front());
+    Press(window, u"CmdDelete"_s);
+    EXPECT_EQ(Shown(window), QStringList({u"新名"_s, u"丙"_s})) << "another row is where the chosen one was";
+    EXPECT_TRUE(boxes.Requests().empty());
+    List(window).model()->setData(List(window).model()->index(0, 1), u"x"_s);
+  });
+  EXPECT_EQ(Names(), QStringList({u"新名.txt"_s, u"丙.txt"_s}));
+}
+
 TEST_P(ManageWindowTest, AThumbnailLeavesTheNameThatIsBeingTyped) {
   AddThree();
   InWindow([&](QWidget& window) {
