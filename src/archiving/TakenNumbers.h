@@ -20,8 +20,9 @@ struct GivenNumbers {
   QString volumeTable, volumeKey;  ///< of a volume that was made, "" for none
 };
 
-/// Tells whether the numbers of a transfer were meanwhile given by another workstation's, too. Made before the first
-/// number is read. What stood in the table by then is not asked about: a number may well be as it was before.
+/// Tells whether the numbers of a transfer were meanwhile given by another workstation's, too, or its volume made. Made
+/// before the first number is read. What stood in the table by then is not asked about: a number may well be as it was
+/// before.
 class TakenNumbers {
  public:
   TakenNumbers(std::shared_ptr<Connection> connection, const QString& table);

@@ -1,3 +1,5 @@
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <gtest/gtest.h>
 
 #include <folvane/DataError.h>
@@ -23,6 +25,17 @@ class TakenNumbersTest : public TransferTest {
       done = true;
       design_->Insert(u"Wenshu"_s, u"ArchiveID,Amaintitle,"_s + columns, QStringList{u"9"_s, u"他人"_s} + values);
     });
+  }
+  /// Has another workstation transfer the second document on a connection of its own.
+  /// @return how many it could transfer @throws DataError
+  int TransferElsewhere(const QString& title) {
+    const std::shared_ptr<folvane::Connection> others = Database().Connect();
+    const QScopedValueRollback elsewhere(Shared().Connection, others);
+    const auto atRest = qScopeGuard([&] { EXPECT_FALSE(others->InTransaction()); });
+    ArchiveTransfer other;
+    other.askTitle = [&] { return title; };
+    other.DoFileArch(Order(), {DesignedDatabase::Key(2)}, true);
+    return other.SucceedCount();
   }
   void ExpectToldToRepeat() {
     EXPECT_EQ(transfer_->SucceedCount(), 0);
@@ -89,17 +102,11 @@ TEST_P(TakenNumbersTest, AUniqueIndexOfTheHostsIsAnErrorOfTheRecord) {
 // Another workstation transfers the same kind of record on a connection of its own, while this one is in the middle.
 TEST_P(TakenNumbersTest, OfTwoTransfersAtOnceOneIsTold) {
   if (OnSqlite()) return;
-  const std::shared_ptr<folvane::Connection> mine = Connected(), others = Database().Connect();
   int theirs = -1;
   ArchiveTransfer transfer;
   transfer.askTitle = [] { return u"案卷"_s; };
   transfer.onProgress = [&](int, int) {
-    Shared().Connection = others;
-    ArchiveTransfer other;
-    other.askTitle = [] { return u"案卷"_s; };
-    other.DoFileArch(Order(), {DesignedDatabase::Key(2)}, true);
-    theirs = other.SucceedCount();
-    Shared().Connection = mine;
+    theirs = TransferElsewhere(u"案卷"_s);
     return true;
   };
   transfer.DoFileArch(Order(), {DesignedDatabase::Key(1)}, true);
@@ -114,16 +121,10 @@ TEST_P(TakenNumbersTest, OfTwoThatMakeTheSameVolumeOneIsTold) {
   if (OnSqlite()) return;
   Map(u"Unit"_s, u"ItemNo"_s);
   design_->Run(u"update Fwdj set Unit = case when Amaintitle = '题名1' then '11' else '12' end"_s);
-  const std::shared_ptr<folvane::Connection> mine = Connected(), others = Database().Connect();
   int theirs = -1;
   ArchiveTransfer transfer;
   transfer.askTitle = [&] {
-    Shared().Connection = others;
-    ArchiveTransfer other;
-    other.askTitle = [] { return u"他人的案卷"_s; };
-    other.DoFileArch(Order(), {DesignedDatabase::Key(2)}, true);
-    theirs = other.SucceedCount();
-    Shared().Connection = mine;
+    theirs = TransferElsewhere(u"他人的案卷"_s);
     return u"案卷"_s;
   };
   transfer.DoFileArch(Order(), {DesignedDatabase::Key(1)}, true);
@@ -138,20 +139,15 @@ TEST_P(TakenNumbersTest, OfTwoThatMakeTheSameVolumeOneIsTold) {
 
 TEST_P(TakenNumbersTest, OnSqliteASecondTransferIsToldWhileTheFirstGoesOn) {
   if (!OnSqlite()) return;
-  const std::shared_ptr<folvane::Connection> mine = Connected(), others = Database().Connect();
   std::optional<DataErrorKind> refused;
   ArchiveTransfer transfer;
   transfer.askTitle = [] { return u"案卷"_s; };
   transfer.onProgress = [&](int, int) {
-    Shared().Connection = others;
-    ArchiveTransfer other;
     try {
-      other.DoFileArch(Order(), {DesignedDatabase::Key(2)}, true);
+      TransferElsewhere(u"案卷"_s);
     } catch (const DataError& error) {
       refused = error.Kind();
     }
-    EXPECT_FALSE(others->InTransaction());
-    Shared().Connection = mine;
     return true;
   };
   transfer.DoFileArch(Order(), {DesignedDatabase::Key(1)}, true);
