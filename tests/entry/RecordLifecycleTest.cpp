@@ -161,6 +161,10 @@ TEST_P(RecordLifecycleTest, IsArchivedOnlyWhereTheTableSaysSo) {
   lifecycle.MarkArchived();
   EXPECT_EQ(Value(u"select FileStatus from Lwdj where ArchiveID = '1'"_s), u"已归档"_s);
   EXPECT_THROW(lifecycle.MarkArchived(), DataError) << "somebody was first";
+  Run(u"update Lwdj set FileStatus = '需归档' where ArchiveID = '1'"_s);
+  lifecycle.MarkArchived();
+  EXPECT_EQ(Value(u"select FileStatus from Lwdj where ArchiveID = '1'"_s), u"已归档"_s)
+      << "a mark that was taken back is written again";
   Run(u"alter table Lwdj drop column FileStatus"_s);
   RecordLifecycle without = Opened(2);
   without.MarkArchived();
