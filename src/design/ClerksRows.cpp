@@ -4,6 +4,7 @@
 
 #include "data/DatabaseSession.h"
 #include "design/FormArrangement.h"
+#include "design/Names.h"
 #include "design/Shape.h"
 
 namespace folvane::design {
@@ -14,9 +15,7 @@ const QString kRules = u"SaveCollect"_s, kOrders = u"FindCirOrder"_s, kCondition
 const QString kDefaultOrder = u"ArchiveId Desc"_s;
 constexpr int kNoIndex = 0;  ///< controls of fields count from 1
 
-QString Literal(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\''; }
-
-QString OfTable(const QString& table) { return u" Where TableName = "_s + Literal(table); }
+QString OfTable(const QString& table) { return u" Where TableName = "_s + TextLiteral(table); }
 
 using Controls = std::vector<Design::Control>;
 
@@ -58,7 +57,7 @@ class ClerksRows {
       };
       if (items.removeIf(isGone) == 0) continue;
       if (items.isEmpty()) items << kDefaultOrder;
-      statements << u"Update %1 Set OrderStr = %2%3 And UserID = %4"_s.arg(kOrders, Literal(items.join(u',')),
+      statements << u"Update %1 Set OrderStr = %2%3 And UserID = %4"_s.arg(kOrders, TextLiteral(items.join(u',')),
                                                                            OfTable(table), orders.Text(row, 0));
     }
   }

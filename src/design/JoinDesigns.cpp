@@ -44,14 +44,18 @@ class Renumbering {
     return path;
   }
 
+  template <class Item>
+  static std::vector<Item> Together(std::vector<Item> own, const std::vector<Item>& other) {
+    own.insert(own.end(), other.begin(), other.end());
+    return own;
+  }
+
   int NumberFor(const Design& before, const Design::Class& item) {
     const Design::Class* here = FindSame(own_.classes, item);
     if (!here || here->name == item.name) return item.id;
     for (const Design::Class& each : own_.classes)
       if (PathOf(own_, each) == PathOf(before, item)) return each.id;
-    Design both{own_};
-    both.classes.insert(both.classes.end(), other_.classes.begin(), other_.classes.end());
-    const int number = FreeClassId(both);
+    const int number = FreeClassId(Together(own_.classes, other_.classes));
     told_ << u"类别“%1”的编号改为 %2"_s.arg(item.name).arg(number);
     return number;
   }
@@ -80,9 +84,7 @@ class Renumbering {
         report.id = found->id;
         continue;
       }
-      Design both{own_};
-      both.reports.insert(both.reports.end(), other_.reports.begin(), other_.reports.end());
-      report.id = FreeReportId(both);
+      report.id = FreeReportId(Together(own_.reports, other_.reports));
       told_ << u"报表“%1”的编号改为 %2，模板文件也要改名"_s.arg(report.name, report.id);
     }
   }

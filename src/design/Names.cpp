@@ -69,4 +69,6 @@ QString NameComplaint(const QString& name) {
   return {};
 }
 
+QString TextLiteral(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\''; }
+
 }  // namespace folvane::design

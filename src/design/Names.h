@@ -10,4 +10,7 @@ inline constexpr int kMostServerBytes = 63;  ///< of UTF-8 in a name: PostgreSQL
 /// name must be a word of every database, and none that stands for something else.
 QString NameComplaint(const QString& name);
 
+/// A text in quotes for a statement.
+QString TextLiteral(const QString& text);
+
 }  // namespace folvane::design

@@ -4,6 +4,7 @@
 #include "catalogue/Catalogue.h"
 #include "data/DatabaseSession.h"
 #include "data/RefusedValues.h"
+#include "design/Names.h"
 #include "design/RowChanges.h"
 #include "design/Shape.h"
 
@@ -20,7 +21,7 @@ QString Literal(const QVariant& value) {
     case QMetaType::Double:
       return value.toString();
     default:
-      return u'\'' + value.toString().replace(u'\'', u"''"_s) + u'\'';
+      return TextLiteral(value.toString());
   }
 }
 

@@ -7,6 +7,7 @@
 #include "data/DatabaseSession.h"
 #include "data/dialect/Tokenizer.h"
 #include "data/drivers/Driver.h"
+#include "design/Names.h"
 #include "design/Shape.h"
 
 namespace folvane::design {
@@ -18,8 +19,6 @@ using sql::TokenKind;
 QString ValueOf(const FetchedRows& rows, std::size_t row, int column) {
   return rows.rows->At(row, column).ToVariant().toString();
 }
-
-QString TextLiteral(const QString& text) { return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\''; }
 
 void Run(Connection& connection, const QByteArray& statement) {
   DatabaseSession::Of(connection).ExecuteNative({statement, {}});

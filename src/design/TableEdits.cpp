@@ -239,20 +239,20 @@ void RemoveTable(Design& design, const QString& name) {
     std::erase_if(user.rights, [&](const Design::Rights& rights) { return IsSame(rights.table, name); });
 }
 
-int FreeClassId(const Design& design) {
+int FreeClassId(const std::vector<Design::Class>& classes) {
   int id = 2;
-  while (FindByKey(design.classes, QString::number(id))) ++id;
+  while (FindByKey(classes, QString::number(id))) ++id;
   return id;
 }
 
-QString FreeReportId(const Design& design) {
+QString FreeReportId(const std::vector<Design::Report>& reports) {
   qint64 highest = 1000;
-  for (const Design::Report& report : design.reports) highest = std::max(highest, qint64(report.id.toInt()));
+  for (const Design::Report& report : reports) highest = std::max(highest, qint64(report.id.toInt()));
   return QString::number(highest + 1);
 }
 
 int AddClass(Design& design, const QString& name, int parent) {
-  const int id = FreeClassId(design);
+  const int id = FreeClassId(design.classes);
   design.classes.push_back({id, name, parent});
   return id;
 }

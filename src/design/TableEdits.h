@@ -43,9 +43,10 @@ void RenameTable(Design& design, const QString& from, const QString& to);
 /// Takes a table out, wherever the design names it.
 void RemoveTable(Design& design, const QString& table);
 /// Adds a class under that one. @return its number
-int FreeClassId(const Design& design);
+/// The lowest number that no class has.
+int FreeClassId(const std::vector<Design::Class>& classes);
 /// One more than the highest number of a report.
-QString FreeReportId(const Design& design);
+QString FreeReportId(const std::vector<Design::Report>& reports);
 int AddClass(Design& design, const QString& name, int parent);
 /// Takes a class out; what hung under it hangs under the class above.
 void RemoveClass(Design& design, int id);

@@ -65,7 +65,7 @@ GridModel* ReportsPage::NewReports() {
   rules.locate = [](const Design& design) { return &design.reports; };
   rules.fresh = [](const Design& design) {
     const QString group = design.tables.empty() ? FlowTables().front().name : design.tables.front().name;
-    return Report{design::FreeReportId(design), u"新报表"_s, group, u"1"_s};
+    return Report{design::FreeReportId(design.reports), u"新报表"_s, group, u"1"_s};
   };
   auto id = ColumnOf(&Report::id, 12);
   id.look.tip = u"报表的模板文件以编号命名"_s;
