@@ -108,8 +108,10 @@ QStringList ClerksStatements(Connection& connection, const Design& base, const D
     QStringList columns;
     for (const PhysicalStep& step : drops) {
       if (!IsSame(step.table.name, table.name)) continue;
-      if (step.kind == PhysicalStep::Kind::DropTable) rows.LeaveTable(table.name);
-      columns << step.column.name;
+      if (step.kind == PhysicalStep::Kind::DropTable)
+        rows.LeaveTable(table.name);
+      else
+        columns << step.column.name;
     }
     if (!columns.isEmpty()) rows.LeaveColumns(table.name, columns);
   }
